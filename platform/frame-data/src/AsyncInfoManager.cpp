@@ -1,0 +1,1 @@
+#include "frame-data/AsyncInfoManager.h"

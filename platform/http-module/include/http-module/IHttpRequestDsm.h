@@ -1,0 +1,42 @@
+#pragma once
+
+#include "http-module/DsmType.h"
+#include "http-module/HttpModuleExport.h"
+#include "http/IHttpRequestBase.h"
+
+#include <QtCore/QMap>
+
+/// A call of the signed gateway: contributes a method name and a business JSON, the rest is done here.
+/// The form POST carries the envelope of docs/gateway-protocol.md, signed with HMAC-SHA256.
+class TL_HTTP_MODULE_EXPORT IHttpRequestDsm : public IHttpRequestBase
+{
+    Q_OBJECT
+
+public:
+    explicit IHttpRequestDsm(QObject* parent = nullptr);
+    ~IHttpRequestDsm() override;
+
+    QString GetApiUrl() const override;
+    QByteArray GetApiBody() override;
+    QByteArray GetMethodName() const override;
+    void DoReset() override;
+    /// SHA-256 over user, gateway, method and business JSON, in hexadecimal.
+    QString GetCacheKey() const override;
+
+    /// The gateway method, such as "dsm.tl.pc.auto.run.get".
+    virtual QString GetDsmMethod() const = 0;
+    /// The business JSON as compact text: one object.
+    virtual QByteArray GetBusinessParam() const = 0;
+    /// What stands in the envelope for `type`; the provided gateway's configuration by default.
+    virtual QString GetDsmAppendix(DsmType type) const;
+    /// Builds the envelope's parameters, signature included, for this attempt.
+    virtual void InitParam();
+
+    /// The signature over `parameters` (without `sign`): lower-case hexadecimal HMAC-SHA256 (RFC 2104),
+    /// keyed with the UTF-8 bytes of `secret`, over name, "=", value, "\n" of each, sorted by name.
+    static QByteArray Sign(const QMap<QString, QString>& parameters, const QString& secret);
+
+protected:
+    /// The parameters of this attempt; filled by `InitParam`, empty after `DoReset`.
+    QMap<QString, QString> m_parameters;
+};

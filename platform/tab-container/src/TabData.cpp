@@ -1,0 +1,1 @@
+#include "tab-container/TabData.h"
