@@ -1,0 +1,30 @@
+#pragma once
+
+#include "browser/ITabPage.h"
+
+#include <QtCore/QObject>
+
+#include <memory>
+
+class IDownload;
+class QWidget;
+
+/// Makes the pages of the tabs; decides what draws them. Outlives all of its pages. GUI thread.
+class IPageFactory : public QObject
+{
+    Q_OBJECT
+
+public:
+    ~IPageFactory() override = default;
+
+    /// An empty page; never null. `parent` becomes the parent of the page's widget.
+    virtual std::unique_ptr<ITabPage> CreatePage(QWidget* parent) = 0;
+
+Q_SIGNALS:
+    /// A page wants to save a file. A download that nobody accepts during the signal is cancelled.
+    void SigDownloadRequested(IDownload* download);
+
+protected:
+    explicit IPageFactory(QObject* parent = nullptr) : QObject(parent) {}
+    Q_DISABLE_COPY(IPageFactory)
+};

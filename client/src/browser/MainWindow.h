@@ -1,0 +1,98 @@
+#pragma once
+
+#include "browser/MainWindowServices.h"
+#include "browser/Theme.h"
+
+#include "frame-core/IBrowserMain.h"
+#include "frame-data/ITabOpener.h"
+
+#include <QtCore/QString>
+#include <QtWidgets/QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class BrowserTab;
+class MainWindowPrivate;
+class NoticeBar;
+class QAction;
+
+/// The client's window: tab strip, toolbar and pages. Tab 0 is the home tab; it is always there, cannot be
+/// closed or moved, and nothing stands before it. Does not provide itself as `IBrowserMain` and
+/// `ITabOpener`; who makes it does. GUI thread.
+class MainWindow final : public QMainWindow, public IBrowserMain, public ITabOpener
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(const MainWindowServices& services, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    int GetTabCount() const override;
+    void SelectTab(int index) override;
+    IBrowserTab* GetTab(int index) const override;
+    QWidget* GetMainWidget() const override;
+
+    void OpenPlugin(const PluginOpenInfo& info, int index) override;
+    void OpenUrl(const TabOpenInfo& info, int index) override;
+
+    int GetCurrentTab() const noexcept;
+    /// What the address bar shows for the tab; empty for home and start page.
+    QString GetTabAddress(int index) const;
+    /// Asks nobody. The home tab and an index out of range are ignored.
+    void CloseTab(int index);
+    /// Moves a tab; neither from nor to the home tab's place.
+    void MoveTab(int from, int to);
+    /// A blank tab in front, with the address bar ready for typing.
+    void OpenStartTab();
+
+    /// Bars between toolbar and page, for the whole client. Owned by the window.
+    NoticeBar* GetNoticeBar() const noexcept;
+
+    /// Adds an entry to the menu, above "Log out". Not owned; text and retranslation are the caller's.
+    void AddMenuAction(QAction* action);
+
+    /// Asked when the user closes the window or chooses Quit: true lets the window close; false leaves it
+    /// as it is and announces `SigQuitRequested`. Without a guard the window closes.
+    void SetCloseGuard(const std::function<bool()>& guard);
+
+    /// Takes all tabs but home away, without signals for each and without a place in "reopen closed tab".
+    /// For the end of the session; the window opens nothing afterwards.
+    void CloseAllTabs();
+
+    /// Whether any tab is loading.
+    bool IsLoading() const noexcept;
+
+    /// What the menu shows as chosen; for a choice made elsewhere. No signal.
+    void SetTheme(Theme theme);
+    void SetLanguage(const QString& language);
+
+Q_SIGNALS:
+    /// `url` and `routerUrl` may be empty. `type` is one of `TabType`.
+    void SigTabOpened(int index, const QString& url, const QString& routerUrl, int type, bool delayed);
+    void SigTabSelected(int index);
+    /// `index` is where the tab was.
+    void SigTabClosed(int index);
+    void SigTabMoved(int from, int to);
+    /// Address, title or icon.
+    void SigTabChanged(int index);
+    void SigPageLoaded(int index, const QString& url, bool ok);
+    /// The last loading tab has finished.
+    void SigIdle();
+    void SigLogOutRequested();
+    void SigQuitRequested();
+    void SigThemeChosen(Theme theme);
+    void SigLanguageChosen(const QString& language);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    friend class MainWindowPrivate;
+    const std::unique_ptr<MainWindowPrivate> d;
+};

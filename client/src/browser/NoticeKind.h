@@ -1,0 +1,8 @@
+#pragma once
+
+enum class NoticeKind
+{
+    Info,
+    Warning,
+    Error
+};
