@@ -14,7 +14,8 @@ class QObject;
 class TL_BASE_EXPORT VXRouterProtocol
 {
 public:
-    /// Any text is taken; one that is no router URL matches nothing and routes nowhere.
+    /// Any text is taken; one that is no router URL matches nothing and routes nowhere. A percent
+    /// sequence that is malformed or no UTF-8 stays as text, and so does a plus.
     explicit VXRouterProtocol(const QString& url);
 
     /// Whether the URL is `url` but for the query: scheme and host without regard to case, the path
@@ -25,8 +26,8 @@ public:
     /// when the key is absent. Keys are compared exactly.
     QString GetWith(const QString& key) const;
 
-    /// Adds a parameter at the end, or replaces the value where the key stands. `value` is plain text,
-    /// encoded here. Returns this object, so that calls can be chained.
+    /// Adds a parameter at the end, or replaces the value where the key stands first, dropping further
+    /// ones of the same key. `value` is plain text, encoded here. Returns this object, for chaining.
     VXRouterProtocol& With(const QString& key, const QString& value);
 
     /// The whole URL with all parameters, percent-encoded where needed.
@@ -42,6 +43,6 @@ public:
 
 private:
     QString m_base;                                // everything before the query, as given
-    QVector<QPair<QString, QString>> m_parameters; // decoded, in order
+    QVector<QPair<QString, QString>> m_parameters; // decoded, in order; a null value: no "="
     QString m_fragment;
 };
