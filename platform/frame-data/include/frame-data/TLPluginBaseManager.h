@@ -23,7 +23,8 @@ public:
     /// The app with this key; null when there is none. Keys are compared exactly.
     QSharedPointer<TLPluginBaseEntity> GetPlugin(const QString& serviceCode) const;
 
-    /// Replaces the list. Of two apps with one key the first counts.
+    /// Replaces the list. Of two apps with one key the first counts; a null pointer or an app without a
+    /// key, which nothing could open, is left out.
     void SetPlugins(const QList<QSharedPointer<TLPluginBaseEntity>>& plugins);
 
 Q_SIGNALS:
