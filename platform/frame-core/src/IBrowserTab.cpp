@@ -1,1 +1,3 @@
 #include "frame-core/IBrowserTab.h"
+
+IBrowserTab::~IBrowserTab() = default;

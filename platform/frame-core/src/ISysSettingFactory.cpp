@@ -1,1 +1,8 @@
 #include "frame-core/ISysSettingFactory.h"
+
+ISysSettingFactory::~ISysSettingFactory() = default;
+
+SettingGroup ISysSettingFactory::GetSettingGroup()
+{
+    return SettingGroup();
+}
