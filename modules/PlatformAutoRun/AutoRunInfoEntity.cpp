@@ -1,0 +1,3 @@
+#include "AutoRunInfoEntity.h"
+
+AutoRunInfoEntity::AutoRunInfoEntity(QObject* parent) : VXJsonParserBase(parent) {}

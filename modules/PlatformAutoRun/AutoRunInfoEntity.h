@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/VXJsonParserBase.h"
+
+#include <QtCore/QString>
+
+/// One entry of the auto-run configuration: a web page or an app that opens at start. Entries are shared
+/// between the logic's cache, the opener and the settings page, never copied: a change made by one is seen
+/// by all. GUI thread.
+class AutoRunInfoEntity final : public VXJsonParserBase
+{
+    Q_OBJECT
+    Q_PROPERTY(QString itemId MEMBER itemId)
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString url MEMBER url)
+    Q_PROPERTY(bool systemItem MEMBER systemItem)
+    Q_PROPERTY(bool checked MEMBER checked)
+    Q_PROPERTY(bool activeItem MEMBER activeItem)
+    Q_PROPERTY(int type MEMBER type)
+
+public:
+    /// Values of `type`. Anything but `TypeApp` is opened as a web address.
+    static constexpr int TypeWebAddress = 0;
+    static constexpr int TypeApp = 1;
+
+    explicit AutoRunInfoEntity(QObject* parent = nullptr);
+
+    QString itemId;
+    /// Shown for the entry.
+    QString name;
+    /// The address to open; for an app, its key in the app list.
+    QString url;
+    /// The operator put the entry there; the user can tick it but not edit or delete it.
+    bool systemItem = false;
+    /// Opens at start.
+    bool checked = false;
+    /// Brought to the front after all are open.
+    bool activeItem = false;
+    int type = TypeWebAddress;
+
+private:
+    Q_DISABLE_COPY(AutoRunInfoEntity)
+};

@@ -1,0 +1,42 @@
+#include "PlatformAutoRunModule.h"
+
+#include "PlatformAutoRunLifeCycle.h"
+
+#include "frame-core/IRouteInterceptor.h"
+#include "frame-core/ISysSettingFactory.h"
+
+#include <new>
+
+PlatformAutoRunModule::PlatformAutoRunModule() = default;
+
+PlatformAutoRunModule::~PlatformAutoRunModule() = default;
+
+void PlatformAutoRunModule::InitModule()
+{
+    m_lifeCycle = new (std::nothrow) PlatformAutoRunLifeCycle;
+}
+
+void PlatformAutoRunModule::UninitModule()
+{
+    delete m_lifeCycle;
+    m_lifeCycle = nullptr;
+    delete m_sysSettingFactory;
+    m_sysSettingFactory = nullptr;
+    delete m_routeInterceptor;
+    m_routeInterceptor = nullptr;
+}
+
+ILifeCycle* PlatformAutoRunModule::GetLifeCycle()
+{
+    return m_lifeCycle;
+}
+
+IRouteInterceptor* PlatformAutoRunModule::GetRouteInterceptor()
+{
+    return m_routeInterceptor;
+}
+
+ISysSettingFactory* PlatformAutoRunModule::GetSysSettingFactory()
+{
+    return m_sysSettingFactory;
+}

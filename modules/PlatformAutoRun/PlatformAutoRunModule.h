@@ -1,0 +1,33 @@
+#pragma once
+
+#include "frame-core/IBusinessModule.h"
+
+#include <QtCore/QObject>
+
+/// The root object of the plug-in. Offers the life-cycle hooks; there are no settings page and no route
+/// interceptor yet, so their accessors return null. GUI thread.
+class PlatformAutoRunModule final : public QObject, public IBusinessModule
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID IBusinessModule_iid FILE "PlatformAutoRun.json")
+    Q_INTERFACES(IBusinessModule)
+
+public:
+    PlatformAutoRunModule();
+    /// Does not delete the hook objects: `UninitModule` comes first, by contract.
+    ~PlatformAutoRunModule() override;
+
+    void InitModule() override;
+    void UninitModule() override;
+    ILifeCycle* GetLifeCycle() override;
+    IRouteInterceptor* GetRouteInterceptor() override;
+    ISysSettingFactory* GetSysSettingFactory() override;
+
+private:
+    Q_DISABLE_COPY(PlatformAutoRunModule)
+
+    // Owned from InitModule to UninitModule, null otherwise. The latter two are null always, for now.
+    ILifeCycle* m_lifeCycle = nullptr;
+    ISysSettingFactory* m_sysSettingFactory = nullptr;
+    IRouteInterceptor* m_routeInterceptor = nullptr;
+};
