@@ -1,0 +1,354 @@
+#include "ClientProcess.h"
+#include "FaultyGateway.h"
+#include "GatewayProcess.h"
+#include "KeyStoreDaemon.h"
+#include "VirtualScreen.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+const QString ReadMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
+const QString PluginsMethod = QStringLiteral("dsm.tl.pc.plugin.list");
+const QString FunctionsMethod = QStringLiteral("dsm.tl.pc.function.list");
+
+QString EventName(const QJsonObject& event)
+{
+    return event.value(QStringLiteral("event")).toString();
+}
+
+int CountNotifications(const QVector<QJsonObject>& events, int id)
+{
+    int count = 0;
+    for (const QJsonObject& event : events) {
+        if (EventName(event) == QLatin1String("notification") &&
+            event.value(QStringLiteral("id")).toInt() == id) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+int CountModuleEvents(const QVector<QJsonObject>& events, const QString& name)
+{
+    int count = 0;
+    for (const QJsonObject& event : events) {
+        if (EventName(event) == QLatin1String("module.event") &&
+            event.value(QStringLiteral("name")).toString() == name) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+/// A reply of the read: two addresses that the client must not open, a page, and an app that nobody knows.
+constexpr char ForbiddenAddresses[] =
+    R"json({"code":"0","message":"","requestId":"1","data":{"systemItems":[],"customItems":[
+{"activeItem":false,"checked":true,"itemId":"a","name":"","systemItem":false,"type":0,"url":"javascript:alert(1)"},
+{"activeItem":false,"checked":true,"itemId":"b","name":"","systemItem":false,"type":0,"url":"file:///etc/passwd"},
+{"activeItem":true,"checked":true,"itemId":"c","name":"","systemItem":false,"type":0,"url":"PAGE"}],"pluginItems":[
+{"activeItem":false,"checked":true,"itemId":"d","name":"","systemItem":false,"type":1,"url":"no-such-app"}]}})json";
+
+std::string NameOfReply(const ::testing::TestParamInfo<FaultyGateway::Fault>& parameter)
+{
+    switch (parameter.param) {
+    case FaultyGateway::Fault::Garbage:
+        return "Garbage";
+    case FaultyGateway::Fault::Html:
+        return "Html";
+    case FaultyGateway::Fault::Huge:
+        return "FiveMegabytes";
+    default:
+        return "NoAnswer";
+    }
+}
+
+struct Expected
+{
+    QStringList urls; ///< of the tabs that open, in order
+    int openFirst = 0;
+};
+
+} // namespace
+
+/// The built client, the built gateway with the demo merchant, and between them a gateway that can be made
+/// to fail.
+class LoginTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_folder.isValid());
+        ASSERT_FALSE(m_screen.GetDisplay().isEmpty()) << "Xvfb did not start";
+        m_gateway = std::make_unique<GatewayProcess>(m_folder.path());
+        ASSERT_TRUE(m_gateway->Start());
+        ASSERT_FALSE(m_gateway
+                         ->Command({QStringLiteral("demo"), QStringLiteral("--pages"),
+                                    m_gateway->GetAddress().toString()})
+                         .isNull());
+        m_front = std::make_unique<FaultyGateway>(m_gateway->GetAddress());
+        m_client = std::make_unique<ClientProcess>(m_screen.GetDisplay(), m_folder.path());
+        ReadExpectation();
+        ASSERT_GE(m_expected.urls.size(), 3);
+        ASSERT_GT(m_expected.openFirst, 0);
+    }
+
+    void LogIn() { m_client->StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "demo\n"); }
+
+    /// One run that leaves the configuration in the profile.
+    void LogInOnceAndQuit()
+    {
+        LogIn();
+        ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
+        ASSERT_TRUE(m_client->Stop());
+    }
+
+    void ExpectEntriesOpen()
+    {
+        ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
+        EXPECT_TRUE(WaitForTabInFront(m_expected.openFirst));
+        const QVector<QJsonObject> opened = m_client->GetEvents(QStringLiteral("tab.opened"));
+        ASSERT_EQ(opened.size(), m_expected.urls.size());
+        for (int i = 0; i < opened.size(); ++i) {
+            EXPECT_EQ(opened[i].value(QStringLiteral("index")).toInt(), i + 1);
+            EXPECT_EQ(opened[i].value(QStringLiteral("url")).toString().toStdString(),
+                      m_expected.urls[i].toStdString());
+        }
+        EXPECT_EQ(
+            m_client->GetEvents(QStringLiteral("tab.selected")).last().value(QStringLiteral("index")).toInt(),
+            m_expected.openFirst);
+    }
+
+    bool WaitForTabInFront(int index)
+    {
+        return m_client->WaitFor([index](const QVector<QJsonObject>& events) {
+            int selected = 0;
+            for (const QJsonObject& event : events) {
+                if (EventName(event) == QLatin1String("tab.selected")) {
+                    selected = event.value(QStringLiteral("index")).toInt();
+                }
+            }
+            return selected == index;
+        });
+    }
+
+    bool WaitForNotice(const QString& part)
+    {
+        return m_client->WaitFor([&part](const QVector<QJsonObject>& events) {
+            for (const QJsonObject& event : events) {
+                if (EventName(event) == QLatin1String("notice") &&
+                    event.value(QStringLiteral("text")).toString().contains(part, Qt::CaseInsensitive)) {
+                    return true;
+                }
+            }
+            return false;
+        });
+    }
+
+    QTemporaryDir m_folder;
+    VirtualScreen m_screen;
+    std::unique_ptr<GatewayProcess> m_gateway;
+    std::unique_ptr<FaultyGateway> m_front;
+    std::unique_ptr<ClientProcess> m_client;
+    Expected m_expected;
+
+private:
+    /// What the merchant chose, as the gateway's own command shows it.
+    void ReadExpectation()
+    {
+        const QJsonObject configuration =
+            QJsonDocument::fromJson(m_gateway->Command({QStringLiteral("config"), QStringLiteral("show"),
+                                                        QStringLiteral("demo")}))
+                .object();
+        for (const QString& list :
+             {QStringLiteral("systemItems"), QStringLiteral("customItems"), QStringLiteral("pluginItems")}) {
+            const QJsonArray entries = configuration.value(list).toArray();
+            for (const QJsonValue& value : entries) {
+                const QJsonObject entry = value.toObject();
+                if (!entry.value(QStringLiteral("checked")).toBool()) {
+                    continue;
+                }
+                const QString key = entry.value(QStringLiteral("url")).toString();
+                m_expected.urls.append(list == QLatin1String("pluginItems") ? AddressOfApp(key) : key);
+                if (entry.value(QStringLiteral("activeItem")).toBool()) {
+                    m_expected.openFirst = m_expected.urls.size();
+                }
+            }
+        }
+    }
+
+    QString AddressOfApp(const QString& serviceCode) const
+    {
+        const QJsonArray apps =
+            QJsonDocument::fromJson(m_gateway->Command({QStringLiteral("app"), QStringLiteral("list")}))
+                .array();
+        for (const QJsonValue& app : apps) {
+            if (app.toObject().value(QStringLiteral("serviceCode")).toString() == serviceCode) {
+                return app.toObject().value(QStringLiteral("address")).toString();
+            }
+        }
+        return QString();
+    }
+};
+
+TEST_F(LoginTest, TickedEntriesOpenInOrderAndTheOneToOpenFirstIsInFront)
+{
+    LogIn();
+    ExpectEntriesOpen();
+    EXPECT_TRUE(m_client->WaitForEvents(QStringLiteral("page.loaded"), m_expected.urls.size()));
+    for (const QJsonObject& page : m_client->GetEvents(QStringLiteral("page.loaded"))) {
+        EXPECT_TRUE(page.value(QStringLiteral("ok")).toBool())
+            << page.value(QStringLiteral("url")).toString().toStdString();
+    }
+    EXPECT_TRUE(m_client->Stop());
+    const QVector<QJsonObject> exits = m_client->GetEvents(QStringLiteral("exit"));
+    EXPECT_EQ(exits.size(), 1);
+}
+
+TEST_F(LoginTest, ListOpensOnceAndTheReadIsAnnouncedOnce)
+{
+    LogIn();
+    ExpectEntriesOpen();
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("page.loaded"), m_expected.urls.size()));
+    ASSERT_TRUE(m_client->Stop());
+    const QVector<QJsonObject> events = m_client->GetEvents();
+    EXPECT_EQ(CountNotifications(events, 10400), 1);
+    EXPECT_EQ(CountModuleEvents(events, QStringLiteral("GetAutoRun")), 1);
+    EXPECT_EQ(m_front->GetCallCount(ReadMethod), 1);
+    EXPECT_EQ(m_client->GetEvents(QStringLiteral("tab.opened")).size(), m_expected.urls.size());
+}
+
+TEST_F(LoginTest, TraceNamesTheModuleAndHoldsNoSecrets)
+{
+    LogIn();
+    ExpectEntriesOpen();
+    ASSERT_TRUE(m_client->Stop());
+    const QVector<QJsonObject> modules = m_client->GetEvents(QStringLiteral("module.loaded"));
+    ASSERT_EQ(modules.size(), 1);
+    EXPECT_EQ(modules[0].value(QStringLiteral("key")).toString(), QStringLiteral("PlatformAutoRun"));
+    for (const QJsonObject& event : m_client->GetEvents()) {
+        const QByteArray line = QJsonDocument(event).toJson(QJsonDocument::Compact);
+        EXPECT_FALSE(line.contains("accessToken") || line.contains("development-secret") ||
+                     line.contains("\"password\""))
+            << line.toStdString();
+    }
+}
+
+TEST_F(LoginTest, ScreenshotShowsTheWindowWithThePageInFront)
+{
+    const QString file = m_folder.filePath(QStringLiteral("screenshot.png"));
+    m_client->StartWithLogin(
+        m_front->GetAddress(), QStringLiteral("demo"), "demo\n",
+        {QStringLiteral("--screenshot"), file, QStringLiteral("--quit-after"), QStringLiteral("15000")});
+    ASSERT_TRUE(m_client->WaitForEnd(60000));
+    EXPECT_EQ(m_client->GetExitCode(), 0);
+    const QImage picture(file);
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_GE(picture.width(), 800);
+    // A window whose page was not painted is one flat area; a painted one has many colours.
+    QSet<QRgb> colours;
+    for (int y = picture.height() / 3; y < picture.height(); y += 2) {
+        for (int x = 0; x < picture.width(); x += 2) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    EXPECT_GT(colours.size(), 20);
+}
+
+TEST_F(LoginTest, WrongPasswordIsRefusedAndNothingOpens)
+{
+    m_client->StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "wrong\n",
+                             {QStringLiteral("--quit-after"), QStringLiteral("20000")});
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("login"), 1));
+    EXPECT_FALSE(m_client->GetEvents(QStringLiteral("login"))[0].value(QStringLiteral("ok")).toBool());
+    ASSERT_TRUE(m_client->WaitForEnd(60000));
+    EXPECT_EQ(m_client->GetExitCode(), 3);
+    EXPECT_TRUE(m_client->GetEvents(QStringLiteral("tab.opened")).isEmpty());
+}
+
+TEST_F(LoginTest, GatewayGoneAfterTheLogInOpensTheLastKnownConfiguration)
+{
+    LogInOnceAndQuit();
+    for (const QString& method : {ReadMethod, PluginsMethod, FunctionsMethod}) {
+        m_front->SetFault(method, FaultyGateway::Fault::Close);
+    }
+    LogIn();
+    ExpectEntriesOpen();
+    EXPECT_TRUE(WaitForNotice(QStringLiteral("last known configuration")));
+}
+
+TEST_F(LoginTest, BarOfTheLastKnownConfigurationGoesAwayOnceTheGatewayAnswers)
+{
+    LogInOnceAndQuit();
+    for (const QString& method : {ReadMethod, PluginsMethod, FunctionsMethod}) {
+        m_front->SetFault(method, FaultyGateway::Fault::Close);
+    }
+    LogIn();
+    ASSERT_TRUE(WaitForNotice(QStringLiteral("last known configuration")));
+    m_front->SetFault(PluginsMethod, FaultyGateway::Fault::None);
+    EXPECT_TRUE(m_client->WaitForEvents(QStringLiteral("notice.gone"), 1));
+    EXPECT_TRUE(m_client->IsRunning());
+}
+
+class UnreadableReplyTest : public LoginTest, public ::testing::WithParamInterface<FaultyGateway::Fault>
+{};
+
+TEST_P(UnreadableReplyTest, LastKnownConfigurationOpensAndTheClientStaysUp)
+{
+    LogInOnceAndQuit();
+    m_front->SetFault(ReadMethod, GetParam());
+    LogIn();
+    ExpectEntriesOpen();
+    EXPECT_TRUE(WaitForNotice(QStringLiteral("last known configuration")));
+    EXPECT_TRUE(m_client->IsRunning());
+    EXPECT_TRUE(m_client->Stop());
+}
+
+TEST_P(UnreadableReplyTest, WithoutAKeptReplyTheClientSaysWhatHappenedAndStaysUp)
+{
+    m_front->SetFault(ReadMethod, GetParam());
+    LogIn();
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("notice"), 1));
+    EXPECT_TRUE(m_client->GetEvents(QStringLiteral("tab.opened")).isEmpty());
+    EXPECT_EQ(CountNotifications(m_client->GetEvents(), 10400), 1);
+    EXPECT_TRUE(m_client->IsRunning());
+    EXPECT_TRUE(m_client->Stop());
+}
+
+INSTANTIATE_TEST_SUITE_P(Replies, UnreadableReplyTest,
+                         ::testing::Values(FaultyGateway::Fault::Garbage, FaultyGateway::Fault::Html,
+                                           FaultyGateway::Fault::Huge, FaultyGateway::Fault::Silence),
+                         NameOfReply);
+
+TEST_F(LoginTest, EntriesWithForbiddenAddressesGetATabThatSaysSoAndTheRestOpens)
+{
+    const QString page = m_gateway->GetAddress().toString() + QStringLiteral("/demo/orders");
+    m_front->SetAnswer(QByteArray(ForbiddenAddresses).replace("PAGE", page.toUtf8()));
+    m_front->SetFault(ReadMethod, FaultyGateway::Fault::Answer);
+    LogIn();
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), 4));
+    EXPECT_TRUE(WaitForTabInFront(3));
+    EXPECT_TRUE(m_client->WaitFor([&page](const QVector<QJsonObject>& events) {
+        for (const QJsonObject& event : events) {
+            if (EventName(event) == QLatin1String("page.loaded") &&
+                event.value(QStringLiteral("url")).toString() == page) {
+                return event.value(QStringLiteral("ok")).toBool();
+            }
+        }
+        return false;
+    }));
+    for (const QJsonObject& event : m_client->GetEvents(QStringLiteral("page.loaded"))) {
+        const QString url = event.value(QStringLiteral("url")).toString();
+        EXPECT_FALSE(url.startsWith(QLatin1String("file:")) || url.startsWith(QLatin1String("javascript:")));
+    }
+    EXPECT_TRUE(m_client->Stop());
+}
