@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QtPlugin>
+
+/// A Qt plug-in that does nothing: what loading costs at the least.
+class EmptyPlugin final : public QObject
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "tl.benchmark.Empty/1.0")
+};
