@@ -1,1 +1,8 @@
 #include "http/HttpObserverBase.h"
+
+#include "http/HttpNotifyManager.h"
+
+HttpObserverBase::~HttpObserverBase()
+{
+    HttpNotifyManager::Instance()->RemoveAllMessage(this);
+}

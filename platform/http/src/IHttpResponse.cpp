@@ -1,1 +1,5 @@
 #include "http/IHttpResponse.h"
+
+IHttpResponse::IHttpResponse(QObject* parent) : QObject(parent) {}
+
+IHttpResponse::~IHttpResponse() = default;

@@ -1,1 +1,3 @@
 #include "http/IResponseCacheMethod.h"
+
+IResponseCacheMethod::~IResponseCacheMethod() = default;

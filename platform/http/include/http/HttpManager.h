@@ -34,5 +34,8 @@ Q_SIGNALS:
 
 private:
     class Private;
+
+    void Deliver(quint64 number);
+
     std::unique_ptr<Private> d;
 };

@@ -6,6 +6,7 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QSharedPointer>
+#include <QtCore/QVector>
 
 class HttpObserverBase;
 class IHttpRequest;
@@ -20,7 +21,7 @@ class TL_HTTP_EXPORT HttpNotifyManager final : public QObject
     Q_OBJECT
 
 public:
-    /// The one object of the process.
+    /// The one object of the process, there until its very end.
     static HttpNotifyManager* Instance();
 
     /// Not owned. Registering the same observer for the same id twice delivers once.
@@ -29,6 +30,8 @@ public:
     /// Takes the observer off all ids, at once, also during a delivery. An unknown one is ignored.
     void RemoveAllMessage(HttpObserverBase* observer);
 
+    /// Returns when every observer of `id` has been told; both objects live at least that long. An
+    /// observer may dispatch in turn.
     void Dispatch(int id, const QSharedPointer<IHttpRequest>& request,
                   const QSharedPointer<IHttpResponse>& response);
 
@@ -37,7 +40,16 @@ Q_SIGNALS:
     void SigDispatched(int id);
 
 private:
-    HttpNotifyManager() = default;
+    // The number tells an observer from a later one at the same address.
+    struct Registration
+    {
+        HttpObserverBase* observer;
+        quint64 number;
+    };
 
-    QHash<int, QList<HttpObserverBase*>> m_observers;
+    HttpNotifyManager() = default;
+    bool IsRegistered(int id, quint64 number) const;
+
+    QHash<int, QVector<Registration>> m_observers;
+    quint64 m_lastNumber = 0;
 };

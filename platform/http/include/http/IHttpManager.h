@@ -18,9 +18,11 @@ public:
 
     /// Sends `request` and returns at once. When `response` holds the outcome, `finished` runs on the GUI
     /// thread, exactly once and never inside this call; request and response are kept until it returned.
-    /// `timeout` [ms] counts for the whole call, all attempts included; 0 or less: 20000.
+    /// Neither may be null; `finished` may be empty, may send again and may delete the manager.
+    /// `timeout` [ms] counts for the whole call, attempts and the pauses between them included; 0 or
+    /// less: 20000.
     /// `attempts` is how often the call is tried at the most, 1 to 5, while the response's `ShouldRetry`
-    /// says so.
+    /// says so and there is time left for the pause before the next one.
     virtual void Send(const QSharedPointer<IHttpRequest>& request,
                       const QSharedPointer<IHttpResponse>& response, std::function<void()> finished,
                       int timeout, int attempts) = 0;

@@ -6,6 +6,10 @@
 
 /// A request with the usual answers: no other host, not switched off, log line from the method name,
 /// no kept reply.
+///
+/// Operations of `IRequestCacheMethod` are not overridden here on purpose: some compilers give such an
+/// override a place of its own among the request's operations, and what derives from this class counts
+/// on theirs.
 class TL_HTTP_EXPORT IHttpRequestBase : public IHttpRequest, public IRequestCacheMethod
 {
     Q_OBJECT
@@ -19,8 +23,4 @@ public:
     bool IsDegradeApi() const override;
     QString GetDegradeDescription() const override;
     void DoReset() override;
-
-    QString GetCacheKey() const override;
-    QString GetCTParam() const override;
-    QString GetSuccessParam() const override;
 };

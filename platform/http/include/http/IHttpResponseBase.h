@@ -2,13 +2,13 @@
 
 #include "http/HttpExport.h"
 #include "http/IHttpResponse.h"
-#include "http/IResponseCacheMethod.h"
+#include "http/ResponseCacheSide.h"
 
 #include <QtCore/QJsonValue>
 
 /// A response whose body is JSON: keeps the outcome and hands the parsed reply on. A body that is not
-/// JSON is an error with a description of its own.
-class TL_HTTP_EXPORT IHttpResponseBase : public IHttpResponse, public IResponseCacheMethod
+/// JSON is an error with a description of its own, and the server's fault.
+class TL_HTTP_EXPORT IHttpResponseBase : public IHttpResponse, public ResponseCacheSide
 {
     Q_OBJECT
 
@@ -20,34 +20,41 @@ public:
     bool IsSuccess() const override;
     QString GetErrorCode() const override;
     QString GetErrorDesc() const override;
+    /// True when the outcome at hand is the server's own fault.
     bool ShouldRetry() const override;
     void DoReset() override;
+    /// "0".
     QString GetSuccessCode() const override;
+    /// The error code is then the number as text. The server's own fault, unless nothing was sent at all
+    /// (`HttpError::SwitchedOff`, `HttpError::InvalidAddress`).
     void SetNetworkError(int error, const QString& description) override;
-    /// The whole reply as JSON. Sets the outcome through `SetOutcome`.
+    /// The whole reply as JSON, any value. Sets the outcome through `SetOutcome`.
     virtual void ParseJsonData(const QJsonValue& reply) = 0;
-
-    bool IsAutoCache() const override;
-    bool CanSaveToCache() const override;
-    bool NeedReadFromCache() const override;
-    QByteArray GetCacheData() const override;
-    void SetCacheData(const QByteArray& data) override;
 
     /// Whether the outcome comes from a kept reply: what it says was true when it was kept.
     bool IsFromCache() const noexcept;
 
 protected:
-    void SetOutcome(bool success, const QString& code, const QString& description);
+    /// `serverError`: the server's own fault, so that the call may be tried again and a kept reply may
+    /// serve. Never set it for a refusal.
+    void SetOutcome(bool success, const QString& code, const QString& description, bool serverError = false);
+    /// The outcome of a reply that cannot be read: code "parse", the server's own fault.
+    void SetUnreadable(const QString& description);
     void SetAutoCacheEnabled(bool enabled) noexcept;
-    /// Whether the outcome at hand is the server's own fault; asked by retry and kept replies.
-    virtual bool IsServerError() const;
 
 private:
-    QByteArray m_data;
-    QString m_code;
-    QString m_description;
-    bool m_success = false;
-    bool m_networkError = false;
+    friend class ResponseCacheSide;
+
+    struct Outcome
+    {
+        QByteArray data;
+        QString code;
+        QString description;
+        bool success = false;
+        bool serverError = false;
+        bool fromCache = false;
+    };
+
+    Outcome m_outcome;
     bool m_autoCache = false;
-    bool m_fromCache = false;
 };

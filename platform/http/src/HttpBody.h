@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QIODevice>
+
+/// The body of one attempt. It can be read once only: Qt would otherwise send the same bytes again by
+/// itself, up to three times, when the server closes the connection, and with a signature of then.
+class HttpBody final : public QIODevice
+{
+    Q_OBJECT
+
+public:
+    explicit HttpBody(const QByteArray& bytes, QObject* parent = nullptr);
+
+    qint64 size() const override;
+    bool reset() override;
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override;
+    qint64 writeData(const char* data, qint64 size) override;
+
+private:
+    QByteArray m_bytes;
+};
