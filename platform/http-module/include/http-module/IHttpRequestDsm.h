@@ -16,12 +16,11 @@ public:
     explicit IHttpRequestDsm(QObject* parent = nullptr);
     ~IHttpRequestDsm() override;
 
+    /// The gateway's address; where it names no path, that of the gateway's one resource is put in.
     QString GetApiUrl() const override;
     QByteArray GetApiBody() override;
     QByteArray GetMethodName() const override;
     void DoReset() override;
-    /// SHA-256 over user, gateway, method and business JSON, in hexadecimal.
-    QString GetCacheKey() const override;
 
     /// The gateway method, such as "dsm.tl.pc.auto.run.get".
     virtual QString GetDsmMethod() const = 0;
@@ -31,9 +30,13 @@ public:
     virtual QString GetDsmAppendix(DsmType type) const;
     /// Builds the envelope's parameters, signature included, for this attempt.
     virtual void InitParam();
+    /// SHA-256 over user, gateway, method and business JSON, in hexadecimal. Empty while nobody is signed
+    /// in. Stands after the operations above because some compilers give it a place among them.
+    QString GetCacheKey() const override;
 
-    /// The signature over `parameters` (without `sign`): lower-case hexadecimal HMAC-SHA256 (RFC 2104),
-    /// keyed with the UTF-8 bytes of `secret`, over name, "=", value, "\n" of each, sorted by name.
+    /// The signature over `parameters` (`sign` itself is passed over): lower-case hexadecimal HMAC-SHA256
+    /// (RFC 2104), keyed with the UTF-8 bytes of `secret`, over name, "=", value, "\n" of each, sorted by
+    /// name.
     static QByteArray Sign(const QMap<QString, QString>& parameters, const QString& secret);
 
 protected:

@@ -7,7 +7,8 @@
 #include <QtCore/QSharedPointer>
 
 /// A reply of the gateway, `{"code":"0","message":"","requestId":"…","data":…}`. It is a success when the
-/// network did not fail, the code is "0" and the business value could be parsed.
+/// network did not fail, the code is "0" and the business value could be parsed. Codes from 5000 on, and
+/// replies that cannot be read, are the gateway's own fault; any other code is a refusal.
 class TL_HTTP_MODULE_EXPORT IHttpResponseDsm : public IHttpResponseBase
 {
     Q_OBJECT
@@ -20,7 +21,8 @@ public:
     void DoReset() override;
 
     /// Turns the reply's `data` into the response's own value. Called only for code "0". Null data is a
-    /// matter of the implementation.
+    /// matter of the implementation; a reply without `data` comes as an undefined value. A failure makes
+    /// the outcome's code "parse" and its description the result's message. Never null.
     virtual QSharedPointer<BusinessParseResult> ParseBusinessData(const QJsonValue& data) = 0;
 
     /// Whether a successful reply is kept and a kept one serves when the network or the server fails.
@@ -29,9 +31,6 @@ public:
 
     /// What the gateway's log calls this request; empty when no reply came.
     QString GetRequestId() const;
-
-protected:
-    bool IsServerError() const override;
 
 private:
     QString m_requestId;
