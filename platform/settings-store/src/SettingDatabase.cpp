@@ -1,0 +1,55 @@
+#include "SettingDatabase.h"
+
+#include <utility>
+
+SettingFileReport SettingDatabase::Open(const QString& path, SettingWriter::Notify notify)
+{
+    m_writer = std::make_unique<SettingWriter>(path, std::move(notify));
+    SettingFileReport report = m_writer->Start(&m_values);
+    for (auto it = m_homeless.cbegin(); it != m_homeless.cend(); ++it)
+        m_values.insert(it.key(), it.value());
+    if (!report.failure.isEmpty()) {
+        m_writer.reset();
+        return report;
+    }
+    for (auto it = m_homeless.cbegin(); it != m_homeless.cend(); ++it)
+        m_writer->Queue(it.key(), it.value());
+    m_homeless.clear();
+    return report;
+}
+
+void SettingDatabase::Close()
+{
+    m_writer.reset();
+    m_values.clear();
+    m_homeless.clear();
+}
+
+bool SettingDatabase::IsOpen() const
+{
+    return m_writer != nullptr;
+}
+
+QString SettingDatabase::GetValue(const SettingKey& key) const
+{
+    return m_values.value(key);
+}
+
+void SettingDatabase::SetValue(const SettingKey& key, const QString& value)
+{
+    const auto found = m_values.constFind(key);
+    const bool unchanged = found != m_values.constEnd() && *found == value;
+    // An unchanged value is worth a write only as a new try for those that could not be written.
+    if (unchanged && !(m_writer && m_writer->HasWaiting()))
+        return;
+    m_values.insert(key, value);
+    if (m_writer)
+        m_writer->Queue(key, value);
+    else
+        m_homeless.insert(key, value);
+}
+
+bool SettingDatabase::Flush()
+{
+    return m_writer ? m_writer->Flush() : m_homeless.isEmpty();
+}

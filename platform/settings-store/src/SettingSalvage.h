@@ -1,0 +1,13 @@
+#pragma once
+
+#include "SettingKey.h"
+
+/// Saves from a damaged file what can still be read.
+class SettingSalvage final
+{
+public:
+    SettingSalvage() = delete;
+
+    /// Empty when nothing can be read. The file is left as it is. On the writer's thread.
+    static SettingValues Read(const QString& damagedFile);
+};
