@@ -1,0 +1,58 @@
+#pragma once
+
+#include "FakeBrowserTab.h"
+
+#include "frame-core/IBrowserMain.h"
+#include "frame-data/ITabOpener.h"
+#include "frame-data/PluginOpenInfo.h"
+#include "frame-data/TabOpenInfo.h"
+
+#include <QtCore/QList>
+#include <QtCore/QStringList>
+
+#include <memory>
+#include <vector>
+
+/// A browser without a window. Every opening appends one tab at once, as the real one does, and every
+/// call is written down in order.
+class FakeBrowser final : public IBrowserMain, public ITabOpener
+{
+public:
+    struct OpenedPlugin
+    {
+        PluginOpenInfo info;
+        int index;
+    };
+    struct OpenedUrl
+    {
+        TabOpenInfo info;
+        int index;
+    };
+
+    /// Stands with `tabCount` tabs that have neither data nor a router URL.
+    explicit FakeBrowser(int tabCount = 1);
+    ~FakeBrowser() override;
+
+    /// A tab that was there before anybody opened something; not written down.
+    void AddTab(const QSharedPointer<TabData>& data, const QString& routerUrl);
+
+    /// `url <address>`, `plugin <service code>`, `select <index>`, in call order.
+    QStringList GetCalls() const;
+    QList<OpenedPlugin> GetOpenedPlugins() const;
+    QList<OpenedUrl> GetOpenedUrls() const;
+
+    int GetTabCount() const override;
+    void SelectTab(int index) override;
+    IBrowserTab* GetTab(int index) const override;
+    /// Null: there is no window.
+    QWidget* GetMainWidget() const override;
+
+    void OpenPlugin(const PluginOpenInfo& info, int index) override;
+    void OpenUrl(const TabOpenInfo& info, int index) override;
+
+private:
+    std::vector<std::unique_ptr<FakeBrowserTab>> m_tabs;
+    QStringList m_calls;
+    QList<OpenedPlugin> m_openedPlugins;
+    QList<OpenedUrl> m_openedUrls;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "frame-core/IBrowserTab.h"
+
+/// A tab that is what the test says.
+class FakeBrowserTab final : public IBrowserTab
+{
+public:
+    FakeBrowserTab(const QSharedPointer<TabData>& data, const QString& routerUrl);
+
+    QSharedPointer<TabData> GetTabData() const override;
+    QString GetRouterUrl() const override;
+
+private:
+    QSharedPointer<TabData> m_data;
+    QString m_routerUrl;
+};
