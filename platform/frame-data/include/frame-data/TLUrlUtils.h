@@ -11,7 +11,9 @@ class TL_FRAME_DATA_EXPORT TLUrlUtils final
 public:
     TLUrlUtils() = delete;
 
-    /// The address as a URL that the client may open: http or https with a host, no control characters
-    /// or back-slashes, no user info. An empty QUrl when it may not be opened.
+    /// The address as a URL that the client may open: http or https with a host, at most 8,192 characters,
+    /// without user info, back-slashes, spaces, control characters and characters that turn the direction
+    /// of writing. Surrounding white space does not count. An empty QUrl when it may not be opened; a text
+    /// without scheme is refused as well, since only the caller can know what it means.
     static QUrl ToWebUrl(const QString& address);
 };
