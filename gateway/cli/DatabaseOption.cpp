@@ -1,0 +1,12 @@
+#include "cli/DatabaseOption.h"
+
+#include <CLI/CLI.hpp>
+
+namespace TLGateway {
+
+void AddDatabaseOption(CLI::App& command, CommandContext& context)
+{
+    command.add_option("--database", context.databaseUrl, "The database, as sqlite:FILE")->required();
+}
+
+} // namespace TLGateway

@@ -1,0 +1,124 @@
+#include "cli/ServeCommand.h"
+
+#include "cli/CommandError.h"
+#include "cli/DatabaseOption.h"
+#include "cli/ListenAddress.h"
+#include "demo/DemoPages.h"
+#include "methods/AutoRunGetMethod.h"
+#include "methods/AutoRunSetMethod.h"
+#include "methods/FunctionListMethod.h"
+#include "methods/LoginMethod.h"
+#include "methods/LogoutMethod.h"
+#include "methods/PluginListMethod.h"
+#include "server/AppKeyWatcher.h"
+#include "server/HttpServer.h"
+#include "store/StoreUrl.h"
+#include "store/sqlite/SqliteStore.h"
+
+#include <CLI/CLI.hpp>
+#include <spdlog/logger.h>
+
+#include <csignal>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace TLGateway {
+
+namespace {
+
+// Each hash takes the memory of PasswordHasher::Cost, so these two bound what log-ins can take.
+constexpr std::size_t HashThreads = 2;
+constexpr std::size_t WaitingLogins = 64;
+constexpr std::size_t WaitingRequests = 1024;
+
+struct ServeOptions
+{
+    std::string listen;
+    std::string logLevel = "info";
+    bool hasDemoPages = false;
+    int tokenLifetime = 720; // [h]
+    int threads = 4;
+};
+
+void AddMethods(MethodRegistry& methods, IStore& store, const PasswordHasher& hasher, WorkerPool& hashers,
+                UnixTime tokenLifetime)
+{
+    methods.Add(std::make_unique<LoginMethod>(store, hasher, hashers, tokenLifetime));
+    methods.Add(std::make_unique<LogoutMethod>(store));
+    methods.Add(std::make_unique<AutoRunGetMethod>(store));
+    methods.Add(std::make_unique<AutoRunSetMethod>(store));
+    methods.Add(std::make_unique<PluginListMethod>(store));
+    methods.Add(std::make_unique<FunctionListMethod>(store));
+}
+
+// What is declared later uses what is declared before, and ends first: the workers finish before the server
+// that their answers go to, and all of them before the store.
+void Serve(const CommandContext& context, const ServeOptions& options)
+{
+    const ListenAddress address = ParseListenAddress(options.listen);
+    context.logger->set_level(spdlog::level::from_str(options.logLevel));
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN); // whoever reads the log may end before the gateway does
+#endif
+
+    SqliteStore::Options storeOptions;
+    storeOptions.file = SqliteFileOfUrl(context.databaseUrl);
+    storeOptions.checkIntegrity = true;
+    SqliteStore store(storeOptions, context.logger);
+
+    AppKeyRing keys;
+    const AppKeyWatcher keyWatcher(store, keys, context.logger);
+    const PasswordHasher hasher;
+    std::optional<DemoPages> pages;
+    if (options.hasDemoPages) {
+        pages.emplace();
+    }
+
+    WorkerPool hashers(HashThreads, WaitingLogins);
+    WorkerPool workers(static_cast<std::size_t>(options.threads), WaitingRequests);
+    MethodRegistry methods;
+    AddMethods(methods, store, hasher, hashers, static_cast<UnixTime>(options.tokenLifetime) * 3600);
+    GatewayService service(keys, methods, store, &SystemTime, context.logger);
+    HttpRouter router(service, workers, pages ? &*pages : nullptr);
+
+    HttpServer::Options serverOptions;
+    serverOptions.address = address.host;
+    serverOptions.port = address.port;
+    HttpServer server(serverOptions, router, context.logger);
+    context.logger->info("serving database {}", storeOptions.file);
+    context.out << "tl-gateway listening on http://" << address.HostForUrl() << ':' << server.Port()
+                << std::endl;
+    server.Run(true);
+
+    // Answers may still be on their way to the server: it stays until nobody can give one.
+    workers.Close();
+    hashers.Close();
+    store.Close();
+    context.logger->info("stopped");
+}
+
+} // namespace
+
+void AddServeCommand(CLI::App& app, CommandContext& context)
+{
+    const auto options = std::make_shared<ServeOptions>();
+    CLI::App* serve = app.add_subcommand("serve", "Serve requests until SIGTERM or SIGINT");
+    AddDatabaseOption(*serve, context);
+    serve->add_option("--listen", options->listen, "IP address and port; port 0 takes a free one")
+        ->required();
+    serve->add_flag("--demo-pages", options->hasDemoPages, "Serve the demo merchant's pages below /demo/");
+    serve->add_option("--token-lifetime", options->tokenLifetime, "How long a log-in lasts [hours]")
+        ->check(CLI::Range(1, 87600))
+        ->capture_default_str();
+    serve->add_option("--threads", options->threads, "Threads that work on requests")
+        ->check(CLI::Range(1, 64))
+        ->capture_default_str();
+    serve->add_option("--log-level", options->logLevel, "What is logged to standard error")
+        ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}))
+        ->capture_default_str();
+    serve->callback([&context, options] { Serve(context, *options); });
+}
+
+} // namespace TLGateway

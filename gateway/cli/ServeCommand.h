@@ -1,0 +1,14 @@
+#pragma once
+
+#include "cli/CommandContext.h"
+
+namespace CLI {
+class App;
+}
+
+namespace TLGateway {
+
+// Adds the command "serve".
+void AddServeCommand(CLI::App& app, CommandContext& context);
+
+} // namespace TLGateway

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "cli/CommandContext.h"
+
+namespace CLI {
+class App;
+}
+
+namespace TLGateway {
+
+// Adds the commands "user add", "user password" and "user list".
+void AddUserCommands(CLI::App& app, CommandContext& context);
+
+} // namespace TLGateway

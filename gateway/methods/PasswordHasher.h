@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace TLGateway {
+
+// Argon2id. Every operation takes tens of milliseconds and the memory below: never on the network's thread.
+class PasswordHasher final
+{
+public:
+    struct Cost
+    {
+        std::uint32_t passes = 2;
+        std::uint32_t memoryKiB = 19456;
+        std::uint32_t lanes = 1;
+    };
+
+    PasswordHasher();
+    explicit PasswordHasher(Cost cost);
+
+    // The hash with its salt and cost, in Argon2's text form. Throws std::runtime_error.
+    [[nodiscard]] std::string Hash(const std::string& password) const;
+
+    // False also for a hash that cannot be read.
+    [[nodiscard]] bool Verify(const std::string& password, const std::string& hash) const;
+
+    // A hash that no password is known for, at the same cost: checked for unknown pins, so that they take
+    // the time of known ones.
+    [[nodiscard]] const std::string& Decoy() const noexcept { return m_decoy; }
+
+private:
+    const Cost m_cost;
+    const std::string m_decoy;
+};
+
+} // namespace TLGateway

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "envelope/JsonObjectReader.h"
+#include "records/AutoRunConfiguration.h"
+
+#include <boost/json/object.hpp>
+
+namespace TLGateway {
+
+// Who wrote the JSON that is read: it decides what a system entry must hold.
+enum class ConfigurationSource
+{
+    User,     // a system entry needs itemId, checked and activeItem only
+    Operator, // all seven members, like every other entry
+};
+
+// Reads the three lists. Throws Refused: 1009 for a wrong shape, 1010 for a type that no int can hold. The
+// limits of the entries are not looked at here (see ConfigurationLimits.h).
+[[nodiscard]] AutoRunConfiguration ReadConfiguration(const JsonObjectReader& lists,
+                                                     ConfigurationSource source);
+
+[[nodiscard]] boost::json::object ToJson(const AutoRunConfiguration& configuration);
+
+} // namespace TLGateway

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "server/HttpServer.h"
+
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
+#include <boost/beast/core/tcp_stream.hpp>
+#include <boost/beast/http/message.hpp>
+#include <boost/beast/http/parser.hpp>
+#include <boost/beast/http/string_body.hpp>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace TLGateway {
+
+// One connection: reads a request, has it answered, sends the reply, and begins again. Requests that a client
+// sends ahead wait in the buffer, so replies keep the order. Everything runs on the server's thread.
+class HttpSession final : public std::enable_shared_from_this<HttpSession>
+{
+public:
+    // `closed` is called once, when the connection has ended.
+    HttpSession(boost::asio::ip::tcp::socket socket, const HttpServer::Options& options, HttpRouter& router,
+                std::function<void(HttpSession*)> closed);
+    HttpSession(const HttpSession&) = delete;
+    HttpSession& operator=(const HttpSession&) = delete;
+
+    void Start();
+
+    // Closes an idle connection; one that is in a request closes after the reply.
+    void Finish();
+
+    // Closes at once.
+    void Abort();
+
+private:
+    enum class State
+    {
+        Idle,      // nothing of a request has arrived
+        Reading,   // a part of a request has
+        Answering, // the request is being worked on or the reply is on its way
+        Closed,
+    };
+
+    using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
+    using Response = boost::beast::http::response<boost::beast::http::string_body>;
+
+    void AwaitRequest(std::chrono::milliseconds limit);
+    void ReadHeader();
+    void OnHeader(boost::beast::error_code error);
+    void ReadBody();
+    void OnRequest(boost::beast::error_code error);
+    void OnUnreadable(boost::beast::error_code error);
+    void SendReply(const HttpReply& reply);
+    void OnReplySent(boost::beast::error_code error);
+    void Linger();
+    void Discard();
+
+    boost::beast::tcp_stream m_stream;
+    const HttpServer::Options& m_options;
+    HttpRouter& m_router;
+    std::function<void(HttpSession*)> m_closed;
+    boost::beast::flat_buffer m_buffer;
+    std::optional<Parser> m_parser;
+    std::shared_ptr<void> m_response; // alive while it is being sent
+    State m_state = State::Idle;
+    bool m_isHead = false;
+    bool m_keepAlive = true;
+    bool m_isFinishing = false;
+    bool m_isUnreadable = false; // the rest of what the client sends is not understood
+    std::size_t m_discarded = 0;
+};
+
+} // namespace TLGateway

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace TLGateway {
+
+// A call of SQLite failed. The code is SQLite's extended result code.
+class SqliteError final : public std::runtime_error
+{
+public:
+    SqliteError(int code, const std::string& message) : std::runtime_error(message), m_code(code) {}
+
+    [[nodiscard]] int Code() const noexcept { return m_code; }
+    [[nodiscard]] int PrimaryCode() const noexcept { return m_code & 0xFF; }
+
+private:
+    int m_code;
+};
+
+} // namespace TLGateway
