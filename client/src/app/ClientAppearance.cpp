@@ -1,0 +1,35 @@
+#include "app/ClientAppearance.h"
+
+#include "app/ClientMemory.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+
+ClientAppearance::ClientAppearance(const QString& translations, QObject* parent)
+    : QObject(parent), m_languages(translations)
+{
+    m_themes.Apply(ClientMemory::GetTheme());
+    const QString remembered = ClientMemory::GetLanguage();
+    m_languages.Apply(remembered.isEmpty() ? LanguageManager::GetSystemLanguage() : remembered);
+    connect(&m_languages, &LanguageManager::SigLanguageApplied, this, &ClientAppearance::SigLanguageChanged);
+}
+
+void ClientAppearance::ChooseTheme(Theme theme)
+{
+    ClientMemory::SetTheme(theme);
+    m_themes.Apply(theme);
+}
+
+void ClientAppearance::ChooseLanguage(const QString& language)
+{
+    ClientMemory::SetLanguage(language);
+    m_languages.Apply(language);
+}
+
+QString ClientAppearance::DefaultTranslations()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString beside = program.filePath(QStringLiteral("translations"));
+    return QDir(beside).exists() ? beside
+                                 : QDir::cleanPath(program.filePath(QStringLiteral("../translations")));
+}

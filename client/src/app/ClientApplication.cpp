@@ -1,0 +1,363 @@
+#include "app/ClientApplication.h"
+
+#include "app/ClientAppearance.h"
+#include "app/ClientMemory.h"
+#include "app/ClientNotices.h"
+#include "app/ClientServices.h"
+#include "app/ClientWindow.h"
+#include "app/GatewayCodes.h"
+#include "app/GatewayWatch.h"
+#include "app/KeptSession.h"
+#include "app/NestedLoops.h"
+#include "app/ScreenshotTaker.h"
+#include "app/SystemEndWatch.h"
+#include "app/SystemKeyStore.h"
+#include "app/TimerDelay.h"
+#include "app/UserInformation.h"
+
+#include "http/HttpCallReport.h"
+#include "settings-store/VXSettingManager.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTimer>
+
+namespace {
+
+constexpr int userInformationLimit = 3000; // [ms]
+constexpr int endSessionLimit = 2000;      // [ms]
+constexpr int profileLockTimeout = 5000;   // [ms]
+
+QStringList ModuleFolders(const QString& chosen)
+{
+    if (!chosen.isEmpty()) {
+        return {chosen};
+    }
+    const QDir program(QCoreApplication::applicationDirPath());
+    return {program.filePath(QStringLiteral("../modules")), program.filePath(QStringLiteral("modules"))};
+}
+
+QString FirstLine(const QString& file)
+{
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly)) {
+        return QString();
+    }
+    QByteArray line = source.readLine(4096);
+    while (line.endsWith('\n') || line.endsWith('\r')) {
+        line.chop(1);
+    }
+    return QString::fromUtf8(line);
+}
+
+bool IsAboutSession(const QByteArray& method)
+{
+    return method != "dsm.tl.pc.user.login" && method != "dsm.tl.pc.user.logout";
+}
+
+} // namespace
+
+ClientApplication::ClientApplication(const ClientOptions& options, const GatewaySettings& gateway)
+    : m_options(options), m_gatewaySettings(gateway), m_trace(&m_traceWriter)
+{}
+
+ClientApplication::~ClientApplication() = default;
+
+bool ClientApplication::Prepare(QString* problem)
+{
+    if (!QDir().mkpath(m_options.profile)) {
+        *problem = QStringLiteral("The profile folder \"%1\" cannot be made.").arg(m_options.profile);
+        return false;
+    }
+    m_profileLock =
+        std::make_unique<QLockFile>(QDir(m_options.profile).filePath(QStringLiteral("client.lock")));
+    m_profileLock->setStaleLockTime(0); // held for as long as the client runs
+    if (!m_profileLock->tryLock(profileLockTimeout)) {
+        *problem = QStringLiteral("The profile \"%1\" cannot be used: another client has it open, or the "
+                                  "folder cannot be written to.")
+                       .arg(m_options.profile);
+        return false;
+    }
+    QString reason;
+    if (!m_options.trace.isEmpty() && !m_traceWriter.Open(m_options.trace, &reason)) {
+        *problem = QStringLiteral("--trace \"%1\": %2").arg(m_options.trace, reason);
+        return false;
+    }
+    return true;
+}
+
+int ClientApplication::Run()
+{
+    Build();
+    LoadModules();
+    // Everything else runs inside the event loop, so that every way to end finds it there.
+    QTimer::singleShot(0, this, &ClientApplication::StartLogin);
+    if (m_options.quitAfter) {
+        QTimer::singleShot(*m_options.quitAfter, this, [this] {
+            if (m_screenshot && !m_ending) {
+                m_screenshot->TakeNow();
+            }
+            End(EndKind::Quit);
+        });
+    }
+    const int code = QCoreApplication::exec();
+    if (!m_ending) {
+        m_ending = true; // the event loop was ended from outside, as at the end of a Windows session
+        EndNow(EndKind::SystemEnd);
+    }
+    m_loginFlow.reset();
+    m_appearance.reset();
+    m_services.reset();
+    VXSettingManager::Instance()->Close();
+    m_trace.WriteExit(true);
+    m_profileLock->unlock();
+    return code;
+}
+
+void ClientApplication::Build()
+{
+    m_traceWriter.AddSecret(m_gatewaySettings.appSecret);
+    m_systemEnd = std::make_unique<SystemEndWatch>();
+    connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEnd, this, [this] { End(EndKind::SystemEnd); });
+
+    m_watch = std::make_unique<GatewayWatch>(std::make_unique<TimerDelay>(),
+                                             [this] { m_userInformation->RefreshPlugins(); });
+    m_clientNotices = std::make_unique<ClientNotices>(&m_notices, m_watch.get());
+    auto* const settings = VXSettingManager::Instance();
+    connect(settings, &VXSettingManager::SigStoreSetAside, m_clientNotices.get(),
+            &ClientNotices::ShowStoreSetAside);
+    connect(settings, &VXSettingManager::SigStoreFailed, m_clientNotices.get(),
+            &ClientNotices::ShowStoreFailed);
+    m_trace.Watch(&m_notices);
+    [[maybe_unused]] const bool stored =
+        settings->Open(QDir(m_options.profile).filePath(QStringLiteral("settings.sqlite")));
+
+    m_appearance = std::make_unique<ClientAppearance>(ClientAppearance::DefaultTranslations());
+    m_services = std::make_unique<ClientServices>(m_gatewaySettings, m_options.profile);
+    m_services->gateway.SetLanguage(m_appearance->GetLanguage());
+    connect(m_appearance.get(), &ClientAppearance::SigLanguageChanged, this, [this](const QString& language) {
+        m_services->gateway.SetLanguage(language);
+        m_notices.Retranslate();
+    });
+    m_trace.Watch(&m_services->http);
+    m_trace.Watch(&m_services->events);
+    m_trace.Watch(&m_services->monitor);
+    m_trace.WatchNotifications();
+    connect(&m_services->http, &HttpManager::SigFinished, this, &ClientApplication::TakeReport);
+
+    m_userInformation = std::make_unique<UserInformation>(&m_services->plugins, &m_services->functions);
+    connect(m_userInformation.get(), &UserInformation::SigFinished, this,
+            &ClientApplication::TakeUserInformation);
+    connect(m_watch.get(), &GatewayWatch::SigFound, m_userInformation.get(),
+            &UserInformation::RefreshFunctions);
+
+    m_keyStore = std::make_unique<SystemKeyStore>();
+    m_kept = std::make_unique<KeptSession>(m_keyStore.get(), &QDateTime::currentDateTimeUtc);
+    m_loginService = std::make_unique<LoginService>();
+    m_loginFlow = std::make_unique<LoginFlow>(m_loginService.get(), m_kept.get(), m_keyStore.get());
+    connect(m_loginFlow.get(), &LoginFlow::SigDialogComes, this,
+            [this] { m_lifeCycle.BeforeLoginConstruct(); });
+    connect(m_loginFlow.get(), &LoginFlow::SigLoggedIn, this, &ClientApplication::TakeSession);
+    connect(m_loginFlow.get(), &LoginFlow::SigFailed, this, &ClientApplication::TakeFailedLogin);
+    connect(m_loginFlow.get(), &LoginFlow::SigGivenUp, this, [this] { End(EndKind::Quit); });
+    connect(m_loginFlow.get(), &LoginFlow::SigKeepFailed, m_clientNotices.get(),
+            &ClientNotices::ShowKeepFailed);
+}
+
+void ClientApplication::LoadModules()
+{
+    m_trace.Watch(&m_loader);
+    m_loader.Load(ModuleFolders(m_options.modules));
+    const std::vector<LoadedModule> modules = m_loader.GetModules();
+    m_services->router.SetModules(modules);
+    m_lifeCycle.SetModules(modules);
+    m_lifeCycle.StartApp();
+}
+
+void ClientApplication::StartLogin()
+{
+    if (!m_options.passwordFile.isEmpty()) {
+        m_loginFlow->StartWith(m_options.pin, FirstLine(m_options.passwordFile));
+        return;
+    }
+    const QString ended = ClientMemory::TakeSessionEnd();
+    const LoginProblem problem = ended.isEmpty() ? LoginProblem() : LoginService::ToProblem(ended, QString());
+    m_loginFlow->Start(m_options.pin.isEmpty() ? ClientMemory::GetLastPin() : m_options.pin, problem);
+}
+
+void ClientApplication::TakeSession(const Session& session, LoginFlow::Origin origin)
+{
+    if (m_ending) {
+        return;
+    }
+    m_traceWriter.AddSecret(session.accessToken);
+    m_trace.WriteLogin(session.pin, true, origin == LoginFlow::Origin::Kept);
+    m_session = session;
+    m_refusal.clear();
+    m_exitCode = 0;
+    m_services->SetSession(session);
+    m_userInformation->Read(userInformationLimit);
+    if (origin != LoginFlow::Origin::Kept) {
+        // The gateway has just said yes. A kept session may still be refused, and then nobody was here.
+        m_lifeCycle.LoginSuccess();
+        MakeWindow();
+    }
+}
+
+void ClientApplication::TakeFailedLogin(const QString& pin)
+{
+    m_trace.WriteLogin(pin, false, false);
+    if (m_options.quitAfter) {
+        m_exitCode = LoginFailed;
+    }
+}
+
+void ClientApplication::TakeReport(const HttpCallReport& report)
+{
+    if (!IsAboutSession(report.method) || m_session.IsEmpty() || m_ending) {
+        return;
+    }
+    m_watch->Take(report);
+    m_clientNotices->Take(report);
+    if (GatewayCodes::IsSessionRefused(report.code) && m_refusal.isEmpty()) {
+        m_refusal = report.code;
+        // The completion of this call comes first.
+        QMetaObject::invokeMethod(this, &ClientApplication::TakeRefusal, Qt::QueuedConnection);
+    }
+}
+
+void ClientApplication::TakeUserInformation()
+{
+    if (m_ending || !m_refusal.isEmpty() || m_frameMade) {
+        return;
+    }
+    m_lifeCycle.LoginSuccess();
+    m_lifeCycle.GetUserInfoSuccess();
+    MakeWindow();
+    m_frameMade = true;
+    m_lifeCycle.MainFrameCreate();
+    ShowWindow();
+}
+
+void ClientApplication::TakeRefusal()
+{
+    if (m_ending) {
+        return;
+    }
+    if (m_frameMade || m_window) {
+        // Modules may know the user: only a fresh process is sure to be nobody's.
+        ClientMemory::SetSessionEnd(m_refusal);
+        End(EndKind::LogOut);
+        return;
+    }
+    const QString pin = m_session.pin;
+    m_userInformation->Stop();
+    m_session = Session();
+    m_services->ClearSession();
+    m_trace.WriteLogin(pin, false, true);
+    m_kept->Forget([] {});
+    m_loginFlow->ShowDialog(pin, LoginService::ToProblem(m_refusal, QString()));
+}
+
+void ClientApplication::MakeWindow()
+{
+    if (m_window) {
+        return;
+    }
+    m_window = std::make_unique<ClientWindow>(m_options.profile, m_session.pin, m_appearance.get(),
+                                              &m_services->plugins);
+    MainWindow* const window = m_window->GetWindow();
+    m_trace.Watch(window);
+    m_notices.SetBar(window->GetNoticeBar());
+    if (!m_options.screenshot.isEmpty()) {
+        m_screenshot = std::make_unique<ScreenshotTaker>(window, m_options.screenshot);
+    }
+    // The window never closes by itself; the modules are asked first, and then everything ends in order.
+    window->SetCloseGuard([] { return false; });
+    connect(
+        window, &MainWindow::SigQuitRequested, this, [this] { AskForEnd(EndKind::Quit); },
+        Qt::QueuedConnection);
+    connect(
+        window, &MainWindow::SigLogOutRequested, this, [this] { AskForEnd(EndKind::LogOut); },
+        Qt::QueuedConnection);
+}
+
+void ClientApplication::ShowWindow()
+{
+    m_window->GetWindow()->show();
+    m_loginFlow->CloseDialog();
+    QTimer::singleShot(0, m_window.get(), [this] {
+        if (m_screenshot) {
+            m_screenshot->Arm();
+        }
+        m_lifeCycle.MainFrameShow();
+    });
+}
+
+void ClientApplication::AskForEnd(EndKind kind)
+{
+    if (!m_ending && m_lifeCycle.MayClose()) {
+        End(kind);
+    }
+}
+
+void ClientApplication::End(EndKind kind)
+{
+    if (m_ending) {
+        return;
+    }
+    m_ending = true;
+    m_userInformation->Stop();
+    // A question of a module may be open: its code must be left before the module can go.
+    NestedLoops::LeaveThen(this, [this, kind] { EndNow(kind); });
+}
+
+void ClientApplication::EndNow(EndKind kind)
+{
+    if (kind == EndKind::LogOut) {
+        m_lifeCycle.LogOut();
+    }
+    m_lifeCycle.MainFrameQuit();
+    if (m_window) {
+        m_window->GetWindow()->CloseAllTabs();
+        m_lifeCycle.BeforeMainFrameDestruct();
+        m_notices.SetBar(nullptr);
+        m_screenshot.reset();
+        m_window.reset();
+    }
+    m_loginFlow->CloseDialog();
+    m_lifeCycle.ExitApp();
+    m_services->router.SetModules({});
+    m_loader.Unload();
+    if (kind == EndKind::LogOut) {
+        m_freshStart = true;
+        EndSession();
+    } else {
+        Finish();
+    }
+}
+
+void ClientApplication::EndSession()
+{
+    const auto waiting = std::make_shared<int>(2);
+    const auto ended = [this, waiting] {
+        if (--*waiting == 0) {
+            Finish();
+        }
+    };
+    m_kept->Forget(ended);
+    if (m_refusal.isEmpty() && !m_session.IsEmpty()) {
+        connect(m_loginService.get(), &LoginService::SigLoggedOut, this, ended);
+        m_loginService->LogOut(m_session, endSessionLimit);
+    } else {
+        ended();
+    }
+    QTimer::singleShot(endSessionLimit, this, &ClientApplication::Finish);
+}
+
+void ClientApplication::Finish()
+{
+    m_services->ClearSession();
+    QCoreApplication::exit(m_exitCode);
+}

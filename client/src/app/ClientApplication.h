@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/ClientOptions.h"
+#include "app/EndKind.h"
+#include "app/GatewaySettings.h"
+#include "app/LifeCycleDriver.h"
+#include "app/LoginFlow.h"
+#include "app/ModuleLoader.h"
+#include "app/Notices.h"
+#include "app/Session.h"
+#include "app/TraceRecorder.h"
+#include "app/TraceWriter.h"
+
+#include <QtCore/QLockFile>
+#include <QtCore/QObject>
+
+#include <memory>
+
+class ClientAppearance;
+class ClientNotices;
+class ClientServices;
+class ClientWindow;
+class GatewayWatch;
+class IKeyStore;
+class KeptSession;
+class LoginService;
+class ScreenshotTaker;
+class SystemEndWatch;
+class UserInformation;
+struct HttpCallReport;
+
+/// The client from its start to its end: brings up what it is made of in the order of docs/lifecycle.md
+/// and takes it down again. One user for the life of the process. GUI thread.
+class ClientApplication final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Exit codes beside 0.
+    static constexpr int UnusableOptions = 2;
+    static constexpr int LoginFailed = 3; ///< only where nobody is there to try again (--quit-after)
+
+    ClientApplication(const ClientOptions& options, const GatewaySettings& gateway);
+    ~ClientApplication() override;
+
+    /// Makes profile and trace. False, with a sentence in `problem`, when that cannot be done.
+    bool Prepare(QString* problem);
+    /// Returns when everything is taken down.
+    int Run();
+    /// Whether a fresh process is to take over: the user logged out.
+    bool WantsFreshStart() const noexcept { return m_freshStart; }
+
+private:
+    void Build();
+    void LoadModules();
+    void StartLogin();
+    void TakeSession(const Session& session, LoginFlow::Origin origin);
+    void TakeFailedLogin(const QString& pin);
+    void TakeReport(const HttpCallReport& report);
+    void TakeUserInformation();
+    void TakeRefusal();
+    void MakeWindow();
+    void ShowWindow();
+    void AskForEnd(EndKind kind);
+    void End(EndKind kind);
+    void EndNow(EndKind kind);
+    void EndSession();
+    void Finish();
+
+    const ClientOptions m_options;
+    const GatewaySettings m_gatewaySettings;
+    std::unique_ptr<QLockFile> m_profileLock;
+    TraceWriter m_traceWriter;
+    TraceRecorder m_trace;
+    Notices m_notices;
+    std::unique_ptr<SystemEndWatch> m_systemEnd;
+    std::unique_ptr<ClientAppearance> m_appearance;
+    std::unique_ptr<ClientServices> m_services;
+    std::unique_ptr<UserInformation> m_userInformation;
+    std::unique_ptr<GatewayWatch> m_watch;
+    std::unique_ptr<ClientNotices> m_clientNotices;
+    std::unique_ptr<IKeyStore> m_keyStore;
+    std::unique_ptr<KeptSession> m_kept;
+    std::unique_ptr<LoginService> m_loginService;
+    std::unique_ptr<LoginFlow> m_loginFlow;
+    ModuleLoader m_loader;
+    LifeCycleDriver m_lifeCycle;
+    std::unique_ptr<ClientWindow> m_window;
+    std::unique_ptr<ScreenshotTaker> m_screenshot;
+
+    Session m_session;
+    QString m_refusal; // the code with which the gateway refused the session
+    int m_exitCode = 0;
+    bool m_frameMade = false;
+    bool m_ending = false;
+    bool m_freshStart = false;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtCore/QObject>
+
+class GatewayWatch;
+class Notices;
+struct HttpCallReport;
+
+/// Says in bars what goes wrong around the gateway and the settings store. GUI thread.
+class ClientNotices final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Neither is owned.
+    ClientNotices(Notices* notices, GatewayWatch* watch, QObject* parent = nullptr);
+
+    /// A call ended; one that reads what opens at the start is of interest to the user when it fails.
+    void Take(const HttpCallReport& report);
+    /// The session was to be kept and could not be.
+    void ShowKeepFailed();
+    void ShowStoreSetAside(const QString& setAsideFile, const QString& reason);
+    void ShowStoreFailed(const QString& reason);
+
+private:
+    void ShowLost(const QString& failure, bool fromCache);
+
+    Notices* m_notices;
+    GatewayWatch* m_watch;
+};

@@ -1,0 +1,204 @@
+#include "app/ClientOptions.h"
+
+#include "app/GatewaySettings.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
+
+namespace {
+
+struct OptionText
+{
+    const char* name;
+    const char* value; // null: a switch
+    const char* description;
+    bool forOneLogIn;
+};
+
+constexpr OptionText optionTexts[] = {
+    {"gateway", "URL", "Address of the gateway (http or https).", false},
+    {"profile", "DIR", "Folder of the client's own data.", false},
+    {"modules", "DIR", "Folder of the modules to load.", false},
+    {"pin", "PIN", "Account to sign in with.", true},
+    {"password-file", "FILE", "With --pin: sign in with the first line of FILE.", true},
+    {"trace", "FILE", "Append one line of JSON per event to FILE.", false},
+    {"screenshot", "FILE", "Save the main window as a PNG once its tabs have loaded.", true},
+    {"quit-after", "MS", "Quit in good order after so many milliseconds.", true},
+    {"help", nullptr, "Show this help and exit.", false},
+    {"version", nullptr, "Show the version and exit.", false},
+};
+
+constexpr int longestRun = 24 * 60 * 60 * 1000;
+
+bool IsOption(const QString& argument, const char* name)
+{
+    const QString bare = QLatin1String(name);
+    return argument == QLatin1String("--") + bare || argument == QLatin1Char('-') + bare;
+}
+
+bool HasSwitch(const QStringList& arguments, const char* name, const char* shortName)
+{
+    for (const QString& argument : arguments.mid(1)) {
+        if (IsOption(argument, name) || argument == QLatin1String(shortName)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QString FolderOfFile(const QString& file)
+{
+    return QFileInfo(file).absolutePath();
+}
+
+QString CheckGateway(const QString& value, QUrl* address)
+{
+    *address = GatewaySettings::ToAddress(value);
+    return address->isEmpty() ? QStringLiteral("--gateway \"%1\": not an http or https address").arg(value)
+                              : QString();
+}
+
+QString CheckProfile(const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (folder.isEmpty() || (info.exists() && !info.isDir())) {
+        return QStringLiteral("--profile \"%1\": not a folder").arg(folder);
+    }
+    if (info.exists() && !info.isWritable()) {
+        return QStringLiteral("--profile \"%1\": the folder cannot be written to").arg(folder);
+    }
+    return QString();
+}
+
+QString CheckQuitAfter(const QString& value, std::optional<int>* milliseconds)
+{
+    bool isNumber = false;
+    const int number = value.toInt(&isNumber);
+    if (!isNumber || number < 0 || number > longestRun) {
+        return QStringLiteral("--quit-after \"%1\": not a number of milliseconds from 0 to %2")
+            .arg(value)
+            .arg(longestRun);
+    }
+    *milliseconds = number;
+    return QString();
+}
+
+} // namespace
+
+std::optional<ClientOptions> ClientOptions::Parse(const QStringList& arguments, QString* problem)
+{
+    QCommandLineParser parser;
+    for (const OptionText& text : optionTexts) {
+        QCommandLineOption option(QLatin1String(text.name));
+        if (text.value) {
+            option.setValueName(QLatin1String(text.value));
+        }
+        parser.addOption(option);
+    }
+    if (!parser.parse(arguments)) {
+        *problem = parser.errorText();
+        return std::nullopt;
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        *problem =
+            QStringLiteral("Unexpected argument \"%1\".").arg(parser.positionalArguments().constFirst());
+        return std::nullopt;
+    }
+
+    const auto isSet = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
+    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
+    ClientOptions options;
+    QStringList problems;
+    if (isSet("gateway")) {
+        problems << CheckGateway(value("gateway"), &options.gateway);
+    }
+    options.profile = isSet("profile") ? value("profile")
+                                       : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    problems << CheckProfile(options.profile);
+    options.profile = QDir(options.profile).absolutePath();
+    options.modules = value("modules");
+    if (isSet("modules") && !QFileInfo(options.modules).isDir()) {
+        problems << QStringLiteral("--modules \"%1\": no such folder").arg(options.modules);
+    }
+    options.pin = value("pin");
+    if (isSet("pin") && options.pin.trimmed().isEmpty()) {
+        problems << QStringLiteral("--pin: the account's name is empty");
+    }
+    options.passwordFile = value("password-file");
+    if (isSet("password-file") && !isSet("pin")) {
+        problems << QStringLiteral("--password-file needs --pin");
+    } else if (isSet("password-file") &&
+               (!QFileInfo(options.passwordFile).isFile() || !QFileInfo(options.passwordFile).isReadable())) {
+        problems << QStringLiteral("--password-file \"%1\": no such file, or it cannot be read")
+                        .arg(options.passwordFile);
+    }
+    for (const char* name : {"trace", "screenshot"}) {
+        if (isSet(name) && (value(name).isEmpty() || QFileInfo(value(name)).isDir() ||
+                            !QFileInfo(FolderOfFile(value(name))).isDir())) {
+            problems << QStringLiteral("--%1 \"%2\": not a file that can be made")
+                            .arg(QLatin1String(name), value(name));
+        }
+    }
+    options.trace = value("trace");
+    options.screenshot = value("screenshot");
+    if (isSet("quit-after")) {
+        problems << CheckQuitAfter(value("quit-after"), &options.quitAfter);
+    }
+    problems.removeAll(QString());
+    if (!problems.isEmpty()) {
+        *problem = problems.constFirst();
+        return std::nullopt;
+    }
+    return options;
+}
+
+bool ClientOptions::WantsHelp(const QStringList& arguments)
+{
+    return HasSwitch(arguments, "help", "-h");
+}
+
+bool ClientOptions::WantsVersion(const QStringList& arguments)
+{
+    return HasSwitch(arguments, "version", "-v");
+}
+
+QString ClientOptions::GetHelp()
+{
+    QString help = QStringLiteral("Usage: tl-client [options]\n\nOptions:\n");
+    for (const OptionText& text : optionTexts) {
+        QString left = QStringLiteral("  --") + QLatin1String(text.name);
+        if (text.value) {
+            left += QLatin1Char(' ') + QLatin1String(text.value);
+        }
+        help += left.leftJustified(26) + QLatin1String(text.description) + QLatin1Char('\n');
+    }
+    return help;
+}
+
+QStringList ClientOptions::ForFreshStart(const QStringList& arguments)
+{
+    QStringList kept;
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString name = arguments.at(i).section(QLatin1Char('='), 0, 0);
+        bool dropped = false;
+        bool hasValue = false;
+        for (const OptionText& text : optionTexts) {
+            if (IsOption(name, text.name)) {
+                dropped = text.forOneLogIn;
+                hasValue = text.value && !arguments.at(i).contains(QLatin1Char('='));
+            }
+        }
+        if (!dropped) {
+            kept.append(arguments.at(i));
+        }
+        if (hasValue && i + 1 < arguments.size()) {
+            ++i;
+            if (!dropped) {
+                kept.append(arguments.at(i));
+            }
+        }
+    }
+    return kept;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/ClientGateway.h"
+#include "app/ClientRouter.h"
+#include "app/GeneralData.h"
+#include "app/ModuleEventDispatch.h"
+#include "app/MonitorRecorder.h"
+#include "app/Session.h"
+
+#include "base/Provided.h"
+#include "frame-data/TLFunctionData.h"
+#include "frame-data/TLPluginBaseManager.h"
+#include "http/HttpManager.h"
+
+#include <QtCore/QString>
+
+/// What the client provides to the modules for the life of the process, all but the browser. The settings
+/// store must be open. GUI thread.
+class ClientServices final
+{
+public:
+    /// `profile` is the folder of the client's own data.
+    ClientServices(const GatewaySettings& settings, const QString& profile);
+    ~ClientServices();
+
+    /// Everybody sees the session's user from here on, and nothing kept for another one.
+    void SetSession(const Session& session);
+    void ClearSession();
+
+    ClientGateway gateway;
+    HttpManager http;
+    TLPluginBaseManager plugins;
+    TLFunctionData functions;
+    GeneralData general;
+    ClientRouter router;
+    ModuleEventDispatch events;
+    MonitorRecorder monitor;
+
+private:
+    const Provided<IDsmGateway> m_gatewayProvided;
+    const Provided<IHttpManager> m_httpProvided;
+    const Provided<IGeneralData> m_generalProvided;
+    const Provided<IRouteExecutor> m_routerProvided;
+    const Provided<IModuleEventDispatch> m_eventsProvided;
+    const Provided<IMonitorSystem> m_monitorProvided;
+};

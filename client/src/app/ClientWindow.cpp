@@ -1,0 +1,44 @@
+#include "app/ClientWindow.h"
+
+#include "app/ClientAppearance.h"
+#include "app/ClientMemory.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QDir>
+
+ClientWindow::ClientWindow(const QString& profile, const QString& pin, ClientAppearance* appearance,
+                           TLPluginBaseManager* plugins, QObject* parent)
+    : QObject(parent)
+    , m_pages(std::make_unique<WebEnginePageFactory>(PagesFolder(profile, pin), appearance->GetLanguage()))
+{
+    MainWindowServices services;
+    services.pages = m_pages.get();
+    services.apps = plugins;
+    services.userName = pin;
+    services.theme = appearance->GetTheme();
+    services.language = appearance->GetLanguage();
+    services.loadGeometry = &ClientMemory::GetWindowGeometry;
+    services.saveGeometry = &ClientMemory::SetWindowGeometry;
+    m_window = std::make_unique<MainWindow>(services);
+    m_browserProvided = std::make_unique<Provided<IBrowserMain>>(m_window.get());
+    m_openerProvided = std::make_unique<Provided<ITabOpener>>(m_window.get());
+
+    connect(m_window.get(), &MainWindow::SigThemeChosen, appearance, &ClientAppearance::ChooseTheme);
+    connect(m_window.get(), &MainWindow::SigLanguageChosen, appearance, &ClientAppearance::ChooseLanguage);
+    connect(appearance, &ClientAppearance::SigLanguageChanged, m_pages.get(),
+            &WebEnginePageFactory::SetLanguage);
+}
+
+ClientWindow::~ClientWindow()
+{
+    m_openerProvided.reset();
+    m_browserProvided.reset();
+    m_window.reset(); // before what draws its pages
+}
+
+QString ClientWindow::PagesFolder(const QString& profile, const QString& pin)
+{
+    // A pin may hold what no file name can.
+    const QByteArray hash = QCryptographicHash::hash(pin.toUtf8(), QCryptographicHash::Sha256);
+    return QDir(profile).filePath(QStringLiteral("pages/") + QString::fromLatin1(hash.toHex().left(32)));
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "browser/MainWindow.h"
+#include "browser/WebEnginePageFactory.h"
+
+#include "base/Provided.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <memory>
+
+class ClientAppearance;
+class TLPluginBaseManager;
+
+/// The main window of one session with what it draws its pages with, provided as the browser for as long
+/// as this object lives. The user's cookies and page storage stand in a folder of the user's own.
+/// GUI thread.
+class ClientWindow final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Makes the window without showing it. `appearance` and `plugins` are not owned.
+    ClientWindow(const QString& profile, const QString& pin, ClientAppearance* appearance,
+                 TLPluginBaseManager* plugins, QObject* parent = nullptr);
+    ~ClientWindow() override;
+
+    MainWindow* GetWindow() const { return m_window.get(); }
+
+    /// The folder of a user's pages.
+    static QString PagesFolder(const QString& profile, const QString& pin);
+
+private:
+    std::unique_ptr<WebEnginePageFactory> m_pages;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<Provided<IBrowserMain>> m_browserProvided;
+    std::unique_ptr<Provided<ITabOpener>> m_openerProvided;
+};

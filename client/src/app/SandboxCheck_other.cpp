@@ -1,0 +1,6 @@
+#include "app/SandboxCheck.h"
+
+QString CheckSandbox()
+{
+    return QString();
+}

@@ -1,0 +1,5 @@
+#include "app/SystemEndWatch.h"
+
+void SystemEndWatch::StartSignals() {}
+
+void SystemEndWatch::StopSignals() {}

@@ -1,0 +1,26 @@
+#include "app/TimerDelay.h"
+
+#include <utility>
+
+TimerDelay::TimerDelay()
+{
+    m_timer.setSingleShot(true);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+        const std::function<void()> shot = std::exchange(m_shot, nullptr);
+        if (shot) {
+            shot();
+        }
+    });
+}
+
+void TimerDelay::Start(int milliseconds, std::function<void()> shot)
+{
+    m_shot = std::move(shot);
+    m_timer.start(milliseconds);
+}
+
+void TimerDelay::Stop()
+{
+    m_timer.stop();
+    m_shot = nullptr;
+}

@@ -1,0 +1,125 @@
+#include "app/TraceRecorder.h"
+
+#include "app/ModuleEventDispatch.h"
+#include "app/ModuleLoader.h"
+#include "app/MonitorRecorder.h"
+#include "app/Notices.h"
+#include "app/TraceWriter.h"
+
+#include "browser/MainWindow.h"
+
+#include "frame-core/ModuleEvent.h"
+#include "http/HttpManager.h"
+#include "http/HttpNotifyManager.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonObject>
+
+namespace {
+
+QString Key(const char* name)
+{
+    return QLatin1String(name);
+}
+
+} // namespace
+
+TraceRecorder::TraceRecorder(TraceWriter* writer, QObject* parent) : QObject(parent), m_writer(writer) {}
+
+void TraceRecorder::Watch(ModuleLoader* loader)
+{
+    connect(loader, &ModuleLoader::SigLoaded, this, [this](const QString& file, const QString& key) {
+        m_writer->Write(Key("module.loaded"), {{Key("file"), file}, {Key("key"), key}});
+    });
+    connect(loader, &ModuleLoader::SigRefused, this, [this](const QString& file, const QString& reason) {
+        m_writer->Write(Key("module.refused"), {{Key("file"), file}, {Key("reason"), reason}});
+    });
+}
+
+void TraceRecorder::Watch(HttpManager* http)
+{
+    connect(http, &HttpManager::SigFinished, this, [this](const HttpCallReport& report) {
+        m_writer->Write(Key("request"), {{Key("method"), QString::fromUtf8(report.method)},
+                                         {Key("ok"), report.ok},
+                                         {Key("code"), report.code},
+                                         {Key("ms"), report.milliseconds},
+                                         {Key("cached"), report.fromCache}});
+    });
+}
+
+void TraceRecorder::Watch(ModuleEventDispatch* dispatch)
+{
+    connect(
+        dispatch, &ModuleEventDispatch::SigModuleEvent, this,
+        [this](const QString& sender, const ModuleEvent& event) {
+            m_writer->Write(Key("module.event"), {{Key("sender"), sender}, {Key("name"), event.GetName()}});
+        });
+}
+
+void TraceRecorder::Watch(MonitorRecorder* monitor)
+{
+    connect(monitor, &MonitorRecorder::SigReported, this,
+            [this](const QString& id, const QString& page, const QStringList& parameters) {
+                m_writer->Write(Key("monitor"),
+                                {{Key("id"), id},
+                                 {Key("page"), page},
+                                 {Key("parameters"), QJsonArray::fromStringList(parameters)}});
+            });
+}
+
+void TraceRecorder::Watch(Notices* notices)
+{
+    connect(notices, &Notices::SigShown, this, [this](const QString& id, const QString& text) {
+        m_writer->Write(Key("notice"), {{Key("id"), id}, {Key("text"), text}});
+    });
+    connect(notices, &Notices::SigGone, this, [this](const QString& id) {
+        m_writer->Write(Key("notice.gone"), {{Key("id"), id}});
+    });
+}
+
+void TraceRecorder::Watch(MainWindow* window)
+{
+    connect(window, &MainWindow::SigTabOpened, this,
+            [this](int index, const QString& url, const QString& routerUrl, int type, bool delayed) {
+                m_writer->Write(Key("tab.opened"), {{Key("index"), index},
+                                                    {Key("url"), url},
+                                                    {Key("routerUrl"), routerUrl},
+                                                    {Key("type"), type},
+                                                    {Key("delayed"), delayed}});
+            });
+    connect(window, &MainWindow::SigTabSelected, this, [this](int index) {
+        m_writer->Write(Key("tab.selected"), {{Key("index"), index}});
+    });
+    connect(window, &MainWindow::SigTabClosed, this, [this](int index) {
+        m_writer->Write(Key("tab.closed"), {{Key("index"), index}});
+    });
+    connect(window, &MainWindow::SigPageLoaded, this, [this](int index, const QString& url, bool ok) {
+        m_writer->Write(Key("page.loaded"), {{Key("index"), index}, {Key("url"), url}, {Key("ok"), ok}});
+    });
+}
+
+void TraceRecorder::WatchNotifications()
+{
+    connect(HttpNotifyManager::Instance(), &HttpNotifyManager::SigDispatched, this, [this](int id) {
+        m_writer->Write(Key("notification"), {{Key("id"), id}});
+    });
+}
+
+void TraceRecorder::WriteLogin(const QString& pin, bool ok, bool kept)
+{
+    QJsonObject fields{{Key("ok"), ok}, {Key("pin"), pin}};
+    if (kept) {
+        fields.insert(Key("kept"), true);
+    }
+    m_writer->Write(Key("login"), fields);
+}
+
+void TraceRecorder::WriteQuestion(const QString& text, const QString& answer)
+{
+    m_writer->Write(Key("question"), {{Key("text"), text}, {Key("answer"), answer}});
+}
+
+void TraceRecorder::WriteExit(bool orderly)
+{
+    m_writer->Write(Key("exit"), {{Key("orderly"), orderly}});
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+class HttpManager;
+class MainWindow;
+class ModuleEventDispatch;
+class ModuleLoader;
+class MonitorRecorder;
+class Notices;
+class TraceWriter;
+
+/// Writes what happens in the client into its trace.
+class TraceRecorder final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `writer` is not owned.
+    explicit TraceRecorder(TraceWriter* writer, QObject* parent = nullptr);
+
+    void Watch(ModuleLoader* loader);
+    void Watch(HttpManager* http);
+    void Watch(ModuleEventDispatch* dispatch);
+    void Watch(MonitorRecorder* monitor);
+    void Watch(Notices* notices);
+    void Watch(MainWindow* window);
+    /// The hub of the process.
+    void WatchNotifications();
+
+    void WriteLogin(const QString& pin, bool ok, bool kept);
+    void WriteQuestion(const QString& text, const QString& answer);
+    void WriteExit(bool orderly);
+
+private:
+    TraceWriter* m_writer;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QSharedPointer>
+#include <QtCore/QTimer>
+
+class TLFunctionData;
+class TLPluginBaseManager;
+
+/// Reads what the client needs to know of the signed-in user: the app list and the function switches.
+/// A kept reply stands in when the gateway cannot be reached. GUI thread.
+class UserInformation final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Both are filled here; not owned.
+    UserInformation(TLPluginBaseManager* plugins, TLFunctionData* functions, QObject* parent = nullptr);
+
+    /// Reads both for the first time. `SigFinished` follows when both reads ended, well or not, and at the
+    /// latest after `limit` [ms]; an answer that comes later is still taken.
+    void Read(int limit);
+    /// Reads one of them again; nothing waits for the end.
+    void RefreshPlugins();
+    void RefreshFunctions();
+    /// No `SigFinished` comes for the `Read` that runs.
+    void Stop();
+
+Q_SIGNALS:
+    /// Once for each `Read`.
+    void SigFinished();
+
+private:
+    void ReadPlugins(int timeout);
+    void ReadFunctions(int timeout);
+    void TakeEnd();
+
+    TLPluginBaseManager* m_plugins;
+    TLFunctionData* m_functions;
+    QTimer m_limit;
+    int m_waiting = 0;
+};

@@ -1,0 +1,93 @@
+#include "app/ClientApplication.h"
+#include "app/ClientOptions.h"
+#include "app/SandboxCheck.h"
+
+#include <QtCore/QProcess>
+#include <QtGui/QIcon>
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+#include <optional>
+
+namespace {
+
+void Say(std::FILE* stream, const QString& text)
+{
+    std::fputs(qUtf8Printable(text + QLatin1Char('\n')), stream);
+}
+
+/// Help and version are for somebody at a terminal, who may have no display. Empty: go on.
+std::optional<int> AnswerAtTerminal(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    if (ClientOptions::WantsHelp(arguments)) {
+        Say(stdout, ClientOptions::GetHelp().trimmed());
+        return 0;
+    }
+    if (ClientOptions::WantsVersion(arguments)) {
+        Say(stdout, QStringLiteral("tl-client ") + QStringLiteral(TL_CLIENT_VERSION));
+        return 0;
+    }
+    const QString sandboxProblem = CheckSandbox();
+    if (!sandboxProblem.isEmpty()) {
+        Say(stderr, QStringLiteral("tl-client: ") + sandboxProblem);
+        return ClientApplication::UnusableOptions;
+    }
+    return std::nullopt;
+}
+
+int RunClient(bool* freshStart)
+{
+    QString problem;
+    const std::optional<ClientOptions> options =
+        ClientOptions::Parse(QCoreApplication::arguments(), &problem);
+    GatewaySettings gateway;
+    if (options) {
+        gateway = GatewaySettings::Load(GatewaySettings::DefaultFiles(),
+                                        QProcessEnvironment::systemEnvironment(), &problem);
+        if (!options->gateway.isEmpty()) {
+            gateway.address = options->gateway;
+        }
+    }
+    if (!problem.isEmpty()) {
+        Say(stderr, QStringLiteral("tl-client: ") + problem);
+        return ClientApplication::UnusableOptions;
+    }
+    ClientApplication client(*options, gateway);
+    if (!client.Prepare(&problem)) {
+        Say(stderr, QStringLiteral("tl-client: ") + problem);
+        return ClientApplication::UnusableOptions;
+    }
+    const int code = client.Run();
+    *freshStart = client.WantsFreshStart();
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (const std::optional<int> answered = AnswerAtTerminal(argc, argv)) {
+        return *answered;
+    }
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QCoreApplication::setApplicationName(QStringLiteral("tl-client"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TL_CLIENT_VERSION));
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false); // the client ends in an order of its own
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tl-client.svg")));
+
+    bool freshStart = false;
+    const int code = RunClient(&freshStart);
+    if (freshStart) {
+        // Last of all: the profile is closed, and the new process has it for itself.
+        QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                ClientOptions::ForFreshStart(QCoreApplication::arguments()));
+    }
+    return code;
+}

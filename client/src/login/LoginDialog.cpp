@@ -1,0 +1,176 @@
+#include "login/LoginDialog.h"
+
+#include "login/LoginTexts.h"
+
+#include "ui_LoginDialog.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QStyle>
+
+#include <utility>
+
+LoginDialog::LoginDialog(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint)
+    , m_ui(std::make_unique<Ui::LoginDialog>())
+{
+    m_ui->setupUi(this);
+    setObjectName(QStringLiteral("login_dialog"));
+    m_ui->password_edit->installEventFilter(this);
+
+    connect(m_ui->login_button, &QPushButton::clicked, this, &LoginDialog::SlotLogIn);
+    connect(m_ui->cancel_button, &QPushButton::clicked, this, &LoginDialog::reject);
+    connect(m_ui->show_password_button, &QToolButton::toggled, this, &LoginDialog::ShowPassword);
+    // What the user changes answers the message.
+    for (QLineEdit* const edit : {m_ui->pin_edit, m_ui->password_edit}) {
+        connect(edit, &QLineEdit::textEdited, this, [this] { ShowProblem(LoginProblem()); });
+    }
+    SetCapsLock(false);
+    SetBusy(false);
+    UpdateTexts();
+}
+
+LoginDialog::~LoginDialog() = default;
+
+void LoginDialog::SetPin(const QString& pin)
+{
+    m_ui->pin_edit->setText(pin);
+    FocusFirstEmpty();
+}
+
+void LoginDialog::SetStaySignedInAvailable(bool available, const QString& reason)
+{
+    m_canStaySignedIn = available;
+    m_noKeyStoreReason = available ? QString() : reason;
+    if (!available) {
+        m_ui->stay_box->setChecked(false);
+    }
+    m_ui->stay_box->setEnabled(available && !m_busy);
+    UpdateTexts();
+}
+
+void LoginDialog::SetBusy(bool busy)
+{
+    m_busy = busy;
+    for (QWidget* const widget : std::initializer_list<QWidget*>{
+             m_ui->pin_edit, m_ui->password_edit, m_ui->show_password_button, m_ui->login_button}) {
+        widget->setEnabled(!busy);
+    }
+    m_ui->stay_box->setEnabled(!busy && m_canStaySignedIn);
+    m_ui->busy_bar->setVisible(busy);
+    m_ui->cancel_button->setVisible(busy);
+    UpdateTexts();
+    if (busy) {
+        ShowProblem(LoginProblem());
+        m_ui->cancel_button->setFocus();
+    } else {
+        FocusFirstEmpty();
+    }
+}
+
+void LoginDialog::ShowProblem(const LoginProblem& problem)
+{
+    m_problem = problem;
+    UpdateTexts();
+    switch (problem.kind) {
+    case LoginProblem::Kind::None:
+        break;
+    case LoginProblem::Kind::EmptyPin:
+        m_ui->pin_edit->setFocus();
+        break;
+    case LoginProblem::Kind::EmptyPassword:
+    case LoginProblem::Kind::WrongPassword:
+        m_ui->password_edit->setFocus();
+        m_ui->password_edit->selectAll();
+        break;
+    default:
+        if (m_ui->password_edit->text().isEmpty()) {
+            FocusFirstEmpty();
+        } else {
+            m_ui->login_button->setFocus();
+        }
+        break;
+    }
+}
+
+void LoginDialog::reject()
+{
+    if (m_busy) {
+        Q_EMIT SigCancel();
+    } else {
+        QDialog::reject();
+    }
+}
+
+void LoginDialog::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        m_ui->retranslateUi(this);
+        UpdateTexts();
+    }
+    QDialog::changeEvent(event);
+}
+
+bool LoginDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_ui->password_edit && event->type() == QEvent::KeyPress) {
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        const QString text = key->text();
+        if (key->key() == Qt::Key_CapsLock) {
+            SetCapsLock(false); // shown again by the next letter, if it was switched on
+        } else if (text.size() == 1 && text.at(0).isLetter() &&
+                   text.at(0).toLower() != text.at(0).toUpper()) {
+            const bool shift = key->modifiers().testFlag(Qt::ShiftModifier);
+            SetCapsLock(text.at(0).isUpper() != shift);
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void LoginDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    FocusFirstEmpty();
+}
+
+void LoginDialog::SlotLogIn()
+{
+    const QString pin = m_ui->pin_edit->text().trimmed();
+    const QString password = m_ui->password_edit->text();
+    if (pin.isEmpty()) {
+        ShowProblem({LoginProblem::Kind::EmptyPin, QString(), QDateTime()});
+    } else if (password.isEmpty()) {
+        ShowProblem({LoginProblem::Kind::EmptyPassword, QString(), QDateTime()});
+    } else {
+        m_ui->show_password_button->setChecked(false);
+        Q_EMIT SigLogIn(pin, password, m_ui->stay_box->isChecked());
+    }
+}
+
+void LoginDialog::ShowPassword(bool shown)
+{
+    m_ui->password_edit->setEchoMode(shown ? QLineEdit::Normal : QLineEdit::Password);
+    UpdateTexts();
+}
+
+void LoginDialog::SetCapsLock(bool on)
+{
+    m_ui->caps_label->setVisible(on);
+}
+
+void LoginDialog::UpdateTexts()
+{
+    const bool shown = m_ui->show_password_button->isChecked();
+    m_ui->show_password_button->setText(shown ? tr("Hide") : tr("Show"));
+    m_ui->show_password_button->setToolTip(shown ? tr("Hide the password") : tr("Show the password"));
+    m_ui->login_button->setText(m_busy ? tr("Logging in…") : tr("Log in"));
+    m_ui->stay_box->setToolTip(m_noKeyStoreReason);
+    m_ui->login_message->setText(LoginTexts::Describe(m_problem));
+    m_ui->login_message->setToolTip(m_problem.detail);
+    m_ui->login_message->setVisible(m_problem.kind != LoginProblem::Kind::None);
+}
+
+void LoginDialog::FocusFirstEmpty()
+{
+    (m_ui->pin_edit->text().isEmpty() ? m_ui->pin_edit : m_ui->password_edit)->setFocus();
+}
