@@ -186,6 +186,12 @@ void HttpCall::TakeReply(const QNetworkReply& reply)
 {
     const QNetworkReply::NetworkError error = reply.error();
     const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status >= 300 && status < 400) {
+        m_response->SetNetworkError(
+            static_cast<int>(HttpError::Redirect),
+            tr("The gateway's address leads elsewhere (HTTP status %1), which is not followed.").arg(status));
+        return;
+    }
     if (error != QNetworkReply::NoError && !(status >= 400 && IsStatusError(error))) {
         TakeTransportError(error, reply.errorString());
         return;
@@ -199,18 +205,15 @@ void HttpCall::TakeReply(const QNetworkReply& reply)
         TakeErrorStatus(error, status);
         return;
     }
-    if (status >= 300) {
-        m_response->SetNetworkError(
-            static_cast<int>(HttpError::Redirect),
-            tr("The gateway's address leads elsewhere (HTTP status %1), which is not followed.").arg(status));
-        return;
-    }
     m_response->SetData(m_body);
 }
 
 void HttpCall::TakeTransportError(int error, const QString& text)
 {
-    m_response->SetNetworkError(error, DescribeTransportError(error, text));
+    // Closed, and Qt wanted to send the request again, which the body does not let it.
+    const int number =
+        error == QNetworkReply::ContentReSendError ? QNetworkReply::RemoteHostClosedError : error;
+    m_response->SetNetworkError(number, DescribeTransportError(number, text));
 }
 
 void HttpCall::TakeErrorStatus(int error, int status)
@@ -235,8 +238,7 @@ QString HttpCall::DescribeTransportError(int error, const QString& text)
     case QNetworkReply::HostNotFoundError:
         return tr("The gateway cannot be reached: its host name is unknown.");
     case QNetworkReply::RemoteHostClosedError:
-    case QNetworkReply::ContentReSendError: // closed before anything of the answer was there
-        return tr("The gateway closed the connection before its answer was complete.");
+        return tr("The gateway closed the connection without a complete answer.");
     case QNetworkReply::TimeoutError:
         return tr("The gateway cannot be reached: the connection timed out.");
     case QNetworkReply::SslHandshakeFailedError:
@@ -283,8 +285,7 @@ void HttpCall::DropReply()
 {
     if (QNetworkReply* const reply = std::exchange(m_reply, nullptr)) {
         reply->disconnect(this);
-        reply->abort();
-        reply->deleteLater();
+        reply->deleteLater(); // which hangs up; the reply may be just reporting
     }
     m_body = QByteArray();
 }

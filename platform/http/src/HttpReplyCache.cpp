@@ -69,15 +69,23 @@ HttpReplyCache::HttpReplyCache(const QString& folder) : m_folder(folder) {}
 
 bool HttpReplyCache::Save(const QString& key, const QByteArray& reply)
 {
+    const auto fail = [this](const QString& reason) {
+        qCWarning(logCache).noquote()
+            << "A reply could not be kept in" << QDir::toNativeSeparators(m_folder) << '-' << reason;
+        return false;
+    };
     const QByteArray utf8 = key.toUtf8();
     const QByteArray bytes = ToBytes({utf8, ChecksumOf(utf8, reply), reply});
+    if (bytes.size() > MaxFileSize) {
+        return fail(QStringLiteral("it is too large"));
+    }
+    if (!QDir().mkpath(m_folder)) {
+        return fail(QStringLiteral("the folder cannot be made"));
+    }
     QSaveFile file(FileOf(key));
-    if (bytes.size() > MaxFileSize || !QDir().mkpath(m_folder) || !file.open(QIODevice::WriteOnly) ||
-        !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) || file.write(bytes) != bytes.size() ||
-        !file.commit()) {
-        qCWarning(logCache).noquote() << "A reply could not be kept in" << QDir::toNativeSeparators(m_folder)
-                                      << ":" << file.errorString();
-        return false;
+    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
+        file.write(bytes) != bytes.size() || !file.commit()) {
+        return fail(file.errorString());
     }
     const QFileInfoList files = FilesOf(m_folder); // newest first
     for (int i = MaxReplies; i < files.size(); ++i) {
