@@ -1,0 +1,45 @@
+#include "frame-core/IModuleEventDispatch.h"
+#include "frame-core/ModuleEvent.h"
+
+#include "base/Provided.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class RecordingDispatch final : public IModuleEventDispatch
+{
+public:
+    void DispatchModuleEvent(const QString& sender, const ModuleEvent& event) override
+    {
+        events.append(sender + QLatin1Char('|') + event.GetName());
+    }
+
+    QStringList events;
+};
+
+const ModuleEvent event(QStringLiteral("module"), QStringLiteral("name"), {1, QStringLiteral("two")});
+
+TEST(ModuleEvent, CarriesWhatItWasMadeOf)
+{
+    EXPECT_EQ(event.GetSender(), QStringLiteral("module"));
+    EXPECT_EQ(event.GetName(), QStringLiteral("name"));
+    EXPECT_EQ(event.GetArguments(), QVariantList({1, QStringLiteral("two")}));
+}
+
+TEST(IModuleEventDispatch, EventsAreDroppedWhileNothingIsProvided)
+{
+    EXPECT_EQ(IModuleEventDispatch::Provided(), nullptr);
+    ASSERT_NE(IModuleEventDispatch::GetDispatch(), nullptr);
+    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), event);
+}
+
+TEST(IModuleEventDispatch, EventsReachTheProvidedOne)
+{
+    RecordingDispatch dispatch;
+    const Provided<IModuleEventDispatch> provided(&dispatch);
+    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), event);
+    EXPECT_EQ(dispatch.events, QStringList(QStringLiteral("module|name")));
+}
+
+} // namespace

@@ -1,0 +1,42 @@
+#pragma once
+
+#if !defined(__GXX_ABI_VERSION)
+#error "calls through vtables as the Itanium C++ ABI lays them out (GCC and Clang, but not for MSVC)"
+#endif
+
+/// Calls virtual operations by their place in the built vtable instead of by name, as a module does that
+/// was built elsewhere. Slots are counted as a contract counts them: from 0, the destructor being one.
+/// Nothing checks that `Result` and `Arguments` are those of the operation in that slot.
+template <class Interface>
+class VTableSlots final
+{
+public:
+    /// The object is not deleted here; `CallDeletingDestructor` does it.
+    explicit VTableSlots(Interface* object, int destructorSlot = 0)
+        : m_object(object), m_destructorSlot(destructorSlot)
+    {}
+
+    template <class Result = void, class... Arguments>
+    Result Call(int slot, Arguments... arguments) const
+    {
+        return CallPlace<Result, Arguments...>(PlaceOf(slot), static_cast<Arguments>(arguments)...);
+    }
+
+    /// Deletes the object through its vtable; nothing can be called afterwards.
+    void CallDeletingDestructor() const { CallPlace<void>(m_destructorSlot + 1); }
+
+private:
+    /// A virtual destructor takes two places: one that destroys, then one that deletes as well.
+    int PlaceOf(int slot) const { return slot > m_destructorSlot ? slot + 1 : slot; }
+
+    template <class Result, class... Arguments>
+    Result CallPlace(int place, Arguments... arguments) const
+    {
+        using Operation = Result (*)(Interface*, Arguments...);
+        void* const* table = *reinterpret_cast<void* const* const*>(m_object);
+        return reinterpret_cast<Operation>(table[place])(m_object, static_cast<Arguments>(arguments)...);
+    }
+
+    Interface* m_object;
+    int m_destructorSlot;
+};
