@@ -1,22 +1,19 @@
 #include "records/ConfigurationJson.h"
 
-#include "envelope/Refused.h"
-
 #include <boost/json/array.hpp>
 
+#include <algorithm>
 #include <limits>
 
 namespace TLGateway {
 
 namespace {
 
+// A number that no int holds becomes the nearest one, which the limits refuse later, in their turn.
 int ReadType(const JsonObjectReader& reader)
 {
-    const std::int64_t type = reader.Integer("type");
-    if (type < std::numeric_limits<int>::min() || type > std::numeric_limits<int>::max()) {
-        throw Refused(ErrorCode::LimitExceeded, reader.Path() + ".type: not within the limit of 0 to 99");
-    }
-    return static_cast<int>(type);
+    return static_cast<int>(std::clamp<std::int64_t>(reader.Integer("type"), std::numeric_limits<int>::min(),
+                                                     std::numeric_limits<int>::max()));
 }
 
 AutoRunEntry ReadWholeEntry(const JsonObjectReader& reader)

@@ -14,7 +14,7 @@ enum class ConfigurationSource
     Operator, // all seven members, like every other entry
 };
 
-// Reads the three lists. Throws Refused: 1009 for a wrong shape, 1010 for a type that no int can hold. The
+// Reads the three lists. Throws Refused (1009) for a wrong shape. The
 // limits of the entries are not looked at here (see ConfigurationLimits.h).
 [[nodiscard]] AutoRunConfiguration ReadConfiguration(const JsonObjectReader& lists,
                                                      ConfigurationSource source);
