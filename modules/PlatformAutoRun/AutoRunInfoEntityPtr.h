@@ -4,6 +4,6 @@
 
 #include <QtCore/QSharedPointer>
 
-/// How entries are held. Made with `AutoRunInfoEntityPtr::create()` (or from `new`, which the pointer
-/// tracks as well), so that a weak pointer to the entry can be had from the plain QObject too.
+/// How entries are held. Made with `AutoRunInfoEntityPtr::create()` or from `new`: both tell the QObject of
+/// its shared owner, so that a `QPointer` made from the plain object follows the last owner's end.
 using AutoRunInfoEntityPtr = QSharedPointer<AutoRunInfoEntity>;

@@ -1,0 +1,42 @@
+#include "AutoRunTest.h"
+
+#include "PlatformAutoRun.h"
+#include "TLAutoRunLogic.h"
+#include "TLRecoverManager.h"
+#include "TLRestartManager.h"
+
+#include "core/TLGlobalData.h"
+
+AutoRunTest::AutoRunTest()
+{
+    TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QStringLiteral("merchant"));
+    TLGlobalData::Instance()->SetUUID(QStringLiteral("device-1"));
+}
+
+AutoRunTest::~AutoRunTest()
+{
+    PlatformAutoRun::ReleaseInstance();
+    TLAutoRunLogic::ReleaseInstance();
+    TLRecoverManager::ReleaseInstance();
+    TLRestartManager::ReleaseInstance();
+    TLGlobalData::Instance()->ClearUser();
+}
+
+void AutoRunTest::ReadConfiguration(const QByteArray& systemItems, const QByteArray& customItems,
+                                    const QByteArray& pluginItems)
+{
+    TLAutoRunLogic::Instance()->RequestAutoRun(QString());
+    AnswerConfiguration(systemItems, customItems, pluginItems);
+}
+
+void AutoRunTest::AnswerConfiguration(const QByteArray& systemItems, const QByteArray& customItems,
+                                      const QByteArray& pluginItems)
+{
+    http.Answer(LastCall(), R"({"systemItems":[)" + systemItems + R"(],"customItems":[)" + customItems +
+                                R"(],"pluginItems":[)" + pluginItems + "]}");
+}
+
+int AutoRunTest::LastCall() const
+{
+    return http.GetCallCount() - 1;
+}

@@ -1,0 +1,89 @@
+#include "PlatformAutoRunModule.h"
+
+#include "PlatformAutoRunLifeCycle.h"
+
+#include <QtCore/QPointer>
+
+#include <gtest/gtest.h>
+
+TEST(PlatformAutoRunModuleTest, DeclaresNoSignalSlotOrProperty)
+{
+    const QMetaObject& metaObject = PlatformAutoRunModule::staticMetaObject;
+    EXPECT_STREQ(metaObject.className(), "PlatformAutoRunModule");
+    EXPECT_EQ(metaObject.superClass(), &QObject::staticMetaObject);
+    EXPECT_EQ(metaObject.methodCount(), metaObject.methodOffset());
+    EXPECT_EQ(metaObject.propertyCount(), metaObject.propertyOffset());
+}
+
+TEST(PlatformAutoRunModuleTest, AccessorsAreNullBeforeInit)
+{
+    PlatformAutoRunModule module;
+    EXPECT_EQ(module.GetLifeCycle(), nullptr);
+    EXPECT_EQ(module.GetRouteInterceptor(), nullptr);
+    EXPECT_EQ(module.GetSysSettingFactory(), nullptr);
+}
+
+TEST(PlatformAutoRunModuleTest, UninitWithoutInitDoesNothing)
+{
+    PlatformAutoRunModule module;
+    module.UninitModule();
+    EXPECT_EQ(module.GetLifeCycle(), nullptr);
+}
+
+TEST(PlatformAutoRunModuleTest, InitMakesTheLifeCycleHooksWithoutAParent)
+{
+    PlatformAutoRunModule module;
+    module.InitModule();
+    auto* lifeCycle = dynamic_cast<PlatformAutoRunLifeCycle*>(module.GetLifeCycle());
+    ASSERT_NE(lifeCycle, nullptr);
+    EXPECT_EQ(lifeCycle->parent(), nullptr);
+    EXPECT_EQ(module.GetLifeCycle(), lifeCycle) << "the same object each time";
+    module.UninitModule();
+}
+
+TEST(PlatformAutoRunModuleTest, UninitDeletesTheHooksAndASecondUninitDoesNothing)
+{
+    PlatformAutoRunModule module;
+    module.InitModule();
+    const QPointer<QObject> lifeCycle = dynamic_cast<PlatformAutoRunLifeCycle*>(module.GetLifeCycle());
+    ASSERT_FALSE(lifeCycle.isNull());
+    module.UninitModule();
+    EXPECT_TRUE(lifeCycle.isNull());
+    EXPECT_EQ(module.GetLifeCycle(), nullptr);
+    module.UninitModule();
+    EXPECT_EQ(module.GetLifeCycle(), nullptr);
+}
+
+TEST(PlatformAutoRunModuleTest, FacilitiesThatAreNotOfferedAreNull)
+{
+    PlatformAutoRunModule module;
+    module.InitModule();
+    EXPECT_EQ(module.GetReserved5(), nullptr);
+    EXPECT_EQ(module.GetReserved6(), nullptr);
+    EXPECT_EQ(module.GetReserved7(), nullptr);
+    EXPECT_EQ(module.GetReserved9(), nullptr);
+    module.UninitModule();
+}
+
+TEST(PlatformAutoRunModuleTest, DestructorLeavesTheHooksToUninit)
+{
+    ILifeCycle* lifeCycle = nullptr;
+    QPointer<QObject> watched;
+    {
+        PlatformAutoRunModule module;
+        module.InitModule();
+        lifeCycle = module.GetLifeCycle();
+        watched = dynamic_cast<PlatformAutoRunLifeCycle*>(lifeCycle);
+        ASSERT_FALSE(watched.isNull());
+    }
+    EXPECT_FALSE(watched.isNull());
+    delete lifeCycle;
+}
+
+TEST(PlatformAutoRunModuleTest, CastsToTheInterfaceAlsoByItsId)
+{
+    PlatformAutoRunModule module;
+    QObject* object = &module;
+    EXPECT_EQ(qobject_cast<IBusinessModule*>(object), &module);
+    EXPECT_NE(object->qt_metacast("com.kelvorant.localhost.IBusinessModule/8.7.0.0"), nullptr);
+}
