@@ -15,7 +15,8 @@
 
 namespace {
 
-constexpr int busyTimeout = 5000; // [ms]
+constexpr int busyTimeout = 5000;     // [ms]
+constexpr int smallestDatabase = 512; // [bytes]
 
 QString NewConnectionName()
 {
@@ -29,6 +30,13 @@ bool IsInTheWay(const QString& path)
 {
     const QFileInfo info(path);
     return info.exists() && (!info.isFile() || !info.isReadable());
+}
+
+// Whether the file is shorter than any database. SQLite would take it for an empty one and overwrite it.
+bool IsTooShort(const QString& path)
+{
+    const qint64 size = QFileInfo(path).size();
+    return size > 0 && size < smallestDatabase;
 }
 
 } // namespace
@@ -59,7 +67,9 @@ SettingFileReport SettingFile::Open()
             m_owed = m_values;
             report.setAsideReason +=
                 QLatin1Char(' ') +
-                tr("%n setting(s) could be read from it and were kept.", nullptr, m_values.size());
+                (m_values.isEmpty()
+                     ? tr("Nothing could be read from it.")
+                     : tr("%n setting(s) could be read from it and were kept.", nullptr, m_values.size()));
             problem = OpenConnection(nullptr);
         }
     }
@@ -156,6 +166,8 @@ QString SettingFile::Sentence(const Problem& problem)
 
 SettingFile::Problem SettingFile::OpenConnection(SettingValues* loaded)
 {
+    if (IsTooShort(m_path))
+        return {Fault::Damaged, tr("it is too short")};
     m_connection = NewConnectionName();
     Problem problem;
     bool opened = false;
@@ -168,6 +180,10 @@ SettingFile::Problem SettingFile::OpenConnection(SettingValues* loaded)
             problem = {IsInTheWay(m_path) ? Fault::Damaged : Fault::Other,
                        database.lastError().databaseText()};
     }
+    // The settings tell what a person has open: nobody else's business. The files beside a database get
+    // its permissions.
+    if (opened && QFileInfo(m_path).size() == 0)
+        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
     if (opened)
         problem = Prepare(loaded);
     if (problem.fault != Fault::None)
@@ -183,8 +199,10 @@ SettingFile::Problem SettingFile::Prepare(SettingValues* loaded)
     query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("PRAGMA integrity_check(1)")) || !query.next())
         return ProblemOf(query.lastError());
-    if (query.value(0).toString() != QLatin1String("ok"))
-        return {Fault::Damaged, query.value(0).toString()};
+    const QString verdict = query.value(0).toString();
+    if (verdict != QLatin1String("ok"))
+        return {Fault::Damaged,
+                verdict.section(QLatin1Char('\n'), -1)}; // below a line that names the database
     query.finish();
 
     // A file that cannot be written can still be read; the first write will say so.
@@ -220,8 +238,6 @@ SettingFile::Problem SettingFile::Prepare(SettingValues* loaded)
 
 SettingFile::Problem SettingFile::CreateTable()
 {
-    // The settings tell what a person has open: nobody else's business.
-    QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
     QSqlQuery query(QSqlDatabase::database(m_connection));
     for (const QString& statement : SettingTable::CreateStatements()) {
         if (!query.exec(statement)) {

@@ -3,6 +3,7 @@
 #include "SettingTable.h"
 
 #include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlQuery>
 
 namespace {
 
@@ -22,8 +23,7 @@ SettingValues ReadAround(const QSqlDatabase& database)
         SettingTable::ReadAll(database, SettingTable::Direction::Backward, &values);
     const qint64 farthest = forward.lastRowId + maximumProbes;
     const qint64 end = backward.lastRowId > 0 ? qMin(backward.lastRowId, farthest) : farthest;
-    for (qint64 rowId = forward.lastRowId + 1; rowId < end; ++rowId)
-        SettingTable::ReadOne(database, rowId, &values);
+    SettingTable::ReadEach(database, forward.lastRowId + 1, end, &values);
     return values;
 }
 
@@ -37,8 +37,11 @@ SettingValues SettingSalvage::Read(const QString& damagedFile)
         QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
         database.setDatabaseName(damagedFile);
         database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-        if (database.open())
+        if (database.open()) {
+            // Makes SQLite read a file that has lost its end. Nothing is written through this connection.
+            QSqlQuery(QStringLiteral("PRAGMA writable_schema=ON"), database);
             values = ReadAround(database);
+        }
     }
     QSqlDatabase::removeDatabase(connection);
     return values;

@@ -90,17 +90,20 @@ SettingTable::ReadResult SettingTable::ReadAll(const QSqlDatabase& database, Dir
     return result;
 }
 
-bool SettingTable::ReadOne(const QSqlDatabase& database, qint64 rowId, SettingValues* values)
+void SettingTable::ReadEach(const QSqlDatabase& database, qint64 firstRowId, qint64 lastRowId,
+                            SettingValues* values)
 {
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    query.prepare(
-        QStringLiteral("SELECT rowid, scope, user, section, field, value FROM setting WHERE rowid = ?"));
-    query.addBindValue(rowId);
-    if (!query.exec() || !query.next())
-        return false;
-    AddRow(query, values);
-    return true;
+    if (!query.prepare(
+            QStringLiteral("SELECT rowid, scope, user, section, field, value FROM setting WHERE rowid = ?")))
+        return;
+    for (qint64 rowId = firstRowId; rowId <= lastRowId; ++rowId) {
+        query.bindValue(0, rowId);
+        if (query.exec() && query.next())
+            AddRow(query, values);
+        query.finish();
+    }
 }
 
 QString SettingTable::WriteStatement()

@@ -38,8 +38,8 @@ QSqlError Recognise(const QSqlDatabase& database, Kind* kind);
 
 /// Reads rows in the order of their ids into `values`, until the end or the first error.
 ReadResult ReadAll(const QSqlDatabase& database, Direction direction, SettingValues* values);
-/// Reads one row; false when there is none or it cannot be read.
-bool ReadOne(const QSqlDatabase& database, qint64 rowId, SettingValues* values);
+/// Reads the rows from one id to another, each by itself, leaving out those that cannot be read.
+void ReadEach(const QSqlDatabase& database, qint64 firstRowId, qint64 lastRowId, SettingValues* values);
 
 /// Inserts a row or replaces its value; the parameters come from `BindRow`.
 QString WriteStatement();

@@ -12,7 +12,8 @@ struct SettingFileReport;
 
 /// Settings of the client: texts by section and field, kept per signed-in user (`TLGlobalData::GetPin()`
 /// at the moment of the call; while nobody is signed in, under the empty pin), or for all users of the
-/// profile. One SQLite file per client profile, written by one thread of its own.
+/// profile. One SQLite file per client profile, written by one thread of its own. A byte order mark at the
+/// beginning of a text does not reach the file.
 /// All operations are called on the GUI thread.
 class TL_SETTINGS_STORE_EXPORT VXSettingManager final : public QObject
 {

@@ -1,0 +1,165 @@
+#include "FileSizeLimit.h"
+#include "RawDatabase.h"
+#include "VXSettingManagerFixture.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFileInfo>
+#include <QtTest/QTest>
+
+namespace {
+
+class VXSettingManagerFailureTest : public VXSettingManagerFixture
+{
+protected:
+    bool WaitForFailures(int count)
+    {
+        return QTest::qWaitFor([this, count] { return m_failed.count() >= count; }, 20000);
+    }
+
+    int CountRows() const
+    {
+        return RawDatabase(m_file).Run(QStringLiteral("SELECT count(*) FROM setting")).toInt();
+    }
+};
+
+// A disk that takes no more.
+class VXSettingManagerDiskTest : public VXSettingManagerFailureTest
+{
+protected:
+    void SetUp() override
+    {
+        if (!FileSizeLimit::IsSupported())
+            GTEST_SKIP() << "this system cannot limit the size of files";
+    }
+};
+
+TEST_F(VXSettingManagerFailureTest, WithoutAnyPlaceForTheFileValuesStayInMemory)
+{
+    WriteFile(PathOf("file"), QByteArrayLiteral("in the way"));
+    EXPECT_FALSE(m_store.Open(PathOf("file/settings.db")));
+    EXPECT_EQ(m_failed.count(), 1);
+    EXPECT_FALSE(m_failed.first().at(0).toString().isEmpty());
+    EXPECT_EQ(m_setAside.count(), 0);
+
+    m_store.SetUserValue(Section(), Field(1), Value(1, 5));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), Value(1, 5));
+    EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(2), Value(2, 5)));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(2)), Value(2, 5));
+    EXPECT_FALSE(m_store.Flush());
+    EXPECT_EQ(m_failed.count(), 1) << "told once";
+
+    // A later opening elsewhere takes them along.
+    EXPECT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.Flush());
+    EXPECT_EQ(CountRows(), 2);
+}
+
+TEST_F(VXSettingManagerFailureTest, LockedFileFailsOnceAndTheNextWriteBringsEverything)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    RawDatabase other(m_file);
+    other.Run(QStringLiteral("BEGIN EXCLUSIVE"));
+
+    QElapsedTimer timer;
+    timer.start();
+    m_store.SetUserValue(Section(), Field(1), Value(1, 5));
+    EXPECT_LT(timer.elapsed(), 2000) << "setting does not wait for the lock";
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), Value(1, 5));
+    EXPECT_FALSE(m_store.Flush());
+    EXPECT_TRUE(WaitForFailures(1));
+    EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(2), Value(2, 5)));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(2)), Value(2, 5));
+
+    other.Run(QStringLiteral("ROLLBACK"));
+    EXPECT_TRUE(m_store.SetUserValueSync(Section(), Field(3), Value(3, 5)));
+    EXPECT_EQ(CountRows(), 3);
+    EXPECT_EQ(m_failed.count(), 1) << "one cause";
+    EXPECT_EQ(m_setAside.count(), 0);
+}
+
+TEST_F(VXSettingManagerFailureTest, FileThatAnotherProgramKeepsToItselfIsNotTakenForDamaged)
+{
+    MakeStore(3, 10);
+    {
+        RawDatabase other(m_file);
+        other.Run(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
+        other.Run(QStringLiteral("BEGIN EXCLUSIVE"));
+        EXPECT_FALSE(m_store.Open(m_file));
+        EXPECT_EQ(m_failed.count(), 1);
+        EXPECT_EQ(m_setAside.count(), 0);
+        other.Run(QStringLiteral("ROLLBACK"));
+    }
+    m_store.Close();
+    EXPECT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(CountValues(3, 10), 3);
+}
+
+TEST_F(VXSettingManagerDiskTest, WhatDoesNotFitOnTheDiskIsWrittenOnceItFits)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    ASSERT_TRUE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 100)));
+    const QString big = Value(2, 1024 * 1024);
+    {
+        const FileSizeLimit limit(256 * 1024);
+        EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(2), big));
+        EXPECT_TRUE(WaitForFailures(1));
+        EXPECT_FALSE(m_store.Flush());
+        EXPECT_EQ(m_store.GetUserValue(Section(), Field(2)), big);
+    }
+    EXPECT_TRUE(m_store.Flush());
+    EXPECT_EQ(m_failed.count(), 1);
+    EXPECT_EQ(m_setAside.count(), 0);
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), Value(1, 100));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(2)), big);
+}
+
+TEST_F(VXSettingManagerDiskTest, SameCauseIsToldAgainAfterAWriteThatSucceeded)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    for (int i = 1; i <= 2; ++i) {
+        {
+            const FileSizeLimit limit(4096);
+            EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(i), Value(i, 100000)));
+        }
+        EXPECT_TRUE(m_store.Flush());
+        EXPECT_TRUE(WaitForFailures(i));
+    }
+    EXPECT_EQ(m_failed.count(), 2);
+}
+
+TEST_F(VXSettingManagerDiskTest, UnchangedValueIsEnoughForANewTry)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    {
+        const FileSizeLimit limit(4096);
+        EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 100000)));
+    }
+    EXPECT_TRUE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 100000)));
+    EXPECT_EQ(CountRows(), 1);
+}
+
+TEST_F(VXSettingManagerDiskTest, NewValueIsNotUndoneByTheOldOneThatWaits)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    {
+        const FileSizeLimit limit(4096);
+        EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 100000)));
+    }
+    EXPECT_TRUE(m_store.SetUserValueSync(Section(), Field(1), QStringLiteral("new")));
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), QStringLiteral("new"));
+}
+
+TEST_F(VXSettingManagerDiskTest, FailureOfTheLastWriteIsToldByTheTimeTheStoreIsClosed)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    const FileSizeLimit limit(4096);
+    m_store.SetUserValue(Section(), Field(1), Value(1, 100000));
+    m_store.Close();
+    EXPECT_EQ(m_failed.count(), 1);
+}
+
+} // namespace

@@ -1,0 +1,281 @@
+#include "RawDatabase.h"
+#include "VXSettingManagerFixture.h"
+
+#include "core/TLGlobalData.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtTest/QTest>
+
+namespace {
+
+const QString section = QStringLiteral("USER_SETTING_RECOVER_SECTION");
+const QString field = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
+const QString value = QStringLiteral("value");
+
+class VXSettingManagerTest : public VXSettingManagerFixture
+{
+protected:
+    static void SignIn(const char* pin)
+    {
+        TLGlobalData::Instance()->SetUser(QString::fromUtf8(pin), QString());
+    }
+
+    QVariant StoredValue() const
+    {
+        return RawDatabase(m_file).Run(QStringLiteral("SELECT value FROM setting"));
+    }
+};
+
+TEST_F(VXSettingManagerTest, ValueThatWasNeverSetIsEmpty)
+{
+    EXPECT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+    EXPECT_TRUE(m_store.GetGlobalValue(section, field).isEmpty());
+    EXPECT_EQ(m_setAside.count(), 0);
+    EXPECT_EQ(m_failed.count(), 0);
+}
+
+TEST_F(VXSettingManagerTest, MissingFoldersAreMade)
+{
+    const QString deep = PathOf("a/b/settings.db");
+    EXPECT_TRUE(m_store.Open(deep));
+    EXPECT_TRUE(m_store.SetGlobalValueSync(section, field, value));
+    EXPECT_TRUE(QFileInfo(deep).isFile());
+}
+
+TEST_F(VXSettingManagerTest, ValueIsVisibleAtOnceAndAfterReopening)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetUserValue(section, field, value);
+    EXPECT_EQ(m_store.GetUserValue(section, field), value);
+    m_store.Close();
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(section, field), value);
+}
+
+TEST_F(VXSettingManagerTest, EmptyTextIsStoredAsAValue)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, QString()));
+    EXPECT_EQ(StoredValue(), QVariant(QString(QLatin1String(""))));
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, value));
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, QString()));
+    EXPECT_EQ(RawDatabase(m_file).Run(QStringLiteral("SELECT count(*) FROM setting")).toInt(), 1);
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+}
+
+TEST_F(VXSettingManagerTest, SectionAndFieldAreTwoNames)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetGlobalValue(QStringLiteral("ab"), QStringLiteral("c"), QStringLiteral("1"));
+    m_store.SetGlobalValue(QStringLiteral("a"), QStringLiteral("bc"), QStringLiteral("2"));
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetGlobalValue(QStringLiteral("ab"), QStringLiteral("c")), QStringLiteral("1"));
+    EXPECT_EQ(m_store.GetGlobalValue(QStringLiteral("a"), QStringLiteral("bc")), QStringLiteral("2"));
+}
+
+TEST_F(VXSettingManagerTest, EachUserHasValuesOfTheirOwn)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    SignIn("anna");
+    m_store.SetUserValue(section, field, QStringLiteral("of anna"));
+    SignIn("bert");
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+    m_store.SetUserValue(section, field, QStringLiteral("of bert"));
+    TLGlobalData::Instance()->ClearUser();
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+    m_store.Close();
+
+    ASSERT_TRUE(m_store.Open(m_file));
+    SignIn("anna");
+    EXPECT_EQ(m_store.GetUserValue(section, field), QStringLiteral("of anna"));
+    SignIn("bert");
+    EXPECT_EQ(m_store.GetUserValue(section, field), QStringLiteral("of bert"));
+}
+
+TEST_F(VXSettingManagerTest, UserAtTheMomentOfTheCallCountsNotTheOneAtTheWrite)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    SignIn("anna");
+    m_store.SetUserValue(section, field, value);
+    SignIn("bert");
+    ASSERT_TRUE(m_store.Flush());
+    EXPECT_EQ(RawDatabase(m_file).Run(QStringLiteral("SELECT user FROM setting")).toString(),
+              QStringLiteral("anna"));
+}
+
+TEST_F(VXSettingManagerTest, ValueOfNoUserIsNotThatOfTheEmptyPin)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetGlobalValue(section, field, QStringLiteral("global"));
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+    m_store.SetUserValue(section, field, QStringLiteral("of nobody"));
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetGlobalValue(section, field), QStringLiteral("global"));
+    EXPECT_EQ(m_store.GetUserValue(section, field), QStringLiteral("of nobody"));
+    SignIn("anna");
+    EXPECT_EQ(m_store.GetGlobalValue(section, field), QStringLiteral("global"));
+}
+
+TEST_F(VXSettingManagerTest, SyncReturnsWhenAnotherProgramCanReadTheValue)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, value));
+    EXPECT_EQ(StoredValue().toString(), value);
+}
+
+TEST_F(VXSettingManagerTest, SyncOfAValueThatStillWaitsWritesIt)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetUserValue(section, field, value);
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, value));
+    EXPECT_EQ(StoredValue().toString(), value);
+}
+
+TEST_F(VXSettingManagerTest, ValueIsWrittenWithoutAnyFlush)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    RawDatabase reader(m_file);
+    m_store.SetUserValue(section, field, value);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&reader] { return reader.Run(QStringLiteral("SELECT count(*) FROM setting")).toInt() == 1; },
+        10000));
+}
+
+TEST_F(VXSettingManagerTest, ThousandValuesOfOneKeyCostFewWritesAndTheLastCounts)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    ASSERT_TRUE(m_store.SetUserValueSync(section, field, value));
+    const qint64 logBefore = QFileInfo(m_file + QStringLiteral("-wal")).size();
+    for (int i = 1; i <= 1000; ++i) {
+        m_store.SetUserValue(section, field, QString::number(i));
+        EXPECT_EQ(m_store.GetUserValue(section, field), QString::number(i));
+    }
+    ASSERT_TRUE(m_store.Flush());
+    EXPECT_EQ(StoredValue().toString(), QStringLiteral("1000"));
+    const qint64 pagesWritten = (QFileInfo(m_file + QStringLiteral("-wal")).size() - logBefore) / 4096;
+    EXPECT_GE(pagesWritten, 1);
+    EXPECT_LE(pagesWritten, 100) << "one page for each write of a value";
+}
+
+TEST_F(VXSettingManagerTest, UnchangedValueIsNotWrittenAgain)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    ASSERT_TRUE(m_store.SetUserValueSync(section, field, value));
+    RawDatabase reader(m_file);
+    const QVariant before = reader.Run(QStringLiteral("PRAGMA data_version"));
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, value));
+    EXPECT_EQ(reader.Run(QStringLiteral("PRAGMA data_version")), before);
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, QStringLiteral("other")));
+    EXPECT_NE(reader.Run(QStringLiteral("PRAGMA data_version")), before);
+}
+
+TEST_F(VXSettingManagerTest, ClosingWritesWhatWaits)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetUserValue(section, field, value);
+    m_store.Close();
+    EXPECT_EQ(StoredValue().toString(), value);
+    EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
+}
+
+TEST_F(VXSettingManagerTest, ClosingTwiceAndReopeningAnOpenStoreAreHarmless)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetUserValue(section, field, value);
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(section, field), value);
+    m_store.Close();
+    m_store.Close();
+    EXPECT_EQ(StoredValue().toString(), value);
+}
+
+TEST_F(VXSettingManagerTest, AnotherFileHasNoneOfTheValues)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetUserValue(section, field, value);
+    ASSERT_TRUE(m_store.Open(PathOf("other.db")));
+    EXPECT_TRUE(m_store.GetUserValue(section, field).isEmpty());
+}
+
+TEST_F(VXSettingManagerTest, ValueSetBeforeOpeningIsWrittenIntoTheFile)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetUserValue(section, field, QStringLiteral("old"));
+    m_store.Close();
+
+    m_store.SetUserValue(section, field, value);
+    EXPECT_EQ(m_store.GetUserValue(section, field), value);
+    EXPECT_FALSE(m_store.Flush());
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(section, field), value);
+    EXPECT_TRUE(m_store.Flush());
+    EXPECT_EQ(StoredValue().toString(), value);
+}
+
+TEST_F(VXSettingManagerTest, TenMegabytesSurvive)
+{
+    const QString big(5 * 1024 * 1024, QChar(0x4e2d));
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.SetUserValueSync(section, field, big));
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(section, field), big);
+}
+
+TEST_F(VXSettingManagerTest, AwkwardTextsSurviveAsNameAndAsValue)
+{
+    const QStringList texts{QStringLiteral("'; DROP TABLE setting; --"), QStringLiteral("a\nb\t\"c\""),
+                            QString(QLatin1String("nul")) + QChar(0) + QLatin1String("inside"),
+                            QString::fromUtf8("\xf0\x9f\x98\x80 中"),
+
+                            QString()};
+    ASSERT_TRUE(m_store.Open(m_file));
+    for (const QString& text : texts)
+        m_store.SetGlobalValue(text, text, text + QLatin1Char('!'));
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    for (const QString& text : texts)
+        EXPECT_EQ(m_store.GetGlobalValue(text, text), text + QLatin1Char('!')) << text.toStdString();
+}
+
+TEST_F(VXSettingManagerTest, ManyKeysAreWrittenTogether)
+{
+    MakeStore(2000, 20);
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(CountValues(2000, 20), 2000);
+}
+
+TEST_F(VXSettingManagerTest, ValuesInTheLogOfAKilledProcessAreFound)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    ASSERT_TRUE(m_store.SetUserValueSync(section, field, value));
+    // What a kill leaves: the database and its log, as they are now.
+    const QString left = PathOf("left.db");
+    ASSERT_TRUE(QFile::copy(m_file, left));
+    ASSERT_TRUE(QFile::copy(m_file + QStringLiteral("-wal"), left + QStringLiteral("-wal")));
+    ASSERT_TRUE(m_store.Open(left));
+    EXPECT_EQ(m_store.GetUserValue(section, field), value);
+    EXPECT_EQ(m_setAside.count(), 0);
+}
+
+TEST_F(VXSettingManagerTest, FileIsReadableByItsOwnerOnly)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    ASSERT_TRUE(m_store.SetUserValueSync(section, field, value));
+#ifdef Q_OS_UNIX
+    const QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_FALSE(QFile::permissions(m_file) & others);
+    EXPECT_FALSE(QFile::permissions(m_file + QStringLiteral("-wal")) & others);
+#endif
+    EXPECT_TRUE(QFileInfo(m_file).isReadable());
+}
+
+} // namespace
