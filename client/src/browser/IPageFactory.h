@@ -23,6 +23,8 @@ public:
 Q_SIGNALS:
     /// A page wants to save a file. A download that nobody accepts during the signal is cancelled.
     void SigDownloadRequested(IDownload* download);
+    /// A page that was allowed to shows a notification. Texts are plain text.
+    void SigNotification(const QUrl& origin, const QString& title, const QString& text);
 
 protected:
     explicit IPageFactory(QObject* parent = nullptr) : QObject(parent) {}

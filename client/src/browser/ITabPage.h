@@ -64,6 +64,8 @@ Q_SIGNALS:
     /// into a download; only a page that could not be loaded is announced by `SigFailed` in addition.
     void SigLoadFinished(bool ok);
     void SigFailed(const PageFailure& failure);
+    /// After a `SigFailed`: the next load has brought something to see.
+    void SigContentArrived();
     /// The process that draws the page is gone; `Reload` starts another.
     void SigRendererDied();
     /// Whether back and forward are possible may have changed.

@@ -12,7 +12,6 @@
 #include <functional>
 #include <memory>
 
-class BrowserTab;
 class MainWindowPrivate;
 class NoticeBar;
 class QAction;
@@ -87,12 +86,10 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     friend class MainWindowPrivate;
-    const std::unique_ptr<MainWindowPrivate> d;
+    std::unique_ptr<MainWindowPrivate> d; // null while the window is being made
 };

@@ -29,6 +29,8 @@ public:
     /// may be empty.
     void Show(const QString& id, NoticeKind kind, const QString& text, const QVector<NoticeAction>& actions,
               const std::function<void()>& dismissed = {});
+    /// Another text on a shown bar, which keeps its buttons.
+    void SetText(const QString& id, const QString& text);
     /// Puts a progress line on a shown bar; `percent` from 0 to 100, below 0 takes the line away.
     void SetProgress(const QString& id, int percent);
     /// Takes the bar away; nothing happens when there is none.

@@ -1,0 +1,146 @@
+#pragma once
+
+#include "browser/ITabPage.h"
+#include "browser/PageFailure.h"
+#include "browser/Security.h"
+#include "browser/TabOrigin.h"
+
+#include "frame-core/IBrowserTab.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QSharedPointer>
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+#include <QtGui/QIcon>
+
+#include <memory>
+
+class FindBar;
+class IPageFactory;
+class MessagePage;
+class NoticeBar;
+class QStackedWidget;
+
+/// One tab: what it shows of itself in the strip, and the content below, which is a page, a message or a
+/// widget of the client's own. A delayed tab has no content until `Wake`. GUI thread.
+class BrowserTab final : public QObject, public IBrowserTab
+{
+    Q_OBJECT
+
+public:
+    /// `pages` outlives the tab.
+    BrowserTab(const TabOrigin& origin, IPageFactory* pages, QObject* parent = nullptr);
+    ~BrowserTab() override;
+
+    QSharedPointer<TabData> GetTabData() const override;
+    QString GetRouterUrl() const override;
+
+    /// The tab as it stands, to be made again.
+    TabOrigin GetOrigin() const;
+    int GetType() const;
+    QString GetServiceCode() const;
+    bool IsClosable() const noexcept;
+    QString GetTitle() const;
+    QIcon GetIcon() const;
+    /// The address of the page shown or being loaded; empty for a tab without page.
+    QUrl GetAddress() const;
+    Security GetSecurity() const;
+    /// Whether an address typed by the user may be loaded here.
+    bool TakesAddresses() const;
+    /// Whether the tab still waits for its first selection.
+    bool IsDelayed() const noexcept;
+    bool IsStartPage() const;
+    bool HasPage() const noexcept;
+    bool IsLoading() const;
+    int GetProgress() const noexcept;
+    bool CanGoBack() const;
+    bool CanGoForward() const;
+    double GetZoom() const;
+
+    /// Makes the content, as a child of `parent`, and starts to load; the widget of a delayed tab is made
+    /// by `Wake`. `content` is shown instead of a page when it is given; it is taken over.
+    void Begin(QWidget* parent, QWidget* content = nullptr);
+    /// The same with a page that exists and loads already.
+    void Begin(QWidget* parent, std::unique_ptr<ITabPage> page);
+    /// The tab is selected: a delayed one begins now.
+    void Wake(QWidget* parent);
+    /// Null until the content was made; owned by the tab.
+    QWidget* GetWidget() const noexcept;
+    /// Gives the keyboard to the content.
+    void FocusContent();
+
+    /// Another app list or another state of it: a tab whose app was unknown may get its app.
+    void SetApp(const TabOrigin& origin, QWidget* parent);
+
+    void Load(const QUrl& url);
+    void Reload();
+    void Stop();
+    void Back();
+    void Forward();
+    void OpenFind();
+    bool IsFindOpen() const;
+    void CloseFind();
+    void SetZoom(double factor);
+    void LeaveFullScreen();
+
+    void SetIcon(const QIcon& icon);
+    void Retranslate();
+
+Q_SIGNALS:
+    /// Address, title or icon.
+    void SigChanged();
+    /// Loading, progress, history or security.
+    void SigStateChanged();
+    void SigLoaded(const QUrl& url, bool ok);
+    void SigNewTabRequested(const std::shared_ptr<std::unique_ptr<ITabPage>>& page,
+                            ITabPage::NewTabKind kind);
+    void SigCloseRequested();
+    void SigFullScreenRequested(bool on);
+    void SigLinkHovered(const QString& address);
+
+private:
+    enum class Message
+    {
+        None,
+        Trouble,
+        StartPage,
+        NativeApp,
+        Failure,
+        RendererDied
+    };
+
+    void MakeContainer(QWidget* parent);
+    void MakePage();
+    void TakePage(std::unique_ptr<ITabPage> page);
+    void ShowMessage(Message message);
+    void HideMessage();
+    void FillMessage();
+    void FillFailure();
+    void ClickMessage();
+    void UpdateData();
+    void AskPermission(const PermissionRequest& request);
+    void AskExternal(const QUrl& url);
+
+    TabOrigin m_origin;
+    IPageFactory* m_pages;
+    QSharedPointer<TabData> m_data;
+    QUrl m_address;
+    QString m_pageTitle;
+    QUrl m_pageIconUrl;
+    QIcon m_pageIcon;
+    QIcon m_originIcon;
+    PageFailure m_failure;
+    Message m_message = Message::None;
+    bool m_delayed = false;
+    int m_progress = 0;
+    double m_zoom = 1.0;
+
+    QPointer<QWidget> m_container;
+    QPointer<QWidget> m_content;
+    QStackedWidget* m_stack = nullptr;
+    NoticeBar* m_notices = nullptr;
+    FindBar* m_find = nullptr;
+    MessagePage* m_messagePage = nullptr;
+    std::unique_ptr<ITabPage> m_page;
+};

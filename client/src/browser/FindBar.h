@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+class QLabel;
+class QLineEdit;
+class QToolButton;
+
+/// Search in a page. Enter goes on, Shift+Enter back, Escape closes.
+class FindBar final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FindBar(QWidget* parent = nullptr);
+
+    /// Shows the bar, ready for typing.
+    void Open();
+    void Close();
+    void SetFound(int count);
+
+Q_SIGNALS:
+    /// An empty text ends the search.
+    void SigFind(const QString& text, bool backward);
+    void SigClosed();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Retranslate();
+
+    QLineEdit* m_text;
+    QLabel* m_result;
+    QToolButton* m_previous;
+    QToolButton* m_next;
+    QToolButton* m_close;
+    int m_found = -1; // below 0 while nothing was searched for
+};

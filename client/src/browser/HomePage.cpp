@@ -1,0 +1,151 @@
+#include "browser/HomePage.h"
+
+#include "browser/AppTileDelegate.h"
+#include "browser/SymbolicIcon.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QSortFilterProxyModel>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+constexpr int ColumnWidth = 1080; // [px]
+
+} // namespace
+
+HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps,
+                   const AppListModel::LoadPicture& loadPicture, QWidget* parent)
+    : QWidget(parent)
+    , m_userName(userName)
+    , m_model(new AppListModel(apps, loadPicture, this))
+    , m_filter(new QSortFilterProxyModel(this))
+    , m_greeting(new QLabel)
+    , m_empty(new QLabel)
+    , m_search(new QLineEdit)
+    , m_grid(new QListView)
+{
+    setObjectName(QStringLiteral("home_page"));
+    setAttribute(Qt::WA_StyledBackground);
+
+    m_greeting->setObjectName(QStringLiteral("home_greeting"));
+    m_greeting->setTextFormat(Qt::PlainText);
+    QFont font = m_greeting->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    font.setWeight(QFont::DemiBold);
+    m_greeting->setFont(font);
+
+    m_search->setObjectName(QStringLiteral("home_search"));
+    m_search->setClearButtonEnabled(true);
+    m_search->addAction(SymbolicIcon::Make(QStringLiteral("search")), QLineEdit::LeadingPosition);
+    m_search->setFixedWidth(280);
+    m_search->installEventFilter(this);
+
+    m_filter->setSourceModel(m_model);
+    m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_grid->setObjectName(QStringLiteral("app_grid"));
+    m_grid->setModel(m_filter);
+    m_grid->setItemDelegate(new AppTileDelegate(m_grid));
+    m_grid->setViewMode(QListView::IconMode);
+    m_grid->setMovement(QListView::Static);
+    m_grid->setResizeMode(QListView::Adjust);
+    m_grid->setUniformItemSizes(true);
+    m_grid->setSpacing(4);
+    m_grid->setMouseTracking(true);
+    m_grid->setFrameShape(QFrame::NoFrame);
+    m_grid->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_grid->setSelectionMode(QAbstractItemView::NoSelection);
+    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->viewport()->setCursor(Qt::PointingHandCursor);
+    m_empty->setObjectName(QStringLiteral("home_empty"));
+    m_empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+    auto* content = new QWidget;
+    content->setMaximumWidth(ColumnWidth);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(16);
+    head->addWidget(m_greeting, 1);
+    head->addWidget(m_search, 0, Qt::AlignBottom);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(32, 40, 32, 0);
+    column->setSpacing(24);
+    column->addLayout(head);
+    column->addWidget(m_empty);
+    column->addWidget(m_grid, 1);
+    auto* across = new QHBoxLayout(this);
+    across->setContentsMargins(0, 0, 0, 0);
+    across->addStretch(1);
+    across->addWidget(content, 1000);
+    across->addStretch(1);
+    setFocusProxy(m_search);
+
+    connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_filter->setFilterFixedString(text.trimmed());
+        UpdateEmpty();
+    });
+    connect(m_search, &QLineEdit::returnPressed, this, [this] {
+        if (!m_search->text().trimmed().isEmpty())
+            Choose(m_filter->index(0, 0));
+    });
+    connect(m_grid, &QListView::clicked, this, &HomePage::Choose);
+    connect(m_filter, &QAbstractItemModel::modelReset, this, &HomePage::UpdateEmpty);
+    m_grid->installEventFilter(this);
+    Retranslate();
+}
+
+void HomePage::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
+}
+
+bool HomePage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (watched == m_search && key == Qt::Key_Down && m_filter->rowCount() > 0) {
+            m_grid->setFocus(Qt::TabFocusReason);
+            if (!m_grid->currentIndex().isValid())
+                m_grid->setCurrentIndex(m_filter->index(0, 0));
+            return true;
+        }
+        if (watched == m_grid && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)) {
+            Choose(m_grid->currentIndex());
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void HomePage::Retranslate()
+{
+    m_greeting->setText(m_userName.isEmpty() ? tr("Welcome") : tr("Welcome, %1").arg(m_userName));
+    m_search->setPlaceholderText(tr("Search apps"));
+    m_search->setAccessibleName(tr("Search apps"));
+    m_grid->setAccessibleName(tr("Apps"));
+    setAccessibleName(tr("Home"));
+    UpdateEmpty();
+}
+
+void HomePage::UpdateEmpty()
+{
+    const bool empty = m_filter->rowCount() == 0;
+    m_empty->setText(m_model->rowCount() == 0 ? tr("There are no apps in your account yet.")
+                                              : tr("No app has this name."));
+    m_empty->setVisible(empty);
+    m_grid->setVisible(!empty);
+    m_search->setEnabled(m_model->rowCount() > 0);
+}
+
+void HomePage::Choose(const QModelIndex& index)
+{
+    if (index.isValid())
+        Q_EMIT SigAppChosen(index.data(AppListModel::ServiceCodeRole).toString());
+}

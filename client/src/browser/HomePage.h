@@ -1,0 +1,42 @@
+#pragma once
+
+#include "browser/AppListModel.h"
+
+#include <QtCore/QString>
+#include <QtWidgets/QWidget>
+
+class QLabel;
+class QLineEdit;
+class QListView;
+class QSortFilterProxyModel;
+
+/// The home tab: a greeting and the apps, with a search field.
+class HomePage final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `userName` may be empty; `apps` and `loadPicture` as for `AppListModel`.
+    HomePage(const QString& userName, TLPluginBaseManager* apps, const AppListModel::LoadPicture& loadPicture,
+             QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    void SigAppChosen(const QString& serviceCode);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Retranslate();
+    void UpdateEmpty();
+    void Choose(const QModelIndex& index);
+
+    QString m_userName;
+    AppListModel* m_model;
+    QSortFilterProxyModel* m_filter;
+    QLabel* m_greeting;
+    QLabel* m_empty;
+    QLineEdit* m_search;
+    QListView* m_grid;
+};

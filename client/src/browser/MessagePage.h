@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtWidgets/QWidget>
+
+class IconLabel;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// A tab's content where no page can be shown: says in plain words what happened, names the address as
+/// plain text and offers at most one way on. Takes no texts that are marked up.
+class MessagePage final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit MessagePage(QWidget* parent = nullptr);
+
+    /// `address`, `detail` and `button` may be empty; nothing is shown for them then.
+    void SetContent(const QString& iconName, const QString& headline, const QString& text,
+                    const QString& address, const QString& detail, const QString& button);
+
+    QString GetHeadline() const;
+    QString GetText() const;
+    QString GetAddress() const;
+    QPushButton* GetButton() const noexcept;
+
+Q_SIGNALS:
+    void SigButtonClicked();
+
+private:
+    IconLabel* m_icon;
+    QLabel* m_headline;
+    QLabel* m_text;
+    QLineEdit* m_address;
+    QLabel* m_detail;
+    QPushButton* m_button;
+};

@@ -1,0 +1,75 @@
+#include "browser/PageDialog.h"
+
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+constexpr int Width = 440;     // [px]
+constexpr int LongText = 2000; // what a page may say [characters]
+
+} // namespace
+
+PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const QString& proposal,
+                       bool offerSilence, QWidget* parent)
+    : QDialog(parent)
+{
+    setObjectName(QStringLiteral("page_dialog"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    const QString host = origin.host().isEmpty() ? tr("This page") : origin.host();
+    setWindowTitle(tr("Message from a page"));
+
+    auto* head = new QLabel(tr("The page at “%1” says:").arg(host));
+    head->setObjectName(QStringLiteral("page_dialog_head"));
+    auto* body = new QLabel(text.left(LongText));
+    body->setObjectName(QStringLiteral("page_dialog_text"));
+    for (QLabel* label : {head, body}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+    }
+    body->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QFont font = head->font();
+    font.setWeight(QFont::DemiBold);
+    head->setFont(font);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 24, 24, 16);
+    column->setSpacing(12);
+    column->addWidget(head);
+    column->addWidget(body);
+    if (kind == Kind::Prompt) {
+        m_input = new QLineEdit(proposal);
+        m_input->setAccessibleName(tr("Answer"));
+        m_input->selectAll();
+        column->addWidget(m_input);
+    }
+    if (offerSilence) {
+        m_silence = new QCheckBox(tr("Let this page show no more messages"));
+        column->addWidget(m_silence);
+    }
+    auto* buttons = new QDialogButtonBox(
+        kind == Kind::Alert ? QDialogButtonBox::Ok : QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
+    if (QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel))
+        cancel->setText(tr("Cancel"));
+    column->addSpacing(4);
+    column->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    setMinimumWidth(Width);
+}
+
+QString PageDialog::GetInput() const
+{
+    return m_input ? m_input->text() : QString();
+}
+
+bool PageDialog::IsSilenceWanted() const
+{
+    return m_silence && m_silence->isChecked();
+}

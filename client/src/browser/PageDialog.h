@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtCore/QUrl>
+#include <QtWidgets/QDialog>
+
+class QCheckBox;
+class QLineEdit;
+class QVBoxLayout;
+
+/// What a page says or asks through alert, confirm and prompt, clearly said to come from that page and
+/// never shown as marked-up text.
+class PageDialog final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    enum class Kind
+    {
+        Alert,
+        Confirm,
+        Prompt
+    };
+
+    /// `offerSilence`: with a box to tick against more of it.
+    PageDialog(Kind kind, const QUrl& origin, const QString& text, const QString& proposal, bool offerSilence,
+               QWidget* parent = nullptr);
+
+    QString GetInput() const;
+    bool IsSilenceWanted() const;
+
+private:
+    QLineEdit* m_input = nullptr;
+    QCheckBox* m_silence = nullptr;
+};

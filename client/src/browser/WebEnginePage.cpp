@@ -1,0 +1,105 @@
+#include "browser/WebEnginePage.h"
+
+#include "browser/RequestGate.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QStringList>
+#include <QtWebEngineWidgets/QWebEngineCertificateError>
+#include <QtWebEngineWidgets/QWebEngineView>
+
+WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePage, QObject* parent)
+    : QWebEnginePage(profile, parent), m_makePage(makePage)
+{
+    connect(this, &QWebEnginePage::urlChanged, this, [this] {
+        m_dialogs = 0;
+        m_silent = false;
+    });
+}
+
+bool WebEnginePage::HadCertificateError(const QUrl& url) const
+{
+    return m_certificateError.isValid() && m_certificateError.host() == url.host() &&
+           m_certificateError.port() == url.port();
+}
+
+void WebEnginePage::ForgetCertificateError()
+{
+    m_certificateError.clear();
+}
+
+bool WebEnginePage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame)
+{
+    Q_UNUSED(type)
+    static const QStringList ownContent = {QStringLiteral("about"), QStringLiteral("blob")};
+    static const QStringList otherPrograms = {QStringLiteral("mailto"), QStringLiteral("tel"),
+                                              QStringLiteral("sms")};
+
+    const QString scheme = url.scheme();
+    if (RequestGate::IsWeb(url) || ownContent.contains(scheme))
+        return true;
+    if (!isMainFrame)
+        return scheme == QLatin1String("data");
+    if (otherPrograms.contains(scheme))
+        Q_EMIT SigExternalRequested(url);
+    else
+        Q_EMIT SigBlocked(url);
+    return false;
+}
+
+bool WebEnginePage::certificateError(const QWebEngineCertificateError& error)
+{
+    m_certificateError = error.url();
+    return false;
+}
+
+QWebEnginePage* WebEnginePage::createWindow(WebWindowType type)
+{
+    return m_makePage(type);
+}
+
+void WebEnginePage::javaScriptAlert(const QUrl& origin, const QString& text)
+{
+    Ask(PageDialog::Kind::Alert, origin, text, QString(), nullptr);
+}
+
+bool WebEnginePage::javaScriptConfirm(const QUrl& origin, const QString& text)
+{
+    return Ask(PageDialog::Kind::Confirm, origin, text, QString(), nullptr);
+}
+
+bool WebEnginePage::javaScriptPrompt(const QUrl& origin, const QString& text, const QString& proposal,
+                                     QString* answer)
+{
+    return Ask(PageDialog::Kind::Prompt, origin, text, proposal, answer);
+}
+
+void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
+                                             int line, const QString& source)
+{
+    // What pages tell their own developers is not for the client's log.
+    Q_UNUSED(level)
+    Q_UNUSED(message)
+    Q_UNUSED(line)
+    Q_UNUSED(source)
+}
+
+bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text,
+                        const QString& proposal, QString* answer)
+{
+    if (m_silent)
+        return false;
+    QWidget* const parent = view() ? view()->window() : nullptr;
+    const QPointer<WebEnginePage> alive(this);
+    const QPointer<PageDialog> dialog(new PageDialog(kind, origin, text, proposal, m_dialogs > 0, parent));
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return false; // the window went away with it
+    if (alive) {
+        ++m_dialogs;
+        m_silent = dialog->IsSilenceWanted();
+    }
+    if (accepted && answer)
+        *answer = dialog->GetInput();
+    delete dialog;
+    return accepted;
+}

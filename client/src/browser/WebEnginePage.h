@@ -1,0 +1,49 @@
+#pragma once
+
+#include "browser/PageDialog.h"
+
+#include <QtCore/QUrl>
+#include <QtWebEngineWidgets/QWebEnginePage>
+
+#include <functional>
+
+/// A page of the web engine that goes nowhere but to the web, opens no window by itself, overrides no
+/// certificate error and names the host in every dialog.
+class WebEnginePage final : public QWebEnginePage
+{
+    Q_OBJECT
+
+public:
+    using MakePage = std::function<QWebEnginePage*(QWebEnginePage::WebWindowType type)>;
+
+    /// `makePage` gives the page for a window that this page opens; null: none is opened.
+    WebEnginePage(QWebEngineProfile* profile, const MakePage& makePage, QObject* parent = nullptr);
+
+    /// Whether the load of this address ended for want of a valid certificate.
+    bool HadCertificateError(const QUrl& url) const;
+    void ForgetCertificateError();
+
+Q_SIGNALS:
+    void SigExternalRequested(const QUrl& url);
+    void SigBlocked(const QUrl& url);
+
+protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+    bool certificateError(const QWebEngineCertificateError& error) override;
+    QWebEnginePage* createWindow(WebWindowType type) override;
+    void javaScriptAlert(const QUrl& origin, const QString& text) override;
+    bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
+    bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& proposal,
+                          QString* answer) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message, int line,
+                                  const QString& source) override;
+
+private:
+    bool Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text, const QString& proposal,
+             QString* answer);
+
+    MakePage m_makePage;
+    QUrl m_certificateError;
+    int m_dialogs = 0; // shown since the last load
+    bool m_silent = false;
+};

@@ -1,0 +1,80 @@
+#include "browser/WebEnginePageFactory.h"
+
+#include "browser/RequestGate.h"
+#include "browser/WebEngineDownload.h"
+#include "browser/WebEngineTabPage.h"
+
+#include <QtCore/QDir>
+#include <QtWebEngineCore/QWebEngineNotification>
+#include <QtWebEngineWidgets/QWebEngineDownloadItem>
+#include <QtWebEngineWidgets/QWebEngineProfile>
+#include <QtWebEngineWidgets/QWebEngineSettings>
+
+namespace {
+
+void Restrict(QWebEngineSettings* settings)
+{
+    settings->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+    settings->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
+    settings->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, false);
+    settings->setAttribute(QWebEngineSettings::JavascriptCanPaste, false);
+    settings->setAttribute(QWebEngineSettings::PluginsEnabled, false);
+    settings->setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
+    settings->setAttribute(QWebEngineSettings::ScreenCaptureEnabled, false);
+    settings->setAttribute(QWebEngineSettings::AllowRunningInsecureContent, false);
+    settings->setAttribute(QWebEngineSettings::AllowGeolocationOnInsecureOrigins, false);
+    settings->setAttribute(QWebEngineSettings::AllowWindowActivationFromJavaScript, false);
+    settings->setAttribute(QWebEngineSettings::HyperlinkAuditingEnabled, false);
+    settings->setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
+    settings->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, true);
+    // A script may open a tab when the user clicked for it, and not by itself.
+    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
+    settings->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+    settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, true);
+    // What the engine's error page says is how the tab learns the reason; the user sees the tab's own.
+    settings->setAttribute(QWebEngineSettings::ErrorPageEnabled, true);
+    settings->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+}
+
+} // namespace
+
+WebEnginePageFactory::WebEnginePageFactory(const QString& folder, const QString& language, QObject* parent)
+    : IPageFactory(parent)
+{
+    const QDir dir(folder);
+    dir.mkpath(QStringLiteral("storage"));
+    dir.mkpath(QStringLiteral("cache"));
+    // A profile with a name is one that keeps; where, its paths say.
+    m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("tl-client"));
+    m_profile->setPersistentStoragePath(dir.filePath(QStringLiteral("storage")));
+    m_profile->setCachePath(dir.filePath(QStringLiteral("cache")));
+    m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
+    m_profile->setUrlRequestInterceptor(new RequestGate(m_profile.get()));
+    Restrict(m_profile->settings());
+    SetLanguage(language);
+
+    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this,
+            [this](QWebEngineDownloadItem* item) {
+                auto* download = new WebEngineDownload(item); // belongs to the item
+                Q_EMIT SigDownloadRequested(download);
+                if (!download->IsAccepted())
+                    item->cancel();
+            });
+    m_profile->setNotificationPresenter([this](std::unique_ptr<QWebEngineNotification> notification) {
+        notification->show();
+        Q_EMIT SigNotification(notification->origin(), notification->title(), notification->message());
+    });
+}
+
+WebEnginePageFactory::~WebEnginePageFactory() = default;
+
+std::unique_ptr<ITabPage> WebEnginePageFactory::CreatePage(QWidget* parent)
+{
+    return std::make_unique<WebEngineTabPage>(m_profile.get(), parent);
+}
+
+void WebEnginePageFactory::SetLanguage(const QString& language)
+{
+    m_profile->setHttpAcceptLanguage(language == QLatin1String("zh_CN") ? QStringLiteral("zh-CN,zh,en")
+                                                                        : QStringLiteral("en"));
+}

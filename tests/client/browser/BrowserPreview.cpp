@@ -1,0 +1,149 @@
+// Shows the main window with a made-up app list, to look at it. Not a test and not installed.
+//
+//   BrowserPreview [--theme light|dark] [--language en|zh_CN] [--notices] [--delayed <count>] [<address>...]
+//
+// Each address is opened in a tab; the last one comes to the front. As root it needs
+// QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card, QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu".
+
+#include "browser/LanguageManager.h"
+#include "browser/MainWindow.h"
+#include "browser/NoticeBar.h"
+#include "browser/ThemeManager.h"
+#include "browser/WebEnginePageFactory.h"
+
+#include "frame-data/PluginOpenInfo.h"
+#include "frame-data/TLPluginBaseManager.h"
+#include "frame-data/TabOpenInfo.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+
+namespace {
+
+QSharedPointer<TLPluginBaseEntity> MakeApp(const QString& name, const QString& code, const QString& address)
+{
+    auto app = QSharedPointer<TLPluginBaseEntity>::create();
+    app->setProperty("name", name);
+    app->setProperty("serviceCode", code);
+    app->setProperty("address", address);
+    app->setProperty("iconUrl", QStringLiteral("https://icons.example/%1.png").arg(code));
+    return app;
+}
+
+/// A coloured letter, in place of the picture at the address.
+QPixmap MakePicture(const QString& url)
+{
+    QPixmap picture(128, 128);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromHsv(int(qHash(url) % 360), 120, 190));
+    painter.drawRoundedRect(4, 4, 120, 120, 28, 28);
+    QFont font;
+    font.setPixelSize(64);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(picture.rect(), Qt::AlignCenter, url.section(QLatin1Char('/'), -1).left(1).toUpper());
+    return picture;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Workstation"));
+
+    QCommandLineParser parser;
+    const QCommandLineOption themeOption(QStringLiteral("theme"), QString(), QStringLiteral("name"));
+    const QCommandLineOption languageOption(QStringLiteral("language"), QString(), QStringLiteral("name"));
+    const QCommandLineOption noticesOption(QStringLiteral("notices"));
+    const QCommandLineOption delayedOption(QStringLiteral("delayed"), QString(), QStringLiteral("count"));
+    parser.addOptions({themeOption, languageOption, noticesOption, delayedOption});
+    parser.addPositionalArgument(QStringLiteral("address"), QString());
+    parser.process(application);
+
+    ThemeManager themes;
+    const QString theme = parser.value(themeOption);
+    themes.Apply(theme == QLatin1String("dark")    ? Theme::Dark
+                 : theme == QLatin1String("light") ? Theme::Light
+                                                   : Theme::FollowSystem);
+    LanguageManager languages(QCoreApplication::applicationDirPath() +
+                              QStringLiteral("/../bin/translations"));
+    languages.Apply(parser.value(languageOption));
+
+    TLPluginBaseManager apps;
+    QList<QSharedPointer<TLPluginBaseEntity>> list;
+    const QStringList names = {QStringLiteral("Orders"),
+                               QStringLiteral("Stock"),
+                               QStringLiteral("Customer service"),
+                               QStringLiteral("Returns and refunds"),
+                               QStringLiteral("Invoices"),
+                               QStringLiteral("Marketing campaigns of the season"),
+                               QStringLiteral("Reports"),
+                               QStringLiteral("客服工作台"),
+                               QStringLiteral("Settings of the shop"),
+                               QStringLiteral("Print station")};
+    for (const QString& name : names)
+        list << MakeApp(name, name,
+                        name == QLatin1String("Print station") ? QString()
+                                                               : QStringLiteral("http://127.0.0.1:8000/"));
+    apps.SetPlugins(list);
+
+    QTemporaryDir folder;
+    WebEnginePageFactory pages(folder.path(), languages.GetLanguage());
+    MainWindowServices services;
+    services.pages = &pages;
+    services.apps = &apps;
+    services.userName = QStringLiteral("Anna Keller");
+    services.theme = themes.GetTheme();
+    services.language = languages.GetLanguage();
+    services.loadPicture = [](const QString& url, QObject*, const std::function<void(const QPixmap&)>& done) {
+        done(MakePicture(url));
+    };
+    MainWindow window(services);
+    QObject::connect(&window, &MainWindow::SigThemeChosen, &themes, &ThemeManager::Apply);
+    QObject::connect(&window, &MainWindow::SigLanguageChosen, &languages, &LanguageManager::Apply);
+
+    for (int i = 0; i < parser.value(delayedOption).toInt(); ++i) {
+        TabOpenInfo info;
+        info.address = QStringLiteral("https://shop-%1.example/").arg(i);
+        info.title = QStringLiteral("Shop number %1").arg(i);
+        info.isDelay = true;
+        window.OpenUrl(info, -1);
+    }
+    const QStringList addresses = parser.positionalArguments();
+    for (const QString& address : addresses) {
+        if (address.startsWith(QLatin1String("app:"))) {
+            PluginOpenInfo info;
+            info.serviceCode = address.mid(4);
+            window.OpenPlugin(info, -1);
+            continue;
+        }
+        TabOpenInfo info;
+        info.address = address;
+        window.OpenUrl(info, -1);
+    }
+    window.SelectTab(window.GetTabCount() - 1);
+    if (parser.isSet(noticesOption)) {
+        NoticeBar* bar = window.GetNoticeBar();
+        bar->Show(QStringLiteral("a"), NoticeKind::Info,
+                  QStringLiteral(
+                      "The last known configuration is being shown, because the service cannot be reached."));
+        bar->Show(QStringLiteral("b"), NoticeKind::Warning,
+                  QStringLiteral("The settings file could not be read and was set aside."),
+                  {{QStringLiteral("Show in folder"), {}}});
+        bar->Show(QStringLiteral("c"), NoticeKind::Error,
+                  QStringLiteral("report.pdf could not be saved: the disk is full."));
+        bar->SetProgress(QStringLiteral("a"), 40);
+    }
+    window.show();
+    return QApplication::exec();
+}
