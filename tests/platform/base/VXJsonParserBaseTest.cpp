@@ -2,13 +2,11 @@
 #include "HookedRecord.h"
 #include "SampleRecord.h"
 
-#include <QtCore/QThread>
-
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <limits>
-#include <memory>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -293,10 +291,10 @@ TEST(VXJsonParserBase, CopyTakesTheErrorsButNotWhatMakesItThatObject)
 
 TEST(VXJsonParserBase, RecordsMayBeUsedOnSeveralThreads)
 {
-    std::vector<std::unique_ptr<QThread>> threads;
+    std::vector<std::thread> threads;
     std::atomic<int> good{0};
     for (int i = 0; i < 4; ++i) {
-        threads.emplace_back(QThread::create([&good] {
+        threads.emplace_back([&good] {
             for (int round = 0; round < 200; ++round) {
                 DerivedRecord derived;
                 HookedRecord hooked;
@@ -304,11 +302,10 @@ TEST(VXJsonParserBase, RecordsMayBeUsedOnSeveralThreads)
                     hooked.Parse(QByteArrayLiteral(R"({"secret":5})")) && hooked.secret == 5)
                     ++good;
             }
-        }));
-        threads.back()->start();
+        });
     }
-    for (const auto& thread : threads)
-        thread->wait();
+    for (std::thread& thread : threads)
+        thread.join();
     EXPECT_EQ(good, 800);
 }
 
