@@ -166,7 +166,9 @@ TEST(AutoRunCollectionEntityTest, ParsingAgainReplacesTheNamedListsAndLeavesTheO
 TEST(AutoRunCollectionEntityTest, EmptyPointerInAListIsWrittenWithoutAnElement)
 {
     AutoRunCollectionEntity collection;
-    collection.customItems = {Entry(QStringLiteral("a")), AutoRunInfoEntityPtr(), Entry(QStringLiteral("b"))};
+    collection.customItems.append(Entry(QStringLiteral("a")));
+    collection.customItems.append(AutoRunInfoEntityPtr());
+    collection.customItems.append(Entry(QStringLiteral("b")));
     const QJsonArray written = collection.ToJsonObject().value(QStringLiteral("customItems")).toArray();
     ASSERT_EQ(written.size(), 2);
     EXPECT_EQ(written.at(0).toObject().value(QStringLiteral("itemId")), QJsonValue(QStringLiteral("a")));

@@ -14,10 +14,9 @@
 
 #include <gmock/gmock.h>
 
-#include <memory>
+#include <algorithm>
 #include <vector>
 
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using VTablePlaces::PlaceOf;
@@ -233,22 +232,21 @@ TEST(AutoRunSlotsTest, RequestsAddTheirMethodAndBusinessJsonAndNothingElse)
                                     PlaceOfDestructor + 1,
                                     PlaceOf(&IHttpRequestDsm::GetDsmMethod),
                                     PlaceOf(&IHttpRequestDsm::GetBusinessParam)};
+    const std::vector<int> destructor{0, 1};
     const int count = RequestPlaces().back() + 1;
+    const PlainRequest plain;
     const GetAutoRunRequest read;
     const SetAutoRunRequest write;
-    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IHttpRequestDsm>(read, count),
-                                          VTablePlaces::Read<IHttpRequestDsm>(write, count)),
-                ElementsAreArray(expected));
-
-    // The one side that the two could share without it being the host's: how replies are kept.
-    const PlainRequest plain;
-    const std::vector<int> destructor{0, 1};
-    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IRequestCacheMethod>(read, 5),
-                                          VTablePlaces::Read<IRequestCacheMethod>(plain, 5)),
-                ElementsAreArray(destructor));
-    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IRequestCacheMethod>(write, 5),
-                                          VTablePlaces::Read<IRequestCacheMethod>(plain, 5)),
-                ElementsAreArray(destructor));
+    for (const IHttpRequestDsm* request :
+         {static_cast<const IHttpRequestDsm*>(&read), static_cast<const IHttpRequestDsm*>(&write)}) {
+        EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IHttpRequestDsm>(*request, count),
+                                              VTablePlaces::Read<IHttpRequestDsm>(plain, count)),
+                    ElementsAreArray(expected));
+        EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IRequestCacheMethod>(*request, 5),
+                                              VTablePlaces::Read<IRequestCacheMethod>(plain, 5)),
+                    ElementsAreArray(destructor))
+            << "how replies are kept is the host's";
+    }
 }
 
 TEST(AutoRunSlotsTest, ResponseStandsInSlotOrderWithTheBusinessValueLast)
