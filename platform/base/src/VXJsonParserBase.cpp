@@ -85,11 +85,11 @@ FieldTablePtr FieldTableOf(const QMetaObject* metaObject)
     static QHash<const QMetaObject*, FieldTablePtr> tables;
     {
         const std::shared_lock<std::shared_mutex> lock(mutex);
-        const FieldTablePtr table = tables.value(metaObject);
+        FieldTablePtr table = tables.value(metaObject);
         if (table && table->strings == metaObject->d.stringdata && table->data == metaObject->d.data)
             return table;
     }
-    const FieldTablePtr table = ReadFieldTable(metaObject);
+    FieldTablePtr table = ReadFieldTable(metaObject);
     const std::unique_lock<std::shared_mutex> lock(mutex);
     tables.insert(metaObject, table);
     return table;
@@ -224,7 +224,8 @@ VXJsonParserBase::VXJsonParserBase(const VXJsonParserBase& other)
 
 VXJsonParserBase& VXJsonParserBase::operator=(const VXJsonParserBase& other)
 {
-    m_parseErrors = other.m_parseErrors;
+    if (this != &other)
+        m_parseErrors = other.m_parseErrors;
     return *this;
 }
 

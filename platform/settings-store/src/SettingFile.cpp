@@ -207,7 +207,7 @@ SettingFile::Problem SettingFile::Prepare(SettingValues* loaded)
 
     // A file that cannot be written can still be read; the first write will say so.
     if (!query.exec(QStringLiteral("PRAGMA journal_mode=WAL"))) {
-        const Problem problem = ProblemOf(query.lastError());
+        Problem problem = ProblemOf(query.lastError());
         if (problem.fault != Fault::Unwritable)
             return problem;
     }
@@ -226,7 +226,7 @@ SettingFile::Problem SettingFile::Prepare(SettingValues* loaded)
     if (kind == SettingTable::Kind::Foreign)
         return {Fault::Damaged, tr("it was made by another program or version")};
     if (kind == SettingTable::Kind::Empty) {
-        const Problem problem = CreateTable();
+        Problem problem = CreateTable();
         if (problem.fault != Fault::None)
             return problem;
     }
@@ -241,7 +241,7 @@ SettingFile::Problem SettingFile::CreateTable()
     QSqlQuery query(QSqlDatabase::database(m_connection));
     for (const QString& statement : SettingTable::CreateStatements()) {
         if (!query.exec(statement)) {
-            const Problem problem = ProblemOf(query.lastError());
+            Problem problem = ProblemOf(query.lastError());
             query.exec(QStringLiteral("ROLLBACK"));
             return problem;
         }
@@ -261,7 +261,7 @@ SettingFile::Problem SettingFile::WriteRows(const SettingValues& values)
 {
     QSqlQuery query(QSqlDatabase::database(m_connection));
     const auto failed = [&query] {
-        const Problem problem = ProblemOf(query.lastError());
+        Problem problem = ProblemOf(query.lastError());
         query.finish();
         query.exec(QStringLiteral("ROLLBACK"));
         query.finish();

@@ -39,7 +39,9 @@ SettingValues SettingSalvage::Read(const QString& damagedFile)
         database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
         if (database.open()) {
             // Makes SQLite read a file that has lost its end. Nothing is written through this connection.
-            QSqlQuery(QStringLiteral("PRAGMA writable_schema=ON"), database);
+            QSqlQuery query(database);
+            query.exec(QStringLiteral("PRAGMA writable_schema=ON"));
+            query.finish();
             values = ReadAround(database);
         }
     }

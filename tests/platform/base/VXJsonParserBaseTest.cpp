@@ -292,6 +292,7 @@ TEST(VXJsonParserBase, CopyTakesTheErrorsButNotWhatMakesItThatObject)
 TEST(VXJsonParserBase, RecordsMayBeUsedOnSeveralThreads)
 {
     std::vector<std::thread> threads;
+    threads.reserve(4);
     std::atomic<int> good{0};
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&good] {

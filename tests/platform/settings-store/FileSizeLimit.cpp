@@ -14,7 +14,7 @@ bool FileSizeLimit::IsSupported() noexcept
 
 FileSizeLimit::FileSizeLimit(unsigned long bytes)
 {
-    std::signal(SIGXFSZ, SIG_IGN); // the write then fails, which is what is wanted
+    (void)std::signal(SIGXFSZ, SIG_IGN); // the write then fails, which is what is wanted
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
     m_before = limit.rlim_cur;

@@ -100,7 +100,7 @@ TEST_F(VXSettingManagerDiskTest, WhatDoesNotFitOnTheDiskIsWrittenOnceItFits)
     ASSERT_TRUE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 100)));
     const QString big = Value(2, 1024 * 1024);
     {
-        const FileSizeLimit limit(256 * 1024);
+        const FileSizeLimit limit(262144);
         EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(2), big));
         EXPECT_TRUE(WaitForFailures(1));
         EXPECT_FALSE(m_store.Flush());
