@@ -1,0 +1,63 @@
+#include "records/AppJson.h"
+
+#include "envelope/BusinessJson.h"
+#include "support/RefusalOf.h"
+
+#include <boost/json/serialize.hpp>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace TLGateway {
+
+namespace {
+
+const std::string App =
+    R"({"address":"https://e.com/","availability":1,"iconUrl":"","name":"Orders","serviceCode":"orders"})";
+
+std::string Problem(const std::string& json, ErrorCode code)
+{
+    const boost::json::value value = ParseBusinessJson(json);
+    const Refusal refusal = RefusalOf([&] { static_cast<void>(ReadApps(value)); });
+    EXPECT_EQ(refusal.code, code) << json;
+    return refusal.message;
+}
+
+std::string With(const char* member, boost::json::value value)
+{
+    boost::json::object app = ParseBusinessJson(App).as_object();
+    app[member] = std::move(value);
+    return "[" + boost::json::serialize(app) + "]";
+}
+
+} // namespace
+
+TEST(AppJson, ReadsWhatItWrites)
+{
+    const std::vector<AppRecord> apps = ReadApps(ParseBusinessJson("[" + App + "]"));
+    ASSERT_EQ(apps.size(), 1U);
+    EXPECT_EQ(apps[0].availability, 1);
+    EXPECT_EQ(boost::json::serialize(ToJson(apps[0])), App);
+    EXPECT_TRUE(ReadApps(ParseBusinessJson("[]")).empty());
+}
+
+TEST(AppJson, WrongShapes)
+{
+    EXPECT_THAT(Problem("{}", ErrorCode::WrongShape), testing::HasSubstr("wanted array"));
+    EXPECT_THAT(Problem("[1]", ErrorCode::WrongShape), testing::HasSubstr("$[0]: wanted object"));
+    EXPECT_THAT(Problem(With("name", 1), ErrorCode::WrongShape), testing::HasSubstr("$[0].name"));
+    EXPECT_THAT(Problem(With("icon", 1), ErrorCode::WrongShape), testing::HasSubstr("\"icon\""));
+}
+
+TEST(AppJson, Limits)
+{
+    EXPECT_THAT(Problem(With("availability", 2), ErrorCode::LimitExceeded), testing::HasSubstr("0 to 1"));
+    EXPECT_THAT(Problem(With("serviceCode", ""), ErrorCode::LimitExceeded), testing::HasSubstr("1 to 2048"));
+    EXPECT_THAT(Problem(With("name", boost::json::string(257, 'x')), ErrorCode::LimitExceeded),
+                testing::HasSubstr("1 to 256"));
+    EXPECT_THAT(Problem("[" + App + "," + App + "]", ErrorCode::LimitExceeded),
+                testing::HasSubstr("$[1].serviceCode"));
+}
+
+} // namespace TLGateway

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "store/IStore.h"
+
+#include <functional>
+#include <optional>
+
+namespace TLGateway {
+
+// Starts a write and waits for its answer. Throws std::runtime_error when none comes within 30 s.
+std::optional<Refusal> Await(const std::function<void(IStore::WriteDone done)>& start);
+
+} // namespace TLGateway
