@@ -5,6 +5,7 @@
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleMock(&argc, argv);
+
     QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -5,6 +5,10 @@
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleMock(&argc, argv);
+    // CTest asks for the list of tests without the environment that it runs them in.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
