@@ -571,12 +571,16 @@ TEST_F(HttpManagerTest, ACompletionMaySendAgain)
 
 TEST_F(HttpManagerTest, ACompletionMayDeleteTheManagerWithOtherCallsInFlight)
 {
-    MakeCall();
     const auto otherRequest = QSharedPointer<FakeRequest>::create(server.GetUrl());
     const auto otherResponse = QSharedPointer<FakeResponse>::create();
     bool otherDone = false;
-    server.Enqueue(ScriptedReply::Json(Success));
     server.SetStanding(ScriptedReply::Of(ScriptedReply::Kind::Never));
+    manager->Send(
+        otherRequest, otherResponse, [&] { otherDone = true; }, 0, 1);
+    ASSERT_TRUE(WaitUntil([this] { return server.GetRequestCount() == 1; }));
+
+    MakeCall();
+    server.SetStanding(ScriptedReply::Json(Success));
     completions = 0;
     manager->Send(
         request, response,
@@ -585,8 +589,6 @@ TEST_F(HttpManagerTest, ACompletionMayDeleteTheManagerWithOtherCallsInFlight)
             manager.reset();
         },
         0, 1);
-    manager->Send(
-        otherRequest, otherResponse, [&] { otherDone = true; }, 0, 1);
     ASSERT_TRUE(WaitUntil([this] { return !manager; }));
     EXPECT_EQ(completions, 1);
     ASSERT_TRUE(WaitUntil([this] { return server.GetOpenCount() == 0; }));
