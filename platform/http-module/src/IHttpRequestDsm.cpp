@@ -20,7 +20,7 @@ IHttpRequestDsm::~IHttpRequestDsm() = default;
 
 QString IHttpRequestDsm::GetApiUrl() const
 {
-    const QString address = GetDsmAppendix(DsmType::ApiUrl);
+    QString address = GetDsmAppendix(DsmType::ApiUrl);
     QUrl url(address);
     if (url.host().isEmpty() || (!url.path().isEmpty() && url.path() != QLatin1String("/"))) {
         return address;

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr qint64 MaxReplySize = 4 * 1024 * 1024;
+constexpr qint64 MaxReplySize = qint64(4) * 1024 * 1024;
 
 // Before the attempt that follows `attempt` [ms]: doubles each time, and never the same for all clients
 // of a gateway that has just come back.

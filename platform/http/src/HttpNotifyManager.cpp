@@ -49,8 +49,10 @@ void HttpNotifyManager::Dispatch(int id, const QSharedPointer<IHttpRequest>& req
                                  const QSharedPointer<IHttpResponse>& response)
 {
     // The caller's pointers may be members of an observer that ends here.
+    // NOLINTBEGIN(performance-unnecessary-copy-initialization)
     const QSharedPointer<IHttpRequest> keptRequest = request;
     const QSharedPointer<IHttpResponse> keptResponse = response;
+    // NOLINTEND(performance-unnecessary-copy-initialization)
     // Those registered now; each is looked up again before its turn, since an observer may be gone by then.
     const QVector<Registration> registrations = m_observers.value(id);
     Q_EMIT SigDispatched(id);

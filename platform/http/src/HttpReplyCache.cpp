@@ -13,7 +13,7 @@ namespace {
 Q_LOGGING_CATEGORY(logCache, "tl.http.cache", QtInfoMsg)
 
 constexpr int MaxReplies = 200;
-constexpr qint64 MaxFileSize = 8 * 1024 * 1024; // more is nothing that was written here
+constexpr qint64 MaxFileSize = qint64(8) * 1024 * 1024; // more is nothing that was written here
 const QByteArray Magic = QByteArrayLiteral("TLREPLY1");
 
 QByteArray ChecksumOf(const QByteArray& key, const QByteArray& reply)
