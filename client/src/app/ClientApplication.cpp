@@ -94,7 +94,7 @@ int ClientApplication::Run()
     // Everything else runs inside the event loop, so that every way to end finds it there.
     QTimer::singleShot(0, this, &ClientApplication::StartLogin);
     if (m_options.quitAfter) {
-        QTimer::singleShot(*m_options.quitAfter, this, [this] {
+        QTimer::singleShot(*m_options.quitAfter, Qt::PreciseTimer, this, [this] {
             if (m_screenshot && !m_ending) {
                 m_screenshot->TakeNow();
             }
@@ -183,6 +183,10 @@ void ClientApplication::StartLogin()
     }
     const QString ended = ClientMemory::TakeSessionEnd();
     const LoginProblem problem = ended.isEmpty() ? LoginProblem() : LoginService::ToProblem(ended, QString());
+    if (!m_options.pin.isEmpty() && m_options.pin != m_kept->GetPin()) {
+        m_loginFlow->ShowDialog(m_options.pin, problem); // another account is wanted than the kept one
+        return;
+    }
     m_loginFlow->Start(m_options.pin.isEmpty() ? ClientMemory::GetLastPin() : m_options.pin, problem);
 }
 

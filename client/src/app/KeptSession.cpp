@@ -29,7 +29,12 @@ KeptSession::KeptSession(IKeyStore* keyStore, std::function<QDateTime()> now, QO
 
 bool KeptSession::HasRecord() const
 {
-    return !Stored(pinField).isEmpty();
+    return !GetPin().isEmpty();
+}
+
+QString KeptSession::GetPin() const
+{
+    return Stored(pinField);
 }
 
 void KeptSession::Load(std::function<void(const Session&, LoginProblem::Kind)> answer)

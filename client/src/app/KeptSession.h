@@ -23,6 +23,8 @@ public:
 
     /// Whether there may be one, without asking the key store.
     bool HasRecord() const;
+    /// Whose session it is; empty when there is none.
+    QString GetPin() const;
     /// Answers with the kept session, or with an empty one and the problem that ended it (none when there
     /// was none). One that has expired, or whose token is gone, is forgotten.
     void Load(std::function<void(const Session&, LoginProblem::Kind)> answer);

@@ -9,10 +9,7 @@ LoginRequest::LoginRequest(const QString& pin, const QString& password, QObject*
     : IHttpRequestDsm(parent), m_pin(pin), m_password(password)
 {}
 
-LoginRequest::~LoginRequest()
-{
-    m_password.fill(QChar());
-}
+LoginRequest::~LoginRequest() = default;
 
 QString LoginRequest::GetDsmMethod() const
 {

@@ -4,10 +4,26 @@
 
 #include "ui_LoginDialog.h"
 
+#include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
-#include <utility>
+#include <initializer_list>
+
+namespace {
+
+constexpr QSize logoSize{48, 48}; // [px, unscaled]
+
+// The theme's rules depend on it.
+void SetKind(QWidget* widget, const QString& kind)
+{
+    widget->setProperty("kind", kind);
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
+}
+
+} // namespace
 
 LoginDialog::LoginDialog(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -16,6 +32,7 @@ LoginDialog::LoginDialog(QWidget* parent)
 {
     m_ui->setupUi(this);
     setObjectName(QStringLiteral("login_dialog"));
+    m_ui->login_logo->setPixmap(QApplication::windowIcon().pixmap(logoSize));
     m_ui->password_edit->installEventFilter(this);
 
     connect(m_ui->login_button, &QPushButton::clicked, this, &LoginDialog::SlotLogIn);
@@ -166,6 +183,9 @@ void LoginDialog::UpdateTexts()
     m_ui->login_button->setText(m_busy ? tr("Logging in…") : tr("Log in"));
     m_ui->stay_box->setToolTip(m_noKeyStoreReason);
     m_ui->login_message->setText(LoginTexts::Describe(m_problem));
+    const bool isFault = m_problem.kind != LoginProblem::Kind::SessionExpired &&
+                         m_problem.kind != LoginProblem::Kind::SessionRefused;
+    SetKind(m_ui->login_message, isFault ? QStringLiteral("error") : QStringLiteral("warning"));
     m_ui->login_message->setToolTip(m_problem.detail);
     m_ui->login_message->setVisible(m_problem.kind != LoginProblem::Kind::None);
 }
