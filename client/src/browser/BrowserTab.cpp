@@ -541,9 +541,11 @@ void BrowserTab::FillFailure()
     case PageFailure::Kind::Certificate:
         icon = QStringLiteral("not-secure");
         headline = tr("The connection is not safe");
-        text = tr("The certificate of “%1” is not valid, so it cannot be told whether this is the real site. "
-                  "The "
-                  "page was not loaded. If the site is yours or your company’s, tell its operator.")
+        text = tr("No safe connection to “%1” could be made: its certificate is not valid, or it does not "
+                  "speak the "
+                  "encryption that is needed. The page was not loaded. If this is a site of your company, "
+                  "tell its "
+                  "operator.")
                    .arg(host);
         break;
     case PageFailure::Kind::NoNetwork:

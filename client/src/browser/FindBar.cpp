@@ -82,7 +82,7 @@ void FindBar::SetFound(int count)
     m_found = m_text->text().isEmpty() ? -1 : count;
     m_result->setText(m_found < 0    ? QString()
                       : m_found == 0 ? tr("Not found")
-                                     : tr("%n match(es)", nullptr, m_found));
+                                     : tr("Matches: %1").arg(m_found));
 }
 
 void FindBar::changeEvent(QEvent* event)

@@ -80,8 +80,9 @@ MainWindowPrivate::MainWindowPrivate(MainWindow* window, const MainWindowService
         connect(m_services.pages, &IPageFactory::SigDownloadRequested, m_downloads, &DownloadNotices::Take);
         connect(m_services.pages, &IPageFactory::SigNotification, this,
                 [this](const QUrl& origin, const QString& title, const QString& text) {
-                    m_notices->Show(QStringLiteral("notification/") + origin.host(), NoticeKind::Info,
-                                    tr("%1: %2 %3").arg(origin.host(), title.left(100), text.left(300)));
+                    m_notices->Show(
+                        QStringLiteral("notification/") + origin.host(), NoticeKind::Info,
+                        QStringLiteral("%1: %2 %3").arg(origin.host(), title.left(100), text.left(300)));
                 });
     }
     if (m_services.apps)
@@ -99,6 +100,7 @@ MainWindowPrivate::MainWindowPrivate(MainWindow* window, const MainWindowService
     Insert(std::move(tab), 0);
     m_pages->addWidget(m_tabs.front()->GetWidget());
     Select(0);
+    m_tabs.front()->FocusContent();
     Retranslate();
     RestoreGeometry();
 }
@@ -262,8 +264,11 @@ void MainWindowPrivate::MakeMenu()
     m_menu->addAction(m_logOut);
     m_menu->addAction(m_quit);
 
-    m_menuButton->setMenu(m_menu);
-    m_menuButton->setPopupMode(QToolButton::InstantPopup);
+    // Right edge under right edge, so that the menu does not hang out of the window.
+    connect(m_menuButton, &QToolButton::clicked, this, [this] {
+        const QPoint corner = m_menuButton->mapToGlobal(m_menuButton->rect().bottomRight());
+        m_menu->popup(QPoint(corner.x() - m_menu->sizeHint().width() + 1, corner.y() + 4));
+    });
 }
 
 int MainWindowPrivate::GetCount() const noexcept
@@ -605,9 +610,9 @@ void MainWindowPrivate::UpdateToolbar()
     m_progress->setValue(loading ? qMax(5, tab->GetProgress()) : 0);
     m_escape->setEnabled(loading || m_fullScreen || tab->IsFindOpen());
     const QString title = tab->GetTitle();
-    m_window->setWindowTitle(m_current == 0
-                                 ? QGuiApplication::applicationDisplayName()
-                                 : tr("%1 – %2").arg(title, QGuiApplication::applicationDisplayName()));
+    m_window->setWindowTitle(
+        m_current == 0 ? QGuiApplication::applicationDisplayName()
+                       : QStringLiteral("%1 – %2").arg(title, QGuiApplication::applicationDisplayName()));
 }
 
 void MainWindowPrivate::UpdateActions()

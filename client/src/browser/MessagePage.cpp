@@ -47,6 +47,7 @@ MessagePage::MessagePage(QWidget* parent)
     m_address->setObjectName(QStringLiteral("message_address"));
     m_address->setReadOnly(true);
     m_address->setFrame(false);
+    m_address->setTextMargins(-2, 0, 0, 0); // flush with the labels
     column->addWidget(m_address);
     column->addSpacing(8);
     m_button->setObjectName(QStringLiteral("message_button"));

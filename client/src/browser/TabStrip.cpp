@@ -19,7 +19,7 @@ constexpr int TabTop = 6;      // above the tabs [px]
 constexpr int TabHeight = 38;  // [px]
 constexpr int Gap = 2;         // between tabs [px]
 constexpr int Edge = 8;        // at both ends of the strip [px]
-constexpr int Narrowest = 128; // [px]
+constexpr int Narrowest = 148; // [px]
 constexpr int Widest = 232;    // [px]
 constexpr int ButtonSize = 28; // of the buttons beside the tabs [px]
 constexpr int TickTime = 90;   // [ms]
@@ -273,6 +273,7 @@ void TabStrip::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     Arrange();
+    ScrollIntoSight(m_current);
 }
 
 void TabStrip::timerEvent(QTimerEvent* event)

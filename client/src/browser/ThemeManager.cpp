@@ -17,7 +17,7 @@ namespace {
 QPalette ReadPalette(const QString& sheet)
 {
     static const QRegularExpression line(
-        QStringLiteral("^\\s*palette (\\w+)( disabled)?: (#[0-9a-fA-F]{6})$"),
+        QStringLiteral("^ \\* palette (\\w+)( disabled)?: (#[0-9a-fA-F]{6})$"),
         QRegularExpression::MultilineOption);
     const QMetaEnum roles = QMetaEnum::fromType<QPalette::ColorRole>();
     QPalette palette;

@@ -92,6 +92,7 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
                 if (status == QWebEnginePage::NormalTerminationStatus)
                     return;
                 ++m_loadNumber;
+                m_announced = false;
                 m_failed = true;
                 Finish(false);
                 Q_EMIT SigRendererDied();
@@ -130,6 +131,10 @@ void WebEngineTabPage::Load(const QUrl& url)
         Q_EMIT SigBlocked(url);
         return;
     }
+    // The engine says that it has started only after a while; to the tab the load starts now.
+    m_announced = false;
+    OnStarted();
+    m_announced = true;
     m_pending = url;
     m_page->load(url);
 }
@@ -220,6 +225,10 @@ QWebEnginePage* WebEngineTabPage::MakeWindow(QWebEnginePage::WebWindowType type)
 
 void WebEngineTabPage::OnStarted()
 {
+    if (m_announced) {
+        m_announced = false;
+        return;
+    }
     ++m_loadNumber;
     if (m_loading)
         Q_EMIT SigLoadFinished(false);
@@ -243,6 +252,8 @@ void WebEngineTabPage::OnProgress(int percent)
 
 void WebEngineTabPage::OnFinished(bool ok)
 {
+    if (m_announced)
+        return; // the end of the load before
     if (ok) {
         m_failed = false;
         Finish(true);

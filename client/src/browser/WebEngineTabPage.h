@@ -56,5 +56,6 @@ private:
     QUrl m_pending; // being loaded, not shown yet
     int m_loadNumber = 0;
     bool m_loading = false;
-    bool m_failed = false; // the last thing announced was a failure
+    bool m_announced = false; // a load was announced that the engine has not started yet
+    bool m_failed = false;    // the last thing announced was a failure
 };

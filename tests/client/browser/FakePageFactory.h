@@ -1,0 +1,31 @@
+#pragma once
+
+#include "FakePage.h"
+
+#include "browser/IPageFactory.h"
+
+#include <QtCore/QPointer>
+
+/// Makes fake pages and keeps an eye on them, in the order in which they were made.
+class FakePageFactory final : public IPageFactory
+{
+    Q_OBJECT
+
+public:
+    std::unique_ptr<ITabPage> CreatePage(QWidget* parent) override
+    {
+        auto page = std::make_unique<FakePage>(parent);
+        pages << QPointer<FakePage>(page.get());
+        return page;
+    }
+
+    int CountAlive() const
+    {
+        int alive = 0;
+        for (const auto& page : pages)
+            alive += page ? 1 : 0;
+        return alive;
+    }
+
+    QList<QPointer<FakePage>> pages;
+};

@@ -1,0 +1,212 @@
+#include "MainWindowTest.h"
+
+#include "browser/MessagePage.h"
+#include "browser/NoticeBar.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
+
+class PageEventsTest : public MainWindowTest
+{
+protected:
+    PageEventsTest()
+    {
+        OpenUrl(QStringLiteral("https://a.example/x"));
+        m_window->SelectTab(1);
+    }
+    FakePage& GetPage(int number = 0) { return *m_pages.pages.at(number); }
+    MessagePage* GetMessagePage()
+    {
+        const auto messages = m_window->findChildren<MessagePage*>();
+        for (MessagePage* message : messages) {
+            if (message->isVisible())
+                return message;
+        }
+        return nullptr;
+    }
+    /// The visible notice button with this text.
+    QPushButton* GetNoticeButton(const QString& text)
+    {
+        const auto buttons = m_window->findChildren<QPushButton*>(QStringLiteral("notice_button"));
+        for (QPushButton* button : buttons) {
+            if (button->isVisible() && button->text() == text)
+                return button;
+        }
+        return nullptr;
+    }
+};
+
+TEST_F(PageEventsTest, AFailureSaysWhatHappenedAndTriesAgain)
+{
+    QSignalSpy loaded(m_window.get(), &MainWindow::SigPageLoaded);
+    GetPage().Fail(PageFailure::Kind::ConnectionRefused, QUrl(QStringLiteral("https://a.example/x")));
+    EXPECT_EQ(loaded.value(0), QVariantList({1, QStringLiteral("https://a.example/x"), false}));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The site refused the connection"));
+    EXPECT_EQ(GetMessage().value(2), QStringLiteral("https://a.example/x"));
+    EXPECT_EQ(GetRouterUrl(1), QStringLiteral("tl://browser/open?url=https%3A%2F%2Fa.example%2Fx"));
+
+    QTest::mouseClick(GetMessagePage()->GetButton(), Qt::LeftButton);
+    EXPECT_EQ(GetPage().loads.size(), 2);
+    EXPECT_FALSE(GetMessage().isEmpty()) << "the message went before there is a page";
+    GetPage().Arrive(QUrl(QStringLiteral("https://a.example/x")), QStringLiteral("X"));
+    EXPECT_TRUE(GetMessage().isEmpty());
+    EXPECT_EQ(GetData(1).GetTitle(), QStringLiteral("X"));
+}
+
+TEST_F(PageEventsTest, EveryKindOfFailureHasWordsOfItsOwn)
+{
+    using Kind = PageFailure::Kind;
+    QStringList headlines;
+    for (const Kind kind :
+         {Kind::Unknown, Kind::HostNotFound, Kind::ConnectionRefused, Kind::TimedOut, Kind::Certificate,
+          Kind::NoNetwork, Kind::ConnectionLost, Kind::TooManyRedirects, Kind::HttpError, Kind::Blocked}) {
+        GetPage().Start();
+        GetPage().Fail(kind, QUrl(QStringLiteral("https://a.example/x")));
+        headlines << GetMessage().value(0);
+        EXPECT_FALSE(GetMessage().value(1).isEmpty());
+    }
+    EXPECT_EQ(headlines.removeDuplicates(), 0);
+    EXPECT_FALSE(headlines.contains(QString()));
+}
+
+TEST_F(PageEventsTest, APageThatBeginsToShowTakesTheMessageAway)
+{
+    GetPage().Fail(PageFailure::Kind::TimedOut, QUrl(QStringLiteral("https://a.example/x")));
+    GetPage().Start();
+    EXPECT_FALSE(GetMessage().isEmpty());
+    Q_EMIT GetPage().SigContentArrived();
+    EXPECT_TRUE(GetMessage().isEmpty());
+}
+
+TEST_F(PageEventsTest, AStoppedLoadIsNoFailure)
+{
+    GetPage().Stop();
+    EXPECT_TRUE(GetMessage().isEmpty());
+}
+
+TEST_F(PageEventsTest, ADeadRendererIsShownWithAWayOut)
+{
+    GetPage().Arrive(QUrl(QStringLiteral("https://a.example/x")), QStringLiteral("X"));
+    Q_EMIT GetPage().SigRendererDied();
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
+    EXPECT_EQ(m_window->GetTabCount(), 2);
+    QTest::mouseClick(GetMessagePage()->GetButton(), Qt::LeftButton);
+    EXPECT_EQ(GetPage().reloads, 1);
+}
+
+TEST_F(PageEventsTest, IdleIsSaidOnceWhenTheLastPageIsThere)
+{
+    OpenUrl(QStringLiteral("https://b.example/"));
+    QSignalSpy idle(m_window.get(), &MainWindow::SigIdle);
+    GetPage(0).Arrive(QUrl(QStringLiteral("https://a.example/x")), QStringLiteral("X"));
+    EXPECT_TRUE(m_window->IsLoading());
+    EXPECT_TRUE(idle.isEmpty());
+    GetPage(1).Fail(PageFailure::Kind::TimedOut, QUrl(QStringLiteral("https://b.example/")));
+    EXPECT_FALSE(m_window->IsLoading());
+    EXPECT_EQ(idle.size(), 1);
+}
+
+TEST_F(PageEventsTest, ClosingTheLastLoadingTabIsIdleToo)
+{
+    QSignalSpy idle(m_window.get(), &MainWindow::SigIdle);
+    m_window->CloseTab(1);
+    EXPECT_EQ(idle.size(), 1);
+}
+
+TEST_F(PageEventsTest, APopUpBecomesATabNextToItsOpener)
+{
+    OpenUrl(QStringLiteral("https://b.example/"));
+    const auto ask = [this](ITabPage::NewTabKind kind) {
+        auto offer = std::make_shared<std::unique_ptr<ITabPage>>(m_pages.CreatePage(nullptr));
+        Q_EMIT GetPage(0).SigNewTabRequested(offer, kind);
+        return *offer == nullptr;
+    };
+    EXPECT_TRUE(ask(ITabPage::NewTabKind::Background));
+    EXPECT_EQ(m_window->GetTabCount(), 4);
+    EXPECT_EQ(m_window->GetCurrentTab(), 1);
+    EXPECT_EQ(m_window->GetTabAddress(3), QStringLiteral("https://b.example/"));
+    EXPECT_TRUE(ask(ITabPage::NewTabKind::Foreground));
+    EXPECT_EQ(m_window->GetCurrentTab(), 2);
+    GetPage(3).Arrive(QUrl(QStringLiteral("https://pop.example/")), QStringLiteral("Pop"));
+    EXPECT_EQ(GetData(2).GetTitle(), QStringLiteral("Pop"));
+    Q_EMIT GetPage(3).SigCloseRequested();
+    EXPECT_EQ(m_window->GetTabCount(), 4);
+}
+
+TEST_F(PageEventsTest, APermissionIsAskedInABarAndDeniedWhenTheBarIsClosed)
+{
+    QList<bool> answers;
+    PermissionRequest request;
+    request.kind = PermissionRequest::Kind::Location;
+    request.origin = QUrl(QStringLiteral("https://map.example/"));
+    request.answer = [&answers](bool allow) { answers << allow; };
+
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    EXPECT_TRUE(answers.isEmpty());
+    ASSERT_NE(GetNoticeButton(QStringLiteral("Allow")), nullptr);
+    QTest::mouseClick(GetNoticeButton(QStringLiteral("Allow")), Qt::LeftButton);
+    EXPECT_EQ(answers, QList<bool>({true}));
+
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    QTest::mouseClick(GetNoticeButton(QStringLiteral("Do not allow")), Qt::LeftButton);
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    const auto closers = m_window->findChildren<QToolButton*>(QStringLiteral("notice_close"));
+    for (QToolButton* closer : closers) {
+        if (closer->isVisible())
+            QTest::mouseClick(closer, Qt::LeftButton);
+    }
+    EXPECT_EQ(answers, QList<bool>({true, false, false}));
+}
+
+TEST_F(PageEventsTest, ABlockedAddressIsNamedAndThePageStays)
+{
+    Q_EMIT GetPage().SigBlocked(QUrl(QStringLiteral("file:///etc/passwd")));
+    bool named = false;
+    const auto bars = m_window->findChildren<NoticeBar*>();
+    for (const NoticeBar* bar : bars)
+        named =
+            named || bar->GetText(QStringLiteral("blocked")).contains(QStringLiteral("file:///etc/passwd"));
+    EXPECT_TRUE(named);
+    EXPECT_TRUE(GetMessage().isEmpty());
+}
+
+TEST_F(PageEventsTest, FullScreenHidesTheToolsAndEscapeLeavesIt)
+{
+    Q_EMIT GetPage().SigFullScreenRequested(true);
+    EXPECT_TRUE(m_window->isFullScreen());
+    EXPECT_FALSE(m_window->findChild<QWidget*>(QStringLiteral("toolbar"))->isVisible());
+    QTest::keyClick(m_window.get(), Qt::Key_Escape);
+    EXPECT_FALSE(m_window->isFullScreen());
+    EXPECT_TRUE(m_window->findChild<QWidget*>(QStringLiteral("toolbar"))->isVisible());
+}
+
+TEST_F(PageEventsTest, ATabInTheBackgroundCannotTakeTheScreen)
+{
+    m_window->SelectTab(0);
+    Q_EMIT GetPage().SigFullScreenRequested(true);
+    EXPECT_FALSE(m_window->isFullScreen());
+}
+
+TEST_F(PageEventsTest, TheCloseGuardKeepsTheWindowOpen)
+{
+    QSignalSpy quit(m_window.get(), &MainWindow::SigQuitRequested);
+    bool mayClose = false;
+    m_window->SetCloseGuard([&mayClose] { return mayClose; });
+    EXPECT_FALSE(m_window->close());
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(quit.size(), 1);
+    mayClose = true;
+    EXPECT_TRUE(m_window->close());
+    EXPECT_EQ(quit.size(), 1);
+}
+
+TEST_F(PageEventsTest, AReceiverMayCloseTheTabThatIsAnnounced)
+{
+    QObject::connect(m_window.get(), &MainWindow::SigPageLoaded, m_window.get(),
+                     [this](int index) { m_window->CloseTab(index); });
+    GetPage().Arrive(QUrl(QStringLiteral("https://a.example/x")), QStringLiteral("X"));
+    EXPECT_EQ(m_window->GetTabCount(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.CountAlive() == 0; }));
+}

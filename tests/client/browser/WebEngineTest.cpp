@@ -1,0 +1,336 @@
+#include "WebServer.h"
+
+#include "browser/DownloadNotices.h"
+#include "browser/IDownload.h"
+#include "browser/MainWindow.h"
+#include "browser/MessagePage.h"
+#include "browser/NoticeBar.h"
+#include "browser/WebEnginePageFactory.h"
+
+#include "frame-core/IBrowserTab.h"
+#include "frame-data/TabOpenInfo.h"
+#include "tab-container/TabData.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWebEngineWidgets/QWebEngineProfile>
+#include <QtWebEngineWidgets/QWebEngineView>
+#include <QtWidgets/QApplication>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int Deadline = 30000; // [ms]
+
+/// The engine writes to a profile's folder for a while after the profile is gone, so all folders stay
+/// until the program ends.
+QString MakeFolder()
+{
+    static const QTemporaryDir folder;
+    static int number = 0;
+    const QString name = QString::number(++number);
+    QDir(folder.path()).mkpath(name);
+    return folder.filePath(name);
+}
+
+class WebEngineTest : public ::testing::Test
+{
+protected:
+    WebEngineTest() : m_pages(std::make_unique<WebEnginePageFactory>(MakeFolder(), QStringLiteral("en")))
+    {
+        m_server.SetPage(QStringLiteral("/ok"), "<title>All well</title><body>fine</body>");
+        MainWindowServices services;
+        services.pages = m_pages.get();
+        m_window = std::make_unique<MainWindow>(services);
+        m_window->resize(900, 600);
+        m_window->show();
+    }
+    ~WebEngineTest() override
+    {
+        m_window.reset();
+        m_pages.reset();
+    }
+
+    void Open(const QUrl& url, bool activate = true)
+    {
+        TabOpenInfo info;
+        info.address = url.toString();
+        info.activate = activate;
+        m_window->OpenUrl(info, -1);
+    }
+    /// Opens the page in front and waits until it has loaded; whether it has.
+    bool OpenAndWait(const QUrl& url)
+    {
+        QSignalSpy loaded(m_window.get(), &MainWindow::SigPageLoaded);
+        Open(url);
+        return (!loaded.isEmpty() || loaded.wait(Deadline)) && loaded.first().at(2).toBool();
+    }
+    QString GetTitle(int index) const { return m_window->GetTab(index)->GetTabData()->GetTitle(); }
+    QWebEngineView* GetView() const
+    {
+        const auto views = m_window->findChildren<QWebEngineView*>();
+        for (QWebEngineView* view : views) {
+            if (view->isVisible())
+                return view;
+        }
+        return nullptr;
+    }
+    QStringList GetMessage() const
+    {
+        const auto messages = m_window->findChildren<MessagePage*>();
+        for (const MessagePage* message : messages) {
+            if (message->isVisible())
+                return {message->GetHeadline(), message->GetText(), message->GetAddress()};
+        }
+        return {};
+    }
+    QString GetTabNotice(const QString& id) const
+    {
+        const auto bars = m_window->findChildren<NoticeBar*>();
+        for (const NoticeBar* bar : bars) {
+            if (bar->IsShown(id))
+                return bar->GetText(id);
+        }
+        return {};
+    }
+    /// Clicks into the page as a user does.
+    void Click(const QPoint& place)
+    {
+        QWidget* target = GetView()->focusProxy();
+        ASSERT_NE(target, nullptr);
+        QTest::mouseClick(target, Qt::LeftButton, {}, place);
+    }
+    /// Runs a script in the page shown and gives its result.
+    QVariant Run(const QString& script)
+    {
+        QVariant result;
+        bool done = false;
+        GetView()->page()->runJavaScript(script, [&](const QVariant& value) {
+            result = value;
+            done = true;
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&done] { return done; }, Deadline));
+        return result;
+    }
+
+    WebServer m_server;
+    std::unique_ptr<WebEnginePageFactory> m_pages;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+} // namespace
+
+TEST_F(WebEngineTest, APageLoadsAndSaysItsTitle)
+{
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/ok"))));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return GetTitle(1) == QStringLiteral("All well"); }, Deadline));
+    EXPECT_TRUE(GetMessage().isEmpty());
+    EXPECT_EQ(m_window->GetTabAddress(1), m_server.GetUrl(QStringLiteral("/ok")).toString());
+}
+
+TEST_F(WebEngineTest, ATabInTheBackgroundLoadsToo)
+{
+    Open(m_server.GetUrl(QStringLiteral("/ok")), false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return GetTitle(1) == QStringLiteral("All well"); }, Deadline));
+    EXPECT_EQ(m_window->GetCurrentTab(), 0);
+}
+
+TEST_F(WebEngineTest, ARefusedConnectionIsExplainedAndCanBeTriedAgain)
+{
+    QTcpServer port;
+    ASSERT_TRUE(port.listen(QHostAddress::LocalHost));
+    const QUrl url(QStringLiteral("http://127.0.0.1:%1/later").arg(port.serverPort()));
+    port.close();
+
+    EXPECT_FALSE(OpenAndWait(url));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The site refused the connection"));
+    EXPECT_EQ(GetMessage().value(2), url.toString());
+    EXPECT_EQ(m_window->GetTabAddress(1), url.toString());
+    EXPECT_FALSE(m_window->IsLoading());
+
+    m_server.SetPage(QStringLiteral("/later"), "<title>Back again</title>");
+    m_server.close();
+    ASSERT_TRUE(m_server.listen(QHostAddress::LocalHost, quint16(url.port())));
+    const auto messages = m_window->findChildren<MessagePage*>();
+    for (MessagePage* message : messages) {
+        if (message->isVisible())
+            Q_EMIT message->SigButtonClicked();
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return GetTitle(1) == QStringLiteral("Back again"); }, Deadline));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return GetMessage().isEmpty(); }, Deadline));
+}
+
+TEST_F(WebEngineTest, AnUnknownHostIsExplained)
+{
+    EXPECT_FALSE(OpenAndWait(QUrl(QStringLiteral("http://nowhere.invalid/"))));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The site was not found"));
+}
+
+TEST_F(WebEngineTest, AServerThatSpeaksNoTlsIsNotSafe)
+{
+    QUrl url = m_server.GetUrl(QStringLiteral("/ok"));
+    url.setScheme(QStringLiteral("https"));
+    EXPECT_FALSE(OpenAndWait(url));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The connection is not safe"));
+}
+
+TEST_F(WebEngineTest, AnErrorWithAPageOfItsOwnIsShownAsThatPage)
+{
+    m_server.SetPage(QStringLiteral("/gone"), "<title>Not here</title>ERR_CONNECTION_REFUSED",
+                     "404 Not Found");
+    QSignalSpy loaded(m_window.get(), &MainWindow::SigPageLoaded);
+    Open(m_server.GetUrl(QStringLiteral("/gone")));
+    ASSERT_TRUE(loaded.wait(Deadline));
+    EXPECT_TRUE(GetMessage().isEmpty());
+    EXPECT_EQ(GetTitle(1), QStringLiteral("Not here"));
+}
+
+TEST_F(WebEngineTest, AnErrorWithoutAPageIsExplained)
+{
+    m_server.SetPage(QStringLiteral("/empty"), "", "500 Internal Server Error");
+    EXPECT_FALSE(OpenAndWait(m_server.GetUrl(QStringLiteral("/empty"))));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The site reported an error"));
+}
+
+TEST_F(WebEngineTest, ADeadRendererIsShownAndReloadBringsThePageBack)
+{
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/ok"))));
+    // The crash page cannot be reached by navigating, so the engine is asked below the client's gate.
+    GetView()->page()->setUrl(QUrl(QStringLiteral("chrome://crash")));
+    if (!QTest::qWaitFor([this] { return !GetMessage().isEmpty(); }, Deadline))
+        FAIL() << "no message after the crash";
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
+    EXPECT_EQ(m_window->GetTabAddress(1), m_server.GetUrl(QStringLiteral("/ok")).toString());
+}
+
+TEST_F(WebEngineTest, APageReachesNeitherFilesNorOtherSchemes)
+{
+    m_server.SetPage(
+        QStringLiteral("/evil"),
+        "<title>evil</title><body style='margin:0'>"
+        "<a id=f href='file:///etc/passwd' style='display:block;height:100px;background:red'>f</a>"
+        "<img src='file:///etc/hostname' onload=\"document.title='read'\">"
+        "<iframe src='file:///etc/hostname'></iframe><iframe src='qrc:/themes/light.qss'></iframe></body>");
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/evil"))));
+    for (const char* script : {"location.href='file:///etc/passwd'", "location.href='chrome://version'",
+                               "location.href='qrc:/themes/light.qss'", "location.href='data:text/html,x'"}) {
+        Run(QString::fromLatin1(script));
+    }
+    EXPECT_EQ(Run(QStringLiteral("location.pathname")).toString(), QStringLiteral("/evil"));
+    EXPECT_EQ(GetTitle(1), QStringLiteral("evil"));
+    EXPECT_EQ(m_window->GetTabAddress(1), m_server.GetUrl(QStringLiteral("/evil")).toString());
+    EXPECT_EQ(Run(QStringLiteral(
+                      "document.querySelectorAll('iframe')[0].contentDocument === null"
+                      " || document.querySelectorAll('iframe')[0].contentDocument.body.innerText === ''"))
+                  .toBool(),
+              true);
+}
+
+TEST_F(WebEngineTest, AMailAddressIsOfferedToAnotherProgramOnlyAfterAsking)
+{
+    m_server.SetPage(
+        QStringLiteral("/mail"),
+        "<body style='margin:0'><a href='mailto:a@b.example' style='display:block;height:200px'>m</a>");
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/mail"))));
+    Click(QPoint(50, 50));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return !GetTabNotice(QStringLiteral("external")).isEmpty(); }, Deadline));
+    EXPECT_TRUE(GetTabNotice(QStringLiteral("external")).contains(QStringLiteral("mailto:a@b.example")));
+}
+
+TEST_F(WebEngineTest, APopUpThatTheUserAskedForBecomesATab)
+{
+    m_server.SetPage(QStringLiteral("/opener"),
+                     "<title>opener</title><body style='margin:0'>"
+                     "<a href='/ok' target=_blank style='display:block;height:400px'>open</a>");
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/opener"))));
+    Click(QPoint(50, 50));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_window->GetTabCount() == 3; }, Deadline));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return GetTitle(2) == QStringLiteral("All well"); }, Deadline));
+    EXPECT_EQ(m_window->GetCurrentTab(), 2);
+    EXPECT_EQ(m_window->GetTabAddress(2), m_server.GetUrl(QStringLiteral("/ok")).toString());
+}
+
+TEST_F(WebEngineTest, APopUpThatNobodyAskedForIsNotOpened)
+{
+    m_server.SetPage(
+        QStringLiteral("/pushy"),
+        "<title>start</title><script>document.title = window.open('/ok') ? 'opened' : 'blocked'</script>");
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/pushy"))));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return GetTitle(1) == QStringLiteral("blocked"); }, Deadline));
+    EXPECT_EQ(m_window->GetTabCount(), 2);
+}
+
+TEST_F(WebEngineTest, ADownloadIsAskedForAndSaved)
+{
+    m_server.SetPage(QStringLiteral("/file"), "12345", "200 OK",
+                     "Content-Type: application/octet-stream\r\nContent-Disposition: attachment; "
+                     "filename=numbers.bin\r\n");
+    // The window's own question is a dialog; here the first receiver answers for the user.
+    const QString path = MakeFolder() + QStringLiteral("/saved.bin");
+    m_window.reset();
+    NoticeBar bar;
+    DownloadNotices notices(&bar, [&path](const QString&) { return path; });
+    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, &DownloadNotices::Take);
+    auto page = m_pages->CreatePage(nullptr);
+    QSignalSpy failed(page.get(), &ITabPage::SigFailed);
+    QSignalSpy finished(page.get(), &ITabPage::SigLoadFinished);
+    page->Load(m_server.GetUrl(QStringLiteral("/file")));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return bar.GetText(QStringLiteral("download/1")) == QStringLiteral("saved.bin was saved."); },
+        Deadline));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("12345"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !finished.isEmpty(); }, Deadline));
+    EXPECT_TRUE(failed.isEmpty()) << "a download was taken for a page that could not be loaded";
+}
+
+TEST_F(WebEngineTest, TenTabsOpenAboutAsFastAsTenBareViews)
+{
+    // The first page pays for starting the engine, whoever makes it.
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/ok"))));
+
+    QElapsedTimer timer;
+    timer.start();
+    {
+        QWebEngineProfile profile;
+        std::vector<std::unique_ptr<QWebEngineView>> views;
+        for (int i = 0; i < 10; ++i) {
+            auto view = std::make_unique<QWebEngineView>();
+            view->setPage(new QWebEnginePage(&profile, view.get()));
+            view->load(m_server.GetUrl(QStringLiteral("/ok")));
+            views.push_back(std::move(view));
+        }
+        RecordProperty("bare_ms", int(timer.elapsed()));
+    }
+    const qint64 bare = timer.restart();
+    for (int i = 0; i < 10; ++i)
+        Open(m_server.GetUrl(QStringLiteral("/ok")), false);
+    const qint64 ours = timer.elapsed();
+    RecordProperty("tabs_ms", int(ours));
+    EXPECT_LT(ours, 2 * bare + 500);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !m_window->IsLoading(); }, Deadline));
+    for (int i = 1; i < m_window->GetTabCount(); ++i)
+        EXPECT_EQ(GetTitle(i), QStringLiteral("All well"));
+}
+
+int main(int argc, char** argv)
+{
+    // No display, no graphics card, and possibly root in a container: the engine runs without its sandbox,
+    // in this test only.
+    if (qEnvironmentVariableIsEmpty("QTWEBENGINE_CHROMIUM_FLAGS"))
+        qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --no-zygote");
+    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    qputenv("QT_QUICK_BACKEND", "software");
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    ::testing::InitGoogleMock(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,38 @@
+#include "WebServer.h"
+
+#include <QtNetwork/QTcpSocket>
+
+WebServer::WebServer()
+{
+    listen(QHostAddress::LocalHost);
+    connect(this, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket* socket = nextPendingConnection()) {
+            connect(socket, &QTcpSocket::readyRead, this, [this, socket] { Answer(socket); });
+            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        }
+    });
+}
+
+void WebServer::SetPage(const QString& path, const QByteArray& body, const QByteArray& status,
+                        const QByteArray& headers)
+{
+    m_answers.insert(path, "HTTP/1.1 " + status + "\r\n" + headers + "Connection: close\r\nContent-Length: " +
+                               QByteArray::number(body.size()) + "\r\n\r\n" + body);
+}
+
+QUrl WebServer::GetUrl(const QString& path) const
+{
+    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
+}
+
+void WebServer::Answer(QTcpSocket* socket)
+{
+    if (!socket->canReadLine())
+        return;
+    const QString path = QString::fromLatin1(socket->readLine().split(' ').value(1));
+    socket->readAll();
+    m_requests << path;
+    socket->write(
+        m_answers.value(path, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"));
+    socket->disconnectFromHost();
+}

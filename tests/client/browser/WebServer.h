@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QStringList>
+#include <QtCore/QUrl>
+#include <QtNetwork/QTcpServer>
+
+/// A web server on a free port of the loopback, for a handful of pages.
+class WebServer final : public QTcpServer
+{
+    Q_OBJECT
+
+public:
+    WebServer();
+
+    void SetPage(const QString& path, const QByteArray& body, const QByteArray& status = "200 OK",
+                 const QByteArray& headers = "Content-Type: text/html; charset=utf-8\r\n");
+    QUrl GetUrl(const QString& path) const;
+    QStringList GetRequests() const { return m_requests; }
+
+private:
+    void Answer(QTcpSocket* socket);
+
+    QHash<QString, QByteArray> m_answers; // whole replies by path
+    QStringList m_requests;               // paths in the order in which they were asked for
+};
