@@ -93,7 +93,7 @@ void ClientMemory::SetSessionEnd(const QString& code)
 
 QString ClientMemory::TakeSessionEnd()
 {
-    const QString code = Get(sessionEndField);
+    QString code = Get(sessionEndField);
     if (!code.isEmpty()) {
         Set(sessionEndField, QString());
     }

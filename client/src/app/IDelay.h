@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/qglobal.h>
+
 #include <functional>
 
 /// A single shot after some time; a test puts its own clock behind it.
@@ -14,6 +16,5 @@ public:
 
 protected:
     IDelay() = default;
-    IDelay(const IDelay&) = delete;
-    IDelay& operator=(const IDelay&) = delete;
+    Q_DISABLE_COPY(IDelay)
 };

@@ -24,6 +24,5 @@ public:
 
 protected:
     IKeyStore() = default;
-    IKeyStore(const IKeyStore&) = delete;
-    IKeyStore& operator=(const IKeyStore&) = delete;
+    Q_DISABLE_COPY(IKeyStore)
 };

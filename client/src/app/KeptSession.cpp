@@ -46,7 +46,8 @@ void KeptSession::Load(std::function<void(const Session&, LoginProblem::Kind)> a
     const bool expired = session.expiresAt.isValid() && session.expiresAt <= m_now();
     if (session.pin.isEmpty() || expired) {
         const auto problem = expired ? LoginProblem::Kind::SessionExpired : LoginProblem::Kind::None;
-        Forget([problem, answer = std::move(answer)] { answer(Session(), problem); });
+        Forget([] {});
+        answer(Session(), problem);
         return;
     }
     const QPointer<KeptSession> guard(this);

@@ -26,7 +26,7 @@ public:
     /// Whose session it is; empty when there is none.
     QString GetPin() const;
     /// Answers with the kept session, or with an empty one and the problem that ended it (none when there
-    /// was none). One that has expired, or whose token is gone, is forgotten.
+    /// was none). One that has expired, or whose token is gone, is forgotten. May answer at once.
     void Load(std::function<void(const Session&, LoginProblem::Kind)> answer);
     /// Keeps the session in place of any other. Not ok: nothing is kept.
     void Keep(const Session& session, std::function<void(bool ok)> answer);

@@ -14,7 +14,8 @@ class MonitorRecorder final : public QObject, public IMonitorSystem
 
 public:
     /// `folder` is made with the first event. `limit` [bytes] is that of the first file.
-    explicit MonitorRecorder(const QString& folder, qint64 limit = 1024 * 1024, QObject* parent = nullptr);
+    explicit MonitorRecorder(const QString& folder, qint64 limit = qint64(1024) * 1024,
+                             QObject* parent = nullptr);
 
     void ReportEvent(const QString& eventId, const QString& pageId, const QStringList& parameters) override;
 

@@ -13,7 +13,8 @@ namespace {
 
 void Say(std::FILE* stream, const QString& text)
 {
-    std::fputs(qUtf8Printable(text + QLatin1Char('\n')), stream);
+    // Nothing can be said about a stream that takes nothing.
+    static_cast<void>(std::fputs(qUtf8Printable(text + QLatin1Char('\n')), stream));
 }
 
 /// Help and version are for somebody at a terminal, who may have no display. Empty: go on.
