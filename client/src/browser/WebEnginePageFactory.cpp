@@ -33,7 +33,8 @@ void Restrict(QWebEngineSettings* settings)
     settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, true);
     // What the engine's error page says is how the tab learns the reason; the user sees the tab's own.
     settings->setAttribute(QWebEngineSettings::ErrorPageEnabled, true);
-    settings->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    // Unknown schemes keep the engine's policy: after a click it asks the page, which says no and lets
+    // the tab ask the user.
 }
 
 } // namespace
