@@ -115,7 +115,7 @@ protected:
 
     QString FileWith(const QByteArray& content) const
     {
-        const QString path = folder.filePath(QStringLiteral("import.json"));
+        QString path = folder.filePath(QStringLiteral("import.json"));
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
         return path;
@@ -132,7 +132,7 @@ protected:
 
     QSharedPointer<LoginResponse> TryToLogIn(const QString& pin, const QString& password)
     {
-        const auto response = QSharedPointer<LoginResponse>::create();
+        auto response = QSharedPointer<LoginResponse>::create();
         Run(QSharedPointer<LoginRequest>::create(pin, password), response);
         return response;
     }
@@ -147,7 +147,7 @@ protected:
 
     QSharedPointer<JsonResponse> Ask(const QString& method)
     {
-        const auto response = QSharedPointer<JsonResponse>::create();
+        auto response = QSharedPointer<JsonResponse>::create();
         Run(QSharedPointer<UserRequest>::create(method), response);
         return response;
     }
@@ -161,14 +161,14 @@ protected:
 
     QSharedPointer<BoolResponse> Write(const QJsonObject& configuration)
     {
-        const auto response = QSharedPointer<BoolResponse>::create();
+        auto response = QSharedPointer<BoolResponse>::create();
         Run(QSharedPointer<WriteRequest>::create(configuration), response);
         return response;
     }
 
     QSharedPointer<OddRequest> MakeOdd() const
     {
-        const auto request = QSharedPointer<OddRequest>::create();
+        auto request = QSharedPointer<OddRequest>::create();
         request->business = UserRequest(ReadMethod).GetBusinessParam();
         return request;
     }
@@ -511,7 +511,7 @@ TEST_F(GatewayContractTest, TheLastKnownConfigurationServesWhileTheGatewayIsDown
 {
     LogIn();
     const auto read = [this] {
-        const auto response = QSharedPointer<JsonResponse>::create();
+        auto response = QSharedPointer<JsonResponse>::create();
         response->SetAutoCache(true);
         Run(QSharedPointer<UserRequest>::create(ReadMethod), response, 2);
         return response;

@@ -162,7 +162,7 @@ void ScriptedHttpServer::Answer(QTcpSocket* socket, const ScriptedReply& reply)
 
 void ScriptedHttpServer::Feed(QTcpSocket* socket)
 {
-    if (socket->state() == QAbstractSocket::ConnectedState && socket->bytesToWrite() < 256 * 1024) {
+    if (socket->state() == QAbstractSocket::ConnectedState && socket->bytesToWrite() < qint64(256) * 1024) {
         socket->write(QByteArray(256 * 1024, ' '));
     }
 }
