@@ -34,7 +34,7 @@ void ReplaceAll(std::string& text, std::string_view what, std::string_view by)
     }
 }
 
-// Takes "KEY: value" from the first lines of a page, which its author fills in, up to an empty line.
+// Takes the line "KEY: value" from the head of a page's source.
 std::string TakeField(std::string_view& page, std::string_view key)
 {
     const std::string start = std::string(key) + ": ";
@@ -51,10 +51,12 @@ std::string ComposePage(std::string_view name, std::string_view source)
 {
     const std::string title = TakeField(source, "title");
     const std::string accent = TakeField(source, "accent");
+    const std::string accentInTheDark = TakeField(source, "accent-dark");
     std::string page(FileContent("shell.html"));
     ReplaceAll(page, "{{style}}", FileContent("style.css"));
     ReplaceAll(page, "{{title}}", title);
     ReplaceAll(page, "{{accent}}", accent);
+    ReplaceAll(page, "{{accent-dark}}", accentInTheDark);
     ReplaceAll(page, "{{name}}", name);
     ReplaceAll(page, "{{body}}", source);
     return page;
