@@ -63,7 +63,12 @@ int SqliteConnection::ChangedRows() const noexcept
 
 void SqliteConnection::Checkpoint()
 {
-    Check(sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr));
+    const int result =
+        sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+    // Busy: another program is doing just that.
+    if (result != SQLITE_BUSY) {
+        Check(result);
+    }
 }
 
 void SqliteConnection::Check(int result) const

@@ -40,7 +40,8 @@ public:
     [[nodiscard]] bool IsInTransaction() const noexcept;
     // Rows that the last statement changed.
     [[nodiscard]] int ChangedRows() const noexcept;
-    // Moves the write-ahead log into the database file and empties it, as far as other readers let it.
+    // Moves the write-ahead log into the database file, as far as that can be done without waiting for
+    // others.
     void Checkpoint();
 
 private:

@@ -89,6 +89,9 @@ const std::vector<const char*>& SchemaScripts()
 void MigrateSchema(SqliteConnection& connection, const std::vector<const char*>& scripts)
 {
     CheckOwner(connection);
+    if (ReadVersion(connection) == scripts.size()) {
+        return; // without asking for the write lock, which another program may hold
+    }
     for (;;) {
         connection.Execute("BEGIN IMMEDIATE");
         try {

@@ -11,8 +11,8 @@
 #include <spdlog/logger.h>
 #include <sqlite3.h>
 
-#include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -36,10 +36,9 @@ void CheckIntegrity(const std::string& file, std::chrono::milliseconds busyTimeo
 
 // The file holds secrets and password hashes, so a new one is for its owner alone. SQLite gives the files
 // beside it the same rights.
-void MakeOwnersFile(const std::filesystem::path& path, const std::string& file)
+void MakeOwnersFile(const std::filesystem::path& path)
 {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> made(std::fopen(file.c_str(), "ab"), &std::fclose);
-    if (made) {
+    if (std::ofstream(path, std::ios::app)) {
         std::error_code ignored;
         std::filesystem::permissions(
             path, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write, ignored);
@@ -64,7 +63,7 @@ std::unique_ptr<SqliteConnection> OpenForWriting(const SqliteStore::Options& opt
     }
     try {
         if (!exists) {
-            MakeOwnersFile(path, options.file);
+            MakeOwnersFile(path);
         } else if (options.checkIntegrity) {
             CheckIntegrity(options.file, options.busyTimeout);
         }

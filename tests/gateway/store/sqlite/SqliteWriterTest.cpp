@@ -197,14 +197,16 @@ TEST_F(SqliteWriterTest, FullQueueIsBusyAtOnceAndTheWaitingWritesAreDone)
     EXPECT_EQ(Committed(), "2");
 }
 
-TEST_F(SqliteWriterTest, CloseDoesWhatWaitsAndEmptiesTheLog)
+TEST_F(SqliteWriterTest, CloseDoesWhatWaitsAndMovesTheLogIntoTheFile)
 {
     Block();
     auto waiting = Submit(Insert(1));
     Release();
     writer->Close();
     EXPECT_FALSE(waiting.get());
-    EXPECT_EQ(ReadBytes(file + "-wal"), "");
+    SqliteConnection alone(folder.Write("alone.db", ReadBytes(file)), SqliteConnection::Mode::ReadWrite,
+                           std::chrono::milliseconds(0));
+    EXPECT_EQ(alone.SingleValue("SELECT count(*) FROM t"), "1") << "the file needs its log no longer";
     EXPECT_EQ(Submit(Insert(2)).get()->code, ErrorCode::Busy);
 }
 
