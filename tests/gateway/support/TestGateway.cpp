@@ -14,6 +14,7 @@
 #include <boost/json/object.hpp>
 #include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
+#include <boost/json/value_to.hpp>
 
 #include <chrono>
 #include <future>
