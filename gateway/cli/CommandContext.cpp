@@ -19,7 +19,7 @@ namespace TLGateway {
 
 namespace {
 
-constexpr std::uintmax_t MaxFileSize = 16 * 1024 * 1024;
+constexpr std::uintmax_t MaxFileSize = 16777216;
 
 } // namespace
 

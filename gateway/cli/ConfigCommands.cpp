@@ -86,7 +86,8 @@ void ImportConfiguration(const CommandContext& context, const std::string& pin, 
     const auto store = OpenStoreWithUser(context, pin);
     AwaitWrite([&](IStore::WriteDone done) {
         store->EditConfiguration(
-            pin, "operator", [&configuration](const AutoRunConfiguration&) { return configuration; },
+            pin, "operator",
+            [&configuration](const AutoRunConfiguration&) { return AutoRunConfiguration(configuration); },
             std::move(done));
     });
     context.out << "configuration of user " << Quoted(pin) << " imported as revision "

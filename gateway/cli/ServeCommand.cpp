@@ -60,7 +60,7 @@ void Serve(const CommandContext& context, const ServeOptions& options)
     const ListenAddress address = ParseListenAddress(options.listen);
     context.logger->set_level(spdlog::level::from_str(options.logLevel));
 #ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN); // whoever reads the log may end before the gateway does
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // whoever reads the log may end before the gateway does
 #endif
 
     SqliteStore::Options storeOptions;

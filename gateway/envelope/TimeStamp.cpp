@@ -86,7 +86,8 @@ std::optional<UnixTime> ParseTimeStamp(std::string_view text) noexcept
         *minute > 59 || *second > 59) {
         return std::nullopt;
     }
-    return DaysFromDate(*year, *month, *day) * SecondsPerDay + *hour * 3600 + *minute * 60 + *second;
+    return DaysFromDate(*year, *month, *day) * SecondsPerDay + UnixTime{*hour} * 3600 +
+           UnixTime{*minute} * 60 + *second;
 }
 
 std::string FormatTimeStamp(UnixTime time)
@@ -98,8 +99,9 @@ std::string FormatTimeStamp(UnixTime time)
     const int rest = static_cast<int>(time - days * SecondsPerDay);
     const Date date = DateFromDays(days);
     std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", static_cast<int>(date.year),
-                  date.month, date.day, rest / 3600, rest / 60 % 60, rest % 60);
+    static_cast<void>(std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d",
+                                    static_cast<int>(date.year), date.month, date.day, rest / 3600,
+                                    rest / 60 % 60, rest % 60));
     return text.data();
 }
 

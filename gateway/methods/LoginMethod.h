@@ -16,7 +16,7 @@ class LoginMethod final : public IMethod
 public:
     // A pin with this many failed log-ins within the span is refused until the span is over.
     static constexpr std::size_t MaxFailures = 10;
-    static constexpr UnixTime FailureSpan = 15 * 60;       // [s]
+    static constexpr UnixTime FailureSpan = 900;           // [s]
     static constexpr std::size_t MaxPasswordLength = 1024; // [code points]
 
     // Token lifetime in seconds. All three references must outlive the method.

@@ -25,8 +25,8 @@ public:
         std::string address = "127.0.0.1";
         std::uint16_t port = 0; // 0: a free one
         std::size_t maxConnections = 1024;
-        std::size_t maxBodySize = 256 * 1024;          // [bytes]
-        std::size_t maxHeaderSize = 16 * 1024;         // [bytes]
+        std::size_t maxBodySize = 262144;              // [bytes]
+        std::size_t maxHeaderSize = 16384;             // [bytes]
         std::chrono::milliseconds requestLimit{10000}; // to send a whole request
         std::chrono::milliseconds idleLimit{60000};    // between two requests
         std::chrono::milliseconds replyLimit{30000};   // to take a whole reply

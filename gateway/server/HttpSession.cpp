@@ -18,11 +18,11 @@ namespace http = boost::beast::http;
 
 namespace {
 
-constexpr std::size_t BufferLimit = 128 * 1024;
-constexpr std::size_t ReadAtOnce = 8 * 1024;
+constexpr std::size_t BufferLimit = 131072;
+constexpr std::size_t ReadAtOnce = 8192;
 // After a refusal of an unread request the client still sends; a close at once would make its system throw
 // the reply away.
-constexpr std::size_t DiscardLimit = 4 * 1024 * 1024;
+constexpr std::size_t DiscardLimit = 4194304;
 constexpr std::chrono::seconds DiscardTime{2};
 constexpr const char* ServerName = "tl-gateway";
 
@@ -218,11 +218,10 @@ void HttpSession::SendReply(const HttpReply& reply)
 void HttpSession::OnReplySent(beast::error_code error)
 {
     m_response.reset();
-    if (error || m_state == State::Closed) {
-        Abort();
-    } else if (m_isUnreadable) {
+    const bool goesOn = !error && m_state != State::Closed;
+    if (goesOn && m_isUnreadable) {
         Linger();
-    } else if (m_keepAlive) {
+    } else if (goesOn && m_keepAlive) {
         AwaitRequest(m_options.idleLimit);
     } else {
         Abort();

@@ -13,10 +13,10 @@ SqliteConnection::SqliteConnection(const std::string& file, Mode mode, std::chro
     const int result = sqlite3_open_v2(file.c_str(), &m_connection,
                                        access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     if (result != SQLITE_OK) {
-        const SqliteError error(result, m_connection != nullptr ? sqlite3_errmsg(m_connection)
-                                                                : sqlite3_errstr(result));
+        const std::string message =
+            m_connection != nullptr ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
         Close();
-        throw error;
+        throw SqliteError(result, message);
     }
     sqlite3_busy_timeout(m_connection, static_cast<int>(busyTimeout.count()));
 }

@@ -38,21 +38,15 @@ SqliteWriter::~SqliteWriter()
 
 void SqliteWriter::Submit(std::string what, Write write, Done done)
 {
-    const Refusal* refusal = nullptr;
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_isClosing) {
-            refusal = &ShuttingDown;
-        } else if (m_queue.size() >= m_queueLimit) {
-            refusal = &QueueFull;
-        } else {
-            m_queue.push_back({std::move(what), std::move(write), std::move(done), std::nullopt});
-        }
-    }
-    if (refusal != nullptr) {
-        done(*refusal);
+    std::unique_lock lock(m_mutex);
+    if (m_isClosing || m_queue.size() >= m_queueLimit) {
+        const Refusal& refusal = m_isClosing ? ShuttingDown : QueueFull;
+        lock.unlock();
+        done(refusal);
         return;
     }
+    m_queue.push_back({std::move(what), std::move(write), std::move(done), std::nullopt});
+    lock.unlock();
     m_wake.notify_one();
 }
 
