@@ -116,14 +116,14 @@ void AddConfigCommands(CLI::App& app, CommandContext& context)
     history->add_option("PIN", *pin, "The user's account name")->required();
     history->callback([&context, pin] { ShowHistory(context, *pin); });
 
-    CLI::App* import =
+    CLI::App* importConfiguration =
         config->add_subcommand("import", "Replace a user's configuration, system entries included");
-    AddDatabaseOption(*import, context);
-    import->add_option("PIN", *pin, "The user's account name")->required();
-    import->add_option("FILE", *path, "The three lists as one JSON object, as \"config show\" prints it")
+    AddDatabaseOption(*importConfiguration, context);
+    importConfiguration->add_option("PIN", *pin, "The user's account name")->required();
+    importConfiguration
+        ->add_option("FILE", *path, "The three lists as one JSON object, as \"config show\" prints it")
         ->required();
-    import->callback([&context, pin, path] { ImportConfiguration(context, *pin, *path);
-});
-} // namespace TLGateway
+    importConfiguration->callback([&context, pin, path] { ImportConfiguration(context, *pin, *path); });
+}
 
 } // namespace TLGateway

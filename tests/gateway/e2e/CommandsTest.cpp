@@ -168,6 +168,19 @@ TEST_F(Commands, CatalogueAndSwitchesReachTheClient)
               R"({"display":false,"number":8,"valid":false}]})");
 }
 
+TEST_F(Commands, ListedCatalogueCanBeImportedAgain)
+{
+    const std::string apps = folder.Write(
+        "apps.json",
+        R"([{"name":"Two","serviceCode":"two","iconUrl":"","address":"https://two.example/","availability":1},)"
+        R"({"name":"One","serviceCode":"one","iconUrl":"","address":"https://one.example/","availability":0}])");
+    ExpectDone(Run({"app", "import", apps}));
+    const std::string listed = Run({"app", "list"}).out;
+    EXPECT_LT(listed.find("\"two\""), listed.find("\"one\""));
+    ExpectDone(Run({"app", "import", folder.Write("listed.json", listed)}));
+    EXPECT_EQ(Run({"app", "list"}).out, listed);
+}
+
 TEST_F(Commands, WrongCatalogueAndWrongSwitchAreErrors)
 {
     ExpectError(Run({"app", "import", folder.Write("apps.json", "{}")}), "wanted array");
