@@ -13,6 +13,11 @@ FaultyGateway::FaultyGateway(const QUrl& gateway) : m_gateway(gateway)
     m_port = m_server.serverPort();
 }
 
+FaultyGateway::~FaultyGateway()
+{
+    Shut();
+}
+
 QString FaultyGateway::GetAddress() const
 {
     return QStringLiteral("http://127.0.0.1:%1").arg(m_port);

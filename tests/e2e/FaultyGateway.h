@@ -26,6 +26,8 @@ public:
     };
 
     explicit FaultyGateway(const QUrl& gateway);
+    /// Drops its connections while the members that their signals use still stand.
+    ~FaultyGateway() override;
 
     QString GetAddress() const;
     /// From the next call of `method` on; an empty method means all calls.

@@ -1,12 +1,15 @@
 #include "ClientProcess.h"
+#include "Desktop.h"
 #include "FaultyGateway.h"
 #include "GatewayProcess.h"
 #include "KeyStoreDaemon.h"
 #include "VirtualScreen.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
 #include <QtTest/QTest>
@@ -297,6 +300,37 @@ TEST_F(LoginTest, BarOfTheLastKnownConfigurationGoesAwayOnceTheGatewayAnswers)
     m_front->SetFault(PluginsMethod, FaultyGateway::Fault::None);
     EXPECT_TRUE(m_client->WaitForEvents(QStringLiteral("notice.gone"), 1));
     EXPECT_TRUE(m_client->IsRunning());
+}
+
+TEST_F(LoginTest, KeptSessionOpensTheLastKnownConfigurationWithoutAnyGateway)
+{
+    const QString home = m_folder.filePath(QStringLiteral("keys"));
+    ASSERT_TRUE(QDir().mkpath(home));
+    const KeyStoreDaemon keys(home);
+    ASSERT_FALSE(keys.GetBusAddress().isEmpty()) << "no session bus with a key store";
+    m_client->SetEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), keys.GetBusAddress());
+    m_client->SetEnvironment(QStringLiteral("XDG_RUNTIME_DIR"), home);
+
+    // Once by hand, with the keys that a person presses: the dialog opens with the focus in the password,
+    // as the pin is given.
+    m_client->Start({QStringLiteral("--gateway"), m_front->GetAddress(), QStringLiteral("--pin"),
+                     QStringLiteral("demo")});
+    const Desktop desktop(m_screen.GetDisplay());
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(desktop.Type(QStringLiteral("demo")));
+    ASSERT_TRUE(desktop.Press(
+        {QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("space")})); // "Stay signed in"
+    ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
+    ASSERT_TRUE(m_client->Stop());
+
+    m_front->Shut();
+    m_client->Start({QStringLiteral("--gateway"), m_front->GetAddress()});
+    ExpectEntriesOpen();
+    EXPECT_TRUE(WaitForNotice(QStringLiteral("last known configuration")));
+    const QVector<QJsonObject> logins = m_client->GetEvents(QStringLiteral("login"));
+    ASSERT_EQ(logins.size(), 1);
+    EXPECT_TRUE(logins[0].value(QStringLiteral("kept")).toBool());
 }
 
 class UnreadableReplyTest : public LoginTest, public ::testing::WithParamInterface<FaultyGateway::Fault>
