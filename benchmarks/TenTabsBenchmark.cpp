@@ -19,10 +19,10 @@
 
 namespace {
 
-const QStringList Pages{QStringLiteral("orders"),    QStringLiteral("sales"),    QStringLiteral("inventory"),
-                        QStringLiteral("messages"),  QStringLiteral("shipping"), QStringLiteral("reviews"),
-                        QStringLiteral("campaigns"), QStringLiteral("help"),     QStringLiteral("customers"),
-                        QStringLiteral("news")};
+const QStringList Pages{QStringLiteral("today"),    QStringLiteral("messages"), QStringLiteral("supplier"),
+                        QStringLiteral("calendar"), QStringLiteral("orders"),   QStringLiteral("inventory"),
+                        QStringLiteral("shipping"), QStringLiteral("reviews"),  QStringLiteral("campaigns"),
+                        QStringLiteral("returns")};
 
 struct Times
 {

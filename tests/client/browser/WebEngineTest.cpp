@@ -12,13 +12,11 @@
 #include "tab-container/TabData.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
-#include <QtWebEngineWidgets/QWebEngineProfile>
 #include <QtWebEngineWidgets/QWebEngineView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPushButton>
@@ -319,30 +317,11 @@ TEST_F(WebEngineTest, ADownloadIsAskedForAndSaved)
     EXPECT_TRUE(failed.isEmpty()) << "a download was taken for a page that could not be loaded";
 }
 
-TEST_F(WebEngineTest, TenTabsOpenAboutAsFastAsTenBareViews)
+TEST_F(WebEngineTest, TenTabsOpenedAtOnceAllLoad)
 {
-    // The first page pays for starting the engine, whoever makes it.
-    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/ok"))));
-
-    QElapsedTimer timer;
-    timer.start();
-    {
-        QWebEngineProfile profile;
-        std::vector<std::unique_ptr<QWebEngineView>> views;
-        for (int i = 0; i < 10; ++i) {
-            auto view = std::make_unique<QWebEngineView>();
-            view->setPage(new QWebEnginePage(&profile, view.get()));
-            view->load(m_server.GetUrl(QStringLiteral("/ok")));
-            views.push_back(std::move(view));
-        }
-        RecordProperty("bare_ms", int(timer.elapsed()));
-    }
-    const qint64 bare = timer.restart();
     for (int i = 0; i < 10; ++i)
         Open(m_server.GetUrl(QStringLiteral("/ok")), false);
-    const qint64 ours = timer.elapsed();
-    RecordProperty("tabs_ms", int(ours));
-    EXPECT_LT(ours, 2 * bare + 500);
+    ASSERT_EQ(m_window->GetTabCount(), 11);
     ASSERT_TRUE(WaitUntil([this] { return !m_window->IsLoading(); }));
     for (int i = 1; i < m_window->GetTabCount(); ++i)
         EXPECT_EQ(GetTitle(i), QStringLiteral("All well"));
