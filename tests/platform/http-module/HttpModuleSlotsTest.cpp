@@ -1,4 +1,4 @@
-#include "VirtualPlaces.h"
+#include "VTablePlaces.h"
 
 #include "FakeRecord.h"
 
@@ -6,11 +6,23 @@
 #include "http-module/HttpResponseObjectDsm.h"
 #include "http-module/IHttpRequestDsm.h"
 
+#include <QtCore/QObject>
+
 #include <gmock/gmock.h>
 
 using ::testing::ElementsAre;
 
 namespace {
+
+/// The last place that is QObject's.
+int PlaceOfLastOfQObject()
+{
+    struct Opened : QObject
+    {
+        static int Get() { return VTablePlaces::PlaceOf(&Opened::disconnectNotify); }
+    };
+    return Opened::Get();
+}
 
 // Any two requests, each with the two operations that a request contributes.
 class FirstRequest final : public IHttpRequestDsm
@@ -31,20 +43,20 @@ public:
 
 TEST(HttpModuleSlotsTest, ARequestsOperationsFollowThoseOfQObjectWithoutAGap)
 {
-    const int first = VirtualPlaces::OfLastOfQObject() + 1;
+    const int first = PlaceOfLastOfQObject() + 1;
     const std::vector<int> places = {
-        VirtualPlaces::Of(&IHttpRequestDsm::GetApiUrl),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetHostIp),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetApiBody),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetMethodName),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetLogInfo),
-        VirtualPlaces::Of(&IHttpRequestDsm::IsDegradeApi),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetDegradeDescription),
-        VirtualPlaces::Of(&IHttpRequestDsm::DoReset),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetDsmMethod),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetBusinessParam),
-        VirtualPlaces::Of(&IHttpRequestDsm::GetDsmAppendix),
-        VirtualPlaces::Of(&IHttpRequestDsm::InitParam),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetApiUrl),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetHostIp),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetApiBody),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetMethodName),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetLogInfo),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::IsDegradeApi),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetDegradeDescription),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::DoReset),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetDsmMethod),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetBusinessParam),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::GetDsmAppendix),
+        VTablePlaces::PlaceOf(&IHttpRequestDsm::InitParam),
     };
     for (int i = 0; i < static_cast<int>(places.size()); ++i) {
         EXPECT_EQ(places[static_cast<std::size_t>(i)], first + i) << "operation " << i;
@@ -55,27 +67,28 @@ TEST(HttpModuleSlotsTest, TwoRequestsDifferInWhatTheyContribute)
 {
     const FirstRequest first;
     const SecondRequest second;
-    const int count = VirtualPlaces::Of(&IHttpRequestDsm::InitParam) + 1;
-    const int destructor = VirtualPlaces::OfFirstEvent() - 2;
-    EXPECT_THAT(VirtualPlaces::Differences<IHttpRequest>(first, second, count),
-                ElementsAre(destructor, destructor + 1, VirtualPlaces::Of(&IHttpRequestDsm::GetDsmMethod),
-                            VirtualPlaces::Of(&IHttpRequestDsm::GetBusinessParam)));
+    const int count = VTablePlaces::PlaceOf(&IHttpRequestDsm::InitParam) + 1;
+    const int destructor = VTablePlaces::PlaceOf(&QObject::event) - 2;
+    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IHttpRequest>(first, count),
+                                          VTablePlaces::Read<IHttpRequest>(second, count)),
+                ElementsAre(destructor, destructor + 1, VTablePlaces::PlaceOf(&IHttpRequestDsm::GetDsmMethod),
+                            VTablePlaces::PlaceOf(&IHttpRequestDsm::GetBusinessParam)));
 }
 
 TEST(HttpModuleSlotsTest, AResponsesOperationsFollowThoseOfQObjectWithoutAGap)
 {
-    const int first = VirtualPlaces::OfLastOfQObject() + 1;
+    const int first = PlaceOfLastOfQObject() + 1;
     const std::vector<int> places = {
-        VirtualPlaces::Of(&IHttpResponseDsm::SetData),
-        VirtualPlaces::Of(&IHttpResponseDsm::IsSuccess),
-        VirtualPlaces::Of(&IHttpResponseDsm::GetErrorCode),
-        VirtualPlaces::Of(&IHttpResponseDsm::GetErrorDesc),
-        VirtualPlaces::Of(&IHttpResponseDsm::ShouldRetry),
-        VirtualPlaces::Of(&IHttpResponseDsm::DoReset),
-        VirtualPlaces::Of(&IHttpResponseDsm::GetSuccessCode),
-        VirtualPlaces::Of(&IHttpResponseDsm::SetNetworkError),
-        VirtualPlaces::Of(&IHttpResponseDsm::ParseJsonData),
-        VirtualPlaces::Of(&IHttpResponseDsm::ParseBusinessData),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::SetData),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::IsSuccess),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::GetErrorCode),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::GetErrorDesc),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::ShouldRetry),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::DoReset),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::GetSuccessCode),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::SetNetworkError),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::ParseJsonData),
+        VTablePlaces::PlaceOf(&IHttpResponseDsm::ParseBusinessData),
     };
     for (int i = 0; i < static_cast<int>(places.size()); ++i) {
         EXPECT_EQ(places[static_cast<std::size_t>(i)], first + i) << "operation " << i;
@@ -86,25 +99,26 @@ TEST(HttpModuleSlotsTest, TheTwoKindsOfResponseDifferInTheParseOnly)
 {
     const HttpResponseBasicDsm<bool> basic;
     const HttpResponseObjectDsm<FakeRecord> object;
-    const int count = VirtualPlaces::Of(&IHttpResponseDsm::ParseBusinessData) + 1;
-    const int destructor = VirtualPlaces::OfFirstEvent() - 2;
+    const int count = VTablePlaces::PlaceOf(&IHttpResponseDsm::ParseBusinessData) + 1;
+    const int destructor = VTablePlaces::PlaceOf(&QObject::event) - 2;
     EXPECT_THAT(
-        VirtualPlaces::Differences<IHttpResponse>(basic, object, count),
-        ElementsAre(destructor, destructor + 1, VirtualPlaces::Of(&IHttpResponseDsm::ParseBusinessData)));
+        VTablePlaces::Differences(VTablePlaces::Read<IHttpResponse>(basic, count),
+                                  VTablePlaces::Read<IHttpResponse>(object, count)),
+        ElementsAre(destructor, destructor + 1, VTablePlaces::PlaceOf(&IHttpResponseDsm::ParseBusinessData)));
 }
 
 TEST(HttpModuleSlotsTest, TheCacheSideKeepsTheOrderOfItsInterface)
 {
-    EXPECT_EQ(VirtualPlaces::Of(&IRequestCacheMethod::GetCTParam),
-              VirtualPlaces::Of(&IRequestCacheMethod::GetCacheKey) + 1);
-    EXPECT_EQ(VirtualPlaces::Of(&IRequestCacheMethod::GetSuccessParam),
-              VirtualPlaces::Of(&IRequestCacheMethod::GetCTParam) + 1);
-    EXPECT_EQ(VirtualPlaces::Of(&IResponseCacheMethod::CanSaveToCache),
-              VirtualPlaces::Of(&IResponseCacheMethod::IsAutoCache) + 1);
-    EXPECT_EQ(VirtualPlaces::Of(&IResponseCacheMethod::NeedReadFromCache),
-              VirtualPlaces::Of(&IResponseCacheMethod::IsAutoCache) + 2);
-    EXPECT_EQ(VirtualPlaces::Of(&IResponseCacheMethod::GetCacheData),
-              VirtualPlaces::Of(&IResponseCacheMethod::IsAutoCache) + 3);
-    EXPECT_EQ(VirtualPlaces::Of(&IResponseCacheMethod::SetCacheData),
-              VirtualPlaces::Of(&IResponseCacheMethod::IsAutoCache) + 4);
+    EXPECT_EQ(VTablePlaces::PlaceOf(&IRequestCacheMethod::GetCTParam),
+              VTablePlaces::PlaceOf(&IRequestCacheMethod::GetCacheKey) + 1);
+    EXPECT_EQ(VTablePlaces::PlaceOf(&IRequestCacheMethod::GetSuccessParam),
+              VTablePlaces::PlaceOf(&IRequestCacheMethod::GetCTParam) + 1);
+    EXPECT_EQ(VTablePlaces::PlaceOf(&IResponseCacheMethod::CanSaveToCache),
+              VTablePlaces::PlaceOf(&IResponseCacheMethod::IsAutoCache) + 1);
+    EXPECT_EQ(VTablePlaces::PlaceOf(&IResponseCacheMethod::NeedReadFromCache),
+              VTablePlaces::PlaceOf(&IResponseCacheMethod::IsAutoCache) + 2);
+    EXPECT_EQ(VTablePlaces::PlaceOf(&IResponseCacheMethod::GetCacheData),
+              VTablePlaces::PlaceOf(&IResponseCacheMethod::IsAutoCache) + 3);
+    EXPECT_EQ(VTablePlaces::PlaceOf(&IResponseCacheMethod::SetCacheData),
+              VTablePlaces::PlaceOf(&IResponseCacheMethod::IsAutoCache) + 4);
 }
