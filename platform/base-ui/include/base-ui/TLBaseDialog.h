@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base-ui/BaseUiExport.h"
+#include "base-ui/TitleType.h"
+
+#include <QtWidgets/QDialog>
+
+class TitleBar;
+
+/// A dialog in the client's look: a title bar of its own by which it is dragged, a border, and the content
+/// below. Escape and the button of the title bar reject it, Enter presses its default button.
+class TL_BASE_UI_EXPORT TLBaseDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `titleType` is one of `TitleType`. The title bar has a button to close when `flags` hold
+    /// `Qt::WindowCloseButtonHint`, and drags the dialog when it is `movable`.
+    explicit TLBaseDialog(QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::WindowCloseButtonHint,
+                          int titleType = TitleType::TitleBar, bool movable = true);
+    ~TLBaseDialog() override;
+
+    /// Where the dialog's form is built: a widget without name and layout, as wide as the dialog, below the
+    /// title bar. Never null; the dialog owns it.
+    QWidget* GetContentWidget() const noexcept;
+
+    /// The text of the title bar; with `asWindowTitle` also what the task bar and screen readers say.
+    void SetTitleText(const QString& text, bool asWindowTitle = true);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void PutTitleBarLast();
+
+    TitleBar* m_titleBar = nullptr;
+    QWidget* m_contentWidget = nullptr;
+    bool m_hasFrame = false;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtWidgets/QAbstractButton>
+
+/// A cross. Its colours are the palette's `WindowText` and `Midlight`, its ring of focus `Highlight`.
+class CloseButton final : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    explicit CloseButton(QWidget* parent);
+    ~CloseButton() override;
+
+    QSize sizeHint() const override;
+
+protected:
+    void enterEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};

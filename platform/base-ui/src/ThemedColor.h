@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtGui/QPalette>
+
+/// The theme's colour when it gives one, else the palette's.
+inline QColor ThemedColor(const QColor& themed, const QPalette& palette, QPalette::ColorRole role)
+{
+    return themed.isValid() ? themed : palette.color(role);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QPoint>
+#include <QtWidgets/QWidget>
+
+class CloseButton;
+class QLabel;
+
+/// The top of a dialog: its title, a button to close it, and the place to drag it by.
+class TitleBar final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    TitleBar(bool closable, bool movable, QWidget* parent);
+    ~TitleBar() override;
+
+    void SetText(const QString& text);
+    /// Null when the dialog cannot be closed by it.
+    QWidget* GetCloseButton() const noexcept;
+    void AdjustForDpi();
+
+Q_SIGNALS:
+    void SigClose();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void Retranslate();
+
+    QLabel* m_label;
+    CloseButton* m_closeButton = nullptr;
+    bool m_movable;
+    bool m_dragging = false;
+    QPoint m_grip; ///< of the pointer, from the window's corner
+};
