@@ -1,8 +1,8 @@
 #include "PlatformAutoRunModule.h"
 
 #include "PlatformAutoRunLifeCycle.h"
+#include "PlatformAutoRunRouter.h"
 
-#include "frame-core/IRouteInterceptor.h"
 #include "frame-core/ISysSettingFactory.h"
 
 #include <new>
@@ -14,6 +14,7 @@ PlatformAutoRunModule::~PlatformAutoRunModule() = default;
 void PlatformAutoRunModule::InitModule()
 {
     m_lifeCycle = new (std::nothrow) PlatformAutoRunLifeCycle;
+    m_routeInterceptor = new (std::nothrow) PlatformAutoRunRouter;
 }
 
 void PlatformAutoRunModule::UninitModule()

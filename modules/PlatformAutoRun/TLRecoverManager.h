@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QString>
+
+class TabRecoverItem;
 
 template <class T>
 class ProcessWide;
 
-/// Where the tabs of an interrupted run will come back from. The tabs of an interrupted run are not kept
-/// yet: there is no record of them, so there is never anything to offer or to clear. GUI thread.
+/// Keeps the open tabs on record while the client runs, and offers them at the log-in that follows a run
+/// which did not come to an orderly end. The record stands among the signed-in user's settings. Lives until
+/// the module is unloaded. GUI thread.
 class TLRecoverManager final : public QObject
 {
     Q_OBJECT
@@ -16,11 +20,23 @@ public:
     static TLRecoverManager* Instance();
     static void ReleaseInstance();
 
-    /// Asked once after a log-in by hand. True: tabs were reopened, and nothing else is to open by itself.
-    /// False as long as no record is kept.
+    /// Records the open tabs, in their order: not the home tab, and no tab without data or without a router
+    /// URL. Returns before the record is on disk. No tab left: the record is emptied if a user is signed
+    /// in. Without a browser nothing is known, and the record stays as it is.
+    void SaveTabs();
+    /// Asked once after a log-in by hand. Empties the record, and asks the user whether its tabs shall be
+    /// reopened, in a modal dialog that runs an event loop of its own; asks nothing when the record has no
+    /// tabs, cannot be read or belongs to another belong type. True: the tabs were reopened, and nothing
+    /// else is to open by itself.
     [[nodiscard]] bool Recover();
-    /// An orderly end leaves nothing to recover. Does nothing as long as no record is kept.
+    /// Empties the record, if a user is signed in. Returns before that is on disk.
     void Clear();
+    /// Empties the record, whoever is signed in. Returns when that is on disk.
+    void ClearSync();
+    /// Reopens one tab. An app's tab gets its saved title and icon and loads when it is first selected.
+    void OpenItem(const TabRecoverItem& item);
+    /// Stores `text` as the record, as it is.
+    void SetValue(const QString& text);
 
 private:
     friend class ProcessWide<TLRecoverManager>;

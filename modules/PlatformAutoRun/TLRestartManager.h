@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QString>
 
 template <class T>
 class ProcessWide;
 
-/// Where the tabs will come back from after the client restarted itself. The tabs of a run that ended in
-/// a restart are not kept yet: there is no record of them to reopen or to clear. GUI thread.
+/// Brings the open tabs over a restart that the client does by itself: written before it, reopened without
+/// asking after it. The record stands among the signed-in user's settings and serves once. Lives until the
+/// module is unloaded. GUI thread.
 class TLRestartManager final : public QObject
 {
     Q_OBJECT
@@ -16,11 +18,17 @@ public:
     static TLRestartManager* Instance();
     static void ReleaseInstance();
 
-    /// Reopens the tabs of the run before, without asking. Does nothing as long as no record is kept.
+    /// Writes the router URLs of the open tabs, in their order: not of the home tab, not of tabs that
+    /// cannot be reopened, and not of tabs with the URL `ignoreUrl`, whatever its letters' case. No tab
+    /// left: the record is emptied. Without a browser nothing is known, and the record stays as it is.
+    void Save(const QString& ignoreUrl);
+    /// Empties the record and reopens its tabs, provided they are those of a user of the same belong type.
+    /// A record that cannot be read is like none.
     void Restore();
-    /// Called last after every log-in: a record serves once at the most. Does nothing as long as no record
-    /// is kept.
+    /// Empties the record. Called last after every log-in.
     void Clear();
+    /// Stores `text` as the record, as it is.
+    void SetValue(const QString& text);
 
 private:
     friend class ProcessWide<TLRestartManager>;

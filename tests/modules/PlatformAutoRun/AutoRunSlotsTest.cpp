@@ -6,8 +6,13 @@
 #include "PlatformAutoRun.h"
 #include "PlatformAutoRunLifeCycle.h"
 #include "PlatformAutoRunModule.h"
+#include "PlatformAutoRunRouter.h"
 #include "SetAutoRunRequest.h"
 #include "TLAutoRunLogic.h"
+#include "TLRecoverManager.h"
+#include "TLRestartManager.h"
+#include "TLTabRecoverData.h"
+#include "TabRecoverItem.h"
 
 #include "http-module/HttpResponseBasicDsm.h"
 #include "http-module/HttpResponseObjectDsm.h"
@@ -58,6 +63,13 @@ public:
 
 class PlainLifeCycle final : public ILifeCycle
 {};
+
+class PlainRouter final : public IRouteInterceptor
+{
+public:
+    bool InterceptRoute(const VXRouterProtocol&) override { return false; }
+    QStringList GetRouteUrls() override { return {}; }
+};
 
 class PlainRequest final : public IHttpRequestDsm
 {
@@ -214,6 +226,67 @@ TEST(AutoRunSlotsTest, CollectionOverridesParseSpecialAndToSpecialOnly)
     EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<VXJsonParserBase>(collection, 16),
                                           VTablePlaces::Read<VXJsonParserBase>(plain, 16)),
                 ElementsAre(0, 1, 2, 3, 4, 12, 13));
+}
+
+TEST(AutoRunSlotsTest, TabItemOverridesNoneOfTheRecordsHooks)
+{
+    const TabRecoverItem item;
+    const VXJsonParserBase plain;
+    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<VXJsonParserBase>(item, 16),
+                                          VTablePlaces::Read<VXJsonParserBase>(plain, 16)),
+                ElementsAre(0, 1, 2, 3, 4));
+}
+
+TEST(AutoRunSlotsTest, TabRecordOverridesParseSpecialAndToSpecialOnly)
+{
+    const TLTabRecoverData data;
+    const VXJsonParserBase plain;
+    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<VXJsonParserBase>(data, 16),
+                                          VTablePlaces::Read<VXJsonParserBase>(plain, 16)),
+                ElementsAre(0, 1, 2, 3, 4, 12, 13));
+}
+
+TEST(AutoRunSlotsTest, ManagersOfTabRecordsAreQObjectsAndNothingElse)
+{
+    const QObject plain;
+    const QObject* recover = TLRecoverManager::Instance();
+    const QObject* restart = TLRestartManager::Instance();
+    for (const QObject* manager : {recover, restart}) {
+        EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<QObject>(*manager, LastPlaceOfQObject + 1),
+                                              VTablePlaces::Read<QObject>(plain, LastPlaceOfQObject + 1)),
+                    ElementsAre(0, 1, 2, 3, 4));
+    }
+    EXPECT_EQ(sizeof(TLRecoverManager), sizeof(QObject)) << "it has no fields of its own";
+    EXPECT_EQ(sizeof(TLRestartManager), sizeof(QObject)) << "it has no fields of its own";
+    TLRecoverManager::ReleaseInstance();
+    TLRestartManager::ReleaseInstance();
+}
+
+TEST(AutoRunSlotsTest, RouteInterceptorStandsInSlotOrder)
+{
+    EXPECT_EQ(SlotOf(&IRouteInterceptor::InterceptRoute), 1);
+    EXPECT_EQ(SlotOf(&IRouteInterceptor::HasRouteValue), 2);
+    EXPECT_EQ(SlotOf(&IRouteInterceptor::GetRouteValue), 3);
+    EXPECT_EQ(SlotOf(&IRouteInterceptor::GetRouteUrls), 4);
+}
+
+TEST(AutoRunSlotsTest, RouterOverridesInterceptRouteAndGetRouteUrlsOnly)
+{
+    PlatformAutoRunRouter router;
+    PlainRouter plain;
+    // Places are one more than slots: the destructor takes two.
+    EXPECT_THAT(VTablePlaces::Differences(VTablePlaces::Read<IRouteInterceptor>(router, 6),
+                                          VTablePlaces::Read<IRouteInterceptor>(plain, 6)),
+                ElementsAre(0, 1, 2, 5));
+}
+
+TEST(AutoRunSlotsTest, RouterIsFirstAQObjectThenTheInterface)
+{
+    PlatformAutoRunRouter router;
+    auto* begin = reinterpret_cast<char*>(&router);
+    EXPECT_EQ(reinterpret_cast<char*>(static_cast<QObject*>(&router)), begin);
+    EXPECT_EQ(reinterpret_cast<char*>(static_cast<IRouteInterceptor*>(&router)), begin + sizeof(QObject));
+    EXPECT_EQ(sizeof(router), sizeof(QObject) + sizeof(IRouteInterceptor)) << "it has no fields of its own";
 }
 
 TEST(AutoRunSlotsTest, RequestStandsInSlotOrder)

@@ -6,11 +6,13 @@
 #include "TLRestartManager.h"
 
 #include "core/TLGlobalData.h"
+#include "settings-store/VXSettingManager.h"
 
 AutoRunTest::AutoRunTest()
 {
     TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QStringLiteral("merchant"));
     TLGlobalData::Instance()->SetUUID(QStringLiteral("device-1"));
+    generalData.GetUserData()->Set(QStringLiteral("demo"), QStringLiteral("merchant"));
 }
 
 AutoRunTest::~AutoRunTest()
@@ -20,6 +22,7 @@ AutoRunTest::~AutoRunTest()
     TLRecoverManager::ReleaseInstance();
     TLRestartManager::ReleaseInstance();
     TLGlobalData::Instance()->ClearUser();
+    VXSettingManager::Instance()->Close(); // which forgets what was stored
 }
 
 void AutoRunTest::ReadConfiguration(const QByteArray& systemItems, const QByteArray& customItems,

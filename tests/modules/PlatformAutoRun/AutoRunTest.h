@@ -13,7 +13,8 @@
 #include <gtest/gtest.h>
 
 /// A client around the module's classes: everything that they ask of the client is provided, and their
-/// process-wide objects are new for every test. The browser is there from the beginning, with one tab.
+/// process-wide objects are new for every test. The browser is there from the beginning, with one tab. User
+/// `demo` of belong type `merchant` is signed in, and the settings are kept in memory.
 class AutoRunTest : public ::testing::Test
 {
 protected:

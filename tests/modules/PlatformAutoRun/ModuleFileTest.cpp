@@ -3,10 +3,13 @@
 #include "FakeHttpManager.h"
 #include "QueuedEvents.h"
 #include "RecordingEventDispatch.h"
+#include "VTableSlots.h"
 
 #include "base/Provided.h"
+#include "base/VXRouterProtocol.h"
 #include "frame-core/IBusinessModule.h"
 #include "frame-core/ILifeCycle.h"
+#include "frame-core/IRouteInterceptor.h"
 #include "http/IHttpRequest.h"
 #include "http/IHttpResponse.h"
 
@@ -110,10 +113,13 @@ TEST_F(ModuleFileTest, InitGivesHooksAndUninitTwiceTakesThemOnce)
     ASSERT_NE(business, nullptr);
     business->InitModule();
     EXPECT_NE(business->GetLifeCycle(), nullptr);
+    EXPECT_NE(business->GetRouteInterceptor(), nullptr);
     business->UninitModule();
     EXPECT_EQ(business->GetLifeCycle(), nullptr);
+    EXPECT_EQ(business->GetRouteInterceptor(), nullptr);
     business->UninitModule();
     EXPECT_EQ(business->GetLifeCycle(), nullptr);
+    EXPECT_EQ(business->GetRouteInterceptor(), nullptr);
     EXPECT_TRUE(loader.unload());
     EXPECT_TRUE(module.isNull()) << "the loader destroys the root object";
 }
@@ -183,6 +189,30 @@ TEST_F(ModuleFileTest, LoadedAgainAfterAnUnloadItStartsAfresh)
         ASSERT_TRUE(loader.unload());
     }
     EXPECT_EQ(http.GetCallCount(), 2);
+}
+
+TEST_F(ModuleFileTest, RouteInterceptorOfTheLoadedModuleAnswersInSlotOrder)
+{
+    IBusinessModule* business = Load();
+    ASSERT_NE(business, nullptr);
+    business->InitModule();
+    ASSERT_NE(business->GetRouteInterceptor(), nullptr);
+    {
+        // Without a browser there is nothing to save, but the URL is the module's all the same.
+        const VXRouterProtocol update(QStringLiteral("tl://autorun/update"));
+        const VXRouterProtocol foreign(QStringLiteral("tl://plugins/object"));
+        const VTableSlots<IRouteInterceptor> interceptor(business->GetRouteInterceptor());
+        EXPECT_TRUE((interceptor.Call<bool, const VXRouterProtocol&>(1, update)));
+        EXPECT_FALSE((interceptor.Call<bool, const VXRouterProtocol&>(1, foreign)));
+        EXPECT_FALSE((interceptor.Call<bool, const VXRouterProtocol&>(2, update)));
+        const QStringList expected{QStringLiteral("tl://autorun/update"),
+                                   QStringLiteral("tl://autorun/clean"),
+                                   QStringLiteral("tl://autorun/restart/update")};
+        EXPECT_EQ(business->GetRouteInterceptor()->GetRouteUrls(), expected);
+        EXPECT_FALSE(business->GetRouteInterceptor()->GetRouteValue(update).isValid());
+    }
+    business->UninitModule();
+    EXPECT_TRUE(loader.unload());
 }
 
 TEST_F(ModuleFileTest, MetadataBlockInTheFileIsAReleaseWithoutArchitectureRequirements)

@@ -1,21 +1,25 @@
-#include "AutoRunTest.h"
+#include "TabRecordTest.h"
 
 #include "AutoRunCollectionEntity.h"
 #include "QueuedEvents.h"
 
+#include "base/VXRouterProtocol.h"
 #include "frame-core/IBusinessModule.h"
 #include "frame-core/ILifeCycle.h"
+#include "frame-core/IRouteInterceptor.h"
 #include "http-module/HttpResponseObjectDsm.h"
 #include "http/IHttpRequest.h"
+#include "settings-store/VXSettingManager.h"
 
 #include <QtCore/QPluginLoader>
 #include <QtCore/QPointer>
+#include <QtCore/QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class ModuleUnloadTest : public AutoRunTest
+class ModuleUnloadTest : public TabRecordTest
 {
 protected:
     // By default the loader would leave the module's code in the process.
@@ -53,4 +57,25 @@ TEST_F(ModuleUnloadTest, ProcessWideObjectsEndWithTheModuleAndNotBefore)
     EXPECT_FALSE(cached.isNull()) << "the configuration outlives a log-in";
     ASSERT_TRUE(loader.unload()) << qUtf8Printable(loader.errorString());
     EXPECT_TRUE(cached.isNull());
+}
+
+TEST_F(ModuleUnloadTest, SettingsThatTheModuleStoredAreWrittenAfterItIsGone)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(VXSettingManager::Instance()->Open(folder.filePath(QStringLiteral("settings.db"))));
+    auto* module = qobject_cast<IBusinessModule*>(loader.instance());
+    ASSERT_NE(module, nullptr) << qUtf8Printable(loader.errorString());
+    AddTab(3, QStringLiteral("tl://a"));
+    module->InitModule();
+    IRouteInterceptor* router = module->GetRouteInterceptor();
+    ASSERT_NE(router, nullptr);
+    EXPECT_TRUE(router->InterceptRoute(VXRouterProtocol(QStringLiteral("tl://autorun/update"))));
+    EXPECT_TRUE(router->InterceptRoute(VXRouterProtocol(QStringLiteral("tl://autorun/restart/update"))));
+    module->UninitModule();
+    ASSERT_TRUE(loader.unload()) << qUtf8Printable(loader.errorString());
+
+    EXPECT_FALSE(GetRecoverText().isEmpty());
+    EXPECT_FALSE(GetRestartText().isEmpty());
+    EXPECT_TRUE(VXSettingManager::Instance()->Flush());
+    VXSettingManager::Instance()->Close();
 }

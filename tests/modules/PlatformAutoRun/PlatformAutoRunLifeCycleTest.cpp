@@ -1,9 +1,11 @@
 #include "PlatformAutoRunLifeCycle.h"
 
-#include "AutoRunTest.h"
+#include "QuestionAnswer.h"
+#include "TabRecordTest.h"
 
 #include "PlatformAutoRun.h"
 #include "TLAutoRunLogic.h"
+#include "TLRestartRecord.h"
 
 #include "QueuedEvents.h"
 
@@ -24,9 +26,22 @@ namespace {
 
 const char* const Entry = R"({"url":"https://a/","checked":true,"activeItem":true})";
 
-class PlatformAutoRunLifeCycleTest : public AutoRunTest
+class PlatformAutoRunLifeCycleTest : public TabRecordTest
 {
 protected:
+    static void StoreInterruptedRun()
+    {
+        SetRecoverText(QStringLiteral(
+            R"({"belongType":"merchant","tabRecoverItems":[{"routerUrl":"tl://interrupted","type":3}]})"));
+    }
+    static void StoreRestart()
+    {
+        TLRestartRecord record;
+        record.routerUrls = QStringList{QStringLiteral("tl://restarted")};
+        record.belongType = QStringLiteral("merchant");
+        SetRestartText(record.ToText());
+    }
+
     PlatformAutoRunLifeCycle lifeCycle;
     const QStringList opened{QStringLiteral("url https://a/"), QStringLiteral("select 1")};
 };
@@ -127,6 +142,107 @@ TEST_F(PlatformAutoRunLifeCycleTest, RestartThatDidNotAskForItsTabsOpensNothing)
     AnswerConfiguration(Entry);
     RunQueuedEvents();
     EXPECT_EQ(browser.GetCalls(), QStringList());
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, NormalLoginThatRecoversTabsOpensNoListUntilTheNextLogin)
+{
+    ReadConfiguration(Entry);
+    StoreInterruptedRun();
+    lifeCycle.MainFrameCreate();
+    {
+        const QuestionAnswer yes(QStringLiteral("yes_button"));
+        lifeCycle.MainFrameShow();
+        EXPECT_EQ(yes.GetQuestions().size(), 1);
+    }
+    EXPECT_EQ(routes.GetExecuted(), QStringList{QStringLiteral("tl://interrupted")});
+    RunQueuedEvents();
+    AnswerConfiguration(Entry);
+    HttpNotifyManager::Instance()->Dispatch(10400, {}, {});
+    RunQueuedEvents();
+    EXPECT_EQ(browser.GetCalls(), QStringList()) << "neither queued nor observed";
+
+    lifeCycle.MainFrameQuit();
+    lifeCycle.MainFrameCreate();
+    lifeCycle.MainFrameShow();
+    RunQueuedEvents();
+    EXPECT_EQ(browser.GetCalls(), opened);
+    EXPECT_EQ(routes.GetExecuted().size(), 1) << "offered once";
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, NormalLoginWhoseUserRefusesTheTabsOpensTheListOnce)
+{
+    StoreInterruptedRun();
+    lifeCycle.MainFrameCreate();
+    // The configuration is read while the user thinks: nobody observes its end yet.
+    QuestionAnswer no(QStringLiteral("no_button"));
+    no.SetBefore([this] { AnswerConfiguration(Entry); });
+    lifeCycle.MainFrameShow();
+    RunQueuedEvents();
+    EXPECT_EQ(routes.GetExecuted(), QStringList());
+    EXPECT_EQ(browser.GetCalls(), opened);
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, NormalLoginAfterARunOfAnotherBelongTypeOpensTheList)
+{
+    ReadConfiguration(Entry);
+    StoreInterruptedRun();
+    SetBelongTypeOfUser(QStringLiteral("supplier"));
+    const QuestionAnswer yes(QStringLiteral("yes_button"));
+    lifeCycle.MainFrameCreate();
+    lifeCycle.MainFrameShow();
+    RunQueuedEvents();
+    EXPECT_EQ(yes.GetQuestions(), QStringList());
+    EXPECT_EQ(browser.GetCalls(), opened);
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, NormalLoginClearsTheRestartRecordWithoutRestoringIt)
+{
+    StoreRestart();
+    lifeCycle.MainFrameCreate();
+    lifeCycle.MainFrameShow();
+    EXPECT_EQ(routes.GetExecuted(), QStringList());
+    EXPECT_EQ(GetRestartText(), QString());
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, RestartThatAskedForItsTabsGetsThemOnceAndOpensNoList)
+{
+    ReadConfiguration(Entry);
+    StoreRestart();
+    StoreInterruptedRun();
+    const QString interrupted = GetRecoverText();
+    generalData.GetAsyncInfoManager()->SetRestart(true);
+    const QuestionAnswer yes(QStringLiteral("yes_button"));
+    lifeCycle.MainFrameCreate();
+    lifeCycle.MainFrameShow();
+    EXPECT_EQ(routes.GetExecuted(), QStringList{QStringLiteral("tl://restarted")});
+    EXPECT_EQ(GetRestartText(), QString()) << "the record serves once";
+    EXPECT_EQ(GetRecoverText(), interrupted) << "recovery belongs to log-ins by hand";
+
+    RunQueuedEvents();
+    AnswerConfiguration(Entry);
+    RunQueuedEvents();
+    EXPECT_EQ(yes.GetQuestions(), QStringList());
+    EXPECT_EQ(browser.GetCalls(), QStringList());
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, RestartThatDidNotAskForItsTabsClearsTheirRecord)
+{
+    StoreRestart();
+    generalData.GetAsyncInfoManager()->SetRestart(false);
+    lifeCycle.MainFrameCreate();
+    lifeCycle.MainFrameShow();
+    EXPECT_EQ(routes.GetExecuted(), QStringList());
+    EXPECT_EQ(GetRestartText(), QString());
+}
+
+TEST_F(PlatformAutoRunLifeCycleTest, QuitLeavesNothingToRecover)
+{
+    StoreInterruptedRun();
+    StoreRestart();
+    const QString restart = GetRestartText();
+    lifeCycle.MainFrameQuit();
+    EXPECT_EQ(GetRecoverText(), QString());
+    EXPECT_EQ(GetRestartText(), restart) << "a restart follows an orderly end";
 }
 
 TEST_F(PlatformAutoRunLifeCycleTest, SecondFinishedReadAfterTheFirstIsNotObservedAnyMore)

@@ -1,6 +1,7 @@
 #include "PlatformAutoRunModule.h"
 
 #include "PlatformAutoRunLifeCycle.h"
+#include "PlatformAutoRunRouter.h"
 
 #include <QtCore/QPointer>
 
@@ -41,17 +42,33 @@ TEST(PlatformAutoRunModuleTest, InitMakesTheLifeCycleHooksWithoutAParent)
     module.UninitModule();
 }
 
+TEST(PlatformAutoRunModuleTest, InitMakesTheRouteInterceptorWithoutAParent)
+{
+    PlatformAutoRunModule module;
+    module.InitModule();
+    auto* router = dynamic_cast<PlatformAutoRunRouter*>(module.GetRouteInterceptor());
+    ASSERT_NE(router, nullptr);
+    EXPECT_EQ(router->parent(), nullptr);
+    EXPECT_EQ(module.GetRouteInterceptor(), router) << "the same object each time";
+    module.UninitModule();
+}
+
 TEST(PlatformAutoRunModuleTest, UninitDeletesTheHooksAndASecondUninitDoesNothing)
 {
     PlatformAutoRunModule module;
     module.InitModule();
     const QPointer<QObject> lifeCycle = dynamic_cast<PlatformAutoRunLifeCycle*>(module.GetLifeCycle());
+    const QPointer<QObject> router = dynamic_cast<PlatformAutoRunRouter*>(module.GetRouteInterceptor());
     ASSERT_FALSE(lifeCycle.isNull());
+    ASSERT_FALSE(router.isNull());
     module.UninitModule();
     EXPECT_TRUE(lifeCycle.isNull());
+    EXPECT_TRUE(router.isNull());
     EXPECT_EQ(module.GetLifeCycle(), nullptr);
+    EXPECT_EQ(module.GetRouteInterceptor(), nullptr);
     module.UninitModule();
     EXPECT_EQ(module.GetLifeCycle(), nullptr);
+    EXPECT_EQ(module.GetRouteInterceptor(), nullptr);
 }
 
 TEST(PlatformAutoRunModuleTest, FacilitiesThatAreNotOfferedAreNull)
@@ -68,16 +85,23 @@ TEST(PlatformAutoRunModuleTest, FacilitiesThatAreNotOfferedAreNull)
 TEST(PlatformAutoRunModuleTest, DestructorLeavesTheHooksToUninit)
 {
     ILifeCycle* lifeCycle = nullptr;
-    QPointer<QObject> watched;
+    IRouteInterceptor* router = nullptr;
+    QPointer<QObject> watchedLifeCycle;
+    QPointer<QObject> watchedRouter;
     {
         PlatformAutoRunModule module;
         module.InitModule();
         lifeCycle = module.GetLifeCycle();
-        watched = dynamic_cast<PlatformAutoRunLifeCycle*>(lifeCycle);
-        ASSERT_FALSE(watched.isNull());
+        router = module.GetRouteInterceptor();
+        watchedLifeCycle = dynamic_cast<PlatformAutoRunLifeCycle*>(lifeCycle);
+        watchedRouter = dynamic_cast<PlatformAutoRunRouter*>(router);
+        ASSERT_FALSE(watchedLifeCycle.isNull());
+        ASSERT_FALSE(watchedRouter.isNull());
     }
-    EXPECT_FALSE(watched.isNull());
+    EXPECT_FALSE(watchedLifeCycle.isNull());
+    EXPECT_FALSE(watchedRouter.isNull());
     delete lifeCycle;
+    delete router;
 }
 
 TEST(PlatformAutoRunModuleTest, CastsToTheInterfaceAlsoByItsId)
