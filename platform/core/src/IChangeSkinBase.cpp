@@ -1,0 +1,5 @@
+#include "core/IChangeSkinBase.h"
+
+IChangeSkinBase::~IChangeSkinBase() = default;
+
+void IChangeSkinBase::ChangeSkin() {}
