@@ -5,7 +5,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 
-CloseButton::CloseButton(QWidget* parent) : QAbstractButton(parent)
+CloseButton::CloseButton(int size, QWidget* parent) : QAbstractButton(parent), m_size(size)
 {
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -15,7 +15,7 @@ CloseButton::~CloseButton() = default;
 
 QSize CloseButton::sizeHint() const
 {
-    return {Scaled(28), Scaled(28)};
+    return {Scaled(m_size), Scaled(m_size)};
 }
 
 void CloseButton::enterEvent(QEvent* event)
@@ -57,7 +57,7 @@ void CloseButton::paintEvent(QPaintEvent*)
         painter.setPen(QPen(palette().color(QPalette::Highlight), Scaled(2)));
         painter.drawRoundedRect(area, radius, radius);
     }
-    const qreal arm = Scaled(10) / 2.0;
+    const qreal arm = width() / 6.0;
     const QPointF centre = QRectF(rect()).center();
     painter.setPen(QPen(palette().color(QPalette::WindowText), Scaled(3) / 2.0, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(centre + QPointF(-arm, -arm), centre + QPointF(arm, arm));

@@ -8,7 +8,8 @@ class CloseButton final : public QAbstractButton
     Q_OBJECT
 
 public:
-    explicit CloseButton(QWidget* parent);
+    /// `size` [px, unscaled] of the square that takes clicks.
+    CloseButton(int size, QWidget* parent);
     ~CloseButton() override;
 
     QSize sizeHint() const override;
@@ -18,4 +19,7 @@ protected:
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    int m_size;
 };

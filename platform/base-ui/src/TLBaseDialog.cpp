@@ -53,6 +53,13 @@ void TLBaseDialog::SetTitleText(const QString& text, bool asWindowTitle)
         setWindowTitle(text);
 }
 
+void TLBaseDialog::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::StyleChange)
+        ChangeSkin();
+}
+
 void TLBaseDialog::paintEvent(QPaintEvent* event)
 {
     QDialog::paintEvent(event);

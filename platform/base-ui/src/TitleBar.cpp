@@ -23,7 +23,7 @@ TitleBar::TitleBar(bool closable, bool movable, QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->addWidget(m_label);
     if (closable) {
-        m_closeButton = new CloseButton(this);
+        m_closeButton = new CloseButton(28, this);
         m_closeButton->setObjectName(QStringLiteral("title_close_button"));
         connect(m_closeButton, &QAbstractButton::clicked, this, &TitleBar::SigClose);
         layout->addWidget(m_closeButton);

@@ -3,13 +3,15 @@
 #include "base-ui/BaseUiExport.h"
 #include "base-ui/TitleType.h"
 
+#include "core/IChangeSkinBase.h"
+
 #include <QtWidgets/QDialog>
 
 class TitleBar;
 
 /// A dialog in the client's look: a title bar of its own by which it is dragged, a border, and the content
 /// below. Escape and the button of the title bar reject it, Enter presses its default button.
-class TL_BASE_UI_EXPORT TLBaseDialog : public QDialog
+class TL_BASE_UI_EXPORT TLBaseDialog : public QDialog, public IChangeSkinBase
 {
     Q_OBJECT
 
@@ -28,6 +30,7 @@ public:
     void SetTitleText(const QString& text, bool asWindowTitle = true);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
 

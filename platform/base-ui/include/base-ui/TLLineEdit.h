@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base-ui/BaseUiExport.h"
+
+#include <QtWidgets/QLineEdit>
+
+#include <memory>
+
+class CloseButton;
+class ScaleWatch;
+
+/// A field for one line of text, with a button that empties it while there is text in it.
+/// Its sizes follow the scale.
+class TL_BASE_UI_EXPORT TLLineEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// 0: as high as its text needs, at least 28 [px, unscaled], for a line of a page. 1: at least
+    /// 32 [px, unscaled], for a form. Takes effect with the next layout.
+    int m_sizeClass = 0;
+
+    explicit TLLineEdit(QWidget* parent = nullptr);
+    explicit TLLineEdit(const QString& text, QWidget* parent = nullptr);
+    ~TLLineEdit() override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void Construct();
+    void Retranslate();
+    void PlaceClearButton();
+
+    CloseButton* m_clearButton = nullptr;
+    std::unique_ptr<ScaleWatch> m_scaleWatch;
+};

@@ -1,0 +1,153 @@
+#include "base-ui/TLCheckBox.h"
+
+#include "ScaleWatch.h"
+#include "Scaled.h"
+#include "ThemedColor.h"
+
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionButton>
+
+namespace {
+
+constexpr int boxSize = 16;  // [px, unscaled]
+constexpr int boxMargin = 2; // [px, unscaled]
+constexpr int gap = 8;       // [px, unscaled]
+
+} // namespace
+
+TLCheckBox::TLCheckBox(QWidget* parent) : QCheckBox(parent)
+{
+    Construct();
+}
+
+TLCheckBox::TLCheckBox(const QString& text, QWidget* parent) : QCheckBox(text, parent)
+{
+    Construct();
+}
+
+TLCheckBox::~TLCheckBox() = default;
+
+void TLCheckBox::Construct()
+{
+    setAttribute(Qt::WA_Hover);
+    m_scaleWatch = std::make_unique<ScaleWatch>([this] {
+        updateGeometry();
+        update();
+    });
+}
+
+QRect TLCheckBox::GetBox() const
+{
+    const int size = Scaled(boxSize);
+    const QRect box(Scaled(boxMargin), (height() - size) / 2, size, size);
+    return QStyle::visualRect(layoutDirection(), rect(), box);
+}
+
+QSize TLCheckBox::sizeHint() const
+{
+    int width = Scaled(boxSize) + 2 * Scaled(boxMargin);
+    int height = width;
+    if (!text().isEmpty()) {
+        const QSize size = fontMetrics().size(Qt::TextShowMnemonic, text());
+        width += Scaled(gap) - Scaled(boxMargin) + size.width();
+        height = qMax(height, size.height());
+    } else if (m_sizeClass == 1) {
+        width += Scaled(gap) - Scaled(boxMargin);
+        height = Scaled(32);
+    }
+    return {width, height};
+}
+
+QSize TLCheckBox::minimumSizeHint() const
+{
+    const QSize size = sizeHint();
+    return {size.width(), qMin(size.height(), Scaled(boxSize))};
+}
+
+bool TLCheckBox::hitButton(const QPoint& point) const
+{
+    return rect().contains(point);
+}
+
+void TLCheckBox::showEvent(QShowEvent* event)
+{
+    // The size class is a plain field; this is where a new value is noticed.
+    updateGeometry();
+    QCheckBox::showEvent(event);
+}
+
+void TLCheckBox::paintEvent(QPaintEvent*)
+{
+    const QPalette& colors = palette();
+    const bool marked = checkState() != Qt::Unchecked;
+    QColor fill;
+    QColor border;
+    QColor mark;
+    QColor text;
+    if (!isEnabled()) {
+        fill = ThemedColor(m_disabledBoxColor, colors, QPalette::Window);
+        border = ThemedColor(m_disabledBorderColor, colors, QPalette::Mid);
+        mark = ThemedColor(m_disabledMarkColor, colors, QPalette::Text);
+        text = ThemedColor(m_disabledTextColor, colors, QPalette::WindowText);
+    } else {
+        fill = marked ? ThemedColor(m_checkedColor, colors, QPalette::Highlight)
+                      : ThemedColor(m_boxColor, colors, QPalette::Base);
+        border = marked ? fill : ThemedColor(m_borderColor, colors, QPalette::Dark);
+        mark = ThemedColor(m_markColor, colors, QPalette::HighlightedText);
+        text = ThemedColor(m_textColor, colors, QPalette::WindowText);
+        if (isDown() || underMouse()) {
+            border = isDown() ? ThemedColor(m_pressedColor, colors, QPalette::Highlight)
+                              : ThemedColor(m_hoverColor, colors, QPalette::Highlight);
+            if (marked)
+                fill = border;
+        }
+    }
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF box = GetBox();
+    const qreal line = Scaled(1);
+    const qreal radius = Scaled(4);
+    painter.setPen(QPen(border, line));
+    painter.setBrush(fill);
+    painter.drawRoundedRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+    if (hasFocus()) {
+        const qreal ring = Scaled(2);
+        const qreal away = marked ? ring / 2 + line : -ring / 2;
+        painter.setPen(QPen(ThemedColor(m_focusColor, colors, QPalette::Highlight), ring));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(box.adjusted(-away, -away, away, away), radius, radius);
+    }
+    if (marked) {
+        const auto point = [&box](qreal x, qreal y) {
+            return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+        };
+        QPainterPath path;
+        if (checkState() == Qt::Checked) {
+            path.moveTo(point(0.25, 0.53));
+            path.lineTo(point(0.43, 0.70));
+            path.lineTo(point(0.75, 0.33));
+        } else {
+            path.moveTo(point(0.27, 0.5));
+            path.lineTo(point(0.73, 0.5));
+        }
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(mark, box.width() / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(path);
+    }
+
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (option.text.isEmpty())
+        return;
+    const int lead = Scaled(boxMargin) + Scaled(boxSize) + Scaled(gap);
+    const QRect area = QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(lead, 0, 0, 0));
+    const int flags =
+        int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)) |
+        (style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0 ? Qt::TextShowMnemonic
+                                                                              : Qt::TextHideMnemonic);
+    painter.setPen(text);
+    painter.drawText(area, flags, fontMetrics().elidedText(option.text, Qt::ElideRight, area.width(), flags));
+}
