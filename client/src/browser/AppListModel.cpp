@@ -5,7 +5,7 @@
 #include "frame-data/TLPluginBaseEntity.h"
 #include "frame-data/TLPluginBaseManager.h"
 
-AppListModel::AppListModel(TLPluginBaseManager* apps, const LoadPicture& loadPicture, QObject* parent)
+AppListModel::AppListModel(TLPluginBaseManager* apps, const PictureLoader& loadPicture, QObject* parent)
     : QAbstractListModel(parent), m_apps(apps), m_loadPicture(loadPicture)
 {
     BrowserResources::Ensure();

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "browser/PictureLoader.h"
+
 #include <QtCore/QAbstractListModel>
 #include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QSharedPointer>
 #include <QtGui/QPixmap>
-
-#include <functional>
 
 class TLPluginBaseEntity;
 class TLPluginBaseManager;
@@ -20,11 +20,8 @@ class AppListModel final : public QAbstractListModel
 public:
     static constexpr int ServiceCodeRole = Qt::UserRole;
 
-    using LoadPicture = std::function<void(const QString& url, QObject* context,
-                                           const std::function<void(const QPixmap&)>& done)>;
-
     /// `apps` may be null and outlives the model; `loadPicture` may be empty.
-    AppListModel(TLPluginBaseManager* apps, const LoadPicture& loadPicture, QObject* parent = nullptr);
+    AppListModel(TLPluginBaseManager* apps, const PictureLoader& loadPicture, QObject* parent = nullptr);
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -34,7 +31,7 @@ private:
     QPixmap GetIcon(int row) const;
 
     TLPluginBaseManager* m_apps;
-    LoadPicture m_loadPicture;
+    PictureLoader m_loadPicture;
     QList<QSharedPointer<TLPluginBaseEntity>> m_offered;
     QPixmap m_defaultIcon;
     mutable QHash<QString, QPixmap> m_icons; // by address; null while one is being fetched

@@ -15,14 +15,22 @@
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QVBoxLayout>
 
+namespace {
+
+constexpr int LongestIconUrl = 2048; // that is kept with a tab [characters]
+
+} // namespace
+
 BrowserTab::BrowserTab(const TabOrigin& origin, IPageFactory* pages, QObject* parent)
     : QObject(parent)
     , m_origin(origin)
     , m_pages(pages)
     , m_address(origin.address)
-    , m_delayed(origin.delayed && origin.address.isValid())
+    , m_routerUrl(MakeRouterUrl(origin, origin.address))
+    , m_iconRequest(GetIconUrl())
+    , m_delayed(origin.delayed)
 {
-    m_data = QSharedPointer<TabData>::create(origin.type, GetTitle(), origin.iconUrl);
+    m_data = QSharedPointer<TabData>::create(origin.type, GetTitle(), GetIconUrl());
 }
 
 BrowserTab::~BrowserTab()
@@ -39,30 +47,36 @@ QSharedPointer<TabData> BrowserTab::GetTabData() const
 
 QString BrowserTab::GetRouterUrl() const
 {
-    if (!m_origin.remember)
+    return m_routerUrl;
+}
+
+QString BrowserTab::MakeRouterUrl(const TabOrigin& origin, const QUrl& address)
+{
+    if (!origin.remember)
         return {};
-    if (!m_origin.serviceCode.isEmpty())
+    if (!origin.serviceCode.isEmpty())
         return VXRouterProtocol(QStringLiteral("tl://plugin/open"))
-            .With(QStringLiteral("code"), m_origin.serviceCode)
+            .With(QStringLiteral("code"), origin.serviceCode)
             .GetUrl();
-    if (!m_address.isValid())
+    if (!address.isValid())
         return {};
     return VXRouterProtocol(QStringLiteral("tl://browser/open"))
-        .With(QStringLiteral("url"),
-              QString::fromLatin1(m_address.adjusted(QUrl::RemoveUserInfo).toEncoded()))
+        .With(QStringLiteral("url"), QString::fromLatin1(address.adjusted(QUrl::RemoveUserInfo).toEncoded()))
         .GetUrl();
 }
 
 TabOrigin BrowserTab::GetOrigin() const
 {
     TabOrigin origin = m_origin;
-    origin.title = m_data->GetTitle();
-    origin.iconUrl = m_data->GetIconUrl();
+    origin.title = GetOwnTitle();
+    const QString iconUrl = GetIconUrl();
+    if (iconUrl != origin.appIconUrl)
+        origin.iconUrl = iconUrl;
     if (m_address.isValid()) {
         origin.address = m_address;
         origin.trouble = TabOrigin::Trouble::None;
     }
-    origin.delayed = false;
+    origin.delayed = m_delayed;
     return origin;
 }
 
@@ -83,13 +97,13 @@ bool BrowserTab::IsClosable() const noexcept
 
 QString BrowserTab::GetTitle() const
 {
-    if (!m_pageTitle.isEmpty())
-        return m_pageTitle;
     if (m_origin.type == TabType::Home)
         return tr("Home");
-    const bool atOrigin = m_address == m_origin.address || !m_origin.serviceCode.isEmpty();
-    if (atOrigin && !m_origin.title.isEmpty())
-        return m_origin.title;
+    const QString own = GetOwnTitle();
+    if (!own.isEmpty())
+        return own;
+    if (!m_origin.appName.isEmpty())
+        return m_origin.appName;
     if (m_address.isValid())
         return m_address.host();
     switch (m_origin.trouble) {
@@ -113,7 +127,7 @@ QIcon BrowserTab::GetIcon() const
         return SymbolicIcon::Make(QStringLiteral("warning"));
     if (!m_pageIcon.isNull())
         return m_pageIcon;
-    if (!m_originIcon.isNull() && (m_address == m_origin.address || !m_origin.serviceCode.isEmpty()))
+    if (!m_originIcon.isNull() && IsAtOrigin())
         return m_originIcon;
     if (m_origin.trouble != TabOrigin::Trouble::None && !m_address.isValid())
         return SymbolicIcon::Make(QStringLiteral("blocked"));
@@ -141,6 +155,11 @@ bool BrowserTab::TakesAddresses() const
 bool BrowserTab::IsDelayed() const noexcept
 {
     return m_delayed;
+}
+
+bool BrowserTab::IsAppUnknown() const noexcept
+{
+    return m_origin.trouble == TabOrigin::Trouble::UnknownApp;
 }
 
 bool BrowserTab::IsStartPage() const
@@ -204,7 +223,7 @@ void BrowserTab::Begin(QWidget* parent, std::unique_ptr<ITabPage> page)
     m_delayed = false;
     MakeContainer(parent);
     TakePage(std::move(page));
-    m_address = m_page->GetUrl();
+    SetAddress(m_page->GetUrl());
     m_pageTitle = m_page->GetTitle();
     UpdateData();
 }
@@ -234,10 +253,27 @@ void BrowserTab::FocusContent()
 
 void BrowserTab::SetApp(const TabOrigin& origin, QWidget* parent)
 {
-    m_origin = origin;
-    m_address = origin.address;
-    m_data = QSharedPointer<TabData>::create(origin.type, GetTitle(), origin.iconUrl);
-    if (m_container) {
+    const QString iconBefore = GetIconUrl();
+    if (origin.trouble == TabOrigin::Trouble::UnknownApp) {
+        // It may come back: what is known of it stays.
+        m_origin.trouble = origin.trouble;
+        m_origin.address.clear();
+    } else {
+        m_origin.type = origin.type;
+        m_origin.appName = origin.appName;
+        m_origin.appIconUrl = origin.appIconUrl;
+        m_origin.address = origin.address;
+        m_origin.trouble = origin.trouble;
+        m_origin.text = origin.text;
+    }
+    SetAddress(m_origin.address);
+    if (m_data->GetType() != m_origin.type)
+        m_data = QSharedPointer<TabData>::create(m_origin.type, QString(), QString());
+    if (GetIconUrl() != iconBefore) {
+        m_originIcon = QIcon();
+        m_iconRequest = GetIconUrl();
+    }
+    if (!m_delayed) {
         HideMessage();
         Begin(parent);
     }
@@ -248,7 +284,7 @@ void BrowserTab::Load(const QUrl& url)
 {
     if (!m_page)
         MakePage();
-    m_address = url;
+    SetAddress(url);
     m_pageTitle.clear();
     m_pageIcon = QIcon();
     m_pageIconUrl.clear();
@@ -317,17 +353,25 @@ void BrowserTab::LeaveFullScreen()
         m_page->LeaveFullScreen();
 }
 
+QString BrowserTab::TakeIconRequest()
+{
+    const QString request = m_iconRequest;
+    m_iconRequest.clear();
+    return request;
+}
+
 void BrowserTab::SetIcon(const QIcon& icon)
 {
     m_originIcon = icon;
-    Q_EMIT SigChanged();
+    Q_EMIT SigStateChanged();
 }
 
 void BrowserTab::Retranslate()
 {
     if (m_message != Message::None)
         FillMessage();
-    UpdateData();
+    if (GetTitle() != m_data->GetTitle())
+        UpdateData();
 }
 
 void BrowserTab::MakeContainer(QWidget* parent)
@@ -377,7 +421,7 @@ void BrowserTab::TakePage(std::unique_ptr<ITabPage> page)
             m_pageIconUrl.clear();
         }
         if (url.isValid() && url.scheme() != QLatin1String("about"))
-            m_address = url;
+            SetAddress(url);
         UpdateData();
         Q_EMIT SigStateChanged();
     });
@@ -402,7 +446,7 @@ void BrowserTab::TakePage(std::unique_ptr<ITabPage> page)
     connect(source, &ITabPage::SigFailed, this, [this](const PageFailure& failure) {
         m_failure = failure;
         if (failure.url.isValid())
-            m_address = failure.url;
+            SetAddress(failure.url);
         m_pageTitle.clear();
         ShowMessage(Message::Failure);
         UpdateData();
@@ -585,12 +629,42 @@ void BrowserTab::ClickMessage()
     Reload();
 }
 
+bool BrowserTab::IsAtOrigin() const
+{
+    return m_address == m_origin.address || !m_origin.serviceCode.isEmpty();
+}
+
+QString BrowserTab::GetOwnTitle() const
+{
+    if (!m_pageTitle.isEmpty())
+        return m_pageTitle;
+    return IsAtOrigin() ? m_origin.title : QString();
+}
+
+QString BrowserTab::GetIconUrl() const
+{
+    const QString icon = QString::fromLatin1(m_pageIconUrl.toEncoded());
+    // An icon may also stand in its own address, and be as large as it likes.
+    const bool keepable = m_pageIconUrl.scheme().startsWith(QLatin1String("http"));
+    if (keepable && icon.size() <= LongestIconUrl)
+        return icon;
+    if (!IsAtOrigin())
+        return {};
+    return m_origin.iconUrl.isEmpty() ? m_origin.appIconUrl : m_origin.iconUrl;
+}
+
+void BrowserTab::SetAddress(const QUrl& address)
+{
+    if (address == m_address)
+        return;
+    m_address = address;
+    m_routerUrl = MakeRouterUrl(m_origin, address);
+}
+
 void BrowserTab::UpdateData()
 {
     m_data->SetTitle(GetTitle());
-    const bool atOrigin = m_address == m_origin.address || !m_origin.serviceCode.isEmpty();
-    const QString icon = QString::fromLatin1(m_pageIconUrl.toEncoded());
-    m_data->SetIconUrl(!icon.isEmpty() ? icon : atOrigin ? m_origin.iconUrl : QString());
+    m_data->SetIconUrl(GetIconUrl());
     Q_EMIT SigChanged();
 }
 

@@ -23,7 +23,8 @@ class NoticeBar;
 class QStackedWidget;
 
 /// One tab: what it shows of itself in the strip, and the content below, which is a page, a message or a
-/// widget of the client's own. A delayed tab has no content until `Wake`. GUI thread.
+/// widget of the client's own. A delayed tab has neither content nor widgets until `Wake`, and shows and
+/// gives away the title, icon and address that it was made with, unchanged. GUI thread.
 class BrowserTab final : public QObject, public IBrowserTab
 {
     Q_OBJECT
@@ -36,7 +37,7 @@ public:
     QSharedPointer<TabData> GetTabData() const override;
     QString GetRouterUrl() const override;
 
-    /// The tab as it stands, to be made again.
+    /// The tab as it stands, to be made again; delayed while it still is.
     TabOrigin GetOrigin() const;
     int GetType() const;
     QString GetServiceCode() const;
@@ -50,6 +51,8 @@ public:
     bool TakesAddresses() const;
     /// Whether the tab still waits for its first selection.
     bool IsDelayed() const noexcept;
+    /// Whether it stands for an app that the app list does not know, or did not know yet.
+    bool IsAppUnknown() const noexcept;
     bool IsStartPage() const;
     bool HasPage() const noexcept;
     bool IsLoading() const;
@@ -57,6 +60,9 @@ public:
     bool CanGoBack() const;
     bool CanGoForward() const;
     double GetZoom() const;
+
+    /// The router URL that a tab of this origin has while it shows the address; empty when there is none.
+    static QString MakeRouterUrl(const TabOrigin& origin, const QUrl& address);
 
     /// Makes the content, as a child of `parent`, and starts to load; the widget of a delayed tab is made
     /// by `Wake`. `content` is shown instead of a page when it is given; it is taken over.
@@ -70,7 +76,8 @@ public:
     /// Gives the keyboard to the content.
     void FocusContent();
 
-    /// Another app list or another state of it: a tab whose app was unknown may get its app.
+    /// What the app list now says of the tab's app; for a tab that waits for its app or is delayed. Keeps
+    /// title and icon that the opener gave. A tab that is not delayed begins to load.
     void SetApp(const TabOrigin& origin, QWidget* parent);
 
     void Load(const QUrl& url);
@@ -84,13 +91,16 @@ public:
     void SetZoom(double factor);
     void LeaveFullScreen();
 
+    /// The address of a picture to be fetched for `SetIcon`; empty when there is none, or once it was
+    /// taken.
+    QString TakeIconRequest();
     void SetIcon(const QIcon& icon);
     void Retranslate();
 
 Q_SIGNALS:
     /// Address, title or icon.
     void SigChanged();
-    /// Loading, progress, history or security.
+    /// Loading, progress, history, security, or the picture behind an icon.
     void SigStateChanged();
     void SigLoaded(const QUrl& url, bool ok);
     void SigNewTabRequested(const std::shared_ptr<std::unique_ptr<ITabPage>>& page,
@@ -118,6 +128,10 @@ private:
     void FillMessage();
     void FillFailure();
     void ClickMessage();
+    bool IsAtOrigin() const;
+    QString GetOwnTitle() const;
+    QString GetIconUrl() const;
+    void SetAddress(const QUrl& address);
     void UpdateData();
     void AskPermission(const PermissionRequest& request);
     void AskExternal(const QUrl& url);
@@ -126,10 +140,12 @@ private:
     IPageFactory* m_pages;
     QSharedPointer<TabData> m_data;
     QUrl m_address;
+    QString m_routerUrl; // of m_address; all tabs are asked for theirs each time they are saved
     QString m_pageTitle;
     QUrl m_pageIconUrl;
     QIcon m_pageIcon;
     QIcon m_originIcon;
+    QString m_iconRequest;
     PageFailure m_failure;
     Message m_message = Message::None;
     bool m_delayed = false;

@@ -19,8 +19,8 @@ constexpr int ColumnWidth = 1080; // [px]
 
 } // namespace
 
-HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps,
-                   const AppListModel::LoadPicture& loadPicture, QWidget* parent)
+HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const PictureLoader& loadPicture,
+                   QWidget* parent)
     : QWidget(parent)
     , m_userName(userName)
     , m_model(new AppListModel(apps, loadPicture, this))

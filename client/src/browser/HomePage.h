@@ -17,7 +17,7 @@ class HomePage final : public QWidget
 
 public:
     /// `userName` may be empty; `apps` and `loadPicture` as for `AppListModel`.
-    HomePage(const QString& userName, TLPluginBaseManager* apps, const AppListModel::LoadPicture& loadPicture,
+    HomePage(const QString& userName, TLPluginBaseManager* apps, const PictureLoader& loadPicture,
              QWidget* parent = nullptr);
 
 Q_SIGNALS:

@@ -59,12 +59,10 @@ void MainWindow::OpenPlugin(const PluginOpenInfo& info, int index)
     if (d->m_ended)
         return;
     TabOrigin origin = d->MakeAppOrigin(info.serviceCode);
-    if (!info.title.isEmpty())
-        origin.title = info.title;
-    if (!info.iconUrl.isEmpty())
-        origin.iconUrl = info.iconUrl;
+    origin.title = info.title;
+    origin.iconUrl = info.iconUrl;
     origin.delayed = info.isDelay;
-    d->AddTab(origin, index, info.activation == QLatin1String("1"));
+    d->OpenAsked(origin, index, info.activation == QLatin1String("1"));
 }
 
 void MainWindow::OpenUrl(const TabOpenInfo& info, int index)
@@ -82,7 +80,28 @@ void MainWindow::OpenUrl(const TabOpenInfo& info, int index)
         origin.trouble = TabOrigin::Trouble::RefusedAddress;
         origin.text = info.address;
     }
-    d->AddTab(origin, index, info.activate);
+    d->OpenAsked(origin, index, info.activate);
+}
+
+void MainWindow::SetOpenDelayed(bool on)
+{
+    d->m_openDelayed = on;
+}
+
+void MainWindow::SetReopening(bool on)
+{
+    d->m_toLoad = on ? reopenedAtOnce : -1;
+}
+
+void MainWindow::SetSavedFaces(const std::function<SavedFace(const QString&)>& lookUp)
+{
+    d->m_savedFaces = lookUp;
+}
+
+bool MainWindow::IsTabDelayed(int index) const
+{
+    const BrowserTab* tab = d->GetTab(index);
+    return tab && tab->IsDelayed();
 }
 
 int MainWindow::GetCurrentTab() const noexcept

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browser/MainWindowServices.h"
+#include "browser/SavedFace.h"
 #include "browser/Theme.h"
 
 #include "frame-core/IBrowserMain.h"
@@ -34,6 +35,28 @@ public:
 
     void OpenPlugin(const PluginOpenInfo& info, int index) override;
     void OpenUrl(const TabOpenInfo& info, int index) override;
+
+    /// While on, whatever is opened through `OpenPlugin` and `OpenUrl` stays unloaded until it is selected,
+    /// and comes to the front for no asking. For a start after repeated crashes. What the user opens in the
+    /// window itself loads as ever.
+    void SetOpenDelayed(bool on);
+
+    /// How many tabs of a set that is being reopened load at once. Each page takes a share of a second of
+    /// the processor and a process of its own, so ten, the size of a day's work, are all there at once,
+    /// while a thousand would keep the user waiting for minutes.
+    static constexpr int reopenedAtOnce = 10;
+    /// On while a set of tabs is being reopened, one opening after the other: those beyond the first
+    /// `reopenedAtOnce` stay unloaded until they are selected. Openings that are delayed anyway do not
+    /// count, and one that is to come to the front loads. Turning it on begins a new set.
+    void SetReopening(bool on);
+
+    /// Looked up while it is set for each tab opened without a title, by the router URL that the tab has:
+    /// the title and icon to show until the page says its own. Empty ones change nothing. For openers that
+    /// know only the address. An empty function takes it away.
+    void SetSavedFaces(const std::function<SavedFace(const QString& routerUrl)>& lookUp);
+
+    /// Whether the tab still waits for its first selection. False for an index out of range.
+    bool IsTabDelayed(int index) const;
 
     int GetCurrentTab() const noexcept;
     /// What the address bar shows for the tab; empty for home and start page.

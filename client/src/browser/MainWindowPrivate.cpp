@@ -165,6 +165,7 @@ void MainWindowPrivate::MakeWidgets()
     connect(m_strip, &TabStrip::SigMoveRequested, this, &MainWindowPrivate::Move);
     connect(m_strip, &TabStrip::SigNewTabRequested, this, &MainWindowPrivate::OpenStartTab);
     connect(m_strip, &TabStrip::SigListRequested, this, &MainWindowPrivate::ShowTabList);
+    connect(m_strip, &TabStrip::SigSeenChanged, this, &MainWindowPrivate::FetchIcons);
     connect(m_strip, &TabStrip::SigContextMenuRequested, this, &MainWindowPrivate::ShowTabMenu);
     connect(m_address, &AddressBar::SigEntered, this, &MainWindowPrivate::EnterAddress);
 }
@@ -293,12 +294,29 @@ BrowserTab* MainWindowPrivate::GetCurrentTab() const
     return GetTab(m_current);
 }
 
+void MainWindowPrivate::OpenAsked(TabOrigin origin, int index, bool activate)
+{
+    if (m_openDelayed) {
+        origin.delayed = true;
+        activate = false;
+    } else if (m_toLoad >= 0 && !origin.delayed && !activate) {
+        origin.delayed = m_toLoad == 0;
+        m_toLoad -= m_toLoad > 0 ? 1 : 0;
+    }
+    if (m_savedFaces && origin.title.isEmpty()) {
+        const SavedFace face = m_savedFaces(BrowserTab::MakeRouterUrl(origin, origin.address));
+        origin.title = face.title;
+        if (origin.iconUrl.isEmpty())
+            origin.iconUrl = face.iconUrl;
+    }
+    AddTab(origin, index, activate);
+}
+
 int MainWindowPrivate::AddTab(const TabOrigin& origin, int index, bool activate)
 {
     auto tab = std::make_unique<BrowserTab>(origin, m_services.pages);
     BrowserTab* const added = tab.get();
     const int place = Insert(std::move(tab), index);
-    FetchIcon(added);
     added->Begin(m_pages);
     Announce(place, activate);
     return place;
@@ -393,27 +411,32 @@ void MainWindowPrivate::TakeNewTab(BrowserTab* opener,
     Announce(place, kind == ITabPage::NewTabKind::Foreground);
 }
 
-void MainWindowPrivate::FetchIcon(BrowserTab* tab)
+void MainWindowPrivate::FetchIcons()
 {
-    const QString url = tab->GetTabData()->GetIconUrl();
-    if (url.isEmpty() || !m_services.loadPicture)
+    // Of the tabs in sight only: a thousand reopened tabs are no reason for a thousand requests.
+    if (!m_services.loadPicture)
         return;
-    m_services.loadPicture(url, tab, [tab](const QPixmap& picture) { tab->SetIcon(QIcon(picture)); });
+    for (int i = m_strip->GetFirstSeen(); i <= m_strip->GetLastSeen(); ++i) {
+        BrowserTab* const tab = GetTab(i);
+        const QString url = tab ? tab->TakeIconRequest() : QString();
+        if (!url.isEmpty())
+            m_services.loadPicture(url, tab, [tab](const QPixmap& picture) { tab->SetIcon(QIcon(picture)); });
+    }
 }
 
 void MainWindowPrivate::ResolveApps()
 {
     for (int i = 0; i < GetCount(); ++i) {
         BrowserTab* const tab = GetTab(i);
-        const TabOrigin before = tab->GetOrigin();
-        if (before.trouble != TabOrigin::Trouble::UnknownApp)
+        const bool waits = tab->IsDelayed() || tab->IsAppUnknown();
+        if (!waits || tab->GetServiceCode().isEmpty())
             continue;
-        TabOrigin origin = MakeAppOrigin(before.serviceCode);
-        if (origin.trouble == TabOrigin::Trouble::UnknownApp)
+        const TabOrigin origin = MakeAppOrigin(tab->GetServiceCode());
+        if (origin.trouble == TabOrigin::Trouble::UnknownApp && tab->IsAppUnknown())
             continue;
         tab->SetApp(origin, m_pages);
-        FetchIcon(tab);
     }
+    FetchIcons();
 }
 
 TabOrigin MainWindowPrivate::MakeAppOrigin(const QString& serviceCode) const
@@ -426,8 +449,8 @@ TabOrigin MainWindowPrivate::MakeAppOrigin(const QString& serviceCode) const
         origin.trouble = TabOrigin::Trouble::UnknownApp;
         return origin;
     }
-    origin.title = app->GetPluginName();
-    origin.iconUrl = app->GetIconUrl();
+    origin.appName = app->GetPluginName();
+    origin.appIconUrl = app->GetIconUrl();
     const QString address = app->GetAddress();
     if (address.isEmpty()) {
         origin.type = TabType::NativeApp;
@@ -575,7 +598,10 @@ void MainWindowPrivate::ReopenClosed()
     if (m_closed.isEmpty() || m_ended)
         return;
     const ClosedTab closed = m_closed.takeLast();
-    AddTab(closed.origin, closed.index, true);
+    // A tab that never was selected comes back as it was; where it came back is shown.
+    const int place = AddTab(closed.origin, closed.index, !closed.origin.delayed);
+    if (closed.origin.delayed)
+        m_strip->Reveal(place);
 }
 
 void MainWindowPrivate::UpdateStrip(int index)
@@ -710,6 +736,8 @@ void MainWindowPrivate::ShowTabMenu(int index, const QPoint& position)
     menu->addSeparator();
     add(tr("Close tab"), index > 0 && tab->IsClosable(), [this, alive] { Close(IndexOf(alive)); });
     add(tr("Close other tabs"), GetCount() > 2 || (index == 0 && GetCount() > 1), [this, alive] {
+        // First, so that not each neighbour in turn is selected, and loaded, before it goes too.
+        Select(IndexOf(alive));
         for (int i = GetCount() - 1; i > 0; --i) {
             if (GetTab(i) != alive && GetTab(i)->IsClosable())
                 Close(i);

@@ -39,6 +39,9 @@ public:
     int IndexOf(const BrowserTab* tab) const;
     BrowserTab* GetCurrentTab() const;
 
+    /// Opens for another part of the client: what that part left out is looked up, and the tab is delayed
+    /// where the window is told to.
+    void OpenAsked(TabOrigin origin, int index, bool activate);
     /// Adds the tab at a position counted as by `ITabOpener`; the tab begins here.
     int AddTab(const TabOrigin& origin, int index, bool activate);
     void Select(int index);
@@ -63,6 +66,9 @@ public:
     std::function<bool()> m_closeGuard;
     std::vector<std::unique_ptr<BrowserTab>> m_tabs;
     int m_current = 0;
+    bool m_openDelayed = false;
+    int m_toLoad = -1; // of the set being reopened, how many may still load; -1: there is none
+    std::function<SavedFace(const QString&)> m_savedFaces;
     bool m_wasLoading = false;
     bool m_ended = false;
 
@@ -120,7 +126,7 @@ private:
     void TakeNewTab(BrowserTab* opener, const std::shared_ptr<std::unique_ptr<ITabPage>>& offer,
                     ITabPage::NewTabKind kind);
     void UpdateStrip(int index);
-    void FetchIcon(BrowserTab* tab);
+    void FetchIcons();
     void ResolveApps();
     void EnterAddress(const QString& text);
     void Zoom(int step);

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "browser/PictureLoader.h"
 #include "browser/Theme.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
-#include <QtGui/QPixmap>
 
 #include <functional>
 
 class IPageFactory;
-class QObject;
 class TLPluginBaseManager;
 
 /// What the main window needs of the rest of the client. The objects are not owned and outlive it.
@@ -26,8 +25,6 @@ struct MainWindowServices
     std::function<QByteArray()> loadGeometry;
     std::function<void(const QByteArray&)> saveGeometry;
 
-    /// Fetches the picture at an address and hands it to `done` on the GUI thread, unless `context` is
-    /// gone by then. A picture that cannot be had is never handed over. `done` may be called at once.
-    std::function<void(const QString& url, QObject* context, const std::function<void(const QPixmap&)>& done)>
-        loadPicture;
+    /// The icons of apps and of tabs that are not loaded yet; asked for only what is in sight.
+    PictureLoader loadPicture;
 };

@@ -17,13 +17,15 @@ struct TabOrigin
     };
 
     int type = TabType::WebPage;
-    QString title; ///< shown until the page says its own; may be empty
-    QString iconUrl;
+    QString title;   ///< given by the opener; shown until the page says its own; may be empty
+    QString iconUrl; ///< likewise
+    QString appName; ///< by the app list, where the opener gave no title
+    QString appIconUrl;
     QUrl address;        ///< empty: a start page, a native app or a trouble
     QString serviceCode; ///< of an app, else empty
     Trouble trouble = Trouble::None;
     QString text;
     bool closable = true;
-    bool delayed = false;
+    bool delayed = false; ///< waits for its first selection, whatever the tab then shows
     bool remember = true;
 };

@@ -155,7 +155,7 @@ void TabStrip::SetItem(int index, const TabStripItem& item)
 void TabStrip::SetCurrent(int index)
 {
     m_current = index;
-    ScrollIntoSight(index);
+    Reveal(index);
     for (int i = 0; i < m_entries.size(); ++i) {
         if (i > 0 && (i < m_firstSeen || i > m_lastSeen))
             continue;
@@ -164,6 +164,16 @@ void TabStrip::SetCurrent(int index)
             button->setFocusPolicy(i == m_current ? Qt::TabFocus : Qt::NoFocus);
         }
     }
+}
+
+int TabStrip::GetFirstSeen() const noexcept
+{
+    return m_firstSeen;
+}
+
+int TabStrip::GetLastSeen() const noexcept
+{
+    return m_lastSeen;
 }
 
 void TabStrip::changeEvent(QEvent* event)
@@ -266,14 +276,14 @@ void TabStrip::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     Arrange();
-    ScrollIntoSight(m_current);
+    Reveal(m_current);
 }
 
 void TabStrip::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     Arrange();
-    ScrollIntoSight(m_current);
+    Reveal(m_current);
 }
 
 void TabStrip::timerEvent(QTimerEvent* event)
@@ -289,6 +299,9 @@ void TabStrip::timerEvent(QTimerEvent* event)
         }
         if (!loading)
             m_ticking.stop();
+    } else if (event->timerId() == m_seenChange.timerId()) {
+        m_seenChange.stop();
+        Q_EMIT SigSeenChanged();
     } else if (event->timerId() == m_edgeScroll.timerId()) {
         const int before = m_offset;
         ScrollTo(m_offset + (m_dragX < 0 ? -EdgeStep : EdgeStep));
@@ -364,7 +377,7 @@ void TabStrip::ScrollTo(int offset)
     ArrangeScrolled();
 }
 
-void TabStrip::ScrollIntoSight(int index)
+void TabStrip::Reveal(int index)
 {
     if (index < 1 || m_tabWidth == 0)
         return;
@@ -446,6 +459,8 @@ void TabStrip::ArrangeScrolled()
     m_lastSeen = m_dragged > 0 ? qMax(end, m_dragged) : end;
     m_left->setEnabled(m_offset > 0);
     m_right->setEnabled(m_offset < GetScrollRange());
+    if (!m_seenChange.isActive())
+        m_seenChange.start(0, this);
     UpdateTicking();
 }
 

@@ -36,6 +36,11 @@ public:
     void SetItem(int index, const TabStripItem& item);
     /// Makes the tab current and scrolls it into sight.
     void SetCurrent(int index);
+    /// Scrolls the tab into sight.
+    void Reveal(int index);
+    /// The tabs in sight beside the pinned one; the first is behind the last when there are none.
+    int GetFirstSeen() const noexcept;
+    int GetLastSeen() const noexcept;
 
 Q_SIGNALS:
     void SigSelectRequested(int index);
@@ -43,6 +48,8 @@ Q_SIGNALS:
     /// Neither `from` nor `to` is 0.
     void SigMoveRequested(int from, int to);
     void SigNewTabRequested();
+    /// Other tabs may have come into sight. Said once control is back in the event loop.
+    void SigSeenChanged();
     /// The user wants the list of all tabs, below `anchor`.
     void SigListRequested(QWidget* anchor);
     void SigContextMenuRequested(int index, const QPoint& globalPosition);
@@ -67,7 +74,6 @@ private:
     int IndexOf(const QObject* button) const;
     int GetScrollRange() const;
     void ScrollTo(int offset);
-    void ScrollIntoSight(int index);
     void Arrange();
     void ArrangeScrolled();
     void UpdateTicking();
@@ -86,6 +92,7 @@ private:
     int m_lastSeen = 0;
     int m_tick = 0;
     QBasicTimer m_ticking;
+    QBasicTimer m_seenChange;
 
     QWidget* m_viewport;
     QToolButton* m_left;

@@ -13,6 +13,10 @@ MainWindowTest::MainWindowTest()
     services.pages = &m_pages;
     services.apps = &m_apps;
     services.userName = QStringLiteral("Anna");
+    services.loadPicture = [this](const QString& url, QObject* context,
+                                  const std::function<void(const QPixmap&)>& done) {
+        m_pictures.append({url, context, done});
+    };
     m_window = std::make_unique<MainWindow>(services);
     m_window->resize(1000, 700);
     m_window->show();
@@ -78,6 +82,18 @@ TabData& MainWindowTest::GetData(int index) const
 QString MainWindowTest::GetRouterUrl(int index) const
 {
     return m_window->GetTab(index)->GetRouterUrl();
+}
+
+bool MainWindowTest::DeliverPicture(const QString& url, const QPixmap& picture)
+{
+    bool asked = false;
+    for (const PictureRequest& request : qAsConst(m_pictures)) {
+        if (request.url != url || !request.context)
+            continue;
+        asked = true;
+        request.done(picture);
+    }
+    return asked;
 }
 
 QStringList MainWindowTest::GetMessage() const

@@ -11,8 +11,13 @@
 #include "tab-container/TabData.h"
 #include "tab-container/TabType.h"
 
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+#include <QtGui/QPixmap>
+
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 /// A shown main window over fake pages, with three apps: "orders" on the web, "print" native, and "odd"
@@ -34,7 +39,19 @@ protected:
     /// Headline, text and address of the message that the current tab shows; empty when it shows none.
     QStringList GetMessage() const;
 
+    /// Delivers the picture to whoever asked for the address; whether anybody did.
+    bool DeliverPicture(const QString& url, const QPixmap& picture);
+
+    /// A picture that the window wants.
+    struct PictureRequest
+    {
+        QString url;
+        QPointer<QObject> context;
+        std::function<void(const QPixmap&)> done;
+    };
+
     FakePageFactory m_pages;
+    QVector<PictureRequest> m_pictures;
     TLPluginBaseManager m_apps;
     std::unique_ptr<MainWindow> m_window;
 };
