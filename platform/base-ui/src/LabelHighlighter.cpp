@@ -49,7 +49,9 @@ void LabelHighlighter::Write()
         m_label->setTextFormat(Qt::mightBeRichText(m_plain) ? Qt::PlainText : m_format);
     } else {
         const QColor color = m_label->palette().color(QPalette::Link);
-        m_written = UIUtils::HighlightText(m_plain, m_keyword, color.name());
+        // HTML would make one space of several.
+        m_written = QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>")
+                        .arg(UIUtils::HighlightText(m_plain, m_keyword, color.name()));
         m_label->setTextFormat(Qt::RichText);
     }
     m_label->setText(m_written);

@@ -2,6 +2,7 @@
 
 #include "base-ui/TLPushButton.h"
 
+#include "ScaleWatch.h"
 #include "Scaled.h"
 
 #include <QtCore/QCoreApplication>
@@ -78,9 +79,6 @@ MessageDialog::MessageDialog(const QString& text, QMessageBox::StandardButtons b
     auto* layout = new QVBoxLayout(GetContentWidget());
     layout->addWidget(m_label, 1);
     layout->addLayout(m_buttonLayout);
-    layout->setContentsMargins(Scaled(24), Scaled(12), Scaled(24), Scaled(24));
-    layout->setSpacing(Scaled(24));
-    m_buttonLayout->setSpacing(Scaled(10));
     m_buttonLayout->addStretch();
     for (const KnownButton& known : knownButtons) {
         if (buttons.testFlag(known.answer))
@@ -94,8 +92,8 @@ MessageDialog::MessageDialog(const QString& text, QMessageBox::StandardButtons b
     m_choices.constFirst().button->SetButtonType(ButtonType::Primary);
     m_choices.constFirst().button->setDefault(true);
     m_choices.constFirst().button->setFocus();
-    setMinimumWidth(Scaled(360));
-    m_label->setMaximumWidth(Scaled(480));
+    m_scaleWatch = std::make_unique<ScaleWatch>([this] { AdjustForScale(); });
+    AdjustForScale();
 }
 
 MessageDialog::~MessageDialog() = default;
@@ -132,6 +130,16 @@ void MessageDialog::AddButton(QMessageBox::StandardButton answer, const QString&
     });
     m_buttonLayout->addWidget(button);
     m_choices.append({answer, button, text});
+}
+
+void MessageDialog::AdjustForScale()
+{
+    GetContentWidget()->layout()->setContentsMargins(Scaled(24), Scaled(12), Scaled(24), Scaled(24));
+    GetContentWidget()->layout()->setSpacing(Scaled(24));
+    m_buttonLayout->setSpacing(Scaled(10));
+    setMinimumWidth(Scaled(360));
+    m_label->setMaximumWidth(Scaled(480));
+    adjustSize();
 }
 
 void MessageDialog::Retranslate()

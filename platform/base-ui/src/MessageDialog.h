@@ -7,8 +7,11 @@
 #include <QtCore/QStringList>
 #include <QtWidgets/QMessageBox>
 
+#include <memory>
+
 class QHBoxLayout;
 class QLabel;
+class ScaleWatch;
 class TLPushButton;
 
 /// The dialog behind `PackagedMsgBox`.
@@ -40,6 +43,7 @@ private:
     };
 
     void AddButton(QMessageBox::StandardButton answer, const QString& text);
+    void AdjustForScale();
     void Retranslate();
     void MoveFocus(QObject* from, int step);
 
@@ -47,4 +51,5 @@ private:
     QMessageBox::StandardButton m_answer;
     QLabel* m_label;
     QHBoxLayout* m_buttonLayout;
+    std::unique_ptr<ScaleWatch> m_scaleWatch;
 };

@@ -1,5 +1,7 @@
 #include "base-ui/PackagedMsgBox.h"
 
+#include "base-ui/TLMask.h"
+
 #include "ActiveWindow.h"
 #include "MessageDialog.h"
 
@@ -9,9 +11,11 @@ QMessageBox::StandardButton PackagedMsgBox::question(const QString& text, QWidge
                                                      QMessageBox::StandardButtons buttons,
                                                      const QStringList& buttonTexts, TextStyle style)
 {
+    QWidget* const over = parent != nullptr ? parent->window() : FindActiveWindow();
     // It goes with its parent, which may happen while it waits.
-    const QPointer<MessageDialog> dialog(new MessageDialog(text, buttons, buttonTexts, style,
-                                                           parent != nullptr ? parent : FindActiveWindow()));
+    const QPointer<MessageDialog> dialog(new MessageDialog(text, buttons, buttonTexts, style, over));
+    (void)TLMask::Instance()->InitMask(over, over);
+    TLMask::Instance()->ShowMask(dialog);
     dialog->exec();
     if (dialog.isNull())
         return MessageDialog::GetEscapeAnswer(buttons);

@@ -140,6 +140,8 @@ void RequestStatusBaseWidget::AdjustForScale()
         panel->layout()->setContentsMargins(Scaled(16), Scaled(16), Scaled(16), Scaled(16));
         panel->layout()->setSpacing(Scaled(12));
     }
+    m_indicator->updateGeometry();
+    m_failedSign->updateGeometry();
     updateGeometry();
 }
 

@@ -5,6 +5,7 @@
 #include "Scaled.h"
 
 #include <QtGui/QWheelEvent>
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStylePainter>
 
@@ -47,6 +48,21 @@ QSize TLComboBox::sizeHint() const
 QSize TLComboBox::minimumSizeHint() const
 {
     return {QComboBox::minimumSizeHint().width(), sizeHint().height()};
+}
+
+void TLComboBox::showPopup()
+{
+    // Made before the theme is known, the list took itself for a menu: it has no scroll bar, and loses the
+    // height of a menu's margins.
+    view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    if (QLayout* const frame = view()->parentWidget()->layout()) {
+        for (int i = 0; i < frame->count(); ++i) {
+            if (QSpacerItem* const margin = frame->itemAt(i)->spacerItem())
+                margin->changeSize(0, 0);
+        }
+        frame->invalidate();
+    }
+    QComboBox::showPopup();
 }
 
 void TLComboBox::paintEvent(QPaintEvent*)

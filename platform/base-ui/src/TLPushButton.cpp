@@ -1,5 +1,6 @@
 #include "base-ui/TLPushButton.h"
 
+#include "ScaleWatch.h"
 #include "Scaled.h"
 #include "ThemedColor.h"
 
@@ -22,6 +23,10 @@ TLPushButton::~TLPushButton() = default;
 void TLPushButton::Construct()
 {
     setAttribute(Qt::WA_Hover);
+    m_scaleWatch = std::make_unique<ScaleWatch>([this] {
+        updateGeometry();
+        update();
+    });
 }
 
 int TLPushButton::GetButtonType() const noexcept
@@ -63,47 +68,66 @@ QSize TLPushButton::minimumSizeHint() const
     return sizeHint();
 }
 
+void TLPushButton::showEvent(QShowEvent* event)
+{
+    // The size class is a plain field; this is where a new value is noticed.
+    updateGeometry();
+    QPushButton::showEvent(event);
+}
+
+TLPushButton::Look TLPushButton::GetLook() const
+{
+    const QPalette& colors = palette();
+    const bool primary = m_buttonType == ButtonType::Primary;
+    const auto choose = [&](const QColor& themed, QPalette::ColorRole role, QPalette::ColorRole primaryRole) {
+        return ThemedColor(themed, colors, primary ? primaryRole : role);
+    };
+    Look look;
+    if (!isEnabled()) {
+        look.fill = choose(m_disabledFillColor, QPalette::Button, QPalette::Mid);
+        look.border = choose(m_disabledBorderColor, QPalette::Mid, QPalette::Mid);
+        look.text = choose(m_disabledTextColor, QPalette::ButtonText, QPalette::ButtonText);
+        return look;
+    }
+    if (isDown() || isChecked())
+        look.fill = choose(m_pressedColor, QPalette::Mid, QPalette::Highlight);
+    else if (underMouse())
+        look.fill = choose(m_hoverColor, QPalette::Midlight, QPalette::Highlight);
+    else if (m_buttonType == ButtonType::Plain && !m_fillColor.isValid())
+        look.fill = Qt::transparent;
+    else
+        look.fill = choose(m_fillColor, QPalette::Button, QPalette::Highlight);
+    look.border = choose(m_borderColor, QPalette::Dark, QPalette::Highlight);
+    look.text = choose(m_textColor, QPalette::ButtonText, QPalette::HighlightedText);
+    look.borderWidth = Scaled(1);
+    if (hasFocus()) {
+        look.border = choose(m_focusColor, QPalette::Highlight, QPalette::WindowText);
+        look.borderWidth = Scaled(2);
+    }
+    return look;
+}
+
 void TLPushButton::paintEvent(QPaintEvent*)
 {
-    const bool primary = m_buttonType == ButtonType::Primary;
-    const bool plain = m_buttonType == ButtonType::Plain;
-    const QPalette& colors = palette();
-
-    QColor fill = plain ? m_fillColor
-                        : ThemedColor(m_fillColor, colors, primary ? QPalette::Highlight : QPalette::Button);
-    QColor border = plain
-                        ? m_borderColor
-                        : ThemedColor(m_borderColor, colors, primary ? QPalette::Highlight : QPalette::Dark);
-    QColor text =
-        ThemedColor(m_textColor, colors, primary ? QPalette::HighlightedText : QPalette::ButtonText);
-    if (!isEnabled()) {
-        fill = plain ? m_disabledFillColor : ThemedColor(m_disabledFillColor, colors, QPalette::Button);
-        border = plain ? m_disabledBorderColor : ThemedColor(m_disabledBorderColor, colors, QPalette::Mid);
-        text = ThemedColor(m_disabledTextColor, colors, QPalette::ButtonText);
-    } else if (isDown() || isChecked()) {
-        fill = ThemedColor(m_pressedColor, colors, primary ? QPalette::Highlight : QPalette::Mid);
-    } else if (underMouse()) {
-        fill = ThemedColor(m_hoverColor, colors, primary ? QPalette::Highlight : QPalette::Midlight);
-    }
-    qreal width = Scaled(1);
-    if (hasFocus()) {
-        border = ThemedColor(m_focusColor, colors, primary ? QPalette::WindowText : QPalette::Highlight);
-        width = Scaled(2);
-    }
-
+    const Look look = GetLook();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(border.isValid() ? QPen(border, width) : QPen(Qt::NoPen));
-    painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
-    const qreal inset = width / 2;
-    const qreal radius = Scaled(6);
+    const bool framed = look.border.alpha() > 0;
+    const qreal inset = framed ? look.borderWidth / 2.0 : 0;
+    painter.setPen(framed ? QPen(look.border, look.borderWidth) : QPen(Qt::NoPen));
+    painter.setBrush(look.fill);
+    const qreal radius = Scaled(6) - inset;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
+    painter.setPen(look.text);
+    PaintLabel(&painter);
+}
 
+void TLPushButton::PaintLabel(QPainter* painter) const
+{
     QStyleOptionButton option;
     initStyleOption(&option);
-    const int flags = Qt::AlignCenter | (style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0
-                                             ? Qt::TextShowMnemonic
-                                             : Qt::TextHideMnemonic);
+    const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
+    const int flags = Qt::AlignCenter | (underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
     QRect area = rect().adjusted(Scaled(4), 0, -Scaled(4), 0);
     if (!icon().isNull()) {
         const QSize size = iconSize();
@@ -113,11 +137,9 @@ void TLPushButton::paintEvent(QPaintEvent*)
                                                 QSize(qMin(wanted, area.width()), area.height()), area);
         const QRect picture =
             QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, size, place);
-        icon().paint(&painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
-        area = QStyle::visualRect(layoutDirection(), place,
-                                  QRect(place.left() + size.width() + gap, place.top(),
-                                        place.width() - size.width() - gap, place.height()));
+        icon().paint(painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+        area = QStyle::visualRect(layoutDirection(), place, place.adjusted(size.width() + gap, 0, 0, 0));
     }
-    painter.setPen(text);
-    painter.drawText(area, flags, fontMetrics().elidedText(option.text, Qt::ElideRight, area.width(), flags));
+    painter->drawText(area, flags,
+                      fontMetrics().elidedText(option.text, Qt::ElideRight, area.width(), flags));
 }

@@ -1,6 +1,7 @@
 #include "TitleBar.h"
 
 #include "CloseButton.h"
+#include "ScaleWatch.h"
 #include "Scaled.h"
 
 #include <QtCore/QEvent>
@@ -29,7 +30,8 @@ TitleBar::TitleBar(bool closable, bool movable, QWidget* parent)
         layout->addWidget(m_closeButton);
     }
     Retranslate();
-    AdjustForDpi();
+    m_scaleWatch = std::make_unique<ScaleWatch>([this] { AdjustForScale(); });
+    AdjustForScale();
 }
 
 TitleBar::~TitleBar() = default;
@@ -44,11 +46,13 @@ QWidget* TitleBar::GetCloseButton() const noexcept
     return m_closeButton;
 }
 
-void TitleBar::AdjustForDpi()
+void TitleBar::AdjustForScale()
 {
     setFixedHeight(Scaled(40));
-    layout()->setContentsMargins(Scaled(16), 0, Scaled(6), 0);
+    layout()->setContentsMargins(Scaled(24), 0, Scaled(6), 0);
     layout()->setSpacing(Scaled(8));
+    if (m_closeButton != nullptr)
+        m_closeButton->updateGeometry();
 }
 
 void TitleBar::changeEvent(QEvent* event)

@@ -3,8 +3,11 @@
 #include <QtCore/QPoint>
 #include <QtWidgets/QWidget>
 
+#include <memory>
+
 class CloseButton;
 class QLabel;
+class ScaleWatch;
 
 /// The top of a dialog: its title, a button to close it, and the place to drag it by.
 class TitleBar final : public QWidget
@@ -18,7 +21,6 @@ public:
     void SetText(const QString& text);
     /// Null when the dialog cannot be closed by it.
     QWidget* GetCloseButton() const noexcept;
-    void AdjustForDpi();
 
 Q_SIGNALS:
     void SigClose();
@@ -30,11 +32,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void AdjustForScale();
     void Retranslate();
 
     QLabel* m_label;
     CloseButton* m_closeButton = nullptr;
     bool m_movable;
     bool m_dragging = false;
+    std::unique_ptr<ScaleWatch> m_scaleWatch;
     QPoint m_grip; ///< of the pointer, from the window's corner
 };

@@ -26,6 +26,7 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    void showPopup() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

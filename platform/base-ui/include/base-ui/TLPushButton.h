@@ -6,6 +6,10 @@
 #include <QtGui/QColor>
 #include <QtWidgets/QPushButton>
 
+#include <memory>
+
+class ScaleWatch;
+
 /// A push button in the client's look. The theme gives its colours by the properties below; without a theme
 /// they come from the palette. Its sizes follow the scale.
 class TL_BASE_UI_EXPORT TLPushButton : public QPushButton
@@ -40,9 +44,20 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
+    struct Look
+    {
+        QColor fill;
+        QColor border;
+        QColor text;
+        int borderWidth = 1; ///< [px]
+    };
+
     void Construct();
+    Look GetLook() const;
+    void PaintLabel(QPainter* painter) const;
 
     int m_buttonType = ButtonType::Default;
     QColor m_fillColor;
@@ -54,4 +69,5 @@ private:
     QColor m_disabledFillColor;
     QColor m_disabledBorderColor;
     QColor m_disabledTextColor;
+    std::unique_ptr<ScaleWatch> m_scaleWatch;
 };
