@@ -27,3 +27,7 @@ if(TL_SANITIZE)
     add_compile_options(-fsanitize=${TL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -g1)
     add_link_options(-fsanitize=${TL_SANITIZE})
 endif()
+
+if(TL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
