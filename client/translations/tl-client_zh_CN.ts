@@ -263,6 +263,102 @@
     </message>
 </context>
 <context>
+    <name>EarlierTabsDialog</name>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Open 1 tab</source>
+        <translation>打开 1 个标签页</translation>
+    </message>
+    <message>
+        <source>Open %1 tabs</source>
+        <translation>打开 %1 个标签页</translation>
+    </message>
+    <message>
+        <source>Earlier tabs</source>
+        <translation>以前的标签页</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Tabs that were open when the client was interrupted or restarted. Tick those that you want to open.</source>
+        <translation>客户端中断或重新启动时打开着的标签页。请勾选要打开的标签页。</translation>
+    </message>
+    <message>
+        <source>There are no earlier tabs.
+
+When the client is interrupted, the tabs that were open are kept here.</source>
+        <translation>没有以前的标签页。
+
+客户端中断时，当时打开的标签页会保留在这里。</translation>
+    </message>
+</context>
+<context>
+    <name>EarlierTabsModel</name>
+    <message>
+        <source>Offered at the next start, and opened again.</source>
+        <translation>下次启动时已提示，并已重新打开。</translation>
+    </message>
+    <message>
+        <source>Offered at the next start, and not wanted.</source>
+        <translation>下次启动时已提示，但选择了不打开。</translation>
+    </message>
+    <message>
+        <source>Open when the client ended, and never offered.</source>
+        <translation>客户端结束时打开着，之后未曾提示。</translation>
+    </message>
+    <message>
+        <source>What was kept of these tabs is damaged.</source>
+        <translation>保存的标签页数据已损坏。</translation>
+    </message>
+    <message>
+        <source>They were to open again, but not all did.</source>
+        <translation>本应重新打开，但未能全部打开。</translation>
+    </message>
+    <message>
+        <source>1 tab</source>
+        <translation>1 个标签页</translation>
+    </message>
+    <message>
+        <source>%1 tabs</source>
+        <translation>%1 个标签页</translation>
+    </message>
+    <message>
+        <source>App</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <comment>moment – number of tabs</comment>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>%1 Some could not be read and are missing.</source>
+        <translation>%1部分标签页无法读取，未在此列出。</translation>
+    </message>
+    <message>
+        <source>At an unknown time</source>
+        <translation>时间未知</translation>
+    </message>
+    <message>
+        <source>Today at %1</source>
+        <translation>今天 %1</translation>
+    </message>
+    <message>
+        <source>Yesterday at %1</source>
+        <translation>昨天 %1</translation>
+    </message>
+    <message>
+        <source>%1 at %2</source>
+        <comment>date at time</comment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
     <name>FindBar</name>
     <message>
         <source>Not found</source>

@@ -1,10 +1,13 @@
 // Shows the main window with a made-up app list, to look at it. Not a test and not installed.
 //
-//   BrowserPreview [--theme light|dark] [--language en|zh_CN] [--notices] [--delayed <count>] [<address>...]
+//   BrowserPreview [--theme light|dark] [--language en|zh_CN] [--notices] [--delayed <count>]
+//                  [--earlier <sets>] [<address>...]
 //
+// --earlier shows the dialog of earlier tabs over the window, with as many sets.
 // Each address is opened in a tab; the last one comes to the front. As root it needs
 // QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card, QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu".
 
+#include "browser/EarlierTabsDialog.h"
 #include "browser/LanguageManager.h"
 #include "browser/MainWindow.h"
 #include "browser/NoticeBar.h"
@@ -51,6 +54,40 @@ QPixmap MakePicture(const QString& url)
     return picture;
 }
 
+QVector<EarlierTabSet> MakeEarlierSets(int count)
+{
+    const EarlierTabSet::Reason reasons[] = {
+        EarlierTabSet::Reason::Declined, EarlierTabSet::Reason::Offered, EarlierTabSet::Reason::NotRestored,
+        EarlierTabSet::Reason::Unreadable, EarlierTabSet::Reason::Dropped};
+    QVector<EarlierTabSet> sets;
+    for (int i = 0; i < count; ++i) {
+        EarlierTabSet set;
+        set.when = QDateTime::currentDateTime().addSecs(-3600 * (1 + 17 * i));
+        set.reason = reasons[i % 5];
+        set.incomplete = set.reason == EarlierTabSet::Reason::Unreadable;
+        set.tabs = {{QStringLiteral("tl://browser/open?url=a"), QStringLiteral("Orders of today"),
+                     QStringLiteral("https://shop.example/orders?day=today"),
+                     QStringLiteral("https://shop.example/orders.png"), TabType::WebPage},
+                    {QStringLiteral("tl://browser/open?url=b"),
+                     QStringLiteral("<b>A title</b> that is by far too long to be shown in one line of a "
+                                    "dialog, whatever the size of the window"),
+                     QStringLiteral("https://supplier.example/a/very/long/path/to/a/page/that/nobody/reads/"
+                                    "in/full?with=parameters&and=more&of=them#and-a-fragment"),
+                     QString(), TabType::WebPage},
+                    {QStringLiteral("tl://plugin/open?code=c"), QStringLiteral("客服工作台"), QString(),
+                     QStringLiteral("https://icons.example/service.png"), TabType::WebApp},
+                    {QStringLiteral("tl://browser/open?url=d"), QString(),
+                     QStringLiteral("https://no-title.example/"), QString(), TabType::WebPage}};
+        for (int tab = 0; tab < (i == 1 ? 1000 : 8); ++tab)
+            set.tabs.append({QStringLiteral("tl://browser/open?url=%1").arg(tab),
+                             QStringLiteral("Shop number %1").arg(tab),
+                             QStringLiteral("https://shop-%1.example/").arg(tab),
+                             QStringLiteral("https://shop.example/%1.png").arg(tab), TabType::WebPage});
+        sets.append(set);
+    }
+    return sets;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -66,7 +103,8 @@ int main(int argc, char** argv)
     const QCommandLineOption languageOption(QStringLiteral("language"), QString(), QStringLiteral("name"));
     const QCommandLineOption noticesOption(QStringLiteral("notices"));
     const QCommandLineOption delayedOption(QStringLiteral("delayed"), QString(), QStringLiteral("count"));
-    parser.addOptions({themeOption, languageOption, noticesOption, delayedOption});
+    const QCommandLineOption earlierOption(QStringLiteral("earlier"), QString(), QStringLiteral("sets"));
+    parser.addOptions({themeOption, languageOption, noticesOption, delayedOption, earlierOption});
     parser.addPositionalArgument(QStringLiteral("address"), QString());
     parser.process(application);
 
@@ -116,6 +154,7 @@ int main(int argc, char** argv)
         TabOpenInfo info;
         info.address = QStringLiteral("https://shop-%1.example/").arg(i);
         info.title = QStringLiteral("Shop number %1").arg(i);
+        info.iconUrl = QStringLiteral("https://icons.example/%1").arg(i % 26);
         info.isDelay = true;
         window.OpenUrl(info, -1);
     }
@@ -145,5 +184,10 @@ int main(int argc, char** argv)
         bar->SetProgress(QStringLiteral("a"), 40);
     }
     window.show();
+    if (parser.isSet(earlierOption)) {
+        auto* dialog = new EarlierTabsDialog(MakeEarlierSets(parser.value(earlierOption).toInt()),
+                                             services.loadPicture, &window);
+        dialog->open();
+    }
     return QApplication::exec();
 }
