@@ -13,6 +13,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
+#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
@@ -46,6 +47,20 @@ bool WaitUntil(const std::function<bool()>& condition)
     if (!condition())
         loop.exec();
     return condition();
+}
+
+/// Ends a process that this one started, as the system does when memory is short: without asking it.
+void EndProcess(qint64 pid)
+{
+    ASSERT_GT(pid, 0);
+#ifdef Q_OS_WIN
+    const QString program = QStringLiteral("taskkill");
+    const QStringList arguments{QStringLiteral("/F"), QStringLiteral("/PID"), QString::number(pid)};
+#else
+    const QString program = QStringLiteral("kill");
+    const QStringList arguments{QStringLiteral("-KILL"), QString::number(pid)};
+#endif
+    ASSERT_EQ(QProcess::execute(program, arguments), 0);
 }
 
 /// The engine writes to a profile's folder for a while after the profile is gone, so all folders stay
@@ -234,6 +249,76 @@ TEST_F(WebEngineTest, ADeadRendererIsShownAndReloadBringsThePageBack)
     PressMessageButton();
     EXPECT_TRUE(WaitUntil([this] { return GetMessage().isEmpty() && !m_window->IsLoading(); }));
     EXPECT_EQ(Run(QStringLiteral("document.body.innerText")).toString(), QStringLiteral("fine"));
+}
+
+TEST_F(WebEngineTest, ADeadRendererTakesNeitherTheClientNorOtherTabsAlong)
+{
+    WebServer servers[3]; // three sites, so that no two tabs share a renderer
+    qint64 renderers[3] = {};
+    for (int i = 0; i < 3; ++i) {
+        servers[i].SetPage(QStringLiteral("/"), "<title>site</title><body>alive</body>");
+        ASSERT_TRUE(OpenAndWait(servers[i].GetUrl(QStringLiteral("/"))));
+        renderers[i] = GetView()->page()->renderProcessPid();
+    }
+    ASSERT_NE(renderers[0], renderers[1]);
+    ASSERT_NE(renderers[1], renderers[2]);
+    ASSERT_NE(renderers[0], renderers[2]);
+
+    // In the background, then in front.
+    QSignalSpy changed(m_window.get(), &MainWindow::SigTabChanged);
+    EndProcess(renderers[1]);
+    ASSERT_TRUE(WaitUntil([&changed] { return changed.contains(QVariantList({2})); }));
+    EXPECT_TRUE(GetMessage().isEmpty()) << "the tab in front says that it died";
+    EndProcess(renderers[2]);
+    ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
+
+    m_window->SelectTab(1);
+    EXPECT_TRUE(GetMessage().isEmpty());
+    EXPECT_EQ(Run(QStringLiteral("document.body.innerText")).toString(), QStringLiteral("alive"));
+    for (const int index : {2, 3}) {
+        m_window->SelectTab(index);
+        ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
+        EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
+        EXPECT_EQ(GetTitle(index), QStringLiteral("site")) << "what is kept of the tab was lost";
+        EXPECT_EQ(m_window->GetTabAddress(index), servers[index - 1].GetUrl(QStringLiteral("/")).toString());
+        QTest::keyClick(m_window.get(), Qt::Key_F5);
+        ASSERT_TRUE(WaitUntil([this] { return GetMessage().isEmpty() && !m_window->IsLoading(); }));
+        EXPECT_EQ(Run(QStringLiteral("document.body.innerText")).toString(), QStringLiteral("alive"));
+        EXPECT_NE(GetView()->page()->renderProcessPid(), renderers[index - 1]);
+    }
+}
+
+TEST_F(WebEngineTest, TheRendererOfAPageThatIsStillLoadingMayDieToo)
+{
+    m_server.SetPage(QStringLiteral("/busy"), "<title>busy</title><script>for (;;) {}</script>");
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/ok"))));
+    const qint64 renderer = GetView()->page()->renderProcessPid();
+    GetView()->page()->runJavaScript(QStringLiteral("location.href = '/busy'"));
+    ASSERT_TRUE(WaitUntil([this] { return m_server.GetRequests().contains(QStringLiteral("/busy")); }));
+    EndProcess(renderer);
+    ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
+    EXPECT_TRUE(WaitUntil([this] { return !m_window->IsLoading(); })) << "the tab seems to load for ever";
+    Open(m_server.GetUrl(QStringLiteral("/ok")));
+    EXPECT_TRUE(WaitUntil([this] { return GetTitle(2) == QStringLiteral("All well"); }));
+}
+
+TEST_F(WebEngineTest, ADelayedTabHasNoRendererUntilItIsSelected)
+{
+    TabOpenInfo info;
+    info.address = m_server.GetUrl(QStringLiteral("/ok")).toString();
+    info.title = QStringLiteral("Saved");
+    info.isDelay = true;
+    m_window->OpenUrl(info, -1);
+    m_window->OpenUrl(info, -1);
+    EXPECT_TRUE(m_window->findChildren<QWebEngineView*>().isEmpty());
+    EXPECT_FALSE(m_window->IsLoading());
+    m_window->SelectTab(2);
+    EXPECT_EQ(m_window->findChildren<QWebEngineView*>().size(), 1);
+    EXPECT_TRUE(WaitUntil([this] { return GetTitle(2) == QStringLiteral("All well"); }));
+    EXPECT_EQ(GetTitle(1), QStringLiteral("Saved"));
+    EXPECT_EQ(m_server.GetRequests().count(QStringLiteral("/ok")), 1);
 }
 
 TEST_F(WebEngineTest, APageReachesNeitherFilesNorOtherSchemes)
