@@ -16,13 +16,13 @@ QAccessibleInterface* MakeAlert(const QString& className, QObject* object)
 
 AlertAccessible::AlertAccessible(QWidget* widget) : QAccessibleWidget(widget, QAccessible::AlertMessage) {}
 
+void AlertAccessible::Install()
+{
+    QAccessible::installFactory(MakeAlert);
+}
+
 void AlertAccessible::Announce(QWidget* widget)
 {
-    static const bool installed = [] {
-        QAccessible::installFactory(MakeAlert);
-        return true;
-    }();
-    Q_UNUSED(installed)
     QAccessibleEvent event(widget, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }

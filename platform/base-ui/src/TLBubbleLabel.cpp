@@ -35,6 +35,7 @@ QWidget* PlaceFor(QWidget* parent)
 
 TLBubbleLabel::TLBubbleLabel(QWidget* parent) : QLabel(PlaceFor(parent)), m_fade(std::make_unique<Fade>(this))
 {
+    AlertAccessible::Install();
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setTextFormat(Qt::PlainText);
     hide();

@@ -91,7 +91,7 @@ void TLLineEdit::PlaceClearButton()
     const bool useful = !text().isEmpty() && isEnabled() && !isReadOnly();
     m_clearButton->setVisible(useful);
     // The room is kept also while the button is not there, so that the text does not jump.
-    const int room = Scaled(clearSize);
+    const int room = Scaled(clearSize) + Scaled(4);
     const bool leftToRight = isLeftToRight();
     setTextMargins(leftToRight ? 0 : room, 0, leftToRight ? room : 0, 0);
     const QSize size = m_clearButton->sizeHint();

@@ -14,7 +14,7 @@ TLMaskWidget::TLMaskWidget(QWidget* window, QWidget* area)
     area->installEventFilter(this);
     if (area != window)
         window->installEventFilter(this);
-    connect(area, &QObject::destroyed, this, &QWidget::hide);
+    connect(area, &QObject::destroyed, &m_connections, [this] { hide(); });
 }
 
 TLMaskWidget::~TLMaskWidget() = default;
@@ -27,7 +27,7 @@ QWidget* TLMaskWidget::GetArea() const noexcept
 void TLMaskWidget::ShowFor(QWidget* dialog)
 {
     dialog->installEventFilter(this);
-    connect(dialog, &QObject::destroyed, this, &TLMaskWidget::Close, Qt::UniqueConnection);
+    connect(dialog, &QObject::destroyed, &m_connections, [this](QObject* gone) { Close(gone); });
     Open(dialog);
 }
 

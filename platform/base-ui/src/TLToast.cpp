@@ -45,6 +45,7 @@ TLToast::TLToast(QWidget* window)
     : QLabel(window), m_timer(new QTimer(this)), m_fade(std::make_unique<Fade>(this))
 {
     setObjectName(QStringLiteral("toast"));
+    AlertAccessible::Install();
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setTextFormat(Qt::PlainText);
     hide();

@@ -2,6 +2,7 @@
 
 #include "base-ui/BaseUiExport.h"
 
+#include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QColor>
@@ -42,4 +43,5 @@ private:
     QSet<QObject*> m_dialogs; ///< that are open
     QColor m_maskColor;
     std::unique_ptr<Fade> m_fade;
+    QObject m_connections; ///< goes first, so that dialogs that end with the mask find nobody
 };
