@@ -112,7 +112,7 @@ TEST_F(TLRecoverManagerTest, SaveTabsNeverRecordsTheFirstTab)
     other.AddTab(browser.GetTab(1)->GetTabData(), QStringLiteral("tl://second"));
     manager->SaveTabs();
     ASSERT_EQ(StoredItems().size(), 1);
-    EXPECT_EQ(StoredItems().first().routerUrl, QStringLiteral("tl://second"));
+    EXPECT_EQ(StoredItems().constFirst().routerUrl, QStringLiteral("tl://second"));
 }
 
 TEST_F(TLRecoverManagerTest, SaveTabsSkipsATabWithoutRouterUrlAndOneWithoutTabData)
@@ -188,7 +188,7 @@ TEST_F(TLRecoverManagerTest, AppTabsOfTypes4And5ReopenWithIsDelayTitleAndIconInT
 {
     for (const int type : {4, 5}) {
         manager->OpenItem(Item("tl://plugin/open?code=stock", type));
-        EXPECT_EQ(routes.GetExecuted().last(),
+        EXPECT_EQ(routes.GetExecuted().constLast(),
                   QStringLiteral("tl://plugin/open?code=stock&isDelay=1"
                                  "&title=Title%20of%20tl%3A%2F%2Fplugin%2Fopen%3Fcode%3Dstock"
                                  "&icon=https%3A%2F%2Ficons.example.com%2F%3Fof%3Dtl%3A%2F%2Fplugin%2Fopen"
@@ -201,7 +201,8 @@ TEST_F(TLRecoverManagerTest, TabOfAnyOtherTypeReopensByItsUrlAlone)
 {
     for (const int type : {3, 1, 0, 2, 6, -4, 45}) {
         manager->OpenItem(Item("tl://browser/open?url=https%3A%2F%2Fa%2F", type));
-        EXPECT_EQ(routes.GetExecuted().last(), QStringLiteral("tl://browser/open?url=https%3A%2F%2Fa%2F"))
+        EXPECT_EQ(routes.GetExecuted().constLast(),
+                  QStringLiteral("tl://browser/open?url=https%3A%2F%2Fa%2F"))
             << type;
     }
     EXPECT_EQ(routes.GetExecuted().size(), 7);
@@ -244,8 +245,8 @@ TEST_F(TLRecoverManagerTest, QuestionHasItsTextAndTheButtonsYesAndNo)
     EXPECT_FALSE(manager->Recover());
     ASSERT_EQ(no.GetQuestions().size(), 1);
     EXPECT_TRUE(
-        no.GetQuestions().first().split(QLatin1Char('\n')).contains(QStringLiteral("recover the tabs?")))
-        << qUtf8Printable(no.GetQuestions().first());
+        no.GetQuestions().constFirst().split(QLatin1Char('\n')).contains(QStringLiteral("recover the tabs?")))
+        << qUtf8Printable(no.GetQuestions().constFirst());
     const QStringList buttons{QStringLiteral("Yes"), QStringLiteral("No")};
     EXPECT_EQ(no.GetButtonTexts().mid(no.GetButtonTexts().size() - 2), buttons);
 }
@@ -259,8 +260,8 @@ TEST_F(TLRecoverManagerTest, QuestionIsAskedInChineseWithTheModulesTranslation)
     const QuestionAnswer no(QStringLiteral("no_button"));
     EXPECT_FALSE(manager->Recover());
     ASSERT_EQ(no.GetQuestions().size(), 1);
-    EXPECT_TRUE(no.GetQuestions().first().contains(QString::fromUtf8("恢复")))
-        << qUtf8Printable(no.GetQuestions().first());
+    EXPECT_TRUE(no.GetQuestions().constFirst().contains(QString::fromUtf8("恢复")))
+        << qUtf8Printable(no.GetQuestions().constFirst());
 }
 
 TEST_F(TLRecoverManagerTest, RecordIsClearedBeforeTheUserIsAsked)

@@ -185,7 +185,7 @@ TEST_F(TLRestartManagerTest, RecordOfAnotherBelongTypeIsClearedAndNotReplayed)
 TEST_F(TLRestartManagerTest, RecordOfAUserWithoutABelongTypeIsReplayedForOne)
 {
     Store(twoUrls, QString());
-    SetBelongTypeOfUser(QStringLiteral(""));
+    SetBelongTypeOfUser(QString(QLatin1String("")));
     manager->Restore();
     EXPECT_EQ(routes.GetExecuted(), twoUrls);
 }

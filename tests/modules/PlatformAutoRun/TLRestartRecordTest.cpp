@@ -87,8 +87,9 @@ TEST_F(TLRestartRecordTest, WrittenAndReadAgainItHasTheSameUrlsInTheSameOrder)
 TEST_F(TLRestartRecordTest, SoundBytesAreReadAsTheStreamItselfReadsThem)
 {
     for (const QStringList& urls :
-         {QStringList(), QStringList{QString()}, QStringList{QStringLiteral("")}, sampleUrls}) {
-        for (const QString& belongType : {QString(), QStringLiteral(""), QStringLiteral("merchant")}) {
+         {QStringList(), QStringList{QString()}, QStringList{QString(QLatin1String(""))}, sampleUrls}) {
+        for (const QString& belongType :
+             {QString(), QString(QLatin1String("")), QStringLiteral("merchant")}) {
             QByteArray bytes;
             QDataStream writer(&bytes, QIODevice::WriteOnly);
             writer << urls << belongType;

@@ -143,9 +143,8 @@ TEST_F(TLTabRecoverDataTest, UnknownKeysOfALaterVersionAreIgnored)
 
 TEST_F(TLTabRecoverDataTest, OddContentIsKeptAsItIs)
 {
-    const QString everything =
-        QString::fromUtf8("\"\\/\b\f\n\r\t\x01 <b>&amp;</b> %41 \xF0\x9F\x9B\x92 \xE2\x80\xAE") + QChar(0) +
-        QChar(0xFEFF);
+    const QString everything = QString::fromUtf8("\"\\/\b\f\n\r\t\x01 <b>&amp;</b> %41 \xF0\x9F\x9B\x92 ") +
+                               QChar(0x202E) + QChar(0) + QChar(0xFEFF);
     data.belongType = everything;
     TabRecoverItem item;
     item.routerUrl = everything;
