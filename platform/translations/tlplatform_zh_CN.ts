@@ -77,6 +77,28 @@
     </message>
 </context>
 <context>
+    <name>RequestStatusBaseWidget</name>
+    <message>
+        <source>Loading…</source>
+        <translation>正在加载…</translation>
+    </message>
+    <message>
+        <source>This could not be loaded.</source>
+        <translation>加载失败。</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>TLLineEdit</name>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+</context>
+<context>
     <name>TitleBar</name>
     <message>
         <source>Close</source>

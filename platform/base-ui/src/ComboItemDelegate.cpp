@@ -1,12 +1,30 @@
 #include "ComboItemDelegate.h"
 
 #include "Scaled.h"
+#include "ThemedColor.h"
 
 #include <QtGui/QHelpEvent>
+#include <QtGui/QIcon>
+#include <QtGui/QPainter>
 #include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QToolTip>
 
-ComboItemDelegate::ComboItemDelegate(QObject* parent) : QStyledItemDelegate(parent) {}
+namespace {
+
+// [px, unscaled]
+constexpr int inset = 8;
+constexpr int gap = 8;
+constexpr int cornerRadius = 4;
+
+QRect GetInner(const QRect& row)
+{
+    return row.adjusted(Scaled(inset), 0, -Scaled(inset), 0);
+}
+
+} // namespace
+
+ComboItemDelegate::ComboItemDelegate(QComboBox* combo) : QStyledItemDelegate(combo), m_combo(combo) {}
 
 ComboItemDelegate::~ComboItemDelegate() = default;
 
@@ -15,18 +33,60 @@ void ComboItemDelegate::SetRowHeight(int height)
     m_rowHeight = height;
 }
 
+void ComboItemDelegate::PaintItem(QPainter* painter, const QRect& area, Qt::LayoutDirection direction,
+                                  const QSize& iconSize, const QIcon& icon, const QString& text, bool enabled)
+{
+    const Qt::Alignment start = QStyle::visualAlignment(direction, Qt::AlignLeft) | Qt::AlignVCenter;
+    QRect rest = area;
+    if (!icon.isNull()) {
+        const QRect picture =
+            QStyle::alignedRect(direction, Qt::AlignLeft | Qt::AlignVCenter, iconSize, area);
+        icon.paint(painter, picture, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+        rest = QStyle::visualRect(direction, area, area.adjusted(iconSize.width() + Scaled(gap), 0, 0, 0));
+    }
+    painter->drawText(rest, int(start) | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(text, Qt::ElideRight, rest.width()));
+}
+
+void ComboItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const
+{
+    const QPalette& colors = option.palette;
+    const bool chosen = (option.state & QStyle::State_Selected) != 0;
+    const bool enabled = (option.state & QStyle::State_Enabled) != 0;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setFont(option.font);
+    if (chosen) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(
+            ThemedColor(m_combo->property("rowColor").value<QColor>(), colors, QPalette::Highlight));
+        painter->drawRoundedRect(option.rect, Scaled(cornerRadius), Scaled(cornerRadius));
+    }
+    painter->setPen(ThemedColor(m_combo->property("rowTextColor").value<QColor>(), colors,
+                                chosen ? QPalette::HighlightedText : QPalette::Text));
+    PaintItem(painter, GetInner(option.rect), option.direction, m_combo->iconSize(),
+              index.data(Qt::DecorationRole).value<QIcon>(), index.data().toString(), enabled);
+    painter->restore();
+}
+
 QSize ComboItemDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const QSize size = QStyledItemDelegate::sizeHint(option, index);
-    return {size.width(), qMax(Scaled(m_rowHeight), option.fontMetrics.height() + 2 * Scaled(4))};
+    const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
+    const bool hasIcon = !index.data(Qt::DecorationRole).value<QIcon>().isNull();
+    const int icon = hasIcon ? m_combo->iconSize().width() + Scaled(gap) : 0;
+    return {text + icon + 2 * Scaled(inset),
+            qMax(Scaled(m_rowHeight), option.fontMetrics.height() + 2 * Scaled(4))};
 }
 
 bool ComboItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                   const QStyleOptionViewItem& option, const QModelIndex& index)
 {
     if (event->type() == QEvent::ToolTip && index.data(Qt::ToolTipRole).isNull() &&
-        QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width()) {
-        QToolTip::showText(event->globalPos(), index.data().toString().toHtmlEscaped(), view);
+        sizeHint(option, index).width() > option.rect.width()) {
+        // Tool tips guess whether they are HTML; in a paragraph there is nothing to guess.
+        QToolTip::showText(event->globalPos(),
+                           QStringLiteral("<p>%1</p>").arg(index.data().toString().toHtmlEscaped()), view);
         return true;
     }
     return QStyledItemDelegate::helpEvent(event, view, option, index);

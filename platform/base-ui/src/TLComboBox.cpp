@@ -1,13 +1,25 @@
 #include "base-ui/TLComboBox.h"
 
 #include "ComboItemDelegate.h"
+#include "FieldFrame.h"
 #include "ScaleWatch.h"
 #include "Scaled.h"
+#include "ThemedColor.h"
 
+#include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QListView>
-#include <QtWidgets/QStylePainter>
+#include <QtWidgets/QStyle>
+
+namespace {
+
+// [px, unscaled]
+constexpr int inset = 10;
+constexpr int gap = 8;
+constexpr int arrowWidth = 8;
+
+} // namespace
 
 TLComboBox::TLComboBox(QWidget* parent) : QComboBox(parent)
 {
@@ -17,10 +29,10 @@ TLComboBox::TLComboBox(QWidget* parent) : QComboBox(parent)
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setView(list);
     setItemDelegate(new ComboItemDelegate(this));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
     setFocusPolicy(Qt::StrongFocus);
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(8);
+    setAttribute(Qt::WA_Hover);
     m_scaleWatch = std::make_unique<ScaleWatch>([this] { AdjustForScale(); });
     AdjustForScale();
 }
@@ -42,12 +54,15 @@ QSize TLComboBox::sizeHint() const
 {
     const int height =
         qMax(qMax(Scaled(32), fontMetrics().height() + 2 * Scaled(4)), iconSize().height() + 2 * Scaled(4));
-    return {QComboBox::sizeHint().width(), height};
+    const int text = fontMetrics().averageCharWidth() * 16;
+    return {text + iconSize().width() + 2 * Scaled(inset) + Scaled(arrowWidth) + 2 * Scaled(gap), height};
 }
 
 QSize TLComboBox::minimumSizeHint() const
 {
-    return {QComboBox::minimumSizeHint().width(), sizeHint().height()};
+    const int text = fontMetrics().averageCharWidth() * 6;
+    return {text + iconSize().width() + 2 * Scaled(inset) + Scaled(arrowWidth) + 2 * Scaled(gap),
+            sizeHint().height()};
 }
 
 void TLComboBox::showPopup()
@@ -67,15 +82,40 @@ void TLComboBox::showPopup()
 
 void TLComboBox::paintEvent(QPaintEvent*)
 {
-    QStylePainter painter(this);
-    QStyleOptionComboBox option;
-    initStyleOption(&option);
-    painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    const QRect field =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    const int room = field.width() - (option.currentIcon.isNull() ? 0 : option.iconSize.width() + Scaled(4));
-    option.currentText = option.fontMetrics.elidedText(option.currentText, Qt::ElideRight, room);
-    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    const QPalette& colors = palette();
+    const bool active = hasFocus() || view()->isVisible();
+    QColor fill = ThemedColor(m_fieldColor, colors, QPalette::Base);
+    QColor border = ThemedColor(m_borderColor, colors, QPalette::Dark);
+    QColor text = ThemedColor(m_textColor, colors, QPalette::Text);
+    if (!isEnabled()) {
+        fill = ThemedColor(m_disabledFieldColor, colors, QPalette::Window);
+        border = ThemedColor(m_disabledBorderColor, colors, QPalette::Mid);
+        text = ThemedColor(m_disabledTextColor, colors, QPalette::Text);
+    } else if (active) {
+        border = ThemedColor(m_focusColor, colors, QPalette::Highlight);
+    } else if (underMouse()) {
+        border = ThemedColor(m_hoverColor, colors, QPalette::Shadow);
+    }
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    FieldFrame::PaintFill(&painter, rect(), fill);
+    FieldFrame::PaintBorder(&painter, rect(), border, active);
+
+    const QRect inner = rect().adjusted(Scaled(inset), 0, -Scaled(inset), 0);
+    const QRect arrow = QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter,
+                                            QSize(Scaled(arrowWidth), Scaled(arrowWidth) / 2), inner);
+    const QPoint arrowLines[] = {arrow.topLeft(), QPoint(arrow.center().x(), arrow.bottom()),
+                                 arrow.topRight()};
+    painter.setPen(QPen(text, Scaled(3) / 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(arrowLines, 3);
+
+    painter.setPen(text);
+    const QRect label =
+        QStyle::visualRect(layoutDirection(), inner, inner.adjusted(0, 0, -Scaled(arrowWidth + gap), 0));
+    const int current = currentIndex();
+    ComboItemDelegate::PaintItem(&painter, label, layoutDirection(), iconSize(), itemIcon(current),
+                                 currentText(), isEnabled());
 }
 
 void TLComboBox::wheelEvent(QWheelEvent* event)

@@ -1,16 +1,21 @@
 #include "base-ui/TLLineEdit.h"
 
 #include "CloseButton.h"
+#include "FieldFrame.h"
 #include "ScaleWatch.h"
 #include "Scaled.h"
+#include "ThemedColor.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
 namespace {
 
-constexpr int clearSize = 20; // [px, unscaled]
-constexpr int clearInset = 6; // [px, unscaled], from the edge of the field
+// [px, unscaled]
+constexpr int clearSize = 20;
+constexpr int clearInset = 6;
+constexpr int textInset = 8;
 
 } // namespace
 
@@ -28,6 +33,8 @@ TLLineEdit::~TLLineEdit() = default;
 
 void TLLineEdit::Construct()
 {
+    setFrame(false);
+    setAttribute(Qt::WA_Hover);
     m_clearButton = new CloseButton(clearSize, this);
     m_clearButton->setObjectName(QStringLiteral("clear_button"));
     m_clearButton->setFocusPolicy(Qt::NoFocus);
@@ -67,6 +74,28 @@ void TLLineEdit::changeEvent(QEvent* event)
     QLineEdit::changeEvent(event);
 }
 
+void TLLineEdit::paintEvent(QPaintEvent* event)
+{
+    const QPalette& colors = palette();
+    QColor fill = ThemedColor(m_fieldColor, colors, QPalette::Base);
+    QColor border = ThemedColor(m_borderColor, colors, QPalette::Dark);
+    if (!isEnabled()) {
+        fill = ThemedColor(m_disabledFieldColor, colors, QPalette::Window);
+        border = ThemedColor(m_disabledBorderColor, colors, QPalette::Mid);
+    } else if (hasFocus()) {
+        border = ThemedColor(m_focusColor, colors, QPalette::Highlight);
+    } else if (underMouse()) {
+        border = ThemedColor(m_hoverColor, colors, QPalette::Shadow);
+    }
+    {
+        QPainter painter(this);
+        FieldFrame::PaintFill(&painter, rect(), fill);
+    }
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    FieldFrame::PaintBorder(&painter, rect(), border, hasFocus());
+}
+
 void TLLineEdit::resizeEvent(QResizeEvent* event)
 {
     QLineEdit::resizeEvent(event);
@@ -91,9 +120,10 @@ void TLLineEdit::PlaceClearButton()
     const bool useful = !text().isEmpty() && isEnabled() && !isReadOnly();
     m_clearButton->setVisible(useful);
     // The room is kept also while the button is not there, so that the text does not jump.
-    const int room = Scaled(clearSize) + Scaled(4);
+    const int start = Scaled(textInset);
+    const int end = Scaled(clearInset) + Scaled(clearSize) + Scaled(4);
     const bool leftToRight = isLeftToRight();
-    setTextMargins(leftToRight ? 0 : room, 0, leftToRight ? room : 0, 0);
+    setTextMargins(leftToRight ? start : end, 0, leftToRight ? end : start, 0);
     const QSize size = m_clearButton->sizeHint();
     const QRect place(width() - Scaled(clearInset) - size.width(), (height() - size.height()) / 2,
                       size.width(), size.height());

@@ -1,9 +1,12 @@
 #include "base-ui/TLBubbleLabel.h"
 #include "base-ui/TLCheckBox.h"
+#include "base-ui/TLComboBox.h"
+#include "base-ui/TLLineEdit.h"
 #include "base-ui/TLMask.h"
 #include "base-ui/TLMaskWidget.h"
 #include "base-ui/TLPushButton.h"
 #include "base-ui/TLToast.h"
+#include "base-ui/UIUtils.h"
 
 #include "browser/ThemeManager.h"
 
@@ -11,6 +14,7 @@
 #include <QtGui/QColor>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -80,6 +84,12 @@ TEST_P(ThemeTest, GivesEveryColour)
     TLCheckBox box(&m_window);
     box.ensurePolished();
     ExpectEveryColorGiven(box);
+    TLLineEdit field(&m_window);
+    field.ensurePolished();
+    ExpectEveryColorGiven(field);
+    TLComboBox combo(&m_window);
+    combo.ensurePolished();
+    ExpectEveryColorGiven(combo);
     TLBubbleLabel bubble(&m_window);
     bubble.ensurePolished();
     ExpectEveryColorGiven(bubble);
@@ -117,6 +127,35 @@ TEST_P(ThemeTest, TextsCanBeReadInEveryState)
         EXPECT_GE(Contrast(Color(*toast, "textColor"), Color(*toast, "toastColor")), 4.5);
         EXPECT_GE(Contrast(Color(*toast, "signColor"), Color(*toast, "toastColor")), 3.0) << type;
     }
+}
+
+TEST_P(ThemeTest, FieldsAndTheirTextsCanBeSeen)
+{
+    TLComboBox combo(&m_window);
+    combo.ensurePolished();
+    EXPECT_GE(Contrast(Color(combo, "borderColor"), Color(combo, "fieldColor")), 3.0);
+    EXPECT_GE(Contrast(Color(combo, "focusColor"), Color(combo, "fieldColor")), 3.0);
+    EXPECT_GE(Contrast(Color(combo, "textColor"), Color(combo, "fieldColor")), 4.5);
+    EXPECT_GE(Contrast(Color(combo, "rowTextColor"), Color(combo, "rowColor")), 4.5);
+    TLLineEdit field(&m_window);
+    field.ensurePolished();
+    EXPECT_GE(Contrast(Color(field, "borderColor"), Color(field, "fieldColor")), 3.0);
+    const QPalette& colors = field.palette();
+    EXPECT_GE(Contrast(colors.color(QPalette::Text), Color(field, "fieldColor")), 4.5);
+    EXPECT_GE(Contrast(colors.color(QPalette::PlaceholderText), Color(field, "fieldColor")), 4.5);
+}
+
+TEST_P(ThemeTest, AHighlightedWordChangesWithTheTheme)
+{
+    QLabel label(QStringLiteral("Set the URL"), &m_window);
+    label.ensurePolished();
+    UIUtils::HighlightLabel(&label, QStringLiteral("url"));
+    const QString before = QApplication::palette().color(QPalette::Link).name();
+    EXPECT_TRUE(label.text().contains(before)) << qPrintable(label.text());
+    m_themes.Apply(GetParam() == Theme::Light ? Theme::Dark : Theme::Light);
+    const QString after = QApplication::palette().color(QPalette::Link).name();
+    ASSERT_NE(before, after);
+    EXPECT_TRUE(label.text().contains(after)) << qPrintable(label.text());
 }
 
 TEST_P(ThemeTest, BoxesAndTheirMarksCanBeSeen)
