@@ -72,25 +72,19 @@ void TLBaseDialog::paintEvent(QPaintEvent* event)
 
 void TLBaseDialog::showEvent(QShowEvent* event)
 {
-    PutTitleBarLast();
+    FocusForm();
     QDialog::showEvent(event);
 }
 
-void TLBaseDialog::PutTitleBarLast()
+void TLBaseDialog::FocusForm()
 {
-    // The button to close was there first, but a user who comes by Tab wants the form before it.
-    QWidget* const closeButton = m_titleBar != nullptr ? m_titleBar->GetCloseButton() : nullptr;
-    QWidget* first = nullptr;
-    QWidget* last = nullptr;
+    if (focusWidget() != nullptr)
+        return;
+    // The title bar comes first in the order of Tab, but who opens a form wants to fill it in.
     for (QWidget* it = nextInFocusChain(); it != this; it = it->nextInFocusChain()) {
-        if (!m_contentWidget->isAncestorOf(it) || !IsReachableByTab(it))
-            continue;
-        if (first == nullptr)
-            first = it;
-        last = it;
+        if (m_contentWidget->isAncestorOf(it) && IsReachableByTab(it)) {
+            it->setFocus(Qt::TabFocusReason);
+            return;
+        }
     }
-    if (last != nullptr && closeButton != nullptr)
-        setTabOrder(last, closeButton);
-    if (first != nullptr && focusWidget() == nullptr)
-        first->setFocus(Qt::TabFocusReason);
 }

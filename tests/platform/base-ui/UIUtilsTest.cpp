@@ -51,7 +51,7 @@ TEST(UIUtilsTest, HighlightsEveryOccurrenceInAnyCase)
 
 TEST(UIUtilsTest, EscapesTextAndKeyword)
 {
-    const QString text = QStringLiteral("https://x.test/?a=<b>&amp;");
+    const QString text = QStringLiteral("<i>https://x.test/?a=<b>&amp;");
     const QString html = UIUtils::HighlightText(text, QStringLiteral("<b>&"), QStringLiteral("#123456"));
     EXPECT_TRUE(html.contains(QStringLiteral(">&lt;b&gt;&amp;</span>amp;"))) << qPrintable(html);
     EXPECT_EQ(QTextDocumentFragment::fromHtml(html).toPlainText(), text);

@@ -35,7 +35,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void PutTitleBarLast();
+    void FocusForm();
 
     TitleBar* m_titleBar = nullptr;
     QWidget* m_contentWidget = nullptr;
