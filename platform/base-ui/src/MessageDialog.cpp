@@ -2,7 +2,6 @@
 
 #include "base-ui/TLPushButton.h"
 
-#include "ScaleWatch.h"
 #include "Scaled.h"
 
 #include <QtCore/QCoreApplication>
@@ -92,8 +91,7 @@ MessageDialog::MessageDialog(const QString& text, QMessageBox::StandardButtons b
     m_choices.constFirst().button->SetButtonType(ButtonType::Primary);
     m_choices.constFirst().button->setDefault(true);
     m_choices.constFirst().button->setFocus();
-    m_scaleWatch = std::make_unique<ScaleWatch>([this] { AdjustForScale(); });
-    AdjustForScale();
+    MessageDialog::AdjustForDpi();
 }
 
 MessageDialog::~MessageDialog() = default;
@@ -132,14 +130,15 @@ void MessageDialog::AddButton(QMessageBox::StandardButton answer, const QString&
     m_choices.append({answer, button, text});
 }
 
-void MessageDialog::AdjustForScale()
+void MessageDialog::AdjustForDpi()
 {
     GetContentWidget()->layout()->setContentsMargins(Scaled(24), Scaled(12), Scaled(24), Scaled(24));
     GetContentWidget()->layout()->setSpacing(Scaled(24));
     m_buttonLayout->setSpacing(Scaled(10));
     setMinimumWidth(Scaled(360));
     m_label->setMaximumWidth(Scaled(480));
-    adjustSize();
+    // When title bar and buttons have adjusted themselves, too.
+    QMetaObject::invokeMethod(this, &QWidget::adjustSize, Qt::QueuedConnection);
 }
 
 void MessageDialog::Retranslate()

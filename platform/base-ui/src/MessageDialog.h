@@ -7,11 +7,8 @@
 #include <QtCore/QStringList>
 #include <QtWidgets/QMessageBox>
 
-#include <memory>
-
 class QHBoxLayout;
 class QLabel;
-class ScaleWatch;
 class TLPushButton;
 
 /// The dialog behind `PackagedMsgBox`.
@@ -29,6 +26,8 @@ public:
 
     static QMessageBox::StandardButton GetEscapeAnswer(QMessageBox::StandardButtons buttons);
 
+    void AdjustForDpi() override;
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -43,7 +42,6 @@ private:
     };
 
     void AddButton(QMessageBox::StandardButton answer, const QString& text);
-    void AdjustForScale();
     void Retranslate();
     void MoveFocus(QObject* from, int step);
 
@@ -51,5 +49,4 @@ private:
     QMessageBox::StandardButton m_answer;
     QLabel* m_label;
     QHBoxLayout* m_buttonLayout;
-    std::unique_ptr<ScaleWatch> m_scaleWatch;
 };

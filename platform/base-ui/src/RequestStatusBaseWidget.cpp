@@ -136,6 +136,7 @@ void RequestStatusBaseWidget::Apply()
 
 void RequestStatusBaseWidget::AdjustForScale()
 {
+    m_lastHeight = 0;
     for (QWidget* panel : {m_loadingPanel, m_failedPanel}) {
         panel->layout()->setContentsMargins(Scaled(16), Scaled(16), Scaled(16), Scaled(16));
         panel->layout()->setSpacing(Scaled(12));

@@ -1,15 +1,17 @@
 #pragma once
 
-#include <functional>
-#include <utility>
+#include "base/IDpiAdapter.h"
 
-/// Calls back when the user chose another scale.
-class ScaleWatch final
+#include <functional>
+
+/// Calls back after the scale changed; for widgets whose one base is a widget of Qt.
+class ScaleWatch final : public IDpiAdapter
 {
 public:
-    explicit ScaleWatch(std::function<void()> adjust) : m_adjust(std::move(adjust)) {}
+    explicit ScaleWatch(std::function<void()> adjust);
+    ~ScaleWatch() override;
 
-    void AdjustForDpi() { m_adjust(); }
+    void AdjustForDpi() override;
 
 private:
     std::function<void()> m_adjust;

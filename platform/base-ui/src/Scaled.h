@@ -1,7 +1,9 @@
 #pragma once
 
-/// [px, unscaled] to [px] at the scale that is chosen now.
+#include "base/DpiTool.h"
+
+/// [px, unscaled] to [px] at the present scale.
 inline int Scaled(int pixels)
 {
-    return pixels;
+    return DpiTool::ScaleDefault(pixels);
 }

@@ -23,6 +23,7 @@ bool IsReachableByTab(const QWidget* widget)
 
 TLBaseDialog::TLBaseDialog(QWidget* parent, Qt::WindowFlags flags, int titleType, bool movable)
     : QDialog(parent, FlagsFor(flags, titleType))
+    , IDpiAdapter(true)
     , m_contentWidget(new QWidget(this))
     , m_hasFrame(titleType != TitleType::System)
 {

@@ -67,8 +67,8 @@ QSize TLComboBox::minimumSizeHint() const
 
 void TLComboBox::showPopup()
 {
-    // Made before the theme is known, the list took itself for a menu: it has no scroll bar, and loses the
-    // height of a menu's margins.
+    // Made before the theme is known, the list took itself for a menu: it has no scroll bar, and its frame
+    // takes the margins of a menu from its height.
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     if (QLayout* const frame = view()->parentWidget()->layout()) {
         for (int i = 0; i < frame->count(); ++i) {

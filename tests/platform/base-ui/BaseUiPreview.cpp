@@ -1,8 +1,10 @@
 // Shows the platform's own widgets in the client's theme, to look at them. Not a test and not installed.
 //
-//   BaseUiPreview [--theme light|dark] [--language en|zh_CN] [--show sheet|url|app|question|loading|failed]
+//   BaseUiPreview [--theme light|dark] [--language en|zh_CN] [--scale 200] [--later 100]
+//                 [--show sheet|url|app|question]
 //
-// "sheet" shows all widgets in one window, the others one dialog or state over it.
+// "sheet" shows all widgets in one window, the others one dialog over it. The scale [%] is that of the start
+// and, two seconds later, that of "later".
 
 #include "base-ui/PackagedMsgBox.h"
 #include "base-ui/RequestStatusBaseWidget.h"
@@ -16,6 +18,8 @@
 #include "base-ui/TLPushButton.h"
 #include "base-ui/TLToast.h"
 #include "base-ui/UIUtils.h"
+
+#include "base/DpiTool.h"
 
 #include "browser/LanguageManager.h"
 #include "browser/ThemeManager.h"
@@ -34,7 +38,7 @@ namespace {
 
 int Scaled(int pixels)
 {
-    return pixels;
+    return DpiTool::ScaleDefault(pixels);
 }
 
 QIcon MakeIcon(int hue)
@@ -160,6 +164,14 @@ QWidget* MakeSheet()
     return sheet;
 }
 
+void SetScale(int percent)
+{
+    DpiTool::SetScale(percent / 100.0);
+    QFont font = QApplication::font();
+    font.setPixelSize(Scaled(13));
+    QApplication::setFont(font);
+}
+
 /// A dialog over the dimmed window, with the measures that forms of modules have.
 TLBaseDialog* MakeForm(QWidget* window, const QString& title, QWidget* field)
 {
@@ -225,7 +237,10 @@ int main(int argc, char** argv)
     const QCommandLineOption themeOption(QStringLiteral("theme"), QString(), QStringLiteral("name"));
     const QCommandLineOption languageOption(QStringLiteral("language"), QString(), QStringLiteral("name"));
     const QCommandLineOption showOption(QStringLiteral("show"), QString(), QStringLiteral("what"));
-    parser.addOptions({themeOption, languageOption, showOption});
+    const QCommandLineOption scaleOption(QStringLiteral("scale"), QString(), QStringLiteral("percent"),
+                                         QStringLiteral("100"));
+    const QCommandLineOption laterOption(QStringLiteral("later"), QString(), QStringLiteral("percent"));
+    parser.addOptions({themeOption, languageOption, showOption, scaleOption, laterOption});
     parser.process(application);
 
     ThemeManager themes;
@@ -234,6 +249,7 @@ int main(int argc, char** argv)
                               QStringLiteral("/../bin/translations"));
     languages.Apply(parser.value(languageOption));
 
+    SetScale(parser.value(scaleOption).toInt());
     const std::unique_ptr<QWidget> sheet(MakeSheet());
     sheet->show();
     sheet->activateWindow();
@@ -256,5 +272,8 @@ int main(int argc, char** argv)
             TLToast::Show(QStringLiteral("Custom URL cannot exceed 5"), ToastType::Warning, 600000);
         }
     });
+    if (parser.isSet(laterOption)) {
+        QTimer::singleShot(2000, sheet.get(), [&] { SetScale(parser.value(laterOption).toInt()); });
+    }
     return QApplication::exec();
 }

@@ -19,8 +19,8 @@ class TLComboBoxTest : public testing::Test
 protected:
     TLComboBoxTest()
     {
-        // Otherwise the list of a combo box is a menu in most styles; it has no use for the margins of one.
-        qApp->setStyleSheet(QStringLiteral("TLComboBox { combobox-popup: 0; } QMenu { padding: 4px; }"));
+        // Otherwise the list of a combo box is a menu in most styles.
+        qApp->setStyleSheet(QStringLiteral("TLComboBox { combobox-popup: 0; }"));
         auto* layout = new QVBoxLayout(&m_window);
         layout->addWidget(&m_other);
         layout->addWidget(&m_combo);

@@ -13,6 +13,7 @@
 #include <QtCore/QMetaProperty>
 #include <QtGui/QColor>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 
@@ -156,6 +157,20 @@ TEST_P(ThemeTest, AHighlightedWordChangesWithTheTheme)
     const QString after = QApplication::palette().color(QPalette::Link).name();
     ASSERT_NE(before, after);
     EXPECT_TRUE(label.text().contains(after)) << qPrintable(label.text());
+}
+
+TEST_P(ThemeTest, ALongListShowsWholeRowsInItsFrame)
+{
+    TLComboBox combo(&m_window);
+    combo.SetBusiness(ComboBusiness::Apps);
+    for (int i = 0; i < 40; ++i)
+        combo.addItem(QStringLiteral("App %1").arg(i));
+    combo.show();
+    combo.showPopup();
+    const QAbstractItemView* const list = combo.view();
+    EXPECT_EQ(list->viewport()->height(), 7 * list->visualRect(combo.model()->index(0, 0)).height());
+    EXPECT_EQ(list->height(), list->window()->contentsRect().height());
+    combo.hidePopup();
 }
 
 TEST_P(ThemeTest, BoxesAndTheirMarksCanBeSeen)

@@ -3,6 +3,8 @@
 #include "base-ui/BaseUiExport.h"
 #include "base-ui/TitleType.h"
 
+#include "base/IDpiAdapter.h"
+
 #include "core/IChangeSkinBase.h"
 
 #include <QtWidgets/QDialog>
@@ -10,8 +12,9 @@
 class TitleBar;
 
 /// A dialog in the client's look: a title bar of its own by which it is dragged, a border, and the content
-/// below. Escape and the button of the title bar reject it, Enter presses its default button.
-class TL_BASE_UI_EXPORT TLBaseDialog : public QDialog, public IChangeSkinBase
+/// below. Escape and the button of the title bar reject it, Enter presses its default button. The title bar
+/// follows the scale; `AdjustForDpi` and `ChangeSkin` are for the forms of derived dialogs.
+class TL_BASE_UI_EXPORT TLBaseDialog : public QDialog, public IDpiAdapter, public IChangeSkinBase
 {
     Q_OBJECT
 
