@@ -138,7 +138,17 @@ void MessageDialog::AdjustForDpi()
     setMinimumWidth(Scaled(360));
     m_label->setMaximumWidth(Scaled(480));
     // When title bar and buttons have adjusted themselves, too.
-    QMetaObject::invokeMethod(this, &QWidget::adjustSize, Qt::QueuedConnection);
+    if (isVisible())
+        QMetaObject::invokeMethod(this, &MessageDialog::AdjustAroundCentre, Qt::QueuedConnection);
+}
+
+void MessageDialog::AdjustAroundCentre()
+{
+    const QPoint centre = geometry().center();
+    adjustSize();
+    QRect place = rect();
+    place.moveCenter(centre);
+    move(place.topLeft());
 }
 
 void MessageDialog::Retranslate()

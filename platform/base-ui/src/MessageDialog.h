@@ -42,6 +42,7 @@ private:
     };
 
     void AddButton(QMessageBox::StandardButton answer, const QString& text);
+    void AdjustAroundCentre();
     void Retranslate();
     void MoveFocus(QObject* from, int step);
 

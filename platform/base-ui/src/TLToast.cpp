@@ -106,6 +106,13 @@ bool TLToast::eventFilter(QObject* watched, QEvent* event)
     return QLabel::eventFilter(watched, event);
 }
 
+void TLToast::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Adjust();
+}
+
 void TLToast::Adjust()
 {
     const QWidget* const window = parentWidget();

@@ -164,12 +164,14 @@ QWidget* MakeSheet()
     return sheet;
 }
 
-void SetScale(int percent)
+void SetScale(int percent, ThemeManager* themes)
 {
     DpiTool::SetScale(percent / 100.0);
     QFont font = QApplication::font();
     font.setPixelSize(Scaled(13));
     QApplication::setFont(font);
+    // Widgets that a style sheet has touched take the new font from it only.
+    themes->Apply(themes->GetTheme());
 }
 
 /// A dialog over the dimmed window, with the measures that forms of modules have.
@@ -249,7 +251,7 @@ int main(int argc, char** argv)
                               QStringLiteral("/../bin/translations"));
     languages.Apply(parser.value(languageOption));
 
-    SetScale(parser.value(scaleOption).toInt());
+    SetScale(parser.value(scaleOption).toInt(), &themes);
     const std::unique_ptr<QWidget> sheet(MakeSheet());
     sheet->show();
     sheet->activateWindow();
@@ -273,7 +275,7 @@ int main(int argc, char** argv)
         }
     });
     if (parser.isSet(laterOption)) {
-        QTimer::singleShot(2000, sheet.get(), [&] { SetScale(parser.value(laterOption).toInt()); });
+        QTimer::singleShot(2000, sheet.get(), [&] { SetScale(parser.value(laterOption).toInt(), &themes); });
     }
     return QApplication::exec();
 }

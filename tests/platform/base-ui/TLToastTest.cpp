@@ -108,6 +108,18 @@ TEST_F(TLToastTest, FollowsItsWindowAndWrapsInANarrowOne)
     EXPECT_GT(toast->height(), height);
 }
 
+TEST_F(TLToastTest, FollowsItsFont)
+{
+    TLToast::Show(limit, 2);
+    TLToast* const toast = GetToasts().constFirst();
+    const QSize size = toast->size();
+    QFont font = toast->font();
+    font.setPixelSize(26);
+    toast->setFont(font);
+    EXPECT_GT(toast->width(), size.width());
+    EXPECT_GE(toast->width(), toast->fontMetrics().horizontalAdvance(limit));
+}
+
 TEST_F(TLToastTest, IsAnAlertForScreenReaders)
 {
     TLToast::Show(limit, 2);

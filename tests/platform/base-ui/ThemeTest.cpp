@@ -19,6 +19,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <initializer_list>
 
 namespace {
 
@@ -157,6 +158,18 @@ TEST_P(ThemeTest, AHighlightedWordChangesWithTheTheme)
     const QString after = QApplication::palette().color(QPalette::Link).name();
     ASSERT_NE(before, after);
     EXPECT_TRUE(label.text().contains(after)) << qPrintable(label.text());
+}
+
+TEST_P(ThemeTest, LayoutsCannotSqueezeAButtonOrAField)
+{
+    // A smallest size in the theme would take the place of the one that the widgets name themselves.
+    TLPushButton button(&m_window);
+    TLLineEdit field(&m_window);
+    TLComboBox combo(&m_window);
+    for (QWidget* widget : std::initializer_list<QWidget*>{&button, &field, &combo}) {
+        widget->ensurePolished();
+        EXPECT_EQ(widget->minimumSize(), QSize(0, 0)) << widget->metaObject()->className();
+    }
 }
 
 TEST_P(ThemeTest, ALongListShowsWholeRowsInItsFrame)

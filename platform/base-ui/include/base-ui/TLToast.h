@@ -35,6 +35,7 @@ public:
     int GetToastType() const noexcept;
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
