@@ -49,7 +49,7 @@ void Measure(const char* what, const std::function<void()>& work)
     Settle();
     const double cpu = 1000.0 * double(std::clock() - before) / CLOCKS_PER_SEC;
     std::printf("%-58s %9.2f ms %9.2f ms CPU\n", what, double(clock.nsecsElapsed()) / 1e6, cpu);
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
 }
 
 /// The process's share of the memory it uses [KiB]; 0 where the system does not tell.

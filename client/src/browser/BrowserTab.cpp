@@ -99,7 +99,7 @@ QString BrowserTab::GetTitle() const
 {
     if (m_origin.type == TabType::Home)
         return tr("Home");
-    const QString own = GetOwnTitle();
+    QString own = GetOwnTitle();
     if (!own.isEmpty())
         return own;
     if (!m_origin.appName.isEmpty())
@@ -355,7 +355,7 @@ void BrowserTab::LeaveFullScreen()
 
 QString BrowserTab::TakeIconRequest()
 {
-    const QString request = m_iconRequest;
+    QString request = m_iconRequest;
     m_iconRequest.clear();
     return request;
 }
@@ -643,7 +643,7 @@ QString BrowserTab::GetOwnTitle() const
 
 QString BrowserTab::GetIconUrl() const
 {
-    const QString icon = QString::fromLatin1(m_pageIconUrl.toEncoded());
+    QString icon = QString::fromLatin1(m_pageIconUrl.toEncoded());
     // An icon may also stand in its own address, and be as large as it likes.
     const bool keepable = m_pageIconUrl.scheme().startsWith(QLatin1String("http"));
     if (keepable && icon.size() <= LongestIconUrl)

@@ -87,7 +87,7 @@ EarlierTabsDialog::EarlierTabsDialog(const QVector<EarlierTabSet>& sets, const P
     setMinimumSize(Smallest);
 
     connect(m_model, &EarlierTabsModel::SigTickedChanged, this, &EarlierTabsDialog::UpdateOpen);
-    connect(m_open, &QPushButton::clicked, this, &EarlierTabsDialog::Open);
+    connect(m_open, &QPushButton::clicked, this, &EarlierTabsDialog::OpenTicked);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
     Retranslate();
 }
@@ -106,7 +106,7 @@ void EarlierTabsDialog::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
 }
 
-void EarlierTabsDialog::Open()
+void EarlierTabsDialog::OpenTicked()
 {
     const QVector<EarlierTab> tabs = m_model->GetTicked();
     if (tabs.isEmpty())

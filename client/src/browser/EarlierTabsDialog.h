@@ -32,7 +32,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void Open();
+    void OpenTicked();
     void UpdateOpen();
     void Retranslate();
 

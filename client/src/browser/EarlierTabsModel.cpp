@@ -34,7 +34,7 @@ QString GetCountText(int count)
 
 QString GetTitle(const EarlierTab& tab)
 {
-    const QString title = tab.title.simplified();
+    QString title = tab.title.simplified();
     if (!title.isEmpty())
         return title;
     return tab.address.isEmpty() ? tab.routerUrl : tab.address;
@@ -244,7 +244,7 @@ QIcon EarlierTabsModel::GetIcon(const EarlierTab& tab, const QModelIndex& index)
     const QIcon& placeholder = isPage ? m_pageIcon : m_appIcon;
     if (tab.iconUrl.isEmpty() || !m_loadPicture)
         return placeholder;
-    const QIcon known = m_icons.value(tab.iconUrl);
+    QIcon known = m_icons.value(tab.iconUrl);
     if (!known.isNull())
         return known;
 

@@ -181,34 +181,34 @@ QAction* MainWindowPrivate::AddAction(const QList<QKeySequence>& keys, const std
 
 void MainWindowPrivate::MakeActions()
 {
-    m_newTab = AddAction({QKeySequence(Qt::CTRL | Qt::Key_T)}, [this] { OpenStartTab(); });
-    m_closeTab = AddAction({QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_F4)},
+    m_newTab = AddAction({QKeySequence(Qt::CTRL + Qt::Key_T)}, [this] { OpenStartTab(); });
+    m_closeTab = AddAction({QKeySequence(Qt::CTRL + Qt::Key_W), QKeySequence(Qt::CTRL + Qt::Key_F4)},
                            [this] { Close(m_current); });
-    m_reopenTab = AddAction({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T)}, [this] { ReopenClosed(); });
-    m_find = AddAction({QKeySequence(Qt::CTRL | Qt::Key_F)}, [this] { GetCurrentTab()->OpenFind(); });
-    m_zoomIn = AddAction({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+    m_reopenTab = AddAction({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_T)}, [this] { ReopenClosed(); });
+    m_find = AddAction({QKeySequence(Qt::CTRL + Qt::Key_F)}, [this] { GetCurrentTab()->OpenFind(); });
+    m_zoomIn = AddAction({QKeySequence(Qt::CTRL + Qt::Key_Plus), QKeySequence(Qt::CTRL + Qt::Key_Equal)},
                          [this] { Zoom(1); });
-    m_zoomOut = AddAction({QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [this] { Zoom(-1); });
-    m_zoomReset = AddAction({QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { Zoom(0); });
-    m_back = AddAction({QKeySequence(Qt::ALT | Qt::Key_Left), QKeySequence(Qt::Key_Back)},
+    m_zoomOut = AddAction({QKeySequence(Qt::CTRL + Qt::Key_Minus)}, [this] { Zoom(-1); });
+    m_zoomReset = AddAction({QKeySequence(Qt::CTRL + Qt::Key_0)}, [this] { Zoom(0); });
+    m_back = AddAction({QKeySequence(Qt::ALT + Qt::Key_Left), QKeySequence(Qt::Key_Back)},
                        [this] { GetCurrentTab()->Back(); });
-    m_forward = AddAction({QKeySequence(Qt::ALT | Qt::Key_Right), QKeySequence(Qt::Key_Forward)},
+    m_forward = AddAction({QKeySequence(Qt::ALT + Qt::Key_Right), QKeySequence(Qt::Key_Forward)},
                           [this] { GetCurrentTab()->Forward(); });
-    m_reload = AddAction({QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)},
+    m_reload = AddAction({QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL + Qt::Key_R)},
                          [this] { GetCurrentTab()->Reload(); });
     m_escape = AddAction({QKeySequence(Qt::Key_Escape)}, [this] { Escape(); });
     m_logOut = AddAction({}, [this] { Q_EMIT m_window->SigLogOutRequested(); });
-    m_quit = AddAction({QKeySequence(Qt::CTRL | Qt::Key_Q)}, [this] { m_window->close(); });
+    m_quit = AddAction({QKeySequence(Qt::CTRL + Qt::Key_Q)}, [this] { m_window->close(); });
 
-    AddAction({QKeySequence(Qt::CTRL | Qt::Key_L), QKeySequence(Qt::Key_F6)},
+    AddAction({QKeySequence(Qt::CTRL + Qt::Key_L), QKeySequence(Qt::Key_F6)},
               [this] { m_address->StartTyping(); });
-    AddAction({QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
+    AddAction({QKeySequence(Qt::CTRL + Qt::Key_Tab), QKeySequence(Qt::CTRL + Qt::Key_PageDown)},
               [this] { SelectNext(1); });
-    AddAction({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab),
-               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
+    AddAction({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Tab),
+               QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Backtab), QKeySequence(Qt::CTRL + Qt::Key_PageUp)},
               [this] { SelectNext(-1); });
     for (int number = 1; number <= 9; ++number) {
-        AddAction({QKeySequence(Qt::CTRL | (Qt::Key_0 + number))},
+        AddAction({QKeySequence(int(Qt::CTRL) + Qt::Key_0 + number)},
                   [this, number] { Select(number == 9 ? GetCount() - 1 : number - 1); });
     }
 

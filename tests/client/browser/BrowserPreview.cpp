@@ -62,7 +62,7 @@ QVector<EarlierTabSet> MakeEarlierSets(int count)
     QVector<EarlierTabSet> sets;
     for (int i = 0; i < count; ++i) {
         EarlierTabSet set;
-        set.when = QDateTime::currentDateTime().addSecs(-3600 * (1 + 17 * i));
+        set.when = QDateTime::currentDateTime().addSecs(-3600LL * (1 + 17 * i));
         set.reason = reasons[i % 5];
         set.incomplete = set.reason == EarlierTabSet::Reason::Unreadable;
         set.tabs = {{QStringLiteral("tl://browser/open?url=a"), QStringLiteral("Orders of today"),
