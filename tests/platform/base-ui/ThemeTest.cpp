@@ -40,7 +40,7 @@ double Contrast(const QColor& one, const QColor& other)
 
 QColor Color(const QObject& widget, const char* name)
 {
-    const QColor color = widget.property(name).value<QColor>();
+    QColor color = widget.property(name).value<QColor>();
     EXPECT_TRUE(color.isValid()) << widget.metaObject()->className() << " " << name;
     return color;
 }
