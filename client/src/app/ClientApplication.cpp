@@ -3,24 +3,29 @@
 #include "app/ClientAppearance.h"
 #include "app/ClientMemory.h"
 #include "app/ClientNotices.h"
+#include "app/ClientRouterUrls.h"
 #include "app/ClientServices.h"
 #include "app/ClientWindow.h"
 #include "app/GatewayCodes.h"
 #include "app/GatewayWatch.h"
 #include "app/KeptSession.h"
 #include "app/NestedLoops.h"
+#include "app/QuestionWatch.h"
 #include "app/ScreenshotTaker.h"
 #include "app/SystemEndWatch.h"
 #include "app/SystemKeyStore.h"
 #include "app/TimerDelay.h"
 #include "app/UserInformation.h"
+#include "app/tabs/ClientTabs.h"
 
+#include "base/VXRouterProtocol.h"
 #include "http/HttpCallReport.h"
 #include "settings-store/VXSettingManager.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QProcess>
 #include <QtCore/QTimer>
 
 namespace {
@@ -84,6 +89,9 @@ bool ClientApplication::Prepare(QString* problem)
         *problem = QStringLiteral("--trace \"%1\": %2").arg(m_options.trace, reason);
         return false;
     }
+    m_traceWriter.Write(
+        QStringLiteral("start"),
+        {{QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)}});
     return true;
 }
 
@@ -106,13 +114,29 @@ int ClientApplication::Run()
         m_ending = true; // the event loop was ended from outside, as at the end of a Windows session
         EndNow(EndKind::SystemEnd);
     }
+    m_questions.reset();
     m_loginFlow.reset();
     m_appearance.reset();
     m_services.reset();
     VXSettingManager::Instance()->Close();
-    m_trace.WriteExit(true);
+    m_trace.WriteExit(m_endKind);
     m_profileLock->unlock();
     return code;
+}
+
+bool ClientApplication::StartSuccessor(QString* problem) const
+{
+    const QString program = QCoreApplication::applicationFilePath();
+    const QStringList arguments = QCoreApplication::arguments();
+    if (m_handover && m_handover->StartProcess(program, ClientOptions::ForRestart(arguments))) {
+        return true;
+    }
+    const bool wanted = m_endKind == EndKind::LogOut || m_endKind == EndKind::Restart;
+    if (wanted && !QProcess::startDetached(program, ClientOptions::ForFreshStart(arguments))) {
+        *problem = QStringLiteral("The client could not be started again. Start it by hand.");
+        return false;
+    }
+    return true;
 }
 
 void ClientApplication::Build()
@@ -120,6 +144,9 @@ void ClientApplication::Build()
     m_traceWriter.AddSecret(m_gatewaySettings.appSecret);
     m_systemEnd = std::make_unique<SystemEndWatch>();
     connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEnd, this, [this] { End(EndKind::SystemEnd); });
+
+    m_questions = std::make_unique<QuestionWatch>();
+    m_trace.Watch(m_questions.get());
 
     m_watch = std::make_unique<GatewayWatch>(std::make_unique<TimerDelay>(),
                                              [this] { m_userInformation->RefreshPlugins(); });
@@ -140,6 +167,8 @@ void ClientApplication::Build()
         m_services->gateway.SetLanguage(language);
         m_notices.Retranslate();
     });
+    m_services->router.AddRoute(ClientRouterUrls::clientRestart,
+                                [this](const VXRouterProtocol& route) { return TakeRestartRoute(route); });
     m_trace.Watch(&m_services->http);
     m_trace.Watch(&m_services->events);
     m_trace.Watch(&m_services->monitor);
@@ -177,6 +206,13 @@ void ClientApplication::LoadModules()
 
 void ClientApplication::StartLogin()
 {
+    if (m_options.takeSession) {
+        if (const std::optional<SessionHandover> handover = SessionHandover::Take()) {
+            m_openTabsAgain = handover->openTabs;
+            TakeSession(handover->session, LoginFlow::Origin::Restart);
+            return;
+        }
+    }
     if (!m_options.passwordFile.isEmpty()) {
         m_loginFlow->StartWith(m_options.pin, FirstLine(m_options.passwordFile));
         return;
@@ -196,14 +232,18 @@ void ClientApplication::TakeSession(const Session& session, LoginFlow::Origin or
         return;
     }
     m_traceWriter.AddSecret(session.accessToken);
-    m_trace.WriteLogin(session.pin, true, origin == LoginFlow::Origin::Kept);
+    m_trace.WriteLogin(session.pin, true, origin);
     m_session = session;
     m_refusal.clear();
     m_exitCode = 0;
     m_services->SetSession(session);
+    m_restarted = origin == LoginFlow::Origin::Restart;
+    if (m_restarted) {
+        m_services->general.GetAsyncInfoManager()->SetRestart(m_openTabsAgain);
+    }
     m_userInformation->Read(userInformationLimit);
-    if (origin != LoginFlow::Origin::Kept) {
-        // The gateway has just said yes. A kept session may still be refused, and then nobody was here.
+    if (origin != LoginFlow::Origin::Kept && !m_restarted) {
+        // The gateway has just said yes. An older session may still be refused, and then nobody was here.
         m_lifeCycle.LoginSuccess();
         MakeWindow();
     }
@@ -211,7 +251,7 @@ void ClientApplication::TakeSession(const Session& session, LoginFlow::Origin or
 
 void ClientApplication::TakeFailedLogin(const QString& pin)
 {
-    m_trace.WriteLogin(pin, false, false);
+    m_trace.WriteLogin(pin, false, LoginFlow::Origin::Dialog);
     if (m_options.quitAfter) {
         m_exitCode = LoginFailed;
     }
@@ -259,7 +299,9 @@ void ClientApplication::TakeRefusal()
     m_userInformation->Stop();
     m_session = Session();
     m_services->ClearSession();
-    m_trace.WriteLogin(pin, false, true);
+    m_trace.WriteLogin(pin, false,
+                       m_restarted ? LoginFlow::Origin::Restart : LoginFlow::Origin::Kept);
+    m_restarted = false;
     m_kept->Forget([] {});
     m_loginFlow->ShowDialog(pin, LoginService::ToProblem(m_refusal, QString()));
 }
@@ -285,6 +327,10 @@ void ClientApplication::MakeWindow()
     connect(
         window, &MainWindow::SigLogOutRequested, this, [this] { AskForEnd(EndKind::LogOut); },
         Qt::QueuedConnection);
+    connect(
+        m_window.get(), &ClientWindow::SigRestartRequested, this, [this] { AskForRestart(true, QString()); },
+        Qt::QueuedConnection);
+    m_tabs = std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, PictureLoader());
 }
 
 void ClientApplication::ShowWindow()
@@ -292,10 +338,13 @@ void ClientApplication::ShowWindow()
     m_window->GetWindow()->show();
     m_loginFlow->CloseDialog();
     QTimer::singleShot(0, m_window.get(), [this] {
+        if (m_ending) {
+            return;
+        }
         if (m_screenshot) {
             m_screenshot->Arm();
         }
-        m_lifeCycle.MainFrameShow();
+        m_tabs->Show(m_restarted, [this] { m_lifeCycle.MainFrameShow(); });
     });
 }
 
@@ -304,6 +353,29 @@ void ClientApplication::AskForEnd(EndKind kind)
     if (!m_ending && m_lifeCycle.MayClose()) {
         End(kind);
     }
+}
+
+bool ClientApplication::TakeRestartRoute(const VXRouterProtocol& route)
+{
+    if (!m_window || m_ending) {
+        return false;
+    }
+    const bool openTabs = route.GetWith(QStringLiteral("tabs")) != QLatin1String("0");
+    const QString ignoreUrl = route.GetWith(QStringLiteral("ignore"));
+    // Whoever asks for it is done before it happens.
+    QMetaObject::invokeMethod(
+        this, [this, openTabs, ignoreUrl] { AskForRestart(openTabs, ignoreUrl); }, Qt::QueuedConnection);
+    return true;
+}
+
+void ClientApplication::AskForRestart(bool openTabs, const QString& ignoreUrl)
+{
+    if (m_ending) {
+        return;
+    }
+    m_openTabsAgain = openTabs;
+    m_ignoreUrl = ignoreUrl;
+    AskForEnd(EndKind::Restart);
 }
 
 void ClientApplication::End(EndKind kind)
@@ -319,10 +391,24 @@ void ClientApplication::End(EndKind kind)
 
 void ClientApplication::EndNow(EndKind kind)
 {
+    m_endKind = kind;
+    // A restart without its tabs leaves as little behind as a quit.
+    const EndKind forTabs = kind == EndKind::Restart && !m_openTabsAgain ? EndKind::Quit : kind;
+    if (m_tabs) {
+        m_tabs->BeforeEnd(forTabs, m_ignoreUrl);
+    }
     if (kind == EndKind::LogOut) {
         m_lifeCycle.LogOut();
     }
-    m_lifeCycle.MainFrameQuit();
+    if (kind == EndKind::SystemEnd) {
+        m_lifeCycle.PassOverMainFrameQuit();
+    } else {
+        m_lifeCycle.MainFrameQuit();
+    }
+    if (m_tabs) {
+        m_tabs->AfterMainFrameQuit(forTabs);
+        m_tabs.reset();
+    }
     if (m_window) {
         m_window->GetWindow()->CloseAllTabs();
         m_lifeCycle.BeforeMainFrameDestruct();
@@ -335,11 +421,13 @@ void ClientApplication::EndNow(EndKind kind)
     m_services->router.SetModules({});
     m_loader.Unload();
     if (kind == EndKind::LogOut) {
-        m_freshStart = true;
         EndSession();
-    } else {
-        Finish();
+        return;
     }
+    if (kind == EndKind::Restart) {
+        m_handover = SessionHandover{m_session, m_openTabsAgain};
+    }
+    Finish();
 }
 
 void ClientApplication::EndSession()

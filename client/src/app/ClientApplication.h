@@ -8,6 +8,7 @@
 #include "app/ModuleLoader.h"
 #include "app/Notices.h"
 #include "app/Session.h"
+#include "app/SessionHandover.h"
 #include "app/TraceRecorder.h"
 #include "app/TraceWriter.h"
 
@@ -15,18 +16,22 @@
 #include <QtCore/QObject>
 
 #include <memory>
+#include <optional>
 
 class ClientAppearance;
 class ClientNotices;
 class ClientServices;
+class ClientTabs;
 class ClientWindow;
 class GatewayWatch;
 class IKeyStore;
 class KeptSession;
 class LoginService;
+class QuestionWatch;
 class ScreenshotTaker;
 class SystemEndWatch;
 class UserInformation;
+class VXRouterProtocol;
 struct HttpCallReport;
 
 /// The client from its start to its end: brings up what it is made of in the order of docs/lifecycle.md
@@ -47,8 +52,9 @@ public:
     bool Prepare(QString* problem);
     /// Returns when everything is taken down.
     int Run();
-    /// Whether a fresh process is to take over: the user logged out.
-    bool WantsFreshStart() const noexcept { return m_freshStart; }
+    /// After `Run`: starts the process that takes over, when there is to be one, because the user logged out
+    /// or the client restarts. False, with a sentence in `problem`, when it could not be started.
+    bool StartSuccessor(QString* problem) const;
 
 private:
     void Build();
@@ -62,6 +68,8 @@ private:
     void MakeWindow();
     void ShowWindow();
     void AskForEnd(EndKind kind);
+    bool TakeRestartRoute(const VXRouterProtocol& route);
+    void AskForRestart(bool openTabs, const QString& ignoreUrl);
     void End(EndKind kind);
     void EndNow(EndKind kind);
     void EndSession();
@@ -74,6 +82,7 @@ private:
     TraceRecorder m_trace;
     Notices m_notices;
     std::unique_ptr<SystemEndWatch> m_systemEnd;
+    std::unique_ptr<QuestionWatch> m_questions;
     std::unique_ptr<ClientAppearance> m_appearance;
     std::unique_ptr<ClientServices> m_services;
     std::unique_ptr<UserInformation> m_userInformation;
@@ -86,6 +95,7 @@ private:
     ModuleLoader m_loader;
     LifeCycleDriver m_lifeCycle;
     std::unique_ptr<ClientWindow> m_window;
+    std::unique_ptr<ClientTabs> m_tabs;
     std::unique_ptr<ScreenshotTaker> m_screenshot;
 
     Session m_session;
@@ -93,5 +103,9 @@ private:
     int m_exitCode = 0;
     bool m_frameMade = false;
     bool m_ending = false;
-    bool m_freshStart = false;
+    EndKind m_endKind = EndKind::Quit;
+    bool m_restarted = false;         // this process took over from one that restarted itself
+    bool m_openTabsAgain = false;     // what a restart asks for
+    QString m_ignoreUrl;              // the tab that it leaves out
+    std::optional<SessionHandover> m_handover;
 };

@@ -26,6 +26,7 @@ constexpr OptionText optionTexts[] = {
     {"trace", "FILE", "Append one line of JSON per event to FILE.", false},
     {"screenshot", "FILE", "Save the main window as a PNG once its tabs have loaded.", true},
     {"quit-after", "MS", "Quit in good order after so many milliseconds.", true},
+    {"take-session", nullptr, "Take over the session that the client before hands over (by itself).", true},
     {"help", nullptr, "Show this help and exit.", false},
     {"version", nullptr, "Show the version and exit.", false},
 };
@@ -146,6 +147,10 @@ std::optional<ClientOptions> ClientOptions::Parse(const QStringList& arguments, 
     if (isSet("quit-after")) {
         problems << CheckQuitAfter(value("quit-after"), &options.quitAfter);
     }
+    options.takeSession = isSet("take-session");
+    if (options.takeSession && !options.passwordFile.isEmpty()) {
+        problems << QStringLiteral("--take-session and --password-file exclude each other");
+    }
     problems.removeAll(QString());
     if (!problems.isEmpty()) {
         *problem = problems.constFirst();
@@ -201,4 +206,9 @@ QStringList ClientOptions::ForFreshStart(const QStringList& arguments)
         }
     }
     return kept;
+}
+
+QStringList ClientOptions::ForRestart(const QStringList& arguments)
+{
+    return ForFreshStart(arguments) << QStringLiteral("--take-session");
 }

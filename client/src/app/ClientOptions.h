@@ -17,6 +17,7 @@ struct ClientOptions
     QString trace;                ///< empty: no trace
     QString screenshot;           ///< empty: no picture
     std::optional<int> quitAfter; ///< [ms] after the start
+    bool takeSession = false;     ///< the client before hands its session over (`SessionHandover`)
 
     /// Understands `arguments` (the program's name first). Empty, with a sentence in `problem`, when they
     /// cannot be used. Needs a QCoreApplication for the default profile; creates nothing.
@@ -30,4 +31,6 @@ struct ClientOptions
     /// The arguments with which a fresh process takes over after this one ended: without the program's
     /// name and without what was meant for one log-in only (pin, password, end and picture).
     static QStringList ForFreshStart(const QStringList& arguments);
+    /// The same for a process that takes over the session.
+    static QStringList ForRestart(const QStringList& arguments);
 };

@@ -9,6 +9,9 @@ namespace ClientRouterUrls {
 inline const QString browserOpen = QStringLiteral("tl://browser/open");
 /// Opens an app in a tab; parameters code, title, icon, isDelay.
 inline const QString pluginOpen = QStringLiteral("tl://plugin/open");
+/// Ends this process in good order and starts one that takes over its session. Parameters: "ignore", the
+/// router URL of a tab that is not to come back; "tabs", "0" for none of them.
+inline const QString clientRestart = QStringLiteral("tl://client/restart");
 /// The app list, a `TLPluginBaseManager`.
 inline const QString pluginsObject = QStringLiteral("tl://plugins/object");
 /// The function switches, a `TLFunctionData`.

@@ -5,11 +5,13 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
+#include <QtWidgets/QAction>
 
 ClientWindow::ClientWindow(const QString& profile, const QString& pin, ClientAppearance* appearance,
                            TLPluginBaseManager* plugins, QObject* parent)
     : QObject(parent)
     , m_pages(std::make_unique<WebEnginePageFactory>(PagesFolder(profile, pin), appearance->GetLanguage()))
+    , m_restart(new QAction(this))
 {
     MainWindowServices services;
     services.pages = m_pages.get();
@@ -27,6 +29,12 @@ ClientWindow::ClientWindow(const QString& profile, const QString& pin, ClientApp
     connect(m_window.get(), &MainWindow::SigLanguageChosen, appearance, &ClientAppearance::ChooseLanguage);
     connect(appearance, &ClientAppearance::SigLanguageChanged, m_pages.get(),
             &WebEnginePageFactory::SetLanguage);
+
+    m_restart->setObjectName(QStringLiteral("restart_action"));
+    m_window->AddMenuAction(m_restart);
+    connect(m_restart, &QAction::triggered, this, &ClientWindow::SigRestartRequested);
+    connect(appearance, &ClientAppearance::SigLanguageChanged, this, &ClientWindow::Retranslate);
+    Retranslate();
 }
 
 ClientWindow::~ClientWindow()
@@ -34,6 +42,11 @@ ClientWindow::~ClientWindow()
     m_openerProvided.reset();
     m_browserProvided.reset();
     m_window.reset(); // before what draws its pages
+}
+
+void ClientWindow::Retranslate()
+{
+    m_restart->setText(tr("&Restart client"));
 }
 
 QString ClientWindow::PagesFolder(const QString& profile, const QString& pin)

@@ -11,6 +11,7 @@
 #include <memory>
 
 class ClientAppearance;
+class QAction;
 class TLPluginBaseManager;
 
 /// The main window of one session with what it draws its pages with, provided as the browser for as long
@@ -31,9 +32,15 @@ public:
     /// The folder of a user's pages.
     static QString PagesFolder(const QString& profile, const QString& pin);
 
+Q_SIGNALS:
+    void SigRestartRequested();
+
 private:
+    void Retranslate();
+
     std::unique_ptr<WebEnginePageFactory> m_pages;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Provided<IBrowserMain>> m_browserProvided;
     std::unique_ptr<Provided<ITabOpener>> m_openerProvided;
+    QAction* m_restart;
 };

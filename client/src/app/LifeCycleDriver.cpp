@@ -97,6 +97,13 @@ void LifeCycleDriver::MainFrameQuit()
     }
 }
 
+void LifeCycleDriver::PassOverMainFrameQuit()
+{
+    if (!Advance(Moment::FrameShown, Moment::FrameQuit)) {
+        Advance(Moment::FrameCreated, Moment::FrameQuit);
+    }
+}
+
 void LifeCycleDriver::BeforeMainFrameDestruct()
 {
     if (Advance(Moment::FrameQuit, Moment::FrameGone)) {

@@ -29,6 +29,9 @@ public:
 
     void LogOut();
     void MainFrameQuit();
+    /// In place of `MainFrameQuit` when the system ends the session: what the hook would clear is what the
+    /// next log-in needs.
+    void PassOverMainFrameQuit();
     void BeforeMainFrameDestruct();
     void ExitApp();
 

@@ -23,7 +23,8 @@ public:
     {
         Dialog,
         CommandLine,
-        Kept
+        Kept,
+        Restart ///< not this class: the process before handed it over
     };
 
     /// Nothing is owned.

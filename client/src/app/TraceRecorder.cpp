@@ -4,10 +4,12 @@
 #include "app/ModuleLoader.h"
 #include "app/MonitorRecorder.h"
 #include "app/Notices.h"
+#include "app/QuestionWatch.h"
 #include "app/TraceWriter.h"
 
 #include "browser/MainWindow.h"
 
+#include "frame-core/IBrowserTab.h"
 #include "frame-core/ModuleEvent.h"
 #include "http/HttpManager.h"
 #include "http/HttpNotifyManager.h"
@@ -20,6 +22,21 @@ namespace {
 QString Key(const char* name)
 {
     return QLatin1String(name);
+}
+
+QString GetName(EndKind kind)
+{
+    switch (kind) {
+    case EndKind::LogOut:
+        return Key("log out");
+    case EndKind::Restart:
+        return Key("restart");
+    case EndKind::SystemEnd:
+        return Key("system end");
+    case EndKind::Quit:
+        break;
+    }
+    return Key("quit");
 }
 
 } // namespace
@@ -93,6 +110,14 @@ void TraceRecorder::Watch(MainWindow* window)
     connect(window, &MainWindow::SigTabClosed, this, [this](int index) {
         m_writer->Write(Key("tab.closed"), {{Key("index"), index}});
     });
+    connect(window, &MainWindow::SigTabMoved, this, [this](int from, int to) {
+        m_writer->Write(Key("tab.moved"), {{Key("from"), from}, {Key("to"), to}});
+    });
+    connect(window, &MainWindow::SigTabChanged, this, [this, window](int index) {
+        const IBrowserTab* const tab = window->GetTab(index);
+        m_writer->Write(Key("tab.changed"),
+                        {{Key("index"), index}, {Key("routerUrl"), tab ? tab->GetRouterUrl() : QString()}});
+    });
     connect(window, &MainWindow::SigPageLoaded, this, [this](int index, const QString& url, bool ok) {
         m_writer->Write(Key("page.loaded"), {{Key("index"), index}, {Key("url"), url}, {Key("ok"), ok}});
     });
@@ -105,21 +130,27 @@ void TraceRecorder::WatchNotifications()
     });
 }
 
-void TraceRecorder::WriteLogin(const QString& pin, bool ok, bool kept)
+void TraceRecorder::Watch(QuestionWatch* questions)
+{
+    connect(questions, &QuestionWatch::SigAsked, this,
+            [this](const QString& text) { m_writer->Write(Key("question.asked"), {{Key("text"), text}}); });
+    connect(questions, &QuestionWatch::SigAnswered, this, [this](const QString& text, const QString& answer) {
+        m_writer->Write(Key("question"), {{Key("text"), text}, {Key("answer"), answer}});
+    });
+}
+
+void TraceRecorder::WriteLogin(const QString& pin, bool ok, LoginFlow::Origin origin)
 {
     QJsonObject fields{{Key("ok"), ok}, {Key("pin"), pin}};
-    if (kept) {
+    if (origin == LoginFlow::Origin::Kept) {
         fields.insert(Key("kept"), true);
+    } else if (origin == LoginFlow::Origin::Restart) {
+        fields.insert(Key("restart"), true);
     }
     m_writer->Write(Key("login"), fields);
 }
 
-void TraceRecorder::WriteQuestion(const QString& text, const QString& answer)
+void TraceRecorder::WriteExit(EndKind kind)
 {
-    m_writer->Write(Key("question"), {{Key("text"), text}, {Key("answer"), answer}});
-}
-
-void TraceRecorder::WriteExit(bool orderly)
-{
-    m_writer->Write(Key("exit"), {{Key("orderly"), orderly}});
+    m_writer->Write(Key("exit"), {{Key("orderly"), true}, {Key("kind"), GetName(kind)}});
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/EndKind.h"
+#include "app/LoginFlow.h"
+
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
@@ -9,6 +12,7 @@ class ModuleEventDispatch;
 class ModuleLoader;
 class MonitorRecorder;
 class Notices;
+class QuestionWatch;
 class TraceWriter;
 
 /// Writes what happens in the client into its trace.
@@ -26,12 +30,12 @@ public:
     void Watch(MonitorRecorder* monitor);
     void Watch(Notices* notices);
     void Watch(MainWindow* window);
+    void Watch(QuestionWatch* questions);
     /// The hub of the process.
     void WatchNotifications();
 
-    void WriteLogin(const QString& pin, bool ok, bool kept);
-    void WriteQuestion(const QString& text, const QString& answer);
-    void WriteExit(bool orderly);
+    void WriteLogin(const QString& pin, bool ok, LoginFlow::Origin origin);
+    void WriteExit(EndKind kind);
 
 private:
     TraceWriter* m_writer;

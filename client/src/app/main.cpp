@@ -40,7 +40,7 @@ std::optional<int> AnswerAtTerminal(int argc, char** argv)
     return std::nullopt;
 }
 
-int RunClient(bool* freshStart)
+int RunClient()
 {
     QString problem;
     const std::optional<ClientOptions> options =
@@ -63,7 +63,10 @@ int RunClient(bool* freshStart)
         return ClientApplication::UnusableOptions;
     }
     const int code = client.Run();
-    *freshStart = client.WantsFreshStart();
+    // Last of all: the profile is closed, and the new process has it for itself.
+    if (!client.StartSuccessor(&problem)) {
+        Say(stderr, QStringLiteral("tl-client: ") + problem);
+    }
     return code;
 }
 
@@ -83,12 +86,5 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false); // the client ends in an order of its own
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tl-client.svg")));
 
-    bool freshStart = false;
-    const int code = RunClient(&freshStart);
-    if (freshStart) {
-        // Last of all: the profile is closed, and the new process has it for itself.
-        QProcess::startDetached(QCoreApplication::applicationFilePath(),
-                                ClientOptions::ForFreshStart(QCoreApplication::arguments()));
-    }
-    return code;
+    return RunClient();
 }

@@ -1,0 +1,256 @@
+#include "app/tabs/ClientTabs.h"
+
+#include "app/Notices.h"
+#include "app/QuestionWatch.h"
+#include "app/TimerDelay.h"
+
+#include "app/ClientRouterUrls.h"
+
+#include "browser/EarlierTabsDialog.h"
+#include "browser/MainWindow.h"
+
+#include "base/VXRouterProtocol.h"
+#include "frame-core/IBrowserTab.h"
+#include "settings-store/VXSettingManager.h"
+#include "tab-container/TabData.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QUrl>
+#include <QtWidgets/QAction>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// What the client tells whoever keeps the tabs. Nobody needs to listen.
+const QString updateUrl = QStringLiteral("tl://autorun/update");
+const QString cleanUrl = QStringLiteral("tl://autorun/clean");
+const QString restartUpdateUrl = QStringLiteral("tl://autorun/restart/update");
+
+const QString urlParameter = QStringLiteral("url");
+
+const QString missingId = QStringLiteral("tabs-missing");
+const QString careId = QStringLiteral("tabs-unloaded");
+
+EarlierTab ToEarlierTab(const KeptTab& tab)
+{
+    EarlierTab earlier;
+    earlier.routerUrl = tab.routerUrl;
+    earlier.title = tab.title;
+    earlier.iconUrl = tab.iconUrl;
+    earlier.type = tab.type;
+    const VXRouterProtocol route(tab.routerUrl);
+    if (route.Matches(ClientRouterUrls::browserOpen)) {
+        earlier.address = QUrl(route.GetWith(urlParameter)).toDisplayString();
+    }
+    return earlier;
+}
+
+EarlierTabSet::Reason ToReason(const EarlierTabs::Set& set)
+{
+    switch (set.fate) {
+    case EarlierTabs::Fate::Declined:
+        return EarlierTabSet::Reason::Declined;
+    case EarlierTabs::Fate::Reopened:
+        return EarlierTabSet::Reason::Offered;
+    case EarlierTabs::Fate::NotWhole:
+        return EarlierTabSet::Reason::NotRestored;
+    case EarlierTabs::Fate::Dropped:
+        break;
+    }
+    return set.whole ? EarlierTabSet::Reason::Dropped : EarlierTabSet::Reason::Unreadable;
+}
+
+QVector<EarlierTabSet> ReadEarlierSets()
+{
+    QVector<EarlierTabSet> sets;
+    const QVector<EarlierTabs::Set> kept = EarlierTabs::GetSets();
+    for (const EarlierTabs::Set& set : kept) {
+        EarlierTabSet shown;
+        shown.when = set.tabs.when;
+        shown.reason = ToReason(set);
+        shown.incomplete = !set.whole;
+        std::transform(set.tabs.tabs.cbegin(), set.tabs.tabs.cend(), std::back_inserter(shown.tabs),
+                       &ToEarlierTab);
+        sets.append(shown);
+    }
+    return sets;
+}
+
+void OpenAgain(const QVector<EarlierTab>& tabs)
+{
+    for (const EarlierTab& tab : tabs) {
+        VXRouterProtocol(tab.routerUrl)
+            .With(QStringLiteral("isDelay"), QStringLiteral("1"))
+            .With(QStringLiteral("title"), tab.title)
+            .With(QStringLiteral("icon"), tab.iconUrl)
+            .Execute();
+    }
+}
+
+} // namespace
+
+ClientTabs::ClientTabs(MainWindow* window, QuestionWatch* questions, Notices* notices,
+                       const PictureLoader& loadPicture, QObject* parent)
+    : QObject(parent)
+    , m_window(window)
+    , m_notices(notices)
+    , m_loadPicture(loadPicture)
+    , m_earlier(new QAction(this))
+    , m_watch(std::make_unique<TimerDelay>())
+    , m_guard(std::make_unique<TimerDelay>())
+    , m_returning(window, &m_guard, questions)
+{
+    m_earlier->setObjectName(QStringLiteral("earlier_tabs_action"));
+    connect(m_earlier, &QAction::triggered, this, &ClientTabs::ShowEarlierTabs);
+    window->AddMenuAction(m_earlier);
+    window->installEventFilter(this);
+    Retranslate();
+    connect(&m_watch, &OpenTabsWatch::SigKeep, this, &ClientTabs::Keep);
+    connect(&m_returning, &ReturningTabs::SigCareTaken, this, &ClientTabs::ShowCare);
+    connect(&m_returning, &ReturningTabs::SigMissing, this, &ClientTabs::ShowMissing);
+}
+
+ClientTabs::~ClientTabs() = default;
+
+void ClientTabs::Show(bool restarted, const std::function<void()>& mainFrameShow)
+{
+    m_returning.Run(restarted, mainFrameShow);
+    m_shown = true;
+    m_watch.Start(m_window);
+}
+
+void ClientTabs::BeforeEnd(EndKind kind, const QString& ignoreUrl)
+{
+    const bool kept = m_watch.IsRunning();
+    m_watch.Stop();
+    m_guard.TakeEnd();
+    if (!kept) {
+        return; // the tabs of the run before may still have to be offered
+    }
+    if (kind == EndKind::Restart) {
+        KeepForRestart(ignoreUrl);
+    } else if (kind == EndKind::SystemEnd) {
+        KeepForSystemEnd();
+    }
+}
+
+void ClientTabs::AfterMainFrameQuit(EndKind kind)
+{
+    if (!m_shown || kind == EndKind::SystemEnd) {
+        return;
+    }
+    VXRouterProtocol(cleanUrl).Execute();
+    if (kind != EndKind::Restart) {
+        m_running.Clear();
+    }
+}
+
+void ClientTabs::Keep()
+{
+    VXRouterProtocol(updateUrl).Execute();
+    m_running.Keep(GetOpenTabs());
+}
+
+void ClientTabs::KeepForRestart(const QString& ignoreUrl)
+{
+    VXRouterProtocol(restartUpdateUrl).With(QStringLiteral("ignore"), ignoreUrl).Execute();
+    KeptTabs tabs = GetOpenTabs();
+    const auto isIgnored = [&ignoreUrl](const KeptTab& tab) {
+        return tab.routerUrl.compare(ignoreUrl, Qt::CaseInsensitive) == 0;
+    };
+    if (tabs.current >= 0 && isIgnored(tabs.tabs.at(tabs.current))) {
+        tabs.current = -1;
+    } else {
+        tabs.current -= static_cast<int>(
+            std::count_if(tabs.tabs.cbegin(), tabs.tabs.cbegin() + std::max(tabs.current, 0), isIgnored));
+    }
+    tabs.tabs.erase(std::remove_if(tabs.tabs.begin(), tabs.tabs.end(), isIgnored), tabs.tabs.end());
+    m_running.KeepNow(tabs);
+}
+
+void ClientTabs::KeepForSystemEnd()
+{
+    VXRouterProtocol(updateUrl).Execute();
+    m_running.KeepNow(GetOpenTabs());
+    // Whoever ends the session may end this process the moment it looks idle.
+    VXSettingManager::Instance()->Flush();
+}
+
+KeptTabs ClientTabs::GetOpenTabs() const
+{
+    KeptTabs tabs;
+    tabs.when = QDateTime::currentDateTimeUtc();
+    const int count = m_window->GetTabCount();
+    tabs.tabs.reserve(count);
+    for (int index = 1; index < count; ++index) {
+        const IBrowserTab* const tab = m_window->GetTab(index);
+        const QSharedPointer<TabData> data = tab->GetTabData();
+        const QString routerUrl = tab->GetRouterUrl();
+        if (routerUrl.isEmpty() || !data) {
+            continue;
+        }
+        if (index == m_window->GetCurrentTab()) {
+            tabs.current = tabs.tabs.size();
+        }
+        tabs.tabs.append({routerUrl, data->GetTitle(), data->GetIconUrl(), data->GetType()});
+    }
+    return tabs;
+}
+
+void ClientTabs::ShowEarlierTabs()
+{
+    if (m_dialog) {
+        m_dialog->raise();
+        m_dialog->activateWindow();
+        return;
+    }
+    m_dialog = new EarlierTabsDialog(ReadEarlierSets(), m_loadPicture, m_window);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_dialog, &EarlierTabsDialog::SigOpen, this, &OpenAgain);
+    m_dialog->open();
+}
+
+void ClientTabs::ShowMissing(int reopened, int expected)
+{
+    m_notices->Show(
+        missingId, NoticeKind::Warning,
+        [reopened, expected] {
+            if (expected == 0) {
+                return tr("What was kept of the tabs of the last run is damaged and could not be read.");
+            }
+            if (reopened == 0) {
+                return tr("The %n tab(s) of the last run did not come back. They are kept under “Earlier "
+                          "tabs…”.",
+                          nullptr, expected);
+            }
+            return tr("Only %1 of %n tab(s) of the last run came back. All are kept under “Earlier tabs…”.",
+                      nullptr, expected)
+                .arg(reopened);
+        },
+        expected == 0 ? std::vector<Notices::Action>()
+                      : std::vector<Notices::Action>{
+                            {[] { return tr("Earlier tabs…"); }, [this] { ShowEarlierTabs(); }}});
+}
+
+void ClientTabs::ShowCare()
+{
+    m_notices->Show(careId, NoticeKind::Warning, [] {
+        return tr("The client ended unexpectedly twice after tabs were reopened. This time every page loads "
+                  "only when you select its tab.");
+    });
+}
+
+void ClientTabs::Retranslate()
+{
+    m_earlier->setText(tr("&Earlier tabs…"));
+}
+
+bool ClientTabs::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_window && event->type() == QEvent::LanguageChange) {
+        Retranslate();
+    }
+    return QObject::eventFilter(watched, event);
+}

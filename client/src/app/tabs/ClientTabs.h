@@ -1,0 +1,69 @@
+#pragma once
+
+#include "app/EndKind.h"
+#include "app/tabs/EarlierTabs.h"
+#include "app/tabs/KeptTabs.h"
+#include "app/tabs/OpenTabsWatch.h"
+#include "app/tabs/ReopenGuard.h"
+#include "app/tabs/ReturningTabs.h"
+#include "app/tabs/RunningTabs.h"
+
+#include "browser/PictureLoader.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+
+class EarlierTabsDialog;
+class MainWindow;
+class Notices;
+class QAction;
+class QuestionWatch;
+
+/// Sees to it that no tab is lost: tells the modules when the open tabs changed and when they need not be
+/// kept any longer, keeps the client's own record of them, and offers those of earlier runs. For the life of
+/// the main window. GUI thread.
+class ClientTabs final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Nothing is owned. Adds "Earlier tabs…" to the window's menu.
+    ClientTabs(MainWindow* window, QuestionWatch* questions, Notices* notices,
+               const PictureLoader& loadPicture, QObject* parent = nullptr);
+    ~ClientTabs() override;
+
+    /// Calls `mainFrameShow`, in which tabs come back, and keeps the open tabs from then on.
+    void Show(bool restarted, const std::function<void()>& mainFrameShow);
+
+    /// Before the modules' main frame quits. `ignoreUrl` is the router URL of the tab that a restart leaves
+    /// out, empty for none.
+    void BeforeEnd(EndKind kind, const QString& ignoreUrl);
+    /// After it, while the pin is still set.
+    void AfterMainFrameQuit(EndKind kind);
+
+private:
+    void Keep();
+    void KeepForRestart(const QString& ignoreUrl);
+    void KeepForSystemEnd();
+    void ShowEarlierTabs();
+    void ShowMissing(int reopened, int expected);
+    void ShowCare();
+    void Retranslate();
+    KeptTabs GetOpenTabs() const;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    MainWindow* m_window;
+    Notices* m_notices;
+    PictureLoader m_loadPicture;
+    QAction* m_earlier;
+    QPointer<EarlierTabsDialog> m_dialog;
+    OpenTabsWatch m_watch;
+    RunningTabs m_running;
+    ReopenGuard m_guard;
+    ReturningTabs m_returning;
+    bool m_shown = false;
+};
