@@ -2,6 +2,7 @@
 
 #include "http/VXImageCache.h"
 
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
 namespace {
@@ -67,7 +68,8 @@ void ImageLabel::paintEvent(QPaintEvent*)
         return;
     }
     QPainter painter(this);
-    const qreal ratio = painter.device()->devicePixelRatioF();
+    // The widget's own is that of its screen, which need not be what it is painted for.
+    const qreal ratio = painter.paintEngine()->paintDevice()->devicePixelRatioF();
     if (m_drawn.size() != box.size() * ratio || m_drawn.devicePixelRatio() != ratio) {
         m_drawn = Draw(box.size(), ratio);
     }

@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -235,6 +236,28 @@ TEST_F(VXImageCacheTest, ADamagedFileIsFetchedAnew)
         EXPECT_EQ(ColorOf(answer.local), QColor(Qt::red));
         EXPECT_EQ(server.GetRequestCount(), ++requests) << damaged.size();
     }
+}
+
+TEST_F(VXImageCacheTest, DiskAndDecodingStayOffTheThreadOfTheCaller)
+{
+    server.SetStanding(Body(Pictures::Png()));
+    const QString local = Request().local;
+    Write(local, "no picture");
+    // The decoder's verdict is logged where it is reached.
+    static std::atomic<int> verdicts;
+    static std::atomic<bool> isElsewhere;
+    verdicts = 0;
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+            if (message.contains(QStringLiteral("is damaged"))) {
+                ++verdicts;
+                isElsewhere = QThread::currentThread() != QCoreApplication::instance()->thread();
+            }
+        });
+    EXPECT_TRUE(Request().succeeded);
+    qInstallMessageHandler(before);
+    EXPECT_EQ(verdicts, 1);
+    EXPECT_TRUE(isElsewhere);
 }
 
 TEST_F(VXImageCacheTest, WhatAnEndInTheMiddleOfAWriteLeftBehindIsRemoved)
