@@ -124,10 +124,15 @@ void MessageDialog::AddButton(QMessageBox::StandardButton answer, const QString&
     button->installEventFilter(this);
     connect(button, &QPushButton::clicked, this, [this, answer] {
         m_answer = answer;
-        accept();
+        done(answer);
     });
     m_buttonLayout->addWidget(button);
     m_choices.append({answer, button, text});
+}
+
+void MessageDialog::reject()
+{
+    done(m_answer);
 }
 
 void MessageDialog::AdjustForDpi()

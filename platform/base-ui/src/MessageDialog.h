@@ -27,6 +27,8 @@ public:
     static QMessageBox::StandardButton GetEscapeAnswer(QMessageBox::StandardButtons buttons);
 
     void AdjustForDpi() override;
+    /// Escape, and the closing of the dialog. The dialog's result is always a standard button.
+    void reject() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

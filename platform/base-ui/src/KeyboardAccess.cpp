@@ -1,0 +1,290 @@
+#include "base-ui/KeyboardAccess.h"
+
+#include "LabelAccessible.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QCursor>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+bool TakesTab(const QWidget* widget)
+{
+    return (widget->focusPolicy() & Qt::TabFocus) != 0;
+}
+
+bool CanHaveFocusNow(const QWidget* widget)
+{
+    return TakesTab(widget) && widget->isEnabled() && widget->isVisible();
+}
+
+/// Qt's own mark is set by the events that are sent here as well.
+bool IsUnderMouse(const QWidget* widget)
+{
+    return widget->isVisible() && widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
+}
+
+void CollectFrom(QWidget* widget, QVector<QWidget*>* order);
+
+void CollectFrom(QLayout* layout, QVector<QWidget*>* order)
+{
+    QVector<int> indexes(layout->count());
+    for (int i = 0; i < indexes.size(); ++i)
+        indexes[i] = i;
+    if (auto* const grid = qobject_cast<QGridLayout*>(layout)) {
+        const auto place = [grid](int index) {
+            int row = 0;
+            int column = 0;
+            int rows = 0;
+            int columns = 0;
+            grid->getItemPosition(index, &row, &column, &rows, &columns);
+            return std::make_pair(row, column);
+        };
+        std::stable_sort(indexes.begin(), indexes.end(),
+                         [&place](int a, int b) { return place(a) < place(b); });
+    }
+    for (const int index : qAsConst(indexes)) {
+        QLayoutItem* const item = layout->itemAt(index);
+        if (item->widget() != nullptr)
+            CollectFrom(item->widget(), order);
+        else if (item->layout() != nullptr)
+            CollectFrom(item->layout(), order);
+    }
+}
+
+void CollectFrom(QWidget* widget, QVector<QWidget*>* order)
+{
+    order->append(widget);
+    if (widget->layout() != nullptr)
+        CollectFrom(widget->layout(), order);
+    const QObjectList& children = widget->children();
+    for (QObject* const child : children) {
+        auto* const part = qobject_cast<QWidget*>(child);
+        if (part != nullptr && !part->isWindow() && !order->contains(part))
+            CollectFrom(part, order);
+    }
+}
+
+} // namespace
+
+KeyboardAccess::KeyboardAccess(QWidget* root, std::function<bool(const QWidget*)> isRow)
+    : QObject(root), m_root(root), m_isRow(std::move(isRow))
+{
+    LabelAccessible::Install();
+    qApp->installEventFilter(this);
+}
+
+KeyboardAccess::~KeyboardAccess() = default;
+
+QVector<QWidget*> KeyboardAccess::GetReadingOrder(QWidget* root)
+{
+    QVector<QWidget*> order;
+    CollectFrom(root, &order);
+    return order;
+}
+
+bool KeyboardAccess::IsPressable(const QLabel* label)
+{
+    return TakesTab(label) && label->textInteractionFlags() == Qt::LinksAccessibleByMouse &&
+           label->buddy() == nullptr;
+}
+
+void KeyboardAccess::PressMouseOn(QWidget* widget)
+{
+    const QPointer<QWidget> guard(widget);
+    const QPoint middle = widget->rect().center();
+    const QPoint global = widget->mapToGlobal(middle);
+    QMouseEvent press(QEvent::MouseButtonPress, middle, global, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &press);
+    if (guard.isNull())
+        return;
+    QMouseEvent release(QEvent::MouseButtonRelease, middle, global, Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &release);
+}
+
+bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_sending || !watched->isWidgetType())
+        return false;
+    auto* const widget = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        if (widget->window() != m_root->window())
+            return false;
+        m_byKeyboard = true;
+        TakeFocus(QApplication::focusWidget());
+        auto* const key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
+            OrderTabs();
+            if (key->key() == Qt::Key_Backtab || key->modifiers().testFlag(Qt::ShiftModifier))
+                PrepareRowBefore(widget);
+        }
+        if (!m_root->isAncestorOf(widget))
+            return false;
+        auto* const label = qobject_cast<QLabel*>(widget);
+        const bool presses = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ||
+                             key->key() == Qt::Key_Space || key->key() == Qt::Key_Select;
+        if (!presses || label == nullptr || !IsPressable(label))
+            return false;
+        if (!key->isAutoRepeat() && label->isEnabled())
+            PressMouseOn(label);
+        return true;
+    }
+    case QEvent::MouseButtonPress:
+        // What this sends itself is the keyboard's.
+        if (event->spontaneous() && widget->window() == m_root->window()) {
+            m_byKeyboard = false;
+            Conceal();
+        }
+        return false;
+    case QEvent::FocusIn:
+        if (widget->window() == m_root->window())
+            TakeFocus(widget);
+        return false;
+    case QEvent::FocusOut:
+        // Deferred: the focus may be on its way to another part of the row, or the row on its way out.
+        if (m_root->isAncestorOf(widget))
+            QMetaObject::invokeMethod(this, &KeyboardAccess::RestoreFocus, Qt::QueuedConnection);
+        return false;
+    case QEvent::Leave:
+        return widget == m_row;
+    case QEvent::Polish:
+    case QEvent::StyleChange:
+        if (auto* const label = qobject_cast<QLabel*>(widget);
+            label != nullptr && m_root->isAncestorOf(label) && IsPressable(label))
+            LabelAccessible::Refresh(label);
+        return false;
+    default:
+        return false;
+    }
+}
+
+QWidget* KeyboardAccess::RowOf(QWidget* widget) const
+{
+    if (!m_isRow || widget == nullptr || !m_root->isAncestorOf(widget))
+        return nullptr;
+    for (QWidget* it = widget; it != m_root; it = it->parentWidget()) {
+        if (m_isRow(it))
+            return it;
+    }
+    return nullptr;
+}
+
+QVector<QWidget*> KeyboardAccess::GetRows() const
+{
+    QVector<QWidget*> rows;
+    if (m_isRow) {
+        const QVector<QWidget*> order = GetReadingOrder(m_root);
+        std::copy_if(order.begin(), order.end(), std::back_inserter(rows),
+                     [this](QWidget* widget) { return widget != m_root && m_isRow(widget); });
+    }
+    return rows;
+}
+
+void KeyboardAccess::TakeFocus(QWidget* widget)
+{
+    QWidget* const row = RowOf(widget);
+    if (m_prepared != nullptr && m_prepared != row)
+        SendLeave(m_prepared);
+    m_prepared = nullptr;
+    m_rowIndex = row != nullptr ? GetRows().indexOf(row) : -1;
+    if (row != m_row)
+        Conceal();
+    if (row != nullptr && m_byKeyboard)
+        Reveal(row);
+}
+
+void KeyboardAccess::Reveal(QWidget* row)
+{
+    if (m_row == row)
+        return;
+    m_row = row;
+    if (IsUnderMouse(row))
+        return; // it shows everything already
+    SendEnter(row);
+}
+
+void KeyboardAccess::Conceal()
+{
+    QWidget* const row = m_row;
+    m_row = nullptr;
+    if (row == nullptr || IsUnderMouse(row))
+        return;
+    SendLeave(row);
+}
+
+void KeyboardAccess::SendEnter(QWidget* row)
+{
+    const QPoint middle = row->rect().center();
+    QEnterEvent enter(middle, row->mapTo(row->window(), middle), row->mapToGlobal(middle));
+    const QScopedValueRollback<bool> sending(m_sending, true);
+    QCoreApplication::sendEvent(row, &enter);
+}
+
+void KeyboardAccess::SendLeave(QWidget* row)
+{
+    QEvent leave(QEvent::Leave);
+    const QScopedValueRollback<bool> sending(m_sending, true);
+    QCoreApplication::sendEvent(row, &leave);
+}
+
+void KeyboardAccess::OrderTabs()
+{
+    QWidget* before = nullptr;
+    const QVector<QWidget*> order = GetReadingOrder(m_root);
+    for (QWidget* const widget : order) {
+        if (widget == m_root || !TakesTab(widget) || widget->focusProxy() != nullptr)
+            continue;
+        if (before != nullptr)
+            QWidget::setTabOrder(before, widget);
+        before = widget;
+    }
+}
+
+void KeyboardAccess::PrepareRowBefore(QWidget* focus)
+{
+    const QVector<QWidget*> order = GetReadingOrder(m_root);
+    int index = order.indexOf(focus);
+    if (index < 0)
+        index = order.size(); // coming in from behind
+    QWidget* const own = RowOf(focus);
+    while (--index > 0) {
+        QWidget* const row = RowOf(order.at(index));
+        if (row != nullptr ? row != own : CanHaveFocusNow(order.at(index)))
+            break;
+    }
+    QWidget* const row = index > 0 ? RowOf(order.at(index)) : nullptr;
+    if (row == nullptr || !row->isVisible() || IsUnderMouse(row))
+        return;
+    m_prepared = row;
+    SendEnter(row);
+}
+
+void KeyboardAccess::RestoreFocus()
+{
+    QWidget* const window = m_root->window();
+    if (!window->isActiveWindow())
+        return;
+    if (window->focusWidget() != nullptr && window->focusWidget()->hasFocus()) {
+        TakeFocus(window->focusWidget());
+        return;
+    }
+    const QVector<QWidget*> rows = GetRows();
+    if (m_rowIndex < 0 || rows.isEmpty())
+        return;
+    QWidget* const row = rows.at(std::min(m_rowIndex, rows.size() - 1));
+    const QVector<QWidget*> parts = GetReadingOrder(row);
+    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
+    if (part != parts.end())
+        (*part)->setFocus(Qt::OtherFocusReason);
+}

@@ -1,0 +1,232 @@
+#include "base-ui/KeyboardAccess.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A row whose button shows only under the mouse.
+class Row final : public QWidget
+{
+public:
+    explicit Row(QWidget* parent) : QWidget(parent), box(new QCheckBox(this)), button(new QPushButton(this))
+    {
+        auto* layout = new QHBoxLayout(this);
+        layout->addWidget(box);
+        layout->addWidget(button);
+        button->hide();
+    }
+
+    QCheckBox* box;
+    QPushButton* button;
+
+protected:
+    void enterEvent(QEvent*) override { button->show(); }
+    void leaveEvent(QEvent*) override { button->hide(); }
+};
+
+/// Counts the presses of a label as a form does that takes it for a button.
+class PressCounter final : public QObject
+{
+public:
+    int presses = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        presses += event->type() == QEvent::MouseButtonPress ? 1 : 0;
+        return false;
+    }
+};
+
+class KeyboardAccessTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        add = new QLabel(QStringLiteral("+custom URL"), &form); // made first, stands last
+        add->setFocusPolicy(Qt::StrongFocus);
+        add->installEventFilter(&counter);
+        column = new QVBoxLayout(&form);
+        for (int i = 0; i < 3; ++i) {
+            rows.append(new Row(&form));
+            column->addWidget(rows.last());
+        }
+        column->addWidget(add);
+        access = new KeyboardAccess(
+            &form, [](const QWidget* widget) { return dynamic_cast<const Row*>(widget) != nullptr; });
+        form.setGeometry(200, 200, 300, 300); // not where the mouse is
+        form.show();
+        form.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+
+    PressCounter counter;
+    QWidget form;
+    QVBoxLayout* column = nullptr;
+    QVector<Row*> rows;
+    QLabel* add = nullptr;
+    KeyboardAccess* access = nullptr;
+};
+
+TEST_F(KeyboardAccessTest, TabGoesThroughTheRowsInReadingOrderAndThroughWhatTheyShowUnderTheMouse)
+{
+    rows[0]->box->setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(rows[0]->button->isVisible());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(rows[0]->button->hasFocus());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(rows[1]->box->hasFocus());
+    EXPECT_FALSE(rows[0]->button->isVisible());
+    EXPECT_TRUE(rows[1]->button->isVisible());
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(rows[2]->button->hasFocus());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(add->hasFocus());
+}
+
+TEST_F(KeyboardAccessTest, BacktabComesIntoTheHiddenButtonsOfTheRowBefore)
+{
+    rows[1]->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(rows[0]->button->hasFocus());
+    Press(Qt::Key_Backtab);
+    EXPECT_TRUE(rows[0]->box->hasFocus());
+    EXPECT_TRUE(rows[0]->button->isVisible());
+}
+
+TEST_F(KeyboardAccessTest, BacktabFromTheLabelComesIntoTheLastRow)
+{
+    add->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Backtab);
+    EXPECT_TRUE(rows[2]->button->hasFocus());
+}
+
+TEST_F(KeyboardAccessTest, TheMouseLeavingARowDoesNotHideTheButtonThatHasTheFocus)
+{
+    rows[0]->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(rows[0], &leave);
+    EXPECT_TRUE(rows[0]->button->isVisible());
+    EXPECT_TRUE(rows[0]->button->hasFocus());
+}
+
+TEST_F(KeyboardAccessTest, AFocusGivenByTheMouseRevealsNothing)
+{
+    QTest::mouseClick(rows[1]->box, Qt::LeftButton);
+    EXPECT_TRUE(rows[1]->box->hasFocus());
+    EXPECT_FALSE(rows[1]->button->isVisible());
+    Press(Qt::Key_Shift);
+    EXPECT_TRUE(rows[1]->button->isVisible());
+}
+
+TEST_F(KeyboardAccessTest, EnterAndSpacePressTheMouseOnALabelThatTakesTheFocus)
+{
+    add->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(counter.presses, 1);
+    Press(Qt::Key_Enter);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(counter.presses, 3);
+    Press(Qt::Key_A);
+    EXPECT_EQ(counter.presses, 3);
+}
+
+TEST_F(KeyboardAccessTest, AHeldKeyPressesOnce)
+{
+    add->setFocus(Qt::TabFocusReason);
+    QKeyEvent first(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(add, &first);
+    QCoreApplication::sendEvent(add, &repeated);
+    EXPECT_EQ(counter.presses, 1);
+}
+
+TEST_F(KeyboardAccessTest, ADisabledLabelAnswersToNoKey)
+{
+    add->setFocus(Qt::TabFocusReason);
+    add->setEnabled(false);
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
+    QCoreApplication::sendEvent(add, &space);
+    EXPECT_EQ(counter.presses, 0);
+}
+
+TEST_F(KeyboardAccessTest, ALabelWithoutTheFocusPolicyIsNoButton)
+{
+    QLabel plain(QStringLiteral("Text"));
+    EXPECT_FALSE(KeyboardAccess::IsPressable(&plain));
+    plain.setTextInteractionFlags(Qt::TextSelectableByKeyboard);
+    EXPECT_FALSE(KeyboardAccess::IsPressable(&plain));
+    EXPECT_TRUE(KeyboardAccess::IsPressable(add));
+}
+
+TEST_F(KeyboardAccessTest, ScreenReadersSeeAButtonAndCanPressIt)
+{
+    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(add);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::Button);
+    EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("+custom URL"));
+    ASSERT_NE(seen->actionInterface(), nullptr);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(counter.presses, 1);
+}
+
+TEST_F(KeyboardAccessTest, AHighlightIsNoPartOfTheNameThatScreenReadersGive)
+{
+    add->setText(QStringLiteral("<div>+custom <b>URL</b> &amp; more</div>"));
+    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(add);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("+custom URL & more"));
+}
+
+TEST_F(KeyboardAccessTest, WhenARowGoesItsPlaceKeepsTheFocus)
+{
+    rows[1]->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab);
+    ASSERT_TRUE(rows[1]->button->hasFocus());
+    delete rows.takeAt(1);
+    const bool restored = QTest::qWaitFor([this] { return rows[1]->box->hasFocus(); }, 5000);
+    EXPECT_TRUE(restored);
+}
+
+TEST_F(KeyboardAccessTest, WhenTheLastRowGoesTheRowBeforeHasTheFocus)
+{
+    rows[2]->box->setFocus(Qt::TabFocusReason);
+    delete rows.takeLast();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return rows[1]->box->hasFocus(); }, 5000));
+}
+
+TEST_F(KeyboardAccessTest, ReadingOrderFollowsTheLayoutsNotTheOrderOfMaking)
+{
+    QWidget sheet;
+    auto* d = new QWidget(&sheet);
+    auto* c = new QWidget(&sheet);
+    auto* b = new QWidget(&sheet);
+    auto* a = new QWidget(&sheet);
+    auto* loose = new QWidget(&sheet);
+    auto* grid = new QGridLayout(&sheet);
+    grid->addWidget(d, 1, 1);
+    grid->addWidget(c, 1, 0);
+    grid->addWidget(b, 0, 1);
+    grid->addWidget(a, 0, 0);
+    EXPECT_EQ(KeyboardAccess::GetReadingOrder(&sheet), (QVector<QWidget*>{&sheet, a, b, c, d, loose}));
+}
+
+} // namespace
