@@ -9,16 +9,32 @@
 
 #include <memory>
 
+namespace {
+
+// The largest is a tile's: 48 px, sharp at 200 % and with room to spare.
+constexpr int PictureEdge = 128; // [px]
+
+QImage FitForWindow(const QImage& image)
+{
+    return image.width() > PictureEdge || image.height() > PictureEdge
+               ? image.scaled(PictureEdge, PictureEdge, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+               : image;
+}
+
+} // namespace
+
 ClientServices::ClientServices(const GatewaySettings& settings, const QString& profile)
     : gateway(settings)
     , http(std::make_unique<HttpReplyCache>(profile + QStringLiteral("/replies")))
     , monitor(profile + QStringLiteral("/monitor"))
+    , images(profile + QStringLiteral("/pictures"))
     , m_gatewayProvided(&gateway)
     , m_httpProvided(&http)
     , m_generalProvided(&general)
     , m_routerProvided(&router)
     , m_eventsProvided(&events)
     , m_monitorProvided(&monitor)
+    , m_imagesProvided(&images)
 {
     TLGlobalData::Instance()->SetUUID(ClientMemory::GetDeviceId());
     AddTabRoutes(router);
@@ -48,4 +64,14 @@ void ClientServices::ClearSession()
     gateway.SetAccessToken(QString());
     general.GetUserData()->Set(QString(), QString());
     TLGlobalData::Instance()->ClearUser();
+}
+
+void ClientServices::LoadPicture(const QString& url, QObject* context,
+                                 const std::function<void(const QPixmap&)>& done)
+{
+    VXImageCache::Instance()->FetchImage(url, context, [done](const QImage& image) {
+        if (!image.isNull()) {
+            done(QPixmap::fromImage(FitForWindow(image)));
+        }
+    });
 }

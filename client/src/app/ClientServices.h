@@ -11,8 +11,12 @@
 #include "frame-data/TLFunctionData.h"
 #include "frame-data/TLPluginBaseManager.h"
 #include "http/HttpManager.h"
+#include "http/VXImageCache.h"
 
 #include <QtCore/QString>
+#include <QtGui/QPixmap>
+
+#include <functional>
 
 /// What the client provides to the modules for the life of the process, all but the browser. The settings
 /// store must be open. GUI thread.
@@ -27,6 +31,11 @@ public:
     void SetSession(const Session& session);
     void ClearSession();
 
+    /// Fetches a picture for the window through the image cache that is provided: a `PictureLoader`, which
+    /// says the rest. Never calls `done` at once.
+    static void LoadPicture(const QString& url, QObject* context,
+                            const std::function<void(const QPixmap&)>& done);
+
     ClientGateway gateway;
     HttpManager http;
     TLPluginBaseManager plugins;
@@ -35,6 +44,7 @@ public:
     ClientRouter router;
     ModuleEventDispatch events;
     MonitorRecorder monitor;
+    VXImageCache images;
 
 private:
     const Provided<IDsmGateway> m_gatewayProvided;
@@ -43,4 +53,5 @@ private:
     const Provided<IRouteExecutor> m_routerProvided;
     const Provided<IModuleEventDispatch> m_eventsProvided;
     const Provided<IMonitorSystem> m_monitorProvided;
+    const Provided<VXImageCache> m_imagesProvided;
 };
