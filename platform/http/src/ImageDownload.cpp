@@ -92,12 +92,12 @@ void ImageDownload::OnFinished()
     }
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const QVariant announced = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    if (m_reply->error() != QNetworkReply::NoError) {
-        Conclude(m_reply->errorString());
-    } else if (IsRedirect(status)) {
+    if (IsRedirect(status)) {
         Follow();
-    } else if (status != 200) {
-        Conclude(QStringLiteral("HTTP status %1").arg(status));
+    } else if (status != 0 && status != 200) {
+        Conclude(QStringLiteral("HTTP status %1").arg(status)); // Qt's words have the whole address in them
+    } else if (m_reply->error() != QNetworkReply::NoError) {
+        Conclude(m_reply->errorString());
     } else if (announced.isValid() && announced.toLongLong() > m_bytes.size()) {
         Conclude(QStringLiteral("the connection was closed in the middle"));
     } else {
