@@ -1,7 +1,9 @@
 #include "base/DpiTool.h"
 
 #include "DpiAdapters.h"
+#include "ScreenWatch.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/qglobal.h>
 
 #include <algorithm>
@@ -55,4 +57,14 @@ void DpiTool::SetScreenDpi(double dotsPerInch)
 {
     if (!std::isnan(dotsPerInch))
         Change(screenScale, std::clamp(std::round(dotsPerInch / UsualDpi * 4) / 4, 1.0, MaxScreenScale));
+}
+
+void DpiTool::FollowScreenOf(QWindow* window)
+{
+    static QPointer<ScreenWatch> watch;
+    delete watch;
+    if (window) {
+        watch = new ScreenWatch(window);
+        watch->Begin();
+    }
 }

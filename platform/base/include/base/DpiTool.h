@@ -2,9 +2,11 @@
 
 #include "base/BaseExport.h"
 
+class QWindow;
+
 /// The scale of the user interface: what the user chose, times what the window's screen asks for. What Qt
-/// scales by itself (the screen's device pixel ratio) is no part of it. The client keeps both up to date;
-/// everybody else reads, and hears of changes as an `IDpiAdapter`. GUI thread.
+/// scales by itself (the screen's device pixel ratio) is no part of it. The client says both; everybody else
+/// reads, and hears of changes as an `IDpiAdapter`. GUI thread.
 class TL_BASE_EXPORT DpiTool final
 {
 public:
@@ -25,4 +27,9 @@ public:
     /// `QScreen::logicalDotsPerInch` gives it. Its scale is what it has more than the usual screen, in steps
     /// of a quarter, at least 1 and at most 4. Otherwise like `SetScale`.
     static void SetScreenDpi(double dotsPerInch);
+
+    /// Calls `SetScreenDpi` for the screen that the window is on, now and whenever the window comes to
+    /// another screen or its screen changes, for as long as the window lives. The window of the last call
+    /// counts; null ends it. The scale stays as it is when nobody is followed any more.
+    static void FollowScreenOf(QWindow* window);
 };
