@@ -23,6 +23,7 @@
 #include "settings-store/VXSettingManager.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
@@ -32,6 +33,8 @@ namespace {
 
 constexpr int userInformationLimit = 3000; // [ms]
 constexpr int endSessionLimit = 2000;      // [ms]
+constexpr int writeLimit = 2000;           // [ms]
+constexpr int writePause = 10;             // [ms]
 constexpr int profileLockTimeout = 5000;   // [ms]
 
 QStringList ModuleFolders(const QString& chosen)
@@ -91,7 +94,8 @@ bool ClientApplication::Prepare(QString* problem)
     }
     m_traceWriter.Write(
         QStringLiteral("start"),
-        {{QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)}});
+        {{QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
+         {QStringLiteral("pid"), QCoreApplication::applicationPid()}});
     return true;
 }
 
@@ -299,8 +303,7 @@ void ClientApplication::TakeRefusal()
     m_userInformation->Stop();
     m_session = Session();
     m_services->ClearSession();
-    m_trace.WriteLogin(pin, false,
-                       m_restarted ? LoginFlow::Origin::Restart : LoginFlow::Origin::Kept);
+    m_trace.WriteLogin(pin, false, m_restarted ? LoginFlow::Origin::Restart : LoginFlow::Origin::Kept);
     m_restarted = false;
     m_kept->Forget([] {});
     m_loginFlow->ShowDialog(pin, LoginService::ToProblem(m_refusal, QString()));
@@ -335,8 +338,12 @@ void ClientApplication::MakeWindow()
 
 void ClientApplication::ShowWindow()
 {
-    m_window->GetWindow()->show();
+    MainWindow* const window = m_window->GetWindow();
+    window->show();
     m_loginFlow->CloseDialog();
+    // After a restart there was no dialog whose place in front it could take.
+    window->raise();
+    window->activateWindow();
     QTimer::singleShot(0, m_window.get(), [this] {
         if (m_ending) {
             return;
@@ -386,7 +393,17 @@ void ClientApplication::End(EndKind kind)
     m_ending = true;
     m_userInformation->Stop();
     // A question of a module may be open: its code must be left before the module can go.
-    NestedLoops::LeaveThen(this, [this, kind] { EndNow(kind); });
+    NestedLoops::LeaveThen(this, [this, kind] { EndOnceWritten(kind, QDeadlineTimer(writeLimit)); });
+}
+
+void ClientApplication::EndOnceWritten(EndKind kind, const QDeadlineTimer& deadline)
+{
+    // A change that the user made a moment ago is on its way to the gateway.
+    if (!m_window || !m_services->http.IsWriting() || deadline.hasExpired()) {
+        EndNow(kind);
+        return;
+    }
+    QTimer::singleShot(writePause, this, [this, kind, deadline] { EndOnceWritten(kind, deadline); });
 }
 
 void ClientApplication::EndNow(EndKind kind)
@@ -419,6 +436,7 @@ void ClientApplication::EndNow(EndKind kind)
     m_loginFlow->CloseDialog();
     m_lifeCycle.ExitApp();
     m_services->router.SetModules({});
+    m_services->http.DropCalls();
     m_loader.Unload();
     if (kind == EndKind::LogOut) {
         EndSession();

@@ -18,6 +18,8 @@
 #include <memory>
 #include <optional>
 
+class QDeadlineTimer;
+
 class ClientAppearance;
 class ClientNotices;
 class ClientServices;
@@ -71,6 +73,7 @@ private:
     bool TakeRestartRoute(const VXRouterProtocol& route);
     void AskForRestart(bool openTabs, const QString& ignoreUrl);
     void End(EndKind kind);
+    void EndOnceWritten(EndKind kind, const QDeadlineTimer& deadline);
     void EndNow(EndKind kind);
     void EndSession();
     void Finish();
@@ -104,8 +107,8 @@ private:
     bool m_frameMade = false;
     bool m_ending = false;
     EndKind m_endKind = EndKind::Quit;
-    bool m_restarted = false;         // this process took over from one that restarted itself
-    bool m_openTabsAgain = false;     // what a restart asks for
-    QString m_ignoreUrl;              // the tab that it leaves out
+    bool m_restarted = false;     // this process took over from one that restarted itself
+    bool m_openTabsAgain = false; // what a restart asks for
+    QString m_ignoreUrl;          // the tab that it leaves out
     std::optional<SessionHandover> m_handover;
 };

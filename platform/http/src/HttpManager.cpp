@@ -136,6 +136,17 @@ void HttpManager::ClearCache()
     }
 }
 
+bool HttpManager::IsWriting() const
+{
+    return std::any_of(d->calls.begin(), d->calls.end(),
+                       [](const auto& call) { return call.second.cacheKey.isEmpty(); });
+}
+
+void HttpManager::DropCalls()
+{
+    d->calls.clear();
+}
+
 void HttpManager::Deliver(quint64 number)
 {
     auto node = d->calls.extract(number);

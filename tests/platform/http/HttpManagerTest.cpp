@@ -866,6 +866,38 @@ TEST_F(HttpManagerTest, WithoutACacheCallsWorkAllTheSame)
     EXPECT_FALSE(response->IsSuccess());
 }
 
+TEST_F(HttpManagerTest, DroppedCallsNeverCompleteAndWhatTheyHeldIsLetGo)
+{
+    MakeCall();
+    auto held = QSharedPointer<int>::create(1);
+    const QWeakPointer<int> watched = held;
+    manager->Send(
+        request, response, [this, held] { completions += *held; }, 0, 1);
+    held.clear();
+    ASSERT_FALSE(watched.isNull());
+    manager->DropCalls();
+    EXPECT_TRUE(watched.isNull());
+    EXPECT_FALSE(manager->IsWriting());
+
+    MakeCall();
+    Run(); // the manager goes on to work
+    EXPECT_EQ(completions, 1);
+}
+
+TEST_F(HttpManagerTest, OnlyCallsWhoseReplyIsNotKeptCountAsWriting)
+{
+    EXPECT_FALSE(manager->IsWriting());
+    MakeCall(true);
+    Send();
+    EXPECT_FALSE(manager->IsWriting());
+    manager->DropCalls();
+    MakeCall(false);
+    Send();
+    EXPECT_TRUE(manager->IsWriting());
+    manager->DropCalls();
+    EXPECT_FALSE(manager->IsWriting());
+}
+
 TEST_F(HttpManagerTest, WhileNoManagerIsProvidedEachCallFails)
 {
     ASSERT_EQ(IHttpManager::Provided(), nullptr);
