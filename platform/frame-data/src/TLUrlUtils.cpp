@@ -18,6 +18,52 @@ bool IsRefused(QChar c)
            bidirectionalControl;
 }
 
+bool IsControl(QChar c)
+{
+    return c.category() == QChar::Other_Control;
+}
+
+// What stands between the scheme and the path; null without http or https.
+QStringRef AuthorityOf(const QString& text)
+{
+    int begin = 0;
+    for (const QLatin1String prefix : {QLatin1String("http://"), QLatin1String("https://")}) {
+        if (text.startsWith(prefix, Qt::CaseInsensitive))
+            begin = prefix.size();
+    }
+    if (begin == 0)
+        return QStringRef();
+    const auto endsAuthority = [](QChar c) {
+        return c == QLatin1Char('/') || c == QLatin1Char('?') || c == QLatin1Char('#');
+    };
+    const auto end = std::find_if(text.cbegin() + begin, text.cend(), endsAuthority);
+    return text.midRef(begin, int(end - text.cbegin()) - begin);
+}
+
+// Whether normalising the name of a host does no more than write its letters in lower case and punycode.
+bool IsPlainHost(const QString& host)
+{
+    const auto isChanged = [](QChar c) {
+        return c == QLatin1Char('%') || c.category() == QChar::Other_Format ||
+               c.unicode() == 0x3002 /* full stop */ || c.unicode() == 0x00DF /* sharp s */ ||
+               c.unicode() == 0x03C2 /* final sigma */;
+    };
+    return std::none_of(host.cbegin(), host.cend(), isChanged) &&
+           host.normalized(QString::NormalizationForm_KC) == host;
+}
+
+QStringList& VXDomains()
+{
+    static QStringList domains;
+    return domains;
+}
+
+bool IsIn(const QString& host, const QString& domain)
+{
+    return host == domain ||
+           (host.endsWith(domain) && host.at(host.size() - domain.size() - 1) == QLatin1Char('.'));
+}
+
 } // namespace
 
 QUrl TLUrlUtils::ToWebUrl(const QString& address)
@@ -26,21 +72,9 @@ QUrl TLUrlUtils::ToWebUrl(const QString& address)
     if (text.size() > maximumLength || std::any_of(text.cbegin(), text.cend(), IsRefused))
         return QUrl();
 
-    int authorityBegin = 0;
-    for (const QLatin1String prefix : {QLatin1String("http://"), QLatin1String("https://")}) {
-        if (text.startsWith(prefix, Qt::CaseInsensitive))
-            authorityBegin = prefix.size();
-    }
-    if (authorityBegin == 0)
-        return QUrl();
-
-    const auto endsAuthority = [](QChar c) {
-        return c == QLatin1Char('/') || c == QLatin1Char('?') || c == QLatin1Char('#');
-    };
-    const auto authority = text.cbegin() + authorityBegin;
-    const auto authorityEnd = std::find_if(authority, text.cend(), endsAuthority);
+    const QStringRef authority = AuthorityOf(text);
     // User info is refused also when it is empty: the parsed URL would not show that it was there.
-    if (std::find(authority, authorityEnd, QLatin1Char('@')) != authorityEnd)
+    if (authority.isNull() || authority.contains(QLatin1Char('@')))
         return QUrl();
 
     QUrl url(text, QUrl::TolerantMode);
@@ -50,4 +84,38 @@ QUrl TLUrlUtils::ToWebUrl(const QString& address)
     if (!url.isValid() || !hostNamesSomething || !url.userInfo().isEmpty())
         return QUrl();
     return url;
+}
+
+bool TLUrlUtils::IsVXUrl(const QString& address)
+{
+    if (std::any_of(address.cbegin(), address.cend(), IsControl))
+        return false;
+    const QUrl url = ToWebUrl(address);
+    if (url.isEmpty())
+        return false;
+
+    const QString text = address.trimmed();
+    const QStringRef authority = AuthorityOf(text);
+    if (!IsPlainHost(authority.left(authority.indexOf(QLatin1Char(':'))).toString().toLower()))
+        return false;
+
+    const QString host = url.host(QUrl::FullyEncoded);
+    const QStringList& domains = VXDomains();
+    return std::any_of(domains.cbegin(), domains.cend(),
+                       [&host](const QString& domain) { return IsIn(host, domain); });
+}
+
+void TLUrlUtils::SetVXDomains(const QStringList& domains)
+{
+    VXDomains().clear();
+    for (const QString& domain : domains) {
+        const QString normalised = QString::fromLatin1(QUrl::toAce(domain.trimmed())).toLower();
+        if (!normalised.isEmpty())
+            VXDomains().append(normalised);
+    }
+}
+
+QStringList TLUrlUtils::GetVXDomains()
+{
+    return VXDomains();
 }

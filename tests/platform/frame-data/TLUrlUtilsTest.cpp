@@ -144,4 +144,105 @@ TEST(TLUrlUtils, WhatWasTakenIsTakenAgainUnchanged)
     }
 }
 
+/// The company's domains, for one test.
+class TLUrlUtilsDomains : public ::testing::Test
+{
+protected:
+    TLUrlUtilsDomains()
+    {
+        TLUrlUtils::SetVXDomains({Text("vx.example"), Text("bücher.example"), Text("strasse.example")});
+    }
+    ~TLUrlUtilsDomains() override { TLUrlUtils::SetVXDomains({}); }
+
+    static bool IsVX(const char* utf8) { return TLUrlUtils::IsVXUrl(QString::fromUtf8(utf8)); }
+};
+
+TEST_F(TLUrlUtilsDomains, DomainsAndTheirSubdomainsAreTaken)
+{
+    for (const char* address : {"https://vx.example", "http://vx.example/", "HTTPS://VX.Example/Path?q=1#f",
+                                "https://a.b.vx.example", "https://vx.example:8443/",
+                                "https://vx.example?no=path", " https://vx.example/ "})
+        EXPECT_TRUE(IsVX(address)) << address;
+}
+
+TEST_F(TLUrlUtilsDomains, OtherHostsThatEndOrBeginAlikeAreRefused)
+{
+    for (const char* address : {"https://evilvx.example", "https://vx.example.evil.test", "https://example",
+                                "https://x.example", "https://evil.test/vx.example",
+                                "https://evil.test/?https://vx.example", "https://evil.test#.vx.example",
+                                "https://vx-example", "https://vxaexample", "https://vx.example-evil.test"})
+        EXPECT_FALSE(IsVX(address)) << address;
+}
+
+TEST_F(TLUrlUtilsDomains, EmptyTextAndOtherSchemesAreRefused)
+{
+    for (const char* address :
+         {"", "   ", "vx.example", "//vx.example", "ftp://vx.example/", "javascript://vx.example/",
+          "file://vx.example/x", "https://", "https:///vx.example"})
+        EXPECT_FALSE(IsVX(address)) << address;
+}
+
+TEST_F(TLUrlUtilsDomains, TricksAroundTheHostAreRefused)
+{
+    for (const char* address :
+         {"https://vx.example@evil.test/", "https://user@vx.example/", "https://@vx.example/",
+          "https://evil.test\\.vx.example/", "https:\\\\vx.example", "https://vx.example\\@evil.test/",
+          "https://evil.test%2f.vx.example/", "https://%76x.example/"})
+        EXPECT_FALSE(IsVX(address)) << address;
+}
+
+TEST_F(TLUrlUtilsDomains, ControlCharactersAreRefusedAlsoAroundTheAddress)
+{
+    for (const ushort code : {0x00, 0x09, 0x0a, 0x0d, 0x1b, 0x7f, 0x85}) {
+        for (const QString& address : {Text("https://vx.example/a%1"), Text("%1https://vx.example/"),
+                                       Text("https://vx.exa%1mple/"), Text("https://vx.example/a%1b")})
+            EXPECT_FALSE(TLUrlUtils::IsVXUrl(address.arg(QChar(code)))) << code;
+    }
+}
+
+TEST_F(TLUrlUtilsDomains, HostsThatOnlyNormalisingTurnsIntoADomainAreRefused)
+{
+    for (const char* address :
+         {"https://vx．example/", "https://vx。example/", "https://vx｡example/", "https://ｖｘ.example/",
+          "https://vx.exa\xC2\xADmple/", "https://evil．vx.example/", "https://straße.example/"})
+        EXPECT_FALSE(IsVX(address)) << address;
+}
+
+TEST_F(TLUrlUtilsDomains, LettersThatLookAlikeAreRefused)
+{
+    for (const char* address : {"https://vх.example/" /* Cyrillic */, "https://xn--v-7tb.example/",
+                                "https://bucher.example/", "https://vx.examp1e/"})
+        EXPECT_FALSE(IsVX(address)) << address;
+}
+
+TEST_F(TLUrlUtilsDomains, InternationalDomainsAreTakenInLettersAndInPunycode)
+{
+    EXPECT_TRUE(IsVX("https://bücher.example/"));
+    EXPECT_TRUE(IsVX("https://BÜCHER.example/"));
+    EXPECT_TRUE(IsVX("https://xn--bcher-kva.example/"));
+    EXPECT_TRUE(IsVX("https://shop.xn--bcher-kva.example/"));
+}
+
+TEST_F(TLUrlUtilsDomains, TextOfTenThousandCharactersIsRefused)
+{
+    EXPECT_FALSE(TLUrlUtils::IsVXUrl(Text("https://vx.example/") + QString(10000, QLatin1Char('a'))));
+}
+
+TEST_F(TLUrlUtilsDomains, NothingIsTakenWithoutDomains)
+{
+    TLUrlUtils::SetVXDomains({});
+    EXPECT_FALSE(IsVX("https://vx.example/"));
+    TLUrlUtils::SetVXDomains({QString(), Text("  "), Text("https://vx.example/"), Text("a b")});
+    EXPECT_EQ(TLUrlUtils::GetVXDomains(), QStringList());
+    EXPECT_FALSE(IsVX("https://vx.example/"));
+}
+
+TEST_F(TLUrlUtilsDomains, AreReadInAnyCaseAndWithBlanksAround)
+{
+    TLUrlUtils::SetVXDomains({Text(" VX.Example "), Text("BÜCHER.example")});
+    const QStringList expected{Text("vx.example"), Text("xn--bcher-kva.example")};
+    EXPECT_EQ(TLUrlUtils::GetVXDomains(), expected);
+    EXPECT_TRUE(IsVX("https://vx.example/"));
+}
+
 } // namespace
