@@ -1,0 +1,10 @@
+#include "ui/AutoRunSystemItem.h"
+
+AutoRunSystemItem::AutoRunSystemItem(QWidget* parent) : AutoRunBaseItem(parent) {}
+
+AutoRunSystemItem::~AutoRunSystemItem() = default;
+
+int AutoRunSystemItem::GetItemKind() const
+{
+    return KindSystem;
+}
