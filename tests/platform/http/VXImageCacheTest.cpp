@@ -25,7 +25,7 @@
 namespace {
 
 constexpr qint64 Minute = 60000; // [ms]
-constexpr qint64 Day = 24 * 60 * Minute;
+constexpr qint64 Day = Minute * 60 * 24;
 
 struct Answer
 {
@@ -684,7 +684,7 @@ TEST_F(VXImageCacheTest, TheFilesAreBoundedInSizeAsWell)
             noise.setPixel(x, y, uint(x * 7919 + y * 104729) * 2654435761U);
         }
     }
-    limits.diskSize = 3 * Pictures::File(noise).size();
+    limits.diskSize = qint64(3) * Pictures::File(noise).size();
     MakeCache();
     server.SetStanding(Body(Pictures::File(noise)));
     for (int i = 0; i < 10; ++i) {
