@@ -1,0 +1,137 @@
+#include "settings/AccessibleNames.h"
+
+#include "settings/ShownText.h"
+
+#include "base-ui/KeyboardAccess.h"
+#include "frame-core/SettingItemBaseWidget.h"
+
+#include <QtCore/QChildEvent>
+#include <QtCore/QVariant>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+
+namespace {
+
+constexpr const char* ours = "tlAccessibleName"; // what was given here, to tell it from the page's own
+
+const QWidget* RowOf(const QWidget* widget, const QWidget* page)
+{
+    for (const QWidget* it = widget->parentWidget(); it != nullptr && it != page; it = it->parentWidget()) {
+        if (qobject_cast<const SettingItemBaseWidget*>(it) != nullptr)
+            return it;
+    }
+    return nullptr;
+}
+
+QString EntryOf(const QWidget* row)
+{
+    const QList<QLabel*> labels = row->findChildren<QLabel*>();
+    for (const QLabel* const label : labels) {
+        const QString text =
+            label->accessibleName().isEmpty() ? ShownText::Of(label) : label->accessibleName();
+        if (!text.isEmpty())
+            return text;
+    }
+    return QString();
+}
+
+QString LabelBefore(const QWidget* widget, const QVector<QWidget*>& order)
+{
+    for (int i = order.indexOf(const_cast<QWidget*>(widget)) - 1; i >= 0; --i) {
+        const auto* const label = qobject_cast<const QLabel*>(order.at(i));
+        if (label != nullptr && !ShownText::Of(label).isEmpty())
+            return ShownText::Of(label);
+    }
+    return QString();
+}
+
+} // namespace
+
+AccessibleNames::AccessibleNames(QWidget* page) : QObject(page), m_page(page)
+{
+    Watch(page);
+    const QList<QWidget*> parts = page->findChildren<QWidget*>();
+    for (QWidget* const part : parts)
+        Watch(part);
+    Update();
+}
+
+AccessibleNames::~AccessibleNames() = default;
+
+bool AccessibleNames::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ChildPolished:
+        if (QObject* const child = static_cast<QChildEvent*>(event)->child(); child->isWidgetType()) {
+            auto* const widget = static_cast<QWidget*>(child);
+            Watch(widget);
+            const QList<QWidget*> parts = widget->findChildren<QWidget*>();
+            for (QWidget* const part : parts)
+                Watch(part);
+        }
+        UpdateLater();
+        break;
+    case QEvent::LayoutRequest:
+    case QEvent::LanguageChange:
+    case QEvent::Show:
+        UpdateLater();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void AccessibleNames::Watch(QWidget* widget)
+{
+    widget->installEventFilter(this); // a second time counts once
+}
+
+void AccessibleNames::UpdateLater()
+{
+    if (m_pending)
+        return;
+    m_pending = true;
+    QMetaObject::invokeMethod(this, &AccessibleNames::Update, Qt::QueuedConnection);
+}
+
+void AccessibleNames::Update()
+{
+    m_pending = false;
+    const QVector<QWidget*> order = KeyboardAccess::GetReadingOrder(m_page);
+    for (QWidget* const widget : order)
+        Name(widget, order);
+}
+
+void AccessibleNames::Name(QWidget* widget, const QVector<QWidget*>& order) const
+{
+    const QString present = widget->accessibleName();
+    if (!present.isEmpty() && present != widget->property(ours).toString())
+        return;
+    QString name;
+    if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
+        const QWidget* const row = RowOf(button, m_page);
+        const QString entry = row != nullptr ? EntryOf(row) : QString();
+        const QString objectName = button->objectName();
+        if (!button->text().isEmpty())
+            name = entry.isEmpty() ? QString() : tr("%1: %2", "button: entry").arg(button->text(), entry);
+        else if (objectName == QLatin1String("edit_button"))
+            name = tr("Edit %1").arg(entry);
+        else if (objectName == QLatin1String("delete_button"))
+            name = tr("Delete %1").arg(entry);
+        else
+            name = entry;
+    } else if (auto* const field = qobject_cast<QLineEdit*>(widget)) {
+        name = LabelBefore(field, order);
+        if (name.isEmpty())
+            name = field->placeholderText();
+    } else if (qobject_cast<QComboBox*>(widget) != nullptr) {
+        name = LabelBefore(widget, order);
+    }
+    if (name.isEmpty() || name == present)
+        return;
+    widget->setAccessibleName(name);
+    widget->setProperty(ours, name);
+}

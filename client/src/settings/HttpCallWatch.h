@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/Provided.h"
+#include "http/IHttpManager.h"
+
+#include <QtCore/QObject>
+
+/// Stands before the provided `IHttpManager` for as long as it lives, passes every call on and tells when it
+/// starts and ends. GUI thread.
+class HttpCallWatch final : public QObject, public IHttpManager
+{
+    Q_OBJECT
+
+public:
+    explicit HttpCallWatch(QObject* parent = nullptr);
+    ~HttpCallWatch() override;
+
+    void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
+              std::function<void()> finished, int timeout, int attempts) override;
+
+Q_SIGNALS:
+    /// Inside `Send`. `changes`: the call may change something. One whose reply may be kept and served later
+    /// only asks.
+    void SigStarted(quint64 call, bool changes);
+    /// The outcome is there, and the call's own completion has not run yet. `description` says what went
+    /// wrong and is empty when it `succeeded`.
+    void SigAnswered(quint64 call, bool succeeded, const QString& code, const QString& description);
+    /// The call's own completion has run.
+    void SigEnded(quint64 call);
+
+private:
+    IHttpManager* m_next;                // before it stands in its place
+    ::Provided<IHttpManager> m_provided; // the interface has an operation of that name
+    quint64 m_lastCall = 0;
+};

@@ -1,0 +1,237 @@
+#include "settings/InputHold.h"
+
+#include "settings/HttpCallWatch.h"
+
+#include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QThread>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
+
+namespace {
+
+QEvent::Type InputIsOver()
+{
+    static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
+    return type;
+}
+
+bool IsMouse(QEvent::Type type)
+{
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+           type == QEvent::MouseButtonDblClick;
+}
+
+bool IsKey(QEvent::Type type)
+{
+    return type == QEvent::KeyPress || type == QEvent::KeyRelease;
+}
+
+std::unique_ptr<QEvent> CopyOf(const QEvent& event)
+{
+    if (IsKey(event.type())) {
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        return std::make_unique<QKeyEvent>(key.type(), key.key(), key.modifiers(), key.nativeScanCode(),
+                                           key.nativeVirtualKey(), key.nativeModifiers(), key.text(),
+                                           key.isAutoRepeat(), static_cast<ushort>(key.count()));
+    }
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    return std::make_unique<QMouseEvent>(mouse.type(), mouse.localPos(), mouse.windowPos(), mouse.screenPos(),
+                                         mouse.button(), mouse.buttons(), mouse.modifiers());
+}
+
+/// A click gives the focus when it is made, not when its turn comes: moving the focus is no change.
+void GiveFocus(QWidget* widget)
+{
+    for (QWidget* it = widget; it != nullptr; it = it->parentWidget()) {
+        if (it->isEnabled() && (it->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus) {
+            it->setFocus(Qt::MouseFocusReason);
+            return;
+        }
+        if (it->isWindow())
+            return;
+    }
+}
+
+} // namespace
+
+InputHold::InputHold(HttpCallWatch* calls, QObject* parent) : QObject(parent)
+{
+    connect(calls, &HttpCallWatch::SigStarted, this, &InputHold::TakeStart);
+    connect(calls, &HttpCallWatch::SigAnswered, this, &InputHold::TakeAnswer);
+    connect(calls, &HttpCallWatch::SigEnded, this, &InputHold::TakeEnd);
+    qApp->installEventFilter(this);
+}
+
+InputHold::~InputHold() = default;
+
+void InputHold::SetPage(QWidget* page)
+{
+    m_page = page;
+}
+
+void InputHold::SetBlocked(bool blocked)
+{
+    if (m_blocked == blocked)
+        return;
+    m_blocked = blocked;
+    if (!blocked)
+        Deliver();
+    Announce();
+}
+
+bool InputHold::IsBusy() const noexcept
+{
+    return IsInFlight() || HasKept();
+}
+
+void InputHold::Drop()
+{
+    m_kept.clear();
+    Announce();
+}
+
+bool InputHold::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey = IsKey(event->type());
+    if ((!isKey && !IsMouse(event->type())) || !watched->isWidgetType())
+        return false;
+    auto* const widget = static_cast<QWidget*>(watched);
+    if (!IsPartOfPage(widget))
+        return false;
+    // Escape closes the dialog, which waits by itself for what is on its way.
+    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        return false;
+    if (m_delivering > 0)
+        return false; // its turn has come, or it comes of one whose turn has come
+    if (m_calls.isEmpty() && !m_blocked && m_kept.empty()) {
+        BeginInput();
+        return false;
+    }
+    Keep(widget, event);
+    if (!isKey && event->type() != QEvent::MouseButtonRelease)
+        GiveFocus(widget);
+    event->accept();
+    return true;
+}
+
+bool InputHold::event(QEvent* event)
+{
+    if (event->type() != InputIsOver())
+        return QObject::event(event);
+    if (m_inputLevel >= 0 && m_delivering == 0 && !EndInputIfOver()) {
+        // The page has a dialog open and deals with what comes of it: until its own event loop turns again.
+        QAbstractEventDispatcher* const loop = QAbstractEventDispatcher::instance();
+        for (const auto turn : {&QAbstractEventDispatcher::aboutToBlock, &QAbstractEventDispatcher::awake})
+            connect(loop, turn, this, &InputHold::EndInputIfOver, Qt::UniqueConnection);
+    }
+    return true;
+}
+
+bool InputHold::IsPartOfPage(const QWidget* widget) const
+{
+    if (m_page == nullptr)
+        return false;
+    for (const QWidget* it = widget; it != nullptr; it = it->parentWidget()) {
+        if (it == m_page)
+            return true;
+    }
+    return false;
+}
+
+void InputHold::BeginInput()
+{
+    m_inputLevel = QThread::currentThread()->loopLevel();
+    QCoreApplication::postEvent(this, new QEvent(InputIsOver()), Qt::HighEventPriority);
+}
+
+bool InputHold::EndInputIfOver()
+{
+    if (QThread::currentThread()->loopLevel() > m_inputLevel)
+        return false;
+    EndInput();
+    return true;
+}
+
+void InputHold::EndInput()
+{
+    m_inputLevel = -1;
+    disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
+}
+
+bool InputHold::IsInInput() const
+{
+    return m_inputLevel >= 0 && QThread::currentThread()->loopLevel() == m_inputLevel;
+}
+
+void InputHold::Keep(QWidget* widget, const QEvent* event)
+{
+    m_kept.push_back({CopyOf(*event), widget, WidgetPlace(m_page, widget), IsKey(event->type())});
+    Announce();
+}
+
+void InputHold::Deliver()
+{
+    if (m_delivering > 0)
+        return;
+    while (!m_kept.empty() && m_calls.isEmpty() && !m_blocked && m_page != nullptr) {
+        const Kept kept = std::move(m_kept.front());
+        m_kept.pop_front();
+        // Keys go to what has the focus when their turn comes, as Tab before them may have moved it.
+        QWidget* target = kept.isKey ? QApplication::focusWidget() : nullptr;
+        const bool isStray = target == nullptr || target->window() != m_page->window() ||
+                             (!IsPartOfPage(target) && kept.target.isNull());
+        if (isStray)
+            target = IsPartOfPage(kept.target) ? kept.target.data() : kept.place.FindIn(m_page);
+        const bool isRelease =
+            kept.event->type() == QEvent::MouseButtonRelease || kept.event->type() == QEvent::KeyRelease;
+        if (target == nullptr) {
+            if (!isRelease)
+                Q_EMIT SigInputLost();
+            continue;
+        }
+        const QPointer<InputHold> self(this);
+        ++m_delivering;
+        m_inputLevel = QThread::currentThread()->loopLevel();
+        kept.event->setAccepted(true);
+        QCoreApplication::sendEvent(target, kept.event.get()); // may open a dialog, and end this
+        if (!self)
+            return;
+        EndInput();
+        --m_delivering;
+    }
+}
+
+void InputHold::Announce()
+{
+    if (m_wasBusy == IsBusy())
+        return;
+    m_wasBusy = IsBusy();
+    Q_EMIT SigBusyChanged(m_wasBusy);
+}
+
+void InputHold::TakeStart(quint64 call, bool changes)
+{
+    if (!changes || !IsInInput())
+        return;
+    m_calls.insert(call);
+    Announce();
+}
+
+void InputHold::TakeAnswer(quint64 call, bool succeeded, const QString& code, const QString& description)
+{
+    if (m_calls.contains(call) && !succeeded)
+        Q_EMIT SigChangeFailed(code, description);
+}
+
+void InputHold::TakeEnd(quint64 call)
+{
+    if (!m_calls.remove(call))
+        return;
+    if (m_calls.isEmpty())
+        Q_EMIT SigAnswered();
+    Deliver();
+    Announce();
+}

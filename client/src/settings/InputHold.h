@@ -1,0 +1,87 @@
+#pragma once
+
+#include "settings/WidgetPlace.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+
+#include <deque>
+#include <memory>
+
+class HttpCallWatch;
+class QWidget;
+
+/// While a change that the user made on a page is on its way, keeps the mouse and keys that go to the page,
+/// and delivers them in order when the answer is there; the first of them that makes another change has the
+/// rest wait again. A change is a call that may change something and starts while the page deals with input.
+/// GUI thread.
+class InputHold final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `calls` is not owned and outlives this.
+    explicit InputHold(HttpCallWatch* calls, QObject* parent = nullptr);
+    ~InputHold() override;
+
+    /// The page whose input this watches from now on; null: none yet. What is kept finds its place in it.
+    void SetPage(QWidget* page);
+
+    /// Keeps input also while nothing is on its way, such as while the page is made anew.
+    void SetBlocked(bool blocked);
+
+    /// Whether a change is on its way or input waits for its turn.
+    bool IsBusy() const noexcept;
+    /// Whether a change is on its way.
+    bool IsInFlight() const noexcept { return !m_calls.isEmpty(); }
+    /// Whether code of the page is running on account of input, such as while it has a dialog open.
+    bool IsPageDealing() const noexcept { return m_inputLevel >= 0 || m_delivering > 0; }
+    /// Whether input waits.
+    bool HasKept() const noexcept { return !m_kept.empty(); }
+    /// Forgets what waits.
+    void Drop();
+
+Q_SIGNALS:
+    void SigBusyChanged(bool busy);
+    /// A change failed, before the page hears of it.
+    void SigChangeFailed(const QString& code, const QString& description);
+    /// Nothing is on its way any more. What waits is delivered after this, unless it blocks.
+    void SigAnswered();
+    /// Input was kept for a part of the page that is no longer there.
+    void SigInputLost();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    struct Kept
+    {
+        std::unique_ptr<QEvent> event;
+        QPointer<QWidget> target;
+        WidgetPlace place;
+        bool isKey;
+    };
+
+    bool IsPartOfPage(const QWidget* widget) const;
+    void BeginInput();
+    bool EndInputIfOver();
+    void EndInput();
+    bool IsInInput() const;
+    void Keep(QWidget* widget, const QEvent* event);
+    void Deliver();
+    void Announce();
+    void TakeStart(quint64 call, bool changes);
+    void TakeAnswer(quint64 call, bool succeeded, const QString& code, const QString& description);
+    void TakeEnd(quint64 call);
+
+    QPointer<QWidget> m_page;
+    std::deque<Kept> m_kept;
+    QSet<quint64> m_calls; ///< the changes on their way
+    int m_inputLevel = -1; ///< of the event loop in which the page deals with input; -1: it does not
+    int m_delivering = 0;
+    bool m_blocked = false;
+    bool m_wasBusy = false;
+};

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+class QFrame;
+class QGraphicsOpacityEffect;
+class QLabel;
+class QPropertyAnimation;
+class QTimer;
+class QWidget;
+class TLPushButton;
+
+/// Says what becomes of the changes that the user makes on a page: nothing for a quick save, "Saving…" for a
+/// slow one, "Saved" that fades, and a notice that stays while something is not saved. GUI thread.
+class SaveStatus final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SaveStatus(QObject* parent = nullptr);
+    ~SaveStatus() override;
+
+    /// The line for what is well; whoever lays it out owns it. The same each time.
+    QLabel* GetLine() const noexcept { return m_line; }
+    /// The notice for what is not; whoever lays it out owns it. The same each time.
+    QWidget* GetNotice() const noexcept;
+
+    /// A change is on its way, or waits for its turn.
+    void SetBusy(bool busy);
+    /// All changes are saved.
+    void SetSaved();
+    /// The last change is not saved, because of what `code` and `description` say, as the call's response
+    /// has them.
+    void SetFailed(const QString& code, const QString& description);
+    /// Changes that were not saved, or not made, are gone with the page as it was.
+    void SetLost();
+    /// As if nothing had happened.
+    void Reset();
+
+    /// Whether a change on the page is not saved and none is on its way.
+    bool IsUnsaved() const noexcept { return m_kind == Kind::Failed; }
+
+Q_SIGNALS:
+    /// The user wants the page as it is stored, without the change that could not be saved.
+    void SigLoadAgain();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Kind
+    {
+        Quiet,
+        Saved,
+        Failed,
+        Lost
+    };
+
+    void Update();
+    void Fade();
+    void AdjustForScale();
+
+    Kind m_kind = Kind::Quiet;
+    QString m_code;
+    QString m_description;
+    bool m_slow = false;
+    QLabel* m_line;
+    QGraphicsOpacityEffect* m_opacity;
+    QPropertyAnimation* m_fade;
+    QFrame* m_notice;
+    QLabel* m_text;
+    TLPushButton* m_button;
+    QTimer* m_patience;
+    QTimer* m_stay;
+};

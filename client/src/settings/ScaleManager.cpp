@@ -1,0 +1,34 @@
+#include "settings/ScaleManager.h"
+
+#include "base/DpiTool.h"
+
+#include <QtGui/QFontInfo>
+#include <QtWidgets/QApplication>
+
+ScaleManager::ScaleManager(QObject* parent)
+    : QObject(parent), m_fontSize(qRound(QFontInfo(QApplication::font()).pixelSize() / DpiTool::GetScale()))
+{}
+
+ScaleManager::~ScaleManager() = default;
+
+QList<int> ScaleManager::GetScales()
+{
+    return {100, 125, 150, 200};
+}
+
+void ScaleManager::Apply(int scale)
+{
+    m_scale = GetScales().contains(scale) ? scale : 100;
+    DpiTool::SetScale(m_scale / 100.0);
+}
+
+void ScaleManager::AdjustForDpi()
+{
+    QFont font = QApplication::font();
+    font.setPixelSize(DpiTool::ScaleDefault(m_fontSize));
+    QApplication::setFont(font);
+    // Widgets that a style sheet has touched take the new font from it only.
+    const QString sheet = qApp->styleSheet();
+    if (!sheet.isEmpty())
+        qApp->setStyleSheet(sheet);
+}

@@ -1,0 +1,391 @@
+#include "settings/SettingsDialog.h"
+
+#include "settings/HttpCallWatch.h"
+#include "settings/SettingsCatalog.h"
+#include "settings/SettingsPageArea.h"
+#include "settings/SettingsPageFaces.h"
+#include "settings/pages/ClientSettingFactory.h"
+
+#include "browser/SymbolicIcon.h"
+
+#include "base-ui/PackagedMsgBox.h"
+#include "base-ui/TLLineEdit.h"
+#include "base-ui/TitleType.h"
+#include "base/DpiTool.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QShortcut>
+#include <QtWidgets/QStackedWidget>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QSize roomy(920, 660);    // [px, unscaled]
+constexpr QSize smallest(640, 420); // [px, unscaled]
+constexpr double shareOfScreen = 0.9;
+constexpr int listWidth = 220;          // [px, unscaled]
+constexpr int entryRole = Qt::UserRole; // the entry of a line of the list; -1: a gap between groups
+
+QSize Scaled(const QSize& size)
+{
+    return {DpiTool::ScaleDefault(size.width()), DpiTool::ScaleDefault(size.height())};
+}
+
+QString KeyOf(SettingWidgetId id)
+{
+    return QStringLiteral("%1,%2").arg(id.GetGroup()).arg(id.GetOrder());
+}
+
+} // namespace
+
+SettingsDialog::SettingsDialog(const SettingsServices& services,
+                               const QVector<ISysSettingFactory*>& factories, QWidget* parent)
+    : TLBaseDialog(parent, Qt::WindowCloseButtonHint, TitleType::System)
+    , m_services(services)
+    , m_own(std::make_unique<ClientSettingFactory>(&m_services))
+    , m_calls(new HttpCallWatch(this))
+    , m_search(new TLLineEdit)
+    , m_list(new QListWidget)
+    , m_nothing(new QLabel)
+    , m_stack(new QStackedWidget)
+{
+    setObjectName(QStringLiteral("settings_dialog"));
+    m_factories.append(m_own.get());
+    m_factories += factories;
+    if (m_services.chooseLanguage) {
+        m_services.chooseLanguage = [this, chosen = m_services.chooseLanguage](const QString& language) {
+            ChooseSafely([this, chosen, language] {
+                m_services.language = language;
+                chosen(language);
+            });
+        };
+    }
+    if (m_services.chooseScale) {
+        m_services.chooseScale = [this, chosen = m_services.chooseScale](int scale) {
+            ChooseSafely([this, chosen, scale] {
+                m_services.scale = scale;
+                chosen(scale);
+            });
+        };
+    }
+    if (m_services.chooseTheme) {
+        m_services.chooseTheme = [this, chosen = m_services.chooseTheme](Theme theme) {
+            m_services.theme = theme;
+            chosen(theme);
+        };
+    }
+
+    m_search->setObjectName(QStringLiteral("settings_search"));
+    m_list->setObjectName(QStringLiteral("settings_list"));
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setTabKeyNavigation(false);
+    m_nothing->setObjectName(QStringLiteral("settings_nothing"));
+    m_nothing->setTextFormat(Qt::PlainText);
+    m_nothing->setWordWrap(true);
+    m_nothing->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    m_nothing->hide();
+    m_stack->setObjectName(QStringLiteral("settings_stack"));
+
+    auto* side = new QWidget;
+    side->setObjectName(QStringLiteral("settings_side"));
+    side->setAttribute(Qt::WA_StyledBackground);
+    auto* column = new QVBoxLayout(side);
+    column->addWidget(m_search);
+    column->addWidget(m_nothing);
+    column->addWidget(m_list, 1);
+    auto* row = new QHBoxLayout(GetContentWidget());
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(side);
+    row->addWidget(m_stack, 1);
+
+    connect(m_search, &QLineEdit::textChanged, this, &SettingsDialog::Search);
+    connect(m_list, &QListWidget::currentRowChanged, this, &SettingsDialog::SelectPage);
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, m_search, [this] {
+        m_search->setFocus(Qt::ShortcutFocusReason);
+        m_search->selectAll();
+    });
+    Retranslate();
+    Adjust();
+}
+
+SettingsDialog::~SettingsDialog()
+{
+    // The pages go while what they were made with is there.
+    qDeleteAll(m_areas);
+    m_areas.clear();
+}
+
+void SettingsDialog::SetTheme(Theme theme)
+{
+    m_services.theme = theme;
+    m_own->ShowChoices();
+}
+
+void SettingsDialog::SetLanguage(const QString& language)
+{
+    m_services.language = language;
+    m_own->ShowChoices();
+}
+
+void SettingsDialog::SetScale(int scale)
+{
+    m_services.scale = scale;
+    m_own->ShowChoices();
+}
+
+void SettingsDialog::UpdateEvents()
+{
+    m_own->ShowEvents();
+}
+
+void SettingsDialog::ShowPage(SettingWidgetId id)
+{
+    m_search->clear();
+    for (int i = 0; i < m_list->count(); ++i) {
+        const int entry = m_list->item(i)->data(entryRole).toInt();
+        if (entry >= 0 && m_entries.at(entry).id == id)
+            m_list->setCurrentRow(i);
+    }
+}
+
+void SettingsDialog::AdjustForDpi()
+{
+    Adjust();
+    for (SettingsPageArea* const area : qAsConst(m_areas)) {
+        if (area != nullptr)
+            area->FollowSurroundings();
+    }
+}
+
+void SettingsDialog::reject()
+{
+    for (SettingsPageArea* const area : qAsConst(m_areas)) {
+        if (area != nullptr && !m_closing)
+            area->SaveData();
+    }
+    if (IsBusy() && !m_closing) {
+        m_closing = true; // as soon as everything is answered
+        return;
+    }
+    if (!m_closing && IsUnsaved()) {
+        const auto answer = PackagedMsgBox::question(
+            tr("A change could not be saved. It is lost when you close the settings."), this,
+            QMessageBox::Discard | QMessageBox::Cancel, {tr("Close anyway"), tr("Keep open")});
+        if (answer != QMessageBox::Discard)
+            return;
+    }
+    Close();
+}
+
+void SettingsDialog::changeEvent(QEvent* event)
+{
+    TLBaseDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        Retranslate();
+        for (SettingsPageArea* const area : qAsConst(m_areas)) {
+            if (area != nullptr)
+                area->FollowSurroundings();
+        }
+    } else if (event->type() == QEvent::FontChange) {
+        Adjust();
+    }
+}
+
+void SettingsDialog::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Escape && m_search->hasFocus() && !m_search->text().isEmpty()) {
+        m_search->clear();
+    } else if ((isEnter || event->key() == Qt::Key_Down) && m_search->hasFocus()) {
+        m_list->setFocus(Qt::TabFocusReason);
+    } else if (!isEnter) {
+        TLBaseDialog::keyPressEvent(event);
+    }
+}
+
+void SettingsDialog::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous())
+        Load();
+    TLBaseDialog::showEvent(event);
+}
+
+void SettingsDialog::Load()
+{
+    m_closing = false;
+    qDeleteAll(m_areas);
+    m_areas.clear();
+    m_entries = SettingsCatalog::Build(m_factories, m_own.get());
+    m_areas.resize(m_entries.size());
+    const QString last = m_services.loadPage ? m_services.loadPage() : QString();
+    const auto found =
+        std::find_if(m_entries.cbegin(), m_entries.cend(),
+                     [&last](const SettingsPageEntry& entry) { return KeyOf(entry.id) == last; });
+    m_current = found != m_entries.cend() ? static_cast<int>(found - m_entries.cbegin()) : -1;
+    const QSignalBlocker quiet(m_search);
+    m_search->clear();
+    Search();
+    const QByteArray geometry = m_services.loadGeometry ? m_services.loadGeometry() : QByteArray();
+    if (!restoreGeometry(geometry))
+        resize(Scaled(roomy).boundedTo(screen()->availableSize() * shareOfScreen));
+    m_list->setFocus(Qt::OtherFocusReason);
+}
+
+void SettingsDialog::Search()
+{
+    const QString word = m_search->text().trimmed();
+    int row = -1;
+    {
+        const QSignalBlocker quiet(m_list);
+        m_list->clear();
+        int group = 0;
+        for (int i = 0; i < m_entries.size(); ++i) {
+            const SettingsPageEntry& entry = m_entries.at(i);
+            if (!SettingsCatalog::IsFound(entry, word))
+                continue;
+            if (m_list->count() > 0 && entry.id.GetGroup() != group) {
+                auto* gap = new QListWidgetItem(m_list);
+                gap->setFlags(Qt::NoItemFlags);
+                gap->setData(entryRole, -1);
+            }
+            group = entry.id.GetGroup();
+            auto* item = new QListWidgetItem(SymbolicIcon::Make(SettingsPageFaces::GetIcon(entry.id)),
+                                             SettingsPageFaces::GetTitle(entry), m_list);
+            item->setData(entryRole, i);
+            if (row < 0 || i == m_current)
+                row = m_list->count() - 1;
+        }
+    }
+    Adjust();
+    m_nothing->setVisible(m_list->count() == 0);
+    m_list->setVisible(m_list->count() > 0);
+    {
+        const QSignalBlocker quiet(m_list);
+        m_list->setCurrentRow(row);
+    }
+    SelectPage();
+}
+
+void SettingsDialog::SelectPage()
+{
+    const QListWidgetItem* const item = m_list->currentItem();
+    const int entry = item != nullptr ? item->data(entryRole).toInt() : -1;
+    if (entry < 0)
+        return;
+    m_current = entry;
+    SettingsPageArea* const area = AreaOf(entry);
+    m_stack->setCurrentWidget(area);
+    area->SetKeyword(m_search->text().trimmed());
+    if (m_services.savePage && m_search->text().isEmpty())
+        m_services.savePage(KeyOf(m_entries.at(entry).id));
+}
+
+SettingsPageArea* SettingsDialog::AreaOf(int entry)
+{
+    SettingsPageArea*& area = m_areas[entry];
+    if (area == nullptr) {
+        area = new SettingsPageArea(m_entries.at(entry), m_calls, m_search->text().trimmed());
+        m_stack->addWidget(area);
+        connect(area, &SettingsPageArea::SigSettled, this, &SettingsDialog::TakeSettled,
+                Qt::QueuedConnection);
+    }
+    return area;
+}
+
+void SettingsDialog::ChooseSafely(const std::function<void()>& choose)
+{
+    if (IsUnsaved()) {
+        const auto answer = PackagedMsgBox::question(
+            tr("A change could not be saved. It is lost when the pages are shown anew for this choice."),
+            this, QMessageBox::Discard | QMessageBox::Cancel, {tr("Continue"), tr("Cancel")});
+        if (answer != QMessageBox::Discard) {
+            m_own->ShowChoices();
+            return;
+        }
+    }
+    m_choice = choose;
+    TakeSettled();
+}
+
+void SettingsDialog::TakeSettled()
+{
+    if (IsBusy())
+        return;
+    if (m_choice) {
+        const std::function<void()> choose = std::move(m_choice);
+        m_choice = {};
+        choose();
+    }
+    if (m_closing) {
+        m_closing = false;
+        reject(); // asks about what could not be saved
+    }
+}
+
+bool SettingsDialog::IsBusy() const
+{
+    return std::any_of(m_areas.cbegin(), m_areas.cend(),
+                       [](const SettingsPageArea* area) { return area != nullptr && area->IsBusy(); });
+}
+
+bool SettingsDialog::IsUnsaved() const
+{
+    return std::any_of(m_areas.cbegin(), m_areas.cend(),
+                       [](const SettingsPageArea* area) { return area != nullptr && area->IsUnsaved(); });
+}
+
+void SettingsDialog::Close()
+{
+    m_closing = false;
+    if (m_services.saveGeometry)
+        m_services.saveGeometry(saveGeometry());
+    // The key that closes may come from a page.
+    for (SettingsPageArea* const area : qAsConst(m_areas)) {
+        if (area != nullptr)
+            area->deleteLater();
+    }
+    m_areas.fill(nullptr);
+    TLBaseDialog::reject();
+}
+
+void SettingsDialog::Adjust()
+{
+    const auto scaled = &DpiTool::ScaleDefault;
+    setMinimumSize(Scaled(smallest).boundedTo(screen()->availableSize() * shareOfScreen));
+    QWidget* const side = m_list->parentWidget();
+    side->setFixedWidth(scaled(listWidth));
+    side->layout()->setContentsMargins(scaled(12), scaled(20), scaled(12), scaled(12));
+    side->layout()->setSpacing(scaled(14));
+    m_list->setIconSize(QSize(scaled(18), scaled(18)));
+    for (int i = 0; i < m_list->count(); ++i) {
+        QListWidgetItem* const item = m_list->item(i);
+        const bool isGap = item->data(entryRole).toInt() < 0;
+        item->setSizeHint(QSize(0, isGap ? scaled(13) : scaled(36)));
+    }
+}
+
+void SettingsDialog::Retranslate()
+{
+    SetTitleText(tr("Settings"));
+    m_search->setPlaceholderText(tr("Search settings"));
+    m_search->setAccessibleName(tr("Search settings"));
+    m_list->setAccessibleName(tr("Pages"));
+    m_nothing->setText(tr("Nothing found"));
+    for (int i = 0; i < m_list->count(); ++i) {
+        QListWidgetItem* const item = m_list->item(i);
+        const int entry = item->data(entryRole).toInt();
+        if (entry >= 0)
+            item->setText(SettingsPageFaces::GetTitle(m_entries.at(entry)));
+    }
+}

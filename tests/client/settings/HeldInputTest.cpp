@@ -1,0 +1,268 @@
+#include "SettingsDialogTest.h"
+
+#include "FakePageRequest.h"
+#include "FakePageResponse.h"
+#include "WaitUntil.h"
+
+#include "base/DpiTool.h"
+#include "http/IHttpManager.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
+
+namespace {
+
+constexpr int slow = 800; // [ms]
+
+using HeldInputTest = SettingsDialogTest;
+
+TEST_F(HeldInputTest, AQuickSecondClickIsSavedAfterTheFirst)
+{
+    Open();
+    gateway.delay = slow;
+    Tick(0);
+    Tick(1);
+    EXPECT_EQ(gateway.writes, 1);
+    EXPECT_FALSE(Page()->GetRow(1)->box->isChecked());
+    ASSERT_TRUE(WaitUntil([this] { return gateway.stored.startsWith(QStringLiteral("alpha\t1\nbeta\t1")); }));
+    EXPECT_EQ(gateway.writes, 2);
+    EXPECT_EQ(Page()->skipped, 0);
+    EXPECT_EQ(Page()->GetContent(), gateway.stored);
+}
+
+TEST_F(HeldInputTest, ClicksAndKeysKeepTheirOrder)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    Tick(0);
+    Press(Qt::Key_Space); // on the first row again, which the last click gave the focus
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    QStringList seen;
+    while (gateway.GetWaiting() > 0) {
+        gateway.Answer();
+        seen.append(gateway.stored.section(QLatin1Char('\n'), 0, 1));
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(seen, (QStringList{QStringLiteral("alpha\t1\nbeta\t0"), QStringLiteral("alpha\t1\nbeta\t1"),
+                                 QStringLiteral("alpha\t0\nbeta\t1"), QStringLiteral("alpha\t1\nbeta\t1")}));
+    EXPECT_EQ(Page()->skipped, 0);
+}
+
+TEST_F(HeldInputTest, TabMovesTheFocusInItsTurn)
+{
+    Open();
+    Page()->GetRow(0)->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Tab); // to the button that the row shows
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Space);
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+}
+
+TEST_F(HeldInputTest, AReadHoldsNothingBack)
+{
+    OpenWithoutAnswer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
+    EXPECT_EQ(Page()->presses, 1);
+}
+
+TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
+{
+    Open();
+    gateway.delay = slow;
+    Tick(0);
+    Tick(1);
+    const QPointer<FakeSettingsPage> before = Page();
+    DpiTool::SetScale(1.5);
+    ASSERT_TRUE(WaitUntil([this] { return gateway.stored.startsWith(QStringLiteral("alpha\t1\nbeta\t1")); }));
+    EXPECT_TRUE(before.isNull());
+    EXPECT_EQ(factory.made, 2);
+    EXPECT_EQ(Page()->GetContent(), QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    EXPECT_TRUE(NoticeText().isEmpty());
+}
+
+TEST_F(HeldInputTest, AChangeOfTheScaleDoesNotForgetARowJustAdded)
+{
+    Open();
+    gateway.delay = slow;
+    QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
+    DpiTool::SetScale(2.0);
+    ASSERT_EQ(Page()->GetRowCount(), 3) << "the page itself shows what it read last";
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && Page()->GetRowCount() == 4; }));
+    EXPECT_EQ(Page()->GetContent(), gateway.stored);
+}
+
+TEST_F(HeldInputTest, AScaleChangedTwiceMakesThePageOnce)
+{
+    Open();
+    Tick(0);
+    DpiTool::SetScale(1.5);
+    DpiTool::SetScale(2.0);
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(factory.made, 2);
+    EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
+}
+
+TEST_F(HeldInputTest, AClickThatWaitedForARowThatIsGoneIsToldOf)
+{
+    Open();
+    Tick(0);
+    Tick(2);
+    DpiTool::SetScale(1.5);
+    gateway.Answer();
+    gateway.stored = QStringLiteral("alpha\t1\nbeta\t0"); // another machine has removed it
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    EXPECT_TRUE(WaitUntil([this] { return NoticeText().contains(QStringLiteral("loaded again")); }));
+    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
+}
+
+TEST_F(HeldInputTest, AClickThatWaitedFindsItsRowInAnotherPlace)
+{
+    Open();
+    Tick(0);
+    Tick(2);
+    DpiTool::SetScale(1.5);
+    gateway.Answer();
+    gateway.stored = QStringLiteral("gamma\t0\nalpha\t1"); // another machine has moved it
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("gamma\t1\nalpha\t1"));
+}
+
+TEST_F(HeldInputTest, WhatADialogOfThePageWritesHoldsBackTheNextClick)
+{
+    Open();
+    Page()->addsByDialog = true;
+    QTimer::singleShot(0, dialog.get(), [this] {
+        auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(open, nullptr);
+        open->accept();
+    });
+    QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    Tick(1);
+    EXPECT_FALSE(Page()->GetRow(1)->box->isChecked());
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t0\nbeta\t1\ngamma\t0\nadded 1\t0"));
+}
+
+TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
+{
+    Open();
+    Page()->addsByDialog = true;
+    const QPointer<FakeSettingsPage> before = Page();
+    bool stood = false;
+    QTimer::singleShot(0, dialog.get(), [&] {
+        auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(open, nullptr);
+        DpiTool::SetScale(1.25);
+        QTest::qWait(120); // longer than it takes to try again
+        stood = !before.isNull();
+        open->accept();
+    });
+    QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
+    EXPECT_TRUE(stood);
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    EXPECT_TRUE(gateway.stored.contains(QStringLiteral("added 1")));
+    EXPECT_EQ(Page()->GetContent(), gateway.stored);
+}
+
+TEST_F(HeldInputTest, CallsOfOthersHoldNothingBack)
+{
+    Open();
+    Tick(0);
+    gateway.Answer();
+    QCoreApplication::processEvents();
+    // Not on account of input to the page.
+    QTimer::singleShot(0, dialog.get(), [] {
+        IHttpManager::Instance()->Send(QSharedPointer<FakePageRequest>::create("other", QByteArray()),
+                                       QSharedPointer<FakePageResponse>::create(false), {}, 0, 1);
+    });
+    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
+    Tick(1);
+    EXPECT_EQ(gateway.GetWaiting(), 2);
+    EXPECT_TRUE(Page()->GetRow(1)->box->isChecked());
+}
+
+TEST_F(HeldInputTest, ARowMayGoInsideItsOwnButtonsSignalWhileMoreInputWaits)
+{
+    Open();
+    Page()->GetRow(0)->remove->show();
+    QTest::mouseClick(Page()->GetRow(0)->remove, Qt::LeftButton);
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    Tick(1); // what is now the second row
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t1"));
+}
+
+TEST_F(HeldInputTest, AScaleChosenInTheDialogWaitsForTheWrite)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    Choose(QStringLiteral("Appearance"));
+    auto* const scale = dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
+    scale->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    EXPECT_TRUE(choices.isEmpty());
+    gateway.Answer();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(choices.isEmpty()) << "the second click has its own write";
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !choices.isEmpty(); }));
+    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+}
+
+TEST_F(HeldInputTest, ClosingWaitsForTheAnswerAndForWhatWaits)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    dialog->close();
+    EXPECT_TRUE(dialog->isVisible());
+    gateway.Answer();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(dialog->isVisible());
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+}
+
+TEST_F(HeldInputTest, ClosingTwiceWaitsForNothing)
+{
+    Open();
+    Tick(0);
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(dialog->isVisible());
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0\ngamma\t0"));
+}
+
+} // namespace

@@ -1,0 +1,171 @@
+#include "SettingsDialogTest.h"
+
+#include "WaitUntil.h"
+
+#include "base/DpiTool.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtTest/QTest>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QGraphicsOpacityEffect>
+#include <QtWidgets/QPushButton>
+
+namespace {
+
+using SaveStatusTest = SettingsDialogTest;
+
+TEST_F(SaveStatusTest, AQuickSaveSaysSavedAndFadesWithoutEverSayingSaving)
+{
+    Open();
+    Tick(0);
+    EXPECT_EQ(SaveLine()->text(), QString());
+    gateway.Answer();
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+    ASSERT_TRUE(WaitUntil([this] { return SaveLine()->text().isEmpty(); }));
+    EXPECT_FALSE(Notice()->isVisible());
+}
+
+TEST_F(SaveStatusTest, ASlowSaveSaysSavingAfter300Milliseconds)
+{
+    Open();
+    QElapsedTimer clock;
+    clock.start();
+    Tick(0);
+    ASSERT_TRUE(WaitUntil([this] { return !SaveLine()->text().isEmpty(); }));
+    EXPECT_GE(clock.elapsed(), 290);
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saving…"));
+    gateway.Answer();
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+}
+
+TEST_F(SaveStatusTest, SavingStaysUntilTheLastOfAQuickSeriesIsSaved)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    ASSERT_TRUE(WaitUntil([this] { return SaveLine()->text() == QStringLiteral("Saving…"); }));
+    gateway.Answer();
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saving…"));
+    gateway.Answer();
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+}
+
+TEST_F(SaveStatusTest, AFailureSaysWhyAndStaysUntilTheNextChangeTakesItAlong)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    EXPECT_EQ(NoticeText(),
+              QStringLiteral("Not saved. The gateway cannot be reached. The change stays on this "
+                             "page and goes out with your next one."));
+    EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
+    EXPECT_EQ(SaveLine()->text(), QString());
+    Tick(1);
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().isEmpty());
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+}
+
+TEST_F(SaveStatusTest, TheReasonIsThatOfTheGateway)
+{
+    Open();
+    gateway.failures = 3;
+    gateway.failureCode = QStringLiteral("5002");
+    Tick(0);
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("could not store it"))) << qPrintable(NoticeText());
+    gateway.failureCode = QStringLiteral("1010");
+    Tick(0);
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("refused it: said no"))) << qPrintable(NoticeText());
+    gateway.failureCode = QStringLiteral("2003");
+    Tick(0);
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("session"))) << qPrintable(NoticeText());
+}
+
+TEST_F(SaveStatusTest, AFailureHalfwayThroughAQuickSeriesIsMadeUpForByTheRest)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    Tick(2);
+    gateway.Answer();
+    gateway.failures = 1;
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t1"));
+    EXPECT_TRUE(NoticeText().isEmpty());
+}
+
+TEST_F(SaveStatusTest, LoadAgainDropsTheChangeAndShowsWhatIsStored)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    auto* const again = Area()->findChild<QPushButton*>(QStringLiteral("settings_load_again"));
+    ASSERT_TRUE(again->isVisible());
+    QTest::mouseClick(again, Qt::LeftButton);
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    EXPECT_FALSE(Page()->GetRow(0)->box->isChecked());
+    EXPECT_TRUE(NoticeText().isEmpty());
+    EXPECT_EQ(gateway.writes, 1);
+}
+
+TEST_F(SaveStatusTest, AScreenThatChangesTheScaleOverAnUnsavedChangeIsToldOf)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    DpiTool::SetScale(1.5);
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("loaded again"))) << qPrintable(NoticeText());
+    EXPECT_TRUE(WaitUntil([this] { return Page()->GetRowCount() == 3; }));
+}
+
+TEST_F(SaveStatusTest, AChosenScaleAsksBeforeItDropsAnUnsavedChange)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    Choose(QStringLiteral("Appearance"));
+    auto* const scale = dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
+    scale->setFocus(Qt::TabFocusReason);
+    AnswerQuestion(QStringLiteral("Cancel"));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(questions, 1);
+    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_EQ(scale->currentText(), QStringLiteral("100 %"));
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    scale->setFocus(Qt::TabFocusReason);
+    AnswerQuestion(QStringLiteral("Continue"));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(questions, 2);
+    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+}
+
+TEST_F(SaveStatusTest, ClosingAsksBeforeItDropsAnUnsavedChange)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    AnswerQuestion(QStringLiteral("Keep open"));
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(dialog->isVisible());
+    AnswerQuestion(QStringLiteral("Close anyway"));
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(questions, 2);
+}
+
+} // namespace
