@@ -2,6 +2,115 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>AutoRunAddWidget</name>
+    <message>
+        <source>Add Url</source>
+        <translation>添加网址</translation>
+    </message>
+</context>
+<context>
+    <name>AutoRunBaseItem</name>
+    <message>
+        <source>AutoRunBaseItem</source>
+        <translation>AutoRunBaseItem</translation>
+    </message>
+    <message>
+        <source>TextLabel</source>
+        <translation>TextLabel</translation>
+    </message>
+    <message>
+        <source>Priority open</source>
+        <translation>优先打开</translation>
+    </message>
+    <message>
+        <source>Open first</source>
+        <translation>设为优先</translation>
+    </message>
+</context>
+<context>
+    <name>AutoRunComboItem</name>
+    <message>
+        <source>AutoRunComboItem</source>
+        <translation>AutoRunComboItem</translation>
+    </message>
+</context>
+<context>
+    <name>AutoRunEditWidget</name>
+    <message>
+        <source>AutoRunEditWidget</source>
+        <translation>AutoRunEditWidget</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>URL cannot be empty</source>
+        <translation>网址不能为空</translation>
+    </message>
+    <message>
+        <source>Please enter the VX URL</source>
+        <translation>请输入 VX 网址</translation>
+    </message>
+    <message>
+        <source>Edit Url</source>
+        <translation>编辑网址</translation>
+    </message>
+    <message>
+        <source>Please enter VX Url</source>
+        <translation>请输入 VX 网址</translation>
+    </message>
+</context>
+<context>
+    <name>AutoRunOperateWidget</name>
+    <message>
+        <source>AutoRunOperateWidget</source>
+        <translation>AutoRunOperateWidget</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
+    <name>AutoRunPluginAddWidget</name>
+    <message>
+        <source>Add App</source>
+        <translation>添加应用</translation>
+    </message>
+</context>
+<context>
+    <name>AutoRunPluginEditWidget</name>
+    <message>
+        <source>AutoRunPluginEditWidget</source>
+        <translation>AutoRunPluginEditWidget</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Please select app</source>
+        <translation>请选择应用</translation>
+    </message>
+    <message>
+        <source>Edit App</source>
+        <translation>编辑应用</translation>
+    </message>
+</context>
+<context>
     <name>TLRecoverManager</name>
     <message>
         <source>recover the tabs?</source>
