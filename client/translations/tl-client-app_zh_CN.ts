@@ -207,4 +207,34 @@
         <translation>密钥库没有响应。</translation>
     </message>
 </context>
+<context>
+    <name>ClientTabs</name>
+    <message>
+        <source>&amp;Earlier tabs…</source>
+        <translation>先前的标签页(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Earlier tabs…</source>
+        <translation>先前的标签页…</translation>
+    </message>
+    <message>
+        <source>What was kept of the tabs of the last run is damaged and could not be read.</source>
+        <translation>上次运行保留的标签页记录已损坏，无法读取。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 tabs of the last run came back. All are kept under “Earlier tabs…”.</source>
+        <translation>上次运行的 %2 个标签页中恢复了 %1 个。全部保留在“先前的标签页…”中。</translation>
+    </message>
+    <message>
+        <source>The client ended unexpectedly twice after tabs were reopened. This time every page loads only when you select its tab.</source>
+        <translation>重新打开标签页后，客户端两次意外退出。这一次，页面只在您选择其标签页时才加载。</translation>
+    </message>
+</context>
+<context>
+    <name>ClientWindow</name>
+    <message>
+        <source>&amp;Restart client</source>
+        <translation>重新启动客户端(&amp;R)</translation>
+    </message>
+</context>
 </TS>

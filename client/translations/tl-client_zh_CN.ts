@@ -471,6 +471,10 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>菜单</translation>
     </message>
     <message>
+        <source>Menu (F10)</source>
+        <translation>菜单 (F10)</translation>
+    </message>
+    <message>
         <source>Loading</source>
         <translation>正在加载</translation>
     </message>
@@ -479,20 +483,20 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>页面</translation>
     </message>
     <message>
-        <source>New tab</source>
-        <translation>新标签页</translation>
+        <source>New &amp;tab</source>
+        <translation>新标签页(&amp;T)</translation>
     </message>
     <message>
-        <source>Reopen closed tab</source>
-        <translation>重新打开关闭的标签页</translation>
+        <source>Reopen &amp;closed tab</source>
+        <translation>重新打开关闭的标签页(&amp;C)</translation>
     </message>
     <message>
-        <source>Find in page…</source>
-        <translation>在页面中查找…</translation>
+        <source>&amp;Find in page…</source>
+        <translation>在页面中查找(&amp;F)…</translation>
     </message>
     <message>
-        <source>Zoom</source>
-        <translation>缩放</translation>
+        <source>&amp;Zoom</source>
+        <translation>缩放(&amp;Z)</translation>
     </message>
     <message>
         <source>Zoom in</source>
@@ -507,20 +511,20 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>实际大小</translation>
     </message>
     <message>
-        <source>Appearance</source>
-        <translation>外观</translation>
+        <source>&amp;Appearance</source>
+        <translation>外观(&amp;A)</translation>
     </message>
     <message>
-        <source>Language</source>
-        <translation>语言</translation>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
     </message>
     <message>
-        <source>Log out</source>
-        <translation>退出登录</translation>
+        <source>Log &amp;out</source>
+        <translation>退出登录(&amp;O)</translation>
     </message>
     <message>
-        <source>Quit</source>
-        <translation>退出</translation>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
     </message>
     <message>
         <source>Like the system</source>

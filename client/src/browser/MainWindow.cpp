@@ -141,6 +141,12 @@ void MainWindow::AddMenuAction(QAction* action)
     addAction(action);
 }
 
+void MainWindow::AddTabAction(QAction* action)
+{
+    d->m_menu->insertAction(d->m_tabGap, action);
+    addAction(action);
+}
+
 void MainWindow::SetCloseGuard(const std::function<bool()>& guard)
 {
     d->m_closeGuard = guard;

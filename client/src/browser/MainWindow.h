@@ -73,6 +73,8 @@ public:
 
     /// Adds an entry to the menu, above "Log out". Not owned; text and retranslation are the caller's.
     void AddMenuAction(QAction* action);
+    /// The same for one that opens tabs, below "Reopen closed tab".
+    void AddTabAction(QAction* action);
 
     /// Asked when the user closes the window or chooses Quit: true lets the window close; false leaves it
     /// as it is and announces `SigQuitRequested`. Without a guard the window closes.

@@ -207,6 +207,14 @@ void MainWindowPrivate::MakeActions()
     AddAction({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Tab),
                QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Backtab), QKeySequence(Qt::CTRL + Qt::Key_PageUp)},
               [this] { SelectNext(-1); });
+    AddAction({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_PageUp)},
+              [this] { Move(m_current, m_current - 1); });
+    AddAction({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_PageDown)},
+              [this] { Move(m_current, m_current + 1); });
+    AddAction({QKeySequence(Qt::Key_F10), QKeySequence(Qt::ALT + Qt::Key_F)}, [this] {
+        m_menuButton->click();
+        m_menu->setActiveAction(m_newTab);
+    });
     for (int number = 1; number <= 9; ++number) {
         AddAction({QKeySequence(int(Qt::CTRL) + Qt::Key_0 + number)},
                   [this, number] { Select(number == 9 ? GetCount() - 1 : number - 1); });
@@ -228,7 +236,7 @@ void MainWindowPrivate::MakeMenu()
     m_menu->setObjectName(QStringLiteral("main_menu"));
     m_menu->addAction(m_newTab);
     m_menu->addAction(m_reopenTab);
-    m_menu->addSeparator();
+    m_tabGap = m_menu->addSeparator();
     m_menu->addAction(m_find);
     m_zoomMenu = m_menu->addMenu(QString());
     m_zoomMenu->addAction(m_zoomIn);
@@ -806,21 +814,21 @@ void MainWindowPrivate::Retranslate()
 {
     Name(m_backButton, tr("Back"), tr("Back (Alt+Left)"));
     Name(m_forwardButton, tr("Forward"), tr("Forward (Alt+Right)"));
-    Name(m_menuButton, tr("Menu"), tr("Menu"));
+    Name(m_menuButton, tr("Menu"), tr("Menu (F10)"));
     m_progress->setAccessibleName(tr("Loading"));
     m_pages->setAccessibleName(tr("Page"));
-    m_newTab->setText(tr("New tab"));
+    m_newTab->setText(tr("New &tab"));
     m_closeTab->setText(tr("Close tab"));
-    m_reopenTab->setText(tr("Reopen closed tab"));
-    m_find->setText(tr("Find in page…"));
-    m_zoomMenu->setTitle(tr("Zoom"));
+    m_reopenTab->setText(tr("Reopen &closed tab"));
+    m_find->setText(tr("&Find in page…"));
+    m_zoomMenu->setTitle(tr("&Zoom"));
     m_zoomIn->setText(tr("Zoom in"));
     m_zoomOut->setText(tr("Zoom out"));
     m_zoomReset->setText(tr("Actual size"));
-    m_themeMenu->setTitle(tr("Appearance"));
-    m_languageMenu->setTitle(tr("Language"));
-    m_logOut->setText(tr("Log out"));
-    m_quit->setText(tr("Quit"));
+    m_themeMenu->setTitle(tr("&Appearance"));
+    m_languageMenu->setTitle(tr("&Language"));
+    m_logOut->setText(tr("Log &out"));
+    m_quit->setText(tr("&Quit"));
     const QStringList themes = {tr("Like the system"), tr("Light"), tr("Dark")};
     const QList<QAction*> actions = m_themes->actions();
     for (int i = 0; i < actions.size(); ++i)

@@ -105,6 +105,7 @@ public:
     QAction* m_escape = nullptr;
     QAction* m_logOut = nullptr;
     QAction* m_quit = nullptr;
+    QAction* m_tabGap = nullptr;  // where they add what opens tabs
     QAction* m_menuGap = nullptr; // where other parts of the client add their entries
 
     QTimer m_geometryTimer;

@@ -7,6 +7,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 
 class ShortcutTest : public MainWindowTest
 {
@@ -53,6 +54,33 @@ TEST_F(ShortcutTest, ControlTabGoesRound)
     EXPECT_EQ(m_window->GetCurrentTab(), 0);
     Press(Qt::Key_Tab, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(m_window->GetCurrentTab(), 2);
+}
+
+TEST_F(ShortcutTest, ControlShiftPageKeysMoveTheTabButNeverBeforeHome)
+{
+    OpenUrl(QStringLiteral("https://a.example/"));
+    OpenUrl(QStringLiteral("https://b.example/"));
+    m_window->SelectTab(1);
+    const Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
+    Press(Qt::Key_PageDown, both);
+    EXPECT_EQ(m_window->GetCurrentTab(), 2);
+    EXPECT_EQ(m_window->GetTabAddress(1), QStringLiteral("https://b.example/"));
+    Press(Qt::Key_PageDown, both);
+    EXPECT_EQ(m_window->GetCurrentTab(), 2) << "there is nothing behind the last one";
+    Press(Qt::Key_PageUp, both);
+    Press(Qt::Key_PageUp, both);
+    EXPECT_EQ(m_window->GetCurrentTab(), 1) << "home stays first";
+    EXPECT_EQ(m_window->GetTabAddress(1), QStringLiteral("https://a.example/"));
+}
+
+TEST_F(ShortcutTest, FTenOpensTheMenuForTheKeyboard)
+{
+    Press(Qt::Key_F10);
+    auto* const menu = m_window->findChild<QMenu*>(QStringLiteral("main_menu"));
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_TRUE(menu->activeAction());
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_FALSE(menu->isVisible());
 }
 
 TEST_F(ShortcutTest, NumbersSelectAndNineIsTheLast)

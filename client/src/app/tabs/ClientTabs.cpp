@@ -104,7 +104,7 @@ ClientTabs::ClientTabs(MainWindow* window, QuestionWatch* questions, Notices* no
 {
     m_earlier->setObjectName(QStringLiteral("earlier_tabs_action"));
     connect(m_earlier, &QAction::triggered, this, &ClientTabs::ShowEarlierTabs);
-    window->AddMenuAction(m_earlier);
+    window->AddTabAction(m_earlier);
     window->installEventFilter(this);
     Retranslate();
     connect(&m_watch, &OpenTabsWatch::SigKeep, this, &ClientTabs::Keep);
@@ -220,14 +220,9 @@ void ClientTabs::ShowMissing(int reopened, int expected)
             if (expected == 0) {
                 return tr("What was kept of the tabs of the last run is damaged and could not be read.");
             }
-            if (reopened == 0) {
-                return tr("The %n tab(s) of the last run did not come back. They are kept under “Earlier "
-                          "tabs…”.",
-                          nullptr, expected);
-            }
-            return tr("Only %1 of %n tab(s) of the last run came back. All are kept under “Earlier tabs…”.",
-                      nullptr, expected)
-                .arg(reopened);
+            return tr("%1 of the %2 tabs of the last run came back. All are kept under “Earlier tabs…”.")
+                .arg(reopened)
+                .arg(expected);
         },
         expected == 0 ? std::vector<Notices::Action>()
                       : std::vector<Notices::Action>{

@@ -73,10 +73,8 @@ QString KeptTabsText::Write(const KeptTabs& tabs)
                   {currentKey, tabs.current},
                   {countKey, tabs.tabs.size()}});
     for (const KeptTab& tab : tabs.tabs) {
-        Append(text, {{urlKey, tab.routerUrl},
-                      {titleKey, tab.title},
-                      {iconKey, tab.iconUrl},
-                      {typeKey, tab.type}});
+        Append(text,
+               {{urlKey, tab.routerUrl}, {titleKey, tab.title}, {iconKey, tab.iconUrl}, {typeKey, tab.type}});
     }
     return QString::fromUtf8(text);
 }
