@@ -1,5 +1,6 @@
 #include "ClientProcess.h"
 
+#include "Desktop.h"
 #include "Programs.h"
 
 #include <QtCore/QFile>
@@ -9,12 +10,15 @@
 #include <algorithm>
 
 #ifdef Q_OS_UNIX
+#include <csignal>
 #include <unistd.h>
 #endif
 
 ClientProcess::ClientProcess(const QString& display, const QString& folder)
-    : m_folder(folder)
+    : m_display(display)
+    , m_folder(folder)
     , m_trace(folder + QStringLiteral("/trace.jsonl"))
+    , m_errors(folder + QStringLiteral("/errors.txt"))
     , m_environment(QProcessEnvironment::systemEnvironment())
 {
     m_environment.insert(QStringLiteral("DISPLAY"), display);
@@ -31,7 +35,9 @@ ClientProcess::ClientProcess(const QString& display, const QString& folder)
 
 ClientProcess::~ClientProcess()
 {
-    Stop();
+    if (IsRunning() && !Stop()) {
+        Kill();
+    }
 }
 
 void ClientProcess::SetEnvironment(const QString& name, const QString& value)
@@ -39,15 +45,24 @@ void ClientProcess::SetEnvironment(const QString& name, const QString& value)
     m_environment.insert(name, value);
 }
 
-void ClientProcess::Start(const QStringList& arguments)
+void ClientProcess::Start(const QStringList& arguments, const QByteArray& input)
 {
     QFile::remove(m_trace);
+    m_killed = false;
     m_process.setProcessEnvironment(m_environment);
+    // Into files, not pipes: these would close with the first process, under the hands of the one that takes
+    // its place.
+    m_process.setStandardOutputFile(QProcess::nullDevice());
+    m_process.setStandardErrorFile(m_errors);
     m_process.start(Programs::Client(),
                     QStringList{QStringLiteral("--profile"), m_folder + QStringLiteral("/profile"),
                                 QStringLiteral("--modules"), Programs::Modules(), QStringLiteral("--trace"),
                                 m_trace} +
                         arguments);
+    m_process.waitForStarted();
+    m_firstProcess = m_process.processId();
+    m_process.write(input);
+    m_process.closeWriteChannel();
 }
 
 void ClientProcess::StartWithLogin(const QString& gateway, const QString& pin, const QByteArray& password,
@@ -66,21 +81,65 @@ void ClientProcess::StartWithLogin(const QString& gateway, const QString& pin, c
 
 bool ClientProcess::Stop()
 {
-    if (m_process.state() == QProcess::NotRunning) {
-        return true;
-    }
-    m_process.terminate();
-    if (WaitForEnd(20000)) {
-        return true;
-    }
-    m_process.kill();
+    Signal(false);
+    return WaitForEnd(20000);
+}
+
+bool ClientProcess::Quit()
+{
+    const Desktop desktop(m_display);
+    return desktop.WaitForWindow(GetProcessId()) && desktop.Press({QStringLiteral("ctrl+q")}) &&
+           WaitForEnd(20000);
+}
+
+void ClientProcess::Kill()
+{
+    Signal(true);
+    m_killed = true;
     m_process.waitForFinished(5000);
-    return false;
+}
+
+bool ClientProcess::IsRunning() const
+{
+    if (IsFirstProcessRunning() || m_killed) {
+        return !m_killed;
+    }
+    // What was started in its place is nobody's child that could be asked: its trace tells.
+    bool running = false;
+    for (const QJsonObject& event : GetEvents()) {
+        const QString name = event.value(QStringLiteral("event")).toString();
+        if (name == QLatin1String("start")) {
+            running = qint64(event.value(QStringLiteral("pid")).toDouble()) != m_firstProcess;
+        } else if (name == QLatin1String("exit")) {
+            const QString kind = event.value(QStringLiteral("kind")).toString();
+            running = kind == QLatin1String("restart") || kind == QLatin1String("log out");
+        }
+    }
+    return running;
+}
+
+qint64 ClientProcess::GetProcessId() const
+{
+    const QVector<QJsonObject> starts = GetEvents(QStringLiteral("start"));
+    return starts.isEmpty() ? m_firstProcess : qint64(starts.last().value(QStringLiteral("pid")).toDouble());
+}
+
+void ClientProcess::Signal(bool kill)
+{
+    if (IsFirstProcessRunning()) {
+        kill ? m_process.kill() : m_process.terminate();
+        return;
+    }
+#ifdef Q_OS_UNIX
+    if (IsRunning()) {
+        ::kill(static_cast<pid_t>(GetProcessId()), kill ? SIGKILL : SIGTERM);
+    }
+#endif
 }
 
 bool ClientProcess::WaitForEnd(int timeout)
 {
-    return QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; }, timeout);
+    return QTest::qWaitFor([this] { return !IsRunning(); }, timeout);
 }
 
 QVector<QJsonObject> ClientProcess::GetEvents() const
@@ -117,7 +176,7 @@ bool ClientProcess::WaitFor(const std::function<bool(const QVector<QJsonObject>&
     bool met = false;
     const bool ended = QTest::qWaitFor(
         [this, &condition, &met] {
-            const bool running = m_process.state() != QProcess::NotRunning;
+            const bool running = IsRunning();
             met = condition(GetEvents());
             return met || !running;
         },
@@ -136,7 +195,8 @@ bool ClientProcess::WaitForEvents(const QString& event, int count, int timeout) 
         timeout);
 }
 
-QByteArray ClientProcess::GetErrorOutput()
+QByteArray ClientProcess::GetErrorOutput() const
 {
-    return m_process.readAllStandardError();
+    QFile file(m_errors);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

@@ -21,19 +21,27 @@ public:
 
     /// Another variable of the client's environment.
     void SetEnvironment(const QString& name, const QString& value);
-    /// Starts the client with the built modules and a trace of its own, and `arguments` in addition.
-    void Start(const QStringList& arguments);
+    /// Starts the client with the built modules and a trace of its own, and `arguments` in addition. `input`
+    /// is what its standard input gives, and then its end.
+    void Start(const QStringList& arguments, const QByteArray& input = QByteArray());
     /// Starts it with a log-in by pin and password.
     void StartWithLogin(const QString& gateway, const QString& pin, const QByteArray& password,
                         const QStringList& arguments = {});
 
-    /// Asks the client to end in order (SIGTERM); false when it does not within 20 s.
+    /// Ends the client as the end of the system's session does (SIGTERM); false when it does not end within
+    /// 20 s.
     bool Stop();
-    bool IsRunning() const { return m_process.state() != QProcess::NotRunning; }
+    /// Ends it as a person does who quits (Ctrl+Q); false when it does not end within 20 s.
+    bool Quit();
+    /// Ends it at once, wherever it is.
+    void Kill();
+    /// The client, or the one that it started in its place.
+    bool IsRunning() const;
     /// Waits for the client to end by itself [ms]; false when it still runs.
     bool WaitForEnd(int timeout);
     int GetExitCode() const { return m_process.exitCode(); }
-    qint64 GetProcessId() const { return m_process.processId(); }
+    /// Of the process that runs now, or ran last.
+    qint64 GetProcessId() const;
 
     /// All events that the trace has by now, in order.
     QVector<QJsonObject> GetEvents() const;
@@ -46,11 +54,18 @@ public:
     /// Waits until there are `count` events with this name.
     bool WaitForEvents(const QString& event, int count, int timeout = 60000) const;
 
-    QByteArray GetErrorOutput();
+    QByteArray GetErrorOutput() const;
 
 private:
+    bool IsFirstProcessRunning() const { return m_process.state() != QProcess::NotRunning; }
+    void Signal(bool kill);
+
+    QString m_display;
     QString m_folder;
     QString m_trace;
+    QString m_errors;
     QProcess m_process;
+    qint64 m_firstProcess = 0;
+    bool m_killed = false;
     QProcessEnvironment m_environment;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -9,15 +10,14 @@ class Desktop final
 public:
     explicit Desktop(const QString& display);
 
-    /// Waits for a visible window of the process and gives it the keyboard; false when none comes within
-    /// 30 s.
+    /// Waits until a window of the process has the keyboard; false when that does not happen within 30 s.
     [[nodiscard]] bool WaitForWindow(qint64 processId) const;
     [[nodiscard]] bool Type(const QString& text) const;
     /// Keys in xdotool's names, such as "alt+s".
     [[nodiscard]] bool Press(const QStringList& keys) const;
 
 private:
-    bool Run(const QStringList& arguments) const;
+    bool Run(const QStringList& arguments, QByteArray* output = nullptr) const;
 
     QString m_display;
 };

@@ -1,33 +1,19 @@
-#include "ClientProcess.h"
+#include "ClientTest.h"
 #include "Desktop.h"
-#include "FaultyGateway.h"
-#include "GatewayProcess.h"
 #include "KeyStoreDaemon.h"
-#include "VirtualScreen.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QSet>
-#include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
 #include <QtTest/QTest>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace {
 
 const QString ReadMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
 const QString PluginsMethod = QStringLiteral("dsm.tl.pc.plugin.list");
 const QString FunctionsMethod = QStringLiteral("dsm.tl.pc.function.list");
-
-QString EventName(const QJsonObject& event)
-{
-    return event.value(QStringLiteral("event")).toString();
-}
 
 int CountNotifications(const QVector<QJsonObject>& events, int id)
 {
@@ -75,44 +61,17 @@ std::string NameOfReply(const ::testing::TestParamInfo<FaultyGateway::Fault>& pa
     }
 }
 
-struct Expected
-{
-    QStringList urls; ///< of the tabs that open, in order
-    int openFirst = 0;
-};
-
 } // namespace
 
-/// The built client, the built gateway with the demo merchant, and between them a gateway that can be made
-/// to fail.
-class LoginTest : public ::testing::Test
+class LoginTest : public ClientTest
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_folder.isValid());
-        ASSERT_FALSE(m_screen.GetDisplay().isEmpty()) << "Xvfb did not start";
-        m_gateway = std::make_unique<GatewayProcess>(m_folder.path());
-        ASSERT_TRUE(m_gateway->Start());
-        ASSERT_FALSE(m_gateway
-                         ->Command({QStringLiteral("demo"), QStringLiteral("--pages"),
-                                    m_gateway->GetAddress().toString()})
-                         .isNull());
-        m_front = std::make_unique<FaultyGateway>(m_gateway->GetAddress());
-        m_client = std::make_unique<ClientProcess>(m_screen.GetDisplay(), m_folder.path());
-        ReadExpectation();
-        ASSERT_GE(m_expected.urls.size(), 3);
-        ASSERT_GT(m_expected.openFirst, 0);
-    }
-
-    void LogIn() { m_client->StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "demo\n"); }
-
     /// One run that leaves the configuration in the profile.
     void LogInOnceAndQuit()
     {
         LogIn();
         ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
-        ASSERT_TRUE(m_client->Stop());
+        ASSERT_TRUE(m_client->Quit());
     }
 
     void ExpectEntriesOpen()
@@ -129,77 +88,6 @@ protected:
         EXPECT_EQ(
             m_client->GetEvents(QStringLiteral("tab.selected")).last().value(QStringLiteral("index")).toInt(),
             m_expected.openFirst);
-    }
-
-    bool WaitForTabInFront(int index)
-    {
-        return m_client->WaitFor([index](const QVector<QJsonObject>& events) {
-            int selected = 0;
-            for (const QJsonObject& event : events) {
-                if (EventName(event) == QLatin1String("tab.selected")) {
-                    selected = event.value(QStringLiteral("index")).toInt();
-                }
-            }
-            return selected == index;
-        });
-    }
-
-    bool WaitForNotice(const QString& part)
-    {
-        return m_client->WaitFor([&part](const QVector<QJsonObject>& events) {
-            for (const QJsonObject& event : events) {
-                if (EventName(event) == QLatin1String("notice") &&
-                    event.value(QStringLiteral("text")).toString().contains(part, Qt::CaseInsensitive)) {
-                    return true;
-                }
-            }
-            return false;
-        });
-    }
-
-    QTemporaryDir m_folder;
-    VirtualScreen m_screen;
-    std::unique_ptr<GatewayProcess> m_gateway;
-    std::unique_ptr<FaultyGateway> m_front;
-    std::unique_ptr<ClientProcess> m_client;
-    Expected m_expected;
-
-private:
-    /// What the merchant chose, as the gateway's own command shows it.
-    void ReadExpectation()
-    {
-        const QJsonObject configuration =
-            QJsonDocument::fromJson(m_gateway->Command({QStringLiteral("config"), QStringLiteral("show"),
-                                                        QStringLiteral("demo")}))
-                .object();
-        for (const QString& list :
-             {QStringLiteral("systemItems"), QStringLiteral("customItems"), QStringLiteral("pluginItems")}) {
-            const QJsonArray entries = configuration.value(list).toArray();
-            for (const QJsonValue& value : entries) {
-                const QJsonObject entry = value.toObject();
-                if (!entry.value(QStringLiteral("checked")).toBool()) {
-                    continue;
-                }
-                const QString key = entry.value(QStringLiteral("url")).toString();
-                m_expected.urls.append(list == QLatin1String("pluginItems") ? AddressOfApp(key) : key);
-                if (entry.value(QStringLiteral("activeItem")).toBool()) {
-                    m_expected.openFirst = m_expected.urls.size();
-                }
-            }
-        }
-    }
-
-    QString AddressOfApp(const QString& serviceCode) const
-    {
-        const QJsonArray apps =
-            QJsonDocument::fromJson(m_gateway->Command({QStringLiteral("app"), QStringLiteral("list")}))
-                .array();
-        for (const QJsonValue& app : apps) {
-            if (app.toObject().value(QStringLiteral("serviceCode")).toString() == serviceCode) {
-                return app.toObject().value(QStringLiteral("address")).toString();
-            }
-        }
-        return QString();
     }
 };
 
@@ -322,7 +210,7 @@ TEST_F(LoginTest, KeptSessionOpensTheLastKnownConfigurationWithoutAnyGateway)
         {QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("space")})); // "Stay signed in"
     ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
-    ASSERT_TRUE(m_client->Stop());
+    ASSERT_TRUE(m_client->Quit());
 
     m_front->Shut();
     m_client->Start({QStringLiteral("--gateway"), m_front->GetAddress()});

@@ -18,14 +18,22 @@ VirtualScreen::VirtualScreen()
         20000);
     if (started && number.endsWith('\n')) {
         m_display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("DISPLAY"), m_display);
+        m_windows.setProcessEnvironment(environment);
+        m_windows.setStandardErrorFile(QProcess::nullDevice());
+        m_windows.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+        m_windows.waitForStarted();
     }
 }
 
 VirtualScreen::~VirtualScreen()
 {
-    m_server.terminate();
-    if (!m_server.waitForFinished(5000)) {
-        m_server.kill();
-        m_server.waitForFinished(5000);
+    for (QProcess* const process : {&m_windows, &m_server}) {
+        process->terminate();
+        if (!process->waitForFinished(5000)) {
+            process->kill();
+            process->waitForFinished(5000);
+        }
     }
 }

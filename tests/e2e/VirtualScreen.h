@@ -3,7 +3,8 @@
 #include <QtCore/QProcess>
 #include <QtCore/QString>
 
-/// An X server of the test's own, without a display behind it. Ends with the object.
+/// An X server of the test's own, without a display behind it, and a window manager, which gives the keyboard
+/// to whom a person would expect. Ends with the object.
 class VirtualScreen final
 {
 public:
@@ -18,5 +19,6 @@ public:
 
 private:
     QProcess m_server;
+    QProcess m_windows;
     QString m_display;
 };

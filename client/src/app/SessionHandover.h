@@ -15,9 +15,9 @@
 class SessionHandover final
 {
 public:
-    static constexpr int textLimit = 64 * 1024;  ///< [bytes]
-    static constexpr int readTimeout = 10000;    ///< [ms]
-    static constexpr int lifeTime = 60;          ///< [s] from writing to reading
+    static constexpr int textLimit = 64 * 1024; ///< [bytes]
+    static constexpr int readTimeout = 10000;   ///< [ms]
+    static constexpr int lifeTime = 60;         ///< [s] from writing to reading
 
     Session session;
     bool openTabs = false; ///< the tabs that were open are to come back

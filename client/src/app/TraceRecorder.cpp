@@ -132,8 +132,9 @@ void TraceRecorder::WatchNotifications()
 
 void TraceRecorder::Watch(QuestionWatch* questions)
 {
-    connect(questions, &QuestionWatch::SigAsked, this,
-            [this](const QString& text) { m_writer->Write(Key("question.asked"), {{Key("text"), text}}); });
+    connect(questions, &QuestionWatch::SigAsked, this, [this](const QString& text) {
+        m_writer->Write(Key("question.asked"), {{Key("text"), text}});
+    });
     connect(questions, &QuestionWatch::SigAnswered, this, [this](const QString& text, const QString& answer) {
         m_writer->Write(Key("question"), {{Key("text"), text}, {Key("answer"), answer}});
     });

@@ -1,0 +1,109 @@
+#include "ClientTest.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+QString EventName(const QJsonObject& event)
+{
+    return event.value(QStringLiteral("event")).toString();
+}
+
+void ClientTest::SetUp()
+{
+    ASSERT_TRUE(m_folder.isValid());
+    ASSERT_FALSE(m_screen.GetDisplay().isEmpty()) << "Xvfb did not start";
+    m_gateway = std::make_unique<GatewayProcess>(m_folder.path());
+    ASSERT_TRUE(m_gateway->Start());
+    ASSERT_FALSE(
+        m_gateway
+            ->Command({QStringLiteral("demo"), QStringLiteral("--pages"), m_gateway->GetAddress().toString()})
+            .isNull());
+    m_front = std::make_unique<FaultyGateway>(m_gateway->GetAddress());
+    m_client = std::make_unique<ClientProcess>(m_screen.GetDisplay(), m_folder.path());
+    ReadExpectation();
+    ASSERT_GE(m_expected.urls.size(), 3);
+    ASSERT_GT(m_expected.openFirst, 0);
+}
+
+void ClientTest::LogIn(const QStringList& arguments)
+{
+    m_client->StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "demo\n", arguments);
+}
+
+void ClientTest::LogInAndOpen()
+{
+    LogIn();
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
+    ASSERT_TRUE(WaitForTabInFront(m_expected.openFirst));
+}
+
+bool ClientTest::WaitForTabInFront(int index)
+{
+    return m_client->WaitFor([index](const QVector<QJsonObject>& events) {
+        int selected = 0;
+        for (const QJsonObject& event : events) {
+            if (EventName(event) == QLatin1String("tab.selected")) {
+                selected = event.value(QStringLiteral("index")).toInt();
+            }
+        }
+        return selected == index;
+    });
+}
+
+bool ClientTest::WaitForNotice(const QString& part)
+{
+    return m_client->WaitFor([&part](const QVector<QJsonObject>& events) {
+        for (const QJsonObject& event : events) {
+            if (EventName(event) == QLatin1String("notice") &&
+                event.value(QStringLiteral("text")).toString().contains(part, Qt::CaseInsensitive)) {
+                return true;
+            }
+        }
+        return false;
+    });
+}
+
+bool ClientTest::HasNotice(const QString& id) const
+{
+    for (const QJsonObject& event : m_client->GetEvents(QStringLiteral("notice"))) {
+        if (event.value(QStringLiteral("id")).toString() == id) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void ClientTest::ReadExpectation()
+{
+    const QJsonObject configuration =
+        QJsonDocument::fromJson(
+            m_gateway->Command({QStringLiteral("config"), QStringLiteral("show"), QStringLiteral("demo")}))
+            .object();
+    for (const QString& list :
+         {QStringLiteral("systemItems"), QStringLiteral("customItems"), QStringLiteral("pluginItems")}) {
+        const QJsonArray entries = configuration.value(list).toArray();
+        for (const QJsonValue& value : entries) {
+            const QJsonObject entry = value.toObject();
+            if (!entry.value(QStringLiteral("checked")).toBool()) {
+                continue;
+            }
+            const QString key = entry.value(QStringLiteral("url")).toString();
+            m_expected.urls.append(list == QLatin1String("pluginItems") ? AddressOfApp(key) : key);
+            if (entry.value(QStringLiteral("activeItem")).toBool()) {
+                m_expected.openFirst = m_expected.urls.size();
+            }
+        }
+    }
+}
+
+QString ClientTest::AddressOfApp(const QString& serviceCode) const
+{
+    const QJsonArray apps =
+        QJsonDocument::fromJson(m_gateway->Command({QStringLiteral("app"), QStringLiteral("list")})).array();
+    for (const QJsonValue& app : apps) {
+        if (app.toObject().value(QStringLiteral("serviceCode")).toString() == serviceCode) {
+            return app.toObject().value(QStringLiteral("address")).toString();
+        }
+    }
+    return QString();
+}

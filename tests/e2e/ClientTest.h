@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ClientProcess.h"
+#include "FaultyGateway.h"
+#include "GatewayProcess.h"
+#include "VirtualScreen.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// The name of an event of the trace.
+QString EventName(const QJsonObject& event);
+
+/// The built client, the built gateway with the demo merchant, and between them a gateway that can be made
+/// to fail.
+class ClientTest : public ::testing::Test
+{
+protected:
+    /// What the merchant chose, as the gateway's own command shows it.
+    struct Expected
+    {
+        QStringList urls; ///< of the tabs that open, in order
+        int openFirst = 0;
+    };
+
+    void SetUp() override;
+
+    void LogIn(const QStringList& arguments = {});
+    /// Logs in and waits until the configured entries stand as tabs.
+    void LogInAndOpen();
+    bool WaitForTabInFront(int index);
+    /// Waits for a bar whose text has this part.
+    bool WaitForNotice(const QString& part);
+    bool HasNotice(const QString& id) const;
+
+    QTemporaryDir m_folder;
+    VirtualScreen m_screen;
+    std::unique_ptr<GatewayProcess> m_gateway;
+    std::unique_ptr<FaultyGateway> m_front;
+    std::unique_ptr<ClientProcess> m_client;
+    Expected m_expected;
+
+private:
+    void ReadExpectation();
+    QString AddressOfApp(const QString& serviceCode) const;
+};
