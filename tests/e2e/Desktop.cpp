@@ -23,6 +23,11 @@ bool Desktop::Type(const QString& text) const
     return Run({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("20"), text});
 }
 
+bool Desktop::TypeFast(const QString& text) const
+{
+    return Run({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("2"), text});
+}
+
 bool Desktop::Press(const QStringList& keys) const
 {
     return Run(QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("50")} + keys);

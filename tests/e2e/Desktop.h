@@ -13,6 +13,8 @@ public:
     /// Waits until a window of the process has the keyboard; false when that does not happen within 30 s.
     [[nodiscard]] bool WaitForWindow(qint64 processId) const;
     [[nodiscard]] bool Type(const QString& text) const;
+    /// The same as fast as the client takes it.
+    [[nodiscard]] bool TypeFast(const QString& text) const;
     /// Keys in xdotool's names, such as "alt+s".
     [[nodiscard]] bool Press(const QStringList& keys) const;
 

@@ -352,6 +352,7 @@ void ClientApplication::ShowWindow()
             m_screenshot->Arm();
         }
         m_tabs->Show(m_restarted, [this] { m_lifeCycle.MainFrameShow(); });
+        m_traceWriter.Write(QStringLiteral("ready"), {});
     });
 }
 
