@@ -62,7 +62,6 @@ ImageFolder::Picture ImageFolder::Load(const QString& url, qint64 now)
         return picture;
     }
     SetTime(file, now, QFileDevice::FileAccessTime);
-    SetTime(file, fetched, QFileDevice::FileModificationTime);
     File& known = m_files[name];
     m_size += file.size() - known.size;
     known = {file.size(), now};

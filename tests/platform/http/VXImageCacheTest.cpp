@@ -427,6 +427,18 @@ TEST_F(VXImageCacheTest, PicturesThatPromiseToFillTheMemoryAreRefusedByTheirHead
     }
 }
 
+TEST_F(VXImageCacheTest, AWholePictureOfMorePixelsThanAllowedIsRefused)
+{
+    limits.pixels = 100;
+    MakeCache();
+    for (const char* const format : {"PNG", "JPG", "BMP", "ICO"}) {
+        const QByteArray allowed = Pictures::File(Pictures::Image(QSize(10, 10), Qt::red), format);
+        EXPECT_TRUE(RequestAgainst(Body(allowed)).succeeded) << format;
+        const QByteArray larger = Pictures::File(Pictures::Image(QSize(11, 10), Qt::red), format);
+        EXPECT_FALSE(RequestAgainst(Body(larger)).succeeded) << format;
+    }
+}
+
 TEST_F(VXImageCacheTest, TextsInsideAPictureAreDropped)
 {
     QByteArray file = Pictures::Png(Qt::red);
