@@ -43,7 +43,7 @@ void ImageLabel::SetImage(const QString& url, const QString& defaultImage)
 {
     m_defaultImage = defaultImage;
     if (url.isEmpty() || url != m_url) {
-        ShowPicture(QImage(defaultImage));
+        ShowPicture(defaultImage.isEmpty() ? QImage() : QImage(defaultImage)); // Qt warns of no name
     }
     m_url = url;
     if (url.isEmpty()) {
