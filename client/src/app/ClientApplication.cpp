@@ -333,7 +333,8 @@ void ClientApplication::MakeWindow()
     connect(
         m_window.get(), &ClientWindow::SigRestartRequested, this, [this] { AskForRestart(true, QString()); },
         Qt::QueuedConnection);
-    m_tabs = std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, PictureLoader());
+    m_tabs =
+        std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);
 }
 
 void ClientApplication::ShowWindow()

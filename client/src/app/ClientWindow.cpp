@@ -2,6 +2,7 @@
 
 #include "app/ClientAppearance.h"
 #include "app/ClientMemory.h"
+#include "app/ClientServices.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
@@ -17,6 +18,7 @@ ClientWindow::ClientWindow(const QString& profile, const QString& pin, ClientApp
     services.pages = m_pages.get();
     services.apps = plugins;
     services.userName = pin;
+    services.loadPicture = &ClientServices::LoadPicture;
     services.theme = appearance->GetTheme();
     services.language = appearance->GetLanguage();
     services.loadGeometry = &ClientMemory::GetWindowGeometry;
