@@ -95,6 +95,21 @@ TEST_F(RecoveryTest, AfterAQuitByHandNothingIsOffered)
     ExpectNoQuestion();
 }
 
+TEST_F(RecoveryTest, AfterALogOutTheDialogComesAndNothingIsOffered)
+{
+    LogInAndOpen();
+    WaitForPromise();
+    const Desktop desktop(m_screen.GetDisplay());
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("o")}));
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId())) << "the fresh process asks who is there";
+    EXPECT_EQ(m_client->GetEvents(QStringLiteral("login")).size(), 1);
+    ASSERT_TRUE(m_client->Stop());
+    ExpectNoQuestion();
+}
+
 TEST_F(RecoveryTest, AfterTheSystemEndedTheSessionTheTabsAreOffered)
 {
     LogInAndOpen();
