@@ -2,6 +2,8 @@
 
 #include "browser/BrowserResources.h"
 
+#include "base/DpiTool.h"
+
 #include <QtCore/QEvent>
 #include <QtCore/QFile>
 #include <QtCore/QMetaEnum>
@@ -36,6 +38,21 @@ QPalette ReadPalette(const QString& sheet)
             palette.setColor(static_cast<QPalette::ColorRole>(role), color);
     }
     return palette;
+}
+
+/// Style sheets know nothing of the scale: "12dp" is what 12 pixels are at the present one.
+QString ScaleLengths(const QString& sheet)
+{
+    static const QRegularExpression length(QStringLiteral("\\b(\\d+)dp\\b"));
+    QString scaled;
+    int from = 0;
+    for (auto it = length.globalMatch(sheet); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        scaled += sheet.midRef(from, match.capturedStart() - from);
+        scaled += QStringLiteral("%1px").arg(DpiTool::ScaleDefault(match.capturedRef(1).toInt()));
+        from = match.capturedEnd();
+    }
+    return scaled + sheet.midRef(from);
 }
 
 bool LooksDark(const QPalette& palette)
@@ -82,7 +99,14 @@ bool ThemeManager::IsDark() const noexcept
 void ThemeManager::Apply(Theme theme)
 {
     m_theme = theme;
+    m_applied = true;
     ApplyFile(theme == Theme::Dark || (theme == Theme::FollowSystem && m_systemDark));
+}
+
+void ThemeManager::AdjustForDpi()
+{
+    if (m_applied)
+        ApplyFile(m_dark);
 }
 
 void ThemeManager::ApplyFile(bool dark)
@@ -97,7 +121,7 @@ void ThemeManager::ApplyFile(bool dark)
     const QScopedValueRollback<bool> applying(m_applying, true);
     m_dark = dark;
     QApplication::setPalette(ReadPalette(sheet));
-    qApp->setStyleSheet(sheet);
+    qApp->setStyleSheet(ScaleLengths(sheet));
     Q_EMIT SigThemeApplied(dark);
 }
 

@@ -2,11 +2,14 @@
 
 #include "browser/Theme.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QObject>
 
 /// Applies the chosen theme to the whole application: one style sheet of `:/themes/`, and the palette
-/// that stands in that style sheet's head. Made once, after the QApplication. GUI thread.
-class ThemeManager final : public QObject
+/// that stands in that style sheet's head. Lengths in "dp" are pixels that follow the scale. Made once, after
+/// the QApplication. GUI thread.
+class ThemeManager final : public QObject, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -22,6 +25,8 @@ public:
     /// Takes effect at once and announces `SigThemeApplied`.
     void Apply(Theme theme);
 
+    void AdjustForDpi() override;
+
 Q_SIGNALS:
     void SigThemeApplied(bool dark);
 
@@ -35,4 +40,5 @@ private:
     bool m_dark = false;
     bool m_systemDark = false;
     bool m_applying = false;
+    bool m_applied = false;
 };

@@ -27,8 +27,4 @@ void ScaleManager::AdjustForDpi()
     QFont font = QApplication::font();
     font.setPixelSize(DpiTool::ScaleDefault(m_fontSize));
     QApplication::setFont(font);
-    // Widgets that a style sheet has touched take the new font from it only.
-    const QString sheet = qApp->styleSheet();
-    if (!sheet.isEmpty())
-        qApp->setStyleSheet(sheet);
 }

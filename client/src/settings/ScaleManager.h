@@ -7,7 +7,8 @@
 
 /// Applies the scale that the user chose: to the sizes of the widgets, which is what `DpiTool` is for, and to
 /// the application's font, which follows the scale of the screen as well. Made once, after the QApplication
-/// and before the first window. GUI thread.
+/// and before the `ThemeManager`: widgets that a style sheet has touched take a new font from it only, and
+/// the theme applies itself anew after this. GUI thread.
 class ScaleManager final : public QObject, public IDpiAdapter
 {
     Q_OBJECT

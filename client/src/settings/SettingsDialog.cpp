@@ -1,6 +1,7 @@
 #include "settings/SettingsDialog.h"
 
 #include "settings/HttpCallWatch.h"
+#include "settings/PageListDelegate.h"
 #include "settings/SettingsCatalog.h"
 #include "settings/SettingsPageArea.h"
 #include "settings/SettingsPageFaces.h"
@@ -87,6 +88,7 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     m_list->setObjectName(QStringLiteral("settings_list"));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setItemDelegate(new PageListDelegate(m_list));
     m_list->setTabKeyNavigation(false);
     m_nothing->setObjectName(QStringLiteral("settings_nothing"));
     m_nothing->setTextFormat(Qt::PlainText);

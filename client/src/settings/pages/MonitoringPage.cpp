@@ -24,7 +24,9 @@ MonitoringPage::MonitoringPage(const SettingsServices* services)
     m_table->setFrameShape(QFrame::NoFrame);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
+    m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_clear->setObjectName(QStringLiteral("clear_events_button"));
     m_clear->m_sizeClass = 1;
     m_clear->SetButtonType(ButtonType::Secondary);
@@ -33,7 +35,7 @@ MonitoringPage::MonitoringPage(const SettingsServices* services)
 
     AddCard();
     AddRow([] { return tr("Recorded actions"); },
-           [] { return tr("What you do on settings pages is recorded on this computer, the newest first."); },
+           [] { return tr("What you do on settings pages is recorded on this computer."); },
            m_clear);
     AddTexts([this] {
         m_clear->setText(tr("Clear"));
@@ -74,9 +76,8 @@ void MonitoringPage::AdjustForDpi()
     m_table->verticalHeader()->setDefaultSectionSize(scaled(30));
     m_table->verticalHeader()->setMinimumSectionSize(scaled(30));
     m_table->setMinimumHeight(scaled(360));
-    m_table->setColumnWidth(0, scaled(150));
-    m_table->setColumnWidth(1, scaled(230));
-    m_table->setColumnWidth(2, scaled(160));
+    m_table->setColumnWidth(
+        0, m_table->fontMetrics().horizontalAdvance(QStringLiteral("2000-00-00 00:00:00")) + scaled(16));
 }
 
 void MonitoringPage::Update()
