@@ -111,7 +111,11 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     row->addWidget(m_stack, 1);
 
     connect(m_search, &QLineEdit::textChanged, this, &SettingsDialog::Search);
-    connect(m_list, &QListWidget::currentRowChanged, this, &SettingsDialog::SelectPage);
+    connect(m_list, &QListWidget::currentRowChanged, this, [this] {
+        SelectPage();
+        if (m_services.savePage && m_current >= 0 && m_search->text().isEmpty())
+            m_services.savePage(KeyOf(m_entries.at(m_current).id));
+    });
     auto* find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, m_search, [this] {
         m_search->setFocus(Qt::ShortcutFocusReason);
@@ -289,8 +293,6 @@ void SettingsDialog::SelectPage()
     SettingsPageArea* const area = AreaOf(entry);
     m_stack->setCurrentWidget(area);
     area->SetKeyword(m_search->text().trimmed());
-    if (m_services.savePage && m_search->text().isEmpty())
-        m_services.savePage(KeyOf(m_entries.at(entry).id));
 }
 
 SettingsPageArea* SettingsDialog::AreaOf(int entry)

@@ -174,9 +174,12 @@ TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
     QTimer::singleShot(0, dialog.get(), [&] {
         auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(open, nullptr);
+        int attempts = 0;
+        const QList<QTimer*> timers = Area()->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QTimer* const timer : timers)
+            QObject::connect(timer, &QTimer::timeout, open, [&attempts] { ++attempts; });
         DpiTool::SetScale(1.25);
-        QTest::qWait(120); // longer than it takes to try again
-        stood = !before.isNull();
+        stood = WaitUntil([&attempts] { return attempts >= 3; }) && !before.isNull();
         open->accept();
     });
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);

@@ -25,7 +25,9 @@ MonitoringPage::MonitoringPage(const SettingsServices* services)
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
+    for (const int column : {0, 2})
+        m_table->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Fixed);
+    m_table->setTextElideMode(Qt::ElideMiddle); // ids differ at their ends
     m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_clear->setObjectName(QStringLiteral("clear_events_button"));
     m_clear->m_sizeClass = 1;
@@ -78,6 +80,7 @@ void MonitoringPage::AdjustForDpi()
     m_table->setMinimumHeight(scaled(360));
     m_table->setColumnWidth(
         0, m_table->fontMetrics().horizontalAdvance(QStringLiteral("2000-00-00 00:00:00")) + scaled(16));
+    m_table->setColumnWidth(2, scaled(110));
 }
 
 void MonitoringPage::Update()

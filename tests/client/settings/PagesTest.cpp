@@ -1,0 +1,309 @@
+#include "SettingsDialogTest.h"
+
+#include "WaitUntil.h"
+
+#include "settings/MonitorEventFile.h"
+#include "settings/ScaleManager.h"
+
+#include "browser/LanguageManager.h"
+
+#include "base/DpiTool.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+
+namespace {
+
+class PagesTest : public SettingsDialogTest
+{
+protected:
+    template <class Widget>
+    Widget* Find(const char* name) const
+    {
+        return dialog->findChild<Widget*>(QLatin1String(name));
+    }
+};
+
+TEST_F(PagesTest, StandInTheOrderOfTheirGroups)
+{
+    Open();
+    EXPECT_EQ(Titles(), (QStringList{QStringLiteral("Appearance"), QStringLiteral("Language"),
+                                     QStringLiteral("Opening at start"), QStringLiteral("Privacy"),
+                                     QStringLiteral("Monitoring"), QStringLiteral("About")}));
+}
+
+TEST_F(PagesTest, ASwitchedOffPageIsNotListedAndComesBackWithTheSwitch)
+{
+    factory.displayed = false;
+    Make();
+    OpenWithoutAnswer();
+    EXPECT_FALSE(Titles().contains(QStringLiteral("Opening at start")));
+    EXPECT_EQ(factory.made, 0);
+    dialog->close();
+    factory.displayed = true;
+    Open();
+    EXPECT_TRUE(Titles().contains(QStringLiteral("Opening at start")));
+}
+
+TEST_F(PagesTest, APageWithoutSearchWordsIsListedAndNotFoundByThem)
+{
+    factory.keywords.clear();
+    Open();
+    EXPECT_TRUE(Titles().contains(QStringLiteral("Opening at start")));
+    Type(QStringLiteral("orders"));
+    EXPECT_TRUE(Titles().isEmpty());
+}
+
+TEST_F(PagesTest, ThePageOfLastTimeIsTheFirstOneShown)
+{
+    Open();
+    Choose(QStringLiteral("Privacy"));
+    dialog->close();
+    dialog.reset();
+    Make();
+    OpenWithoutAnswer();
+    EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Privacy"));
+}
+
+TEST_F(PagesTest, APageOfLastTimeThatIsGoneGivesTheFirst)
+{
+    factory.displayed = false;
+    Make();
+    OpenWithoutAnswer();
+    EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Appearance"));
+}
+
+TEST_F(PagesTest, TheSizeOfLastTimeIsKept)
+{
+    Open();
+    dialog->resize(700, 500);
+    dialog->close();
+    dialog.reset();
+    Make();
+    OpenWithoutAnswer();
+    EXPECT_EQ(dialog->size(), QSize(700, 500));
+}
+
+TEST_F(PagesTest, AGeometryThatIsNoneGivesTheUsualSize)
+{
+    rememberedGeometry = QByteArray("nonsense");
+    Make();
+    OpenWithoutAnswer();
+    EXPECT_GE(dialog->width(), 600);
+}
+
+TEST_F(PagesTest, GoingFromPageToPageKeepsWhatWasDone)
+{
+    Open();
+    const FakeSettingsPage* const before = Page();
+    Choose(QStringLiteral("About"));
+    Choose(QStringLiteral("Opening at start"));
+    EXPECT_EQ(Page(), before);
+    EXPECT_EQ(factory.made, 1);
+}
+
+TEST_F(PagesTest, ThemeAndLanguageAreChosenWithTheKeyboard)
+{
+    Open();
+    Choose(QStringLiteral("Appearance"));
+    Find<QComboBox>("theme_combo")->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down);
+    Choose(QStringLiteral("Language"));
+    Find<QComboBox>("language_combo")->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(choices, (QStringList{QStringLiteral("theme 1"), QStringLiteral("theme 2"),
+                                    QStringLiteral("language zh_CN")}));
+}
+
+TEST_F(PagesTest, AChoiceMadeElsewhereShows)
+{
+    Open();
+    Choose(QStringLiteral("Appearance"));
+    dialog->SetTheme(Theme::Dark);
+    dialog->SetScale(150);
+    EXPECT_EQ(Find<QComboBox>("theme_combo")->currentText(), QStringLiteral("Dark"));
+    EXPECT_EQ(Find<QComboBox>("scale_combo")->currentText(), QStringLiteral("150 %"));
+    EXPECT_TRUE(choices.isEmpty());
+}
+
+TEST_F(PagesTest, TheDialogFollowsTheLanguageAndMakesTheModulesPageAnew)
+{
+    Open();
+    LanguageManager languages(QStringLiteral(TL_TRANSLATIONS_DIR));
+    languages.Apply(QStringLiteral("zh_CN"));
+    ASSERT_TRUE(WaitUntil([this] { return Titles().contains(QStringLiteral("启动时打开")); }));
+    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("设置"));
+    EXPECT_EQ(Area()->findChild<QLabel*>(QStringLiteral("settings_page_title"))->text(),
+              QStringLiteral("启动时打开"));
+    EXPECT_TRUE(WaitUntil([this] { return factory.made == 2; }));
+    languages.Apply(QStringLiteral("en"));
+    EXPECT_TRUE(WaitUntil([this] { return Titles().contains(QStringLiteral("Opening at start")); }));
+}
+
+TEST_F(PagesTest, TheClientsOwnPagesFollowTheScaleInPlace)
+{
+    Open();
+    Choose(QStringLiteral("Appearance"));
+    auto* const theme = Find<QComboBox>("theme_combo");
+    const int before = theme->sizeHint().height();
+    DpiTool::SetScale(2.0);
+    EXPECT_EQ(Find<QComboBox>("theme_combo"), theme);
+    EXPECT_GT(theme->sizeHint().height(), before);
+}
+
+TEST_F(PagesTest, ScalesTheFontOfTheApplication)
+{
+    const QFont before = QApplication::font();
+    {
+        ScaleManager scales;
+        const int size = QFontInfo(QApplication::font()).pixelSize();
+        scales.Apply(200);
+        EXPECT_EQ(QFontInfo(QApplication::font()).pixelSize(), 2 * size);
+        EXPECT_EQ(scales.GetScale(), 200);
+        scales.Apply(117);
+        EXPECT_EQ(scales.GetScale(), 100);
+        EXPECT_EQ(QFontInfo(QApplication::font()).pixelSize(), size);
+    }
+    QApplication::setFont(before);
+}
+
+TEST_F(PagesTest, BrowsingDataIsClearedAfterAQuestion)
+{
+    Open();
+    Choose(QStringLiteral("Privacy"));
+    AnswerQuestion(QStringLiteral("Cancel"));
+    QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
+    EXPECT_TRUE(choices.isEmpty());
+    AnswerQuestion(QStringLiteral("Clear"));
+    QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
+    EXPECT_EQ(choices, QStringList(QStringLiteral("browsing")));
+    EXPECT_FALSE(Find<QPushButton>("clear_browsing_button")->isEnabled());
+    EXPECT_EQ(Find<QPushButton>("clear_browsing_button")->text(), QStringLiteral("Cleared"));
+}
+
+TEST_F(PagesTest, DataThatCouldNotBeClearedCanBeTriedAgain)
+{
+    services.clearBrowsingData = [](const std::function<void(bool)>& done) { done(false); };
+    Open();
+    Choose(QStringLiteral("Privacy"));
+    AnswerQuestion(QStringLiteral("Clear"));
+    QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
+    EXPECT_TRUE(Find<QPushButton>("clear_browsing_button")->isEnabled());
+    EXPECT_EQ(Find<QPushButton>("clear_browsing_button")->text(), QStringLiteral("Try again"));
+}
+
+TEST_F(PagesTest, AnAnswerThatComesAfterTheDialogIsGoneDoesNoHarm)
+{
+    std::function<void(bool)> later;
+    services.clearBrowsingData = [&later](const std::function<void(bool)>& done) { later = done; };
+    Open();
+    Choose(QStringLiteral("Privacy"));
+    AnswerQuestion(QStringLiteral("Clear"));
+    QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
+    dialog.reset();
+    ASSERT_TRUE(later);
+    later(true);
+}
+
+TEST_F(PagesTest, SessionAndRepliesAreForgotten)
+{
+    Open();
+    Choose(QStringLiteral("Privacy"));
+    QTest::mouseClick(Find<QPushButton>("forget_session_button"), Qt::LeftButton);
+    QTest::mouseClick(Find<QPushButton>("clear_replies_button"), Qt::LeftButton);
+    EXPECT_EQ(choices, (QStringList{QStringLiteral("session"), QStringLiteral("replies")}));
+}
+
+TEST_F(PagesTest, WithoutAKeptSessionThereIsNothingToForget)
+{
+    services.hasKeptSession = [] { return false; };
+    Open();
+    Choose(QStringLiteral("Privacy"));
+    EXPECT_FALSE(Find<QPushButton>("forget_session_button")->isEnabled());
+}
+
+TEST_F(PagesTest, WhatTheClientCannotDoIsNotOffered)
+{
+    services.clearBrowsingData = {};
+    services.forgetSession = {};
+    services.clearKeptReplies = {};
+    services.loadEvents = {};
+    Open();
+    EXPECT_EQ(Titles(), (QStringList{QStringLiteral("Appearance"), QStringLiteral("Language"),
+                                     QStringLiteral("Opening at start"), QStringLiteral("About")}));
+}
+
+TEST_F(PagesTest, EventsStandInATableTheNewestFirst)
+{
+    Open();
+    Choose(QStringLiteral("Monitoring"));
+    const QAbstractItemModel* const model = Find<QAbstractItemView>("monitor_table")->model();
+    ASSERT_EQ(model->rowCount(), 2);
+    EXPECT_EQ(model->index(0, 1).data().toString(), QStringLiteral("Second"));
+    EXPECT_EQ(model->index(0, 3).data().toString(), QStringLiteral("<b>x</b>"));
+    EXPECT_EQ(model->index(0, 3).data(Qt::ToolTipRole).toString(),
+              QStringLiteral("<p>&lt;b&gt;x&lt;/b&gt;</p>"));
+}
+
+TEST_F(PagesTest, ANewEventShowsAtOnceAndABunchIsReadOnce)
+{
+    QVector<MonitorEvent> events;
+    int reads = 0;
+    services.loadEvents = [&] {
+        ++reads;
+        return events;
+    };
+    Open();
+    Choose(QStringLiteral("Monitoring"));
+    reads = 0;
+    events.append({QDateTime::currentDateTimeUtc(), QStringLiteral("New"), QStringLiteral("Home"), {}});
+    for (int i = 0; i < 10; ++i)
+        dialog->UpdateEvents();
+    const QAbstractItemModel* const model = Find<QAbstractItemView>("monitor_table")->model();
+    EXPECT_TRUE(WaitUntil([model] { return model->rowCount() == 1; }));
+    EXPECT_EQ(reads, 1);
+}
+
+TEST_F(PagesTest, EventsAreReadFromFilesPastDamagedLines)
+{
+    const QTemporaryDir folder;
+    const QString older = folder.filePath(QStringLiteral("events.1.jsonl"));
+    const QString newer = folder.filePath(QStringLiteral("events.jsonl"));
+    QFile first(older);
+    ASSERT_TRUE(first.open(QIODevice::WriteOnly));
+    first.write(R"({"time":"2026-11-21T08:00:00.000Z","id":"A","page":"P","parameters":["x","y"]})"
+                "\nnot json\n{}\n[1]\n");
+    first.close();
+    QFile second(newer);
+    ASSERT_TRUE(second.open(QIODevice::WriteOnly));
+    second.write(R"({"time":"2026-11-21T08:00:01.000Z","id":"B","page":"P","parameters":[]})"
+                 "\n"
+                 R"({"time":"2026-11-21T08:00:02.000Z","id":"C","pa)");
+    second.close();
+    const QVector<MonitorEvent> events =
+        MonitorEventFile::Load({older, newer, folder.filePath(QStringLiteral("missing"))});
+    ASSERT_EQ(events.size(), 2);
+    EXPECT_EQ(events.at(0).id, QStringLiteral("A"));
+    EXPECT_EQ(events.at(0).parameters, (QStringList{QStringLiteral("x"), QStringLiteral("y")}));
+    EXPECT_EQ(events.at(0).time, QDateTime(QDate(2026, 11, 21), QTime(8, 0), Qt::UTC));
+    EXPECT_EQ(events.at(1).id, QStringLiteral("B"));
+    EXPECT_EQ(MonitorEventFile::Load({older, newer}, 1).first().id, QStringLiteral("B"));
+}
+
+TEST_F(PagesTest, TheLicencesAreThere)
+{
+    Open();
+    Choose(QStringLiteral("About"));
+    const QString text = Find<QPlainTextEdit>("licences_text")->toPlainText();
+    for (const char* part : {"Qt WebEngine", "QtKeychain", "GNU LESSER GENERAL PUBLIC LICENSE"})
+        EXPECT_TRUE(text.contains(QLatin1String(part))) << part;
+}
+
+} // namespace

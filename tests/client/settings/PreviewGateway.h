@@ -1,0 +1,28 @@
+#pragma once
+
+#include "http/IHttpManager.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+/// Answers what the modules ask for from a made-up configuration, and keeps what they write.
+class PreviewGateway final : public QObject, public IHttpManager
+{
+    Q_OBJECT
+
+public:
+    /// "empty": no entries. "full": all kinds. "failed": reads fail. "loading": nothing is ever answered.
+    /// "slow": full, and every write takes its time.
+    explicit PreviewGateway(const QString& list);
+    ~PreviewGateway() override;
+
+    void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
+              std::function<void()> finished, int timeout, int attempts) override;
+
+    int failures = 0; ///< so many writes fail from now on
+
+private:
+    QString m_list;
+    QJsonObject m_configuration;
+};
