@@ -2,6 +2,7 @@
 
 #include "settings/AccessibleNames.h"
 #include "settings/HttpCallWatch.h"
+#include "settings/ReadableLabels.h"
 #include "settings/SaveStatus.h"
 #include "settings/SettingsPageFaces.h"
 
@@ -176,6 +177,7 @@ void SettingsPageArea::Make()
     m_sheet->layout()->addWidget(m_page);
     m_page->show();
     new AccessibleNames(m_page);
+    new ReadableLabels(m_page);
     m_hold.SetPage(m_page);
     if (loses)
         m_status->SetLost();
