@@ -1,5 +1,6 @@
 #include "settings/SettingsDialog.h"
 
+#include "settings/AccessibleNames.h"
 #include "settings/HttpCallWatch.h"
 #include "settings/PageListDelegate.h"
 #include "settings/SettingsCatalog.h"
@@ -18,6 +19,7 @@
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
@@ -116,6 +118,7 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
         if (m_services.savePage && m_current >= 0 && m_search->text().isEmpty())
             m_services.savePage(KeyOf(m_entries.at(m_current).id));
     });
+    qApp->installEventFilter(this);
     auto* find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, m_search, [this] {
         m_search->setFocus(Qt::ShortcutFocusReason);
@@ -192,6 +195,17 @@ void SettingsDialog::reject()
             return;
     }
     Close();
+}
+
+bool SettingsDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    // The dialogs that pages open bring no names for screen readers either.
+    if (event->type() == QEvent::Show && watched != this) {
+        auto* const opened = qobject_cast<TLBaseDialog*>(watched);
+        if (opened != nullptr && opened->findChild<AccessibleNames*>() == nullptr)
+            new AccessibleNames(opened);
+    }
+    return TLBaseDialog::eventFilter(watched, event);
 }
 
 void SettingsDialog::changeEvent(QEvent* event)

@@ -297,6 +297,40 @@ TEST_F(PagesTest, EventsAreReadFromFilesPastDamagedLines)
     EXPECT_EQ(MonitorEventFile::Load({older, newer}, 1).first().id, QStringLiteral("B"));
 }
 
+TEST_F(PagesTest, TheArrowsStepOverTheGapsBetweenGroups)
+{
+    rememberedPage = QStringLiteral("1,20");
+    Make();
+    OpenWithoutAnswer();
+    List()->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Opening at start"));
+    Press(Qt::Key_Up);
+    EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Language"));
+}
+
+TEST_F(PagesTest, OpeningEditingAndClosingLeavesNothingBehind)
+{
+    const auto cycle = [this] {
+        rememberedPage = QStringLiteral("10,60");
+        Open();
+        Tick(0);
+        AnswerAll();
+        Choose(QStringLiteral("Monitoring"));
+        dialog->close();
+        EXPECT_FALSE(dialog->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    };
+    for (int i = 0; i < 3; ++i)
+        cycle();
+    const int before = QApplication::allWidgets().size();
+    for (int i = 0; i < 20; ++i)
+        cycle();
+    EXPECT_EQ(QApplication::allWidgets().size(), before);
+    EXPECT_TRUE(factory.page.isNull());
+}
+
 TEST_F(PagesTest, TheLicencesAreThere)
 {
     Open();

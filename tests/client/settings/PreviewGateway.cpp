@@ -46,12 +46,28 @@ QJsonObject Full()
             {QStringLiteral("pluginItems"), pluginItems}};
 }
 
+/// As many custom entries as there can be.
+void FillUp(QJsonObject* configuration)
+{
+    QJsonArray entries = configuration->value(QLatin1String("customItems")).toArray();
+    while (entries.size() < 5) {
+        const QString number = QString::number(entries.size() + 1);
+        entries.append(Entry(QStringLiteral("c") + number, QString(),
+                             QStringLiteral("https://branch%1.shop.example/").arg(number), 0, false, false,
+                             false));
+    }
+    configuration->insert(QStringLiteral("customItems"), entries);
+}
+
 } // namespace
 
 PreviewGateway::PreviewGateway(const QString& list) : m_list(list)
 {
-    if (list != QLatin1String("empty"))
-        m_configuration = Full();
+    if (list == QLatin1String("empty"))
+        return;
+    m_configuration = Full();
+    if (list == QLatin1String("many"))
+        FillUp(&m_configuration);
 }
 
 PreviewGateway::~PreviewGateway() = default;
