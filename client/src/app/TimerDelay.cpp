@@ -5,6 +5,7 @@
 TimerDelay::TimerDelay()
 {
     m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer); // the others may be early
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
         const std::function<void()> shot = std::exchange(m_shot, nullptr);
         if (shot) {
