@@ -24,12 +24,12 @@ bool ReopenGuard::IsCareNeeded()
 {
     const int stored = VXSettingManager::Instance()->GetUserValue(section, deathsField).toInt();
     m_deaths = std::clamp(stored, 0, deathLimit);
-    m_known = true;
     return m_deaths >= deathLimit;
 }
 
 void ReopenGuard::TakeStart(bool reopened)
 {
+    m_started = true;
     if (reopened) {
         const int next = std::min(m_deaths + 1, deathLimit);
         VXSettingManager::Instance()->SetUserValue(section, deathsField, QString::number(next));
@@ -40,7 +40,7 @@ void ReopenGuard::TakeStart(bool reopened)
 void ReopenGuard::TakeEnd()
 {
     m_delay->Stop();
-    if (m_known && !VXSettingManager::Instance()->GetUserValue(section, deathsField).isEmpty()) {
+    if (m_started && !VXSettingManager::Instance()->GetUserValue(section, deathsField).isEmpty()) {
         VXSettingManager::Instance()->SetUserValue(section, deathsField, QString());
     }
     m_deaths = 0;

@@ -24,11 +24,12 @@ public:
     bool IsCareNeeded();
     /// What was to be reopened has been, in this moment, or nothing was.
     void TakeStart(bool reopened);
-    /// The client ends because somebody wants it to: it has not died.
+    /// The client ends because somebody wants it to: it has not died. Before `TakeStart` that says nothing,
+    /// and the next start is as careful as this one would have been.
     void TakeEnd();
 
 private:
     std::unique_ptr<IDelay> m_delay;
     int m_deaths = 0;
-    bool m_known = false;
+    bool m_started = false;
 };
