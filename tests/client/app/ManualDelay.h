@@ -10,6 +10,7 @@ class ManualDelay final : public IDelay
 public:
     void Start(int milliseconds, std::function<void()> shot) override
     {
+        ++m_starts;
         m_milliseconds = milliseconds;
         m_shot = std::move(shot);
     }
@@ -21,6 +22,7 @@ public:
 
     /// The pause that runs [ms]; -1 when none does.
     int GetPause() const { return m_milliseconds; }
+    int CountStarts() const { return m_starts; }
     void Fire()
     {
         m_milliseconds = -1;
@@ -30,4 +32,5 @@ public:
 private:
     std::function<void()> m_shot;
     int m_milliseconds = -1;
+    int m_starts = 0;
 };

@@ -1,0 +1,159 @@
+#include "KeptTabsExamples.h"
+#include "QueuedEvents.h"
+#include "UserStore.h"
+#include "WaitUntil.h"
+
+#include "app/tabs/KeptTabsText.h"
+#include "app/tabs/RunningTabs.h"
+
+#include <QtCore/QSemaphore>
+#include <QtCore/QThreadPool>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+using KeptTabsExamples::MakeTabs;
+
+class RunningTabsTest : public ::testing::Test
+{
+protected:
+    RunningTabsTest() { QThreadPool::globalInstance()->setMaxThreadCount(1); }
+    ~RunningTabsTest() override
+    {
+        for (QSemaphore* gate : m_gates) {
+            gate->release();
+        }
+        QThreadPool::globalInstance()->waitForDone();
+        QThreadPool::globalInstance()->setMaxThreadCount(m_threads);
+    }
+
+    /// What is begun from now on waits until the gate is opened.
+    QSemaphore* CloseGate()
+    {
+        auto gate = std::make_shared<QSemaphore>();
+        QThreadPool::globalInstance()->start([gate] { gate->acquire(); });
+        m_held.push_back(gate);
+        m_gates.push_back(gate.get());
+        return gate.get();
+    }
+    static void FinishEverything()
+    {
+        QThreadPool::globalInstance()->waitForDone();
+        RunQueuedEvents();
+        QThreadPool::globalInstance()->waitForDone();
+        RunQueuedEvents();
+    }
+    static QString TextOf(int count) { return KeptTabsText::Write(MakeTabs(count)); }
+
+    UserStore m_store;
+    RunningTabs m_running;
+
+private:
+    int m_threads = QThreadPool::globalInstance()->maxThreadCount();
+    std::vector<std::shared_ptr<QSemaphore>> m_held;
+    std::vector<QSemaphore*> m_gates;
+};
+
+TEST_F(RunningTabsTest, NothingIsKeptToBeginWith)
+{
+    EXPECT_EQ(RunningTabs::GetText(), QString());
+}
+
+TEST_F(RunningTabsTest, KeepLeavesTheTextToAnotherThread)
+{
+    QSemaphore* const gate = CloseGate();
+    m_running.Keep(MakeTabs(3));
+    RunQueuedEvents();
+    EXPECT_EQ(RunningTabs::GetText(), QString()) << "it was written on this thread";
+    gate->release();
+    ASSERT_TRUE(WaitUntil([] { return !RunningTabs::GetText().isEmpty(); }));
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
+}
+
+TEST_F(RunningTabsTest, OfSeveralThatWaitOnlyTheLastIsWritten)
+{
+    QSemaphore* const first = CloseGate();
+    m_running.Keep(MakeTabs(1));
+    QSemaphore* const second = CloseGate();
+    m_running.Keep(MakeTabs(2));
+    m_running.Keep(MakeTabs(3));
+    m_running.Keep(MakeTabs(4));
+    first->release();
+    ASSERT_TRUE(WaitUntil([] { return !RunningTabs::GetText().isEmpty(); }));
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(1));
+    // Whatever came after the next text would have to wait here.
+    CloseGate();
+    second->release();
+    ASSERT_TRUE(WaitUntil([] { return RunningTabs::GetText() != TextOf(1); }));
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(4));
+}
+
+TEST_F(RunningTabsTest, OneThatIsKeptNowOvertakesThoseThatWait)
+{
+    QSemaphore* const gate = CloseGate();
+    m_running.Keep(MakeTabs(1));
+    m_running.Keep(MakeTabs(2));
+    m_running.KeepNow(MakeTabs(3));
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
+    gate->release();
+    FinishEverything();
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(3)) << "an older one came later";
+}
+
+TEST_F(RunningTabsTest, ClearedStaysClear)
+{
+    m_running.KeepNow(MakeTabs(1));
+    QSemaphore* const gate = CloseGate();
+    m_running.Keep(MakeTabs(2));
+    m_running.Keep(MakeTabs(3));
+    m_running.Clear();
+    EXPECT_EQ(RunningTabs::GetText(), QString());
+    gate->release();
+    FinishEverything();
+    EXPECT_EQ(RunningTabs::GetText(), QString());
+}
+
+TEST_F(RunningTabsTest, AfterOneThatWasOvertakenTheNextIsWritten)
+{
+    QSemaphore* const gate = CloseGate();
+    m_running.Keep(MakeTabs(1));
+    m_running.KeepNow(MakeTabs(2));
+    m_running.Keep(MakeTabs(3));
+    gate->release();
+    ASSERT_TRUE(WaitUntil([] { return RunningTabs::GetText() != TextOf(2); }));
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
+}
+
+TEST_F(RunningTabsTest, NoTabsClearWhatWasKept)
+{
+    m_running.KeepNow(MakeTabs(1));
+    m_running.Keep(MakeTabs(0));
+    ASSERT_TRUE(WaitUntil([] { return RunningTabs::GetText().isEmpty(); }));
+}
+
+TEST_F(RunningTabsTest, EndWhileOneIsBeingWrittenIsHarmless)
+{
+    const KeptTabs many = MakeTabs(1000);
+    for (int round = 0; round < 20; ++round) {
+        auto running = std::make_unique<RunningTabs>();
+        QSemaphore* const gate = CloseGate();
+        running->Keep(many);
+        running->Keep(MakeTabs(1));
+        gate->release();
+        running.reset();
+        EXPECT_EQ(QThreadPool::globalInstance()->activeThreadCount(), 0) << "a thread may still answer it";
+        FinishEverything();
+    }
+}
+
+TEST_F(RunningTabsTest, EachUserHasTheirOwn)
+{
+    m_running.KeepNow(MakeTabs(1));
+    UserStore::SignIn(QStringLiteral("other"));
+    EXPECT_EQ(RunningTabs::GetText(), QString());
+    m_running.KeepNow(MakeTabs(2));
+    UserStore::SignIn(QStringLiteral("demo"));
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(1));
+}
