@@ -2,9 +2,19 @@
 
 #include <utility>
 
+namespace {
+
+// A text may be constant data of a module, which goes away with the module: nothing of it is kept.
+QString Own(const QString& text)
+{
+    return QString(text.constData(), text.size());
+}
+
+} // namespace
+
 SettingFileReport SettingDatabase::Open(const QString& path, SettingWriter::Notify notify)
 {
-    m_writer = std::make_unique<SettingWriter>(path, std::move(notify));
+    m_writer = std::make_unique<SettingWriter>(Own(path), std::move(notify));
     SettingFileReport report = m_writer->Start(&m_values);
     for (auto it = m_homeless.cbegin(); it != m_homeless.cend(); ++it)
         m_values.insert(it.key(), it.value());
@@ -42,11 +52,13 @@ void SettingDatabase::SetValue(const SettingKey& key, const QString& value)
     // An unchanged value is worth a write only as a new try for those that could not be written.
     if (unchanged && !(m_writer && m_writer->HasWaiting()))
         return;
-    m_values.insert(key, value);
+    const SettingKey ownKey{key.ofUser, Own(key.user), Own(key.section), Own(key.field)};
+    const QString ownValue = Own(value);
+    m_values.insert(ownKey, ownValue);
     if (m_writer)
-        m_writer->Queue(key, value);
+        m_writer->Queue(ownKey, ownValue);
     else
-        m_homeless.insert(key, value);
+        m_homeless.insert(ownKey, ownValue);
 }
 
 bool SettingDatabase::Flush()

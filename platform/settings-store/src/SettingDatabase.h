@@ -10,15 +10,16 @@ class SettingDatabase final
 {
 public:
     /// Values set before are newer than the file's and are written into it. After a failure all values
-    /// stay in memory. `notify` is called on another thread.
+    /// stay in memory. `notify` is called on any thread.
     [[nodiscard]] SettingFileReport Open(const QString& path, SettingWriter::Notify notify);
     /// Writes all that waits and forgets all values.
     void Close();
     bool IsOpen() const;
 
     QString GetValue(const SettingKey& key) const;
+    /// Keeps copies of its own of all texts.
     void SetValue(const SettingKey& key, const QString& value);
-    /// False when something is not on disk.
+    /// False when something is not on disk. Waits for at most 5 s.
     [[nodiscard]] bool Flush();
 
 private:

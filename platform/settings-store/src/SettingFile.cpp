@@ -1,9 +1,11 @@
 #include "SettingFile.h"
 
+#include "DamagedRows.h"
+#include "SettingConnection.h"
+#include "SettingCopy.h"
+#include "SettingFileNames.h"
 #include "SettingSalvage.h"
-#include "SettingTable.h"
 
-#include <QtCore/QAtomicInt>
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -13,16 +15,13 @@
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 
+#include <limits>
+
 namespace {
 
-constexpr int busyTimeout = 5000;     // [ms]
+// How long another program's lock is waited for. Twice as long is still less than what a flush may take. [ms]
+constexpr int busyTimeout = 2000;
 constexpr int smallestDatabase = 512; // [bytes]
-
-QString NewConnectionName()
-{
-    static QAtomicInt count;
-    return QStringLiteral("TLSettings-%1").arg(count.fetchAndAddRelaxed(1));
-}
 
 // Whether something stands at the path that never will be opened. A sound file can fail to open as well,
 // when the system is short of something; it is not touched.
@@ -32,16 +31,48 @@ bool IsInTheWay(const QString& path)
     return info.exists() && (!info.isFile() || !info.isReadable());
 }
 
-// Whether the file is shorter than any database. SQLite would take it for an empty one and overwrite it.
+// Whether the file is shorter than any database, an empty one included: a fresh file gets its name only
+// when it is whole. SQLite would take it for a new one, and throw its log away.
 bool IsTooShort(const QString& path)
 {
-    const qint64 size = QFileInfo(path).size();
-    return size > 0 && size < smallestDatabase;
+    const QFileInfo info(path);
+    return info.isFile() && info.size() < smallestDatabase;
+}
+
+// Whether the head says that a newer SQLite wrote the file, which none of ours did: this one would read it
+// and never write to it.
+bool HasStrangeHead(const QString& path)
+{
+    constexpr int writeVersion = 18;
+    constexpr int readVersion = 19;
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly))
+        return false;
+    const QByteArray head = file.read(readVersion + 1);
+    const auto isKnown = [](char version) { return version == 1 || version == 2; };
+    return head.size() > readVersion && !(isKnown(head.at(writeVersion)) && isKnown(head.at(readVersion)));
+}
+
+// Whether there are changes to a file that itself is not there.
+bool HasOnlyLog(const QString& path)
+{
+    return !QFileInfo::exists(path) && (QFileInfo(path + SettingFileNames::log).size() > 0 ||
+                                        QFileInfo(path + SettingFileNames::journal).size() > 0);
+}
+
+QVector<SettingKey> KeysOf(const QMap<qint64, SettingRow>& rows)
+{
+    QVector<SettingKey> keys;
+    for (const SettingRow& row : rows)
+        keys.append(row.GetKey());
+    return keys;
 }
 
 } // namespace
 
-SettingFile::SettingFile(const QString& path) : m_path(QFileInfo(path).absoluteFilePath()) {}
+SettingFile::SettingFile(const QString& path)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_lock(m_path + SettingFileNames::lock)
+{}
 
 SettingFile::~SettingFile()
 {
@@ -57,21 +88,24 @@ SettingFileReport SettingFile::Open()
                              .arg(QDir::toNativeSeparators(folder));
         return report;
     }
+    if (!m_lock.Take()) {
+        report.failure = Sentence({SettingFault::InUse, QString()});
+        return report;
+    }
 
-    Problem problem = OpenConnection(&m_values);
-    if (problem.fault == Fault::Damaged) {
-        m_values.clear();
-        problem = SetAside(problem, &report);
-        if (problem.fault == Fault::None) {
-            m_values = SettingSalvage::Read(report.setAsideFile);
-            m_owed = m_values;
-            report.setAsideReason +=
-                QLatin1Char(' ') +
-                (m_values.isEmpty()
-                     ? tr("Nothing could be read from it.")
-                     : tr("%n setting(s) could be read from it and were kept.", nullptr, m_values.size()));
+    SettingContent content;
+    Problem problem = OpenConnection(&content);
+    if (problem.IsFatal()) {
+        const Problem damage = problem;
+        problem = SetAside(damage, &report);
+        if (problem.None()) {
+            Salvage(damage, &report);
             problem = OpenConnection(nullptr);
         }
+    } else if (problem.None() || m_isRead) {
+        m_values = content.values;
+        report.damagedValues = KeysOf(content.damaged);
+        problem = {}; // a file that can only be read is good enough: the first write tells why
     }
     report.failure = Sentence(problem);
     return report;
@@ -90,18 +124,18 @@ SettingFileReport SettingFile::Write(const SettingValues& values)
     Problem problem;
     if (m_connection.isEmpty())
         problem = OpenConnection(nullptr);
-    if (problem.fault == Fault::None)
+    if (problem.None())
         problem = WriteRows(owedAnd(values));
-    if (problem.fault == Fault::Damaged) {
+    if (problem.IsFatal()) {
         m_owed = m_values;
         problem = SetAside(problem, &report);
-        if (problem.fault == Fault::None)
+        if (problem.None())
             problem = OpenConnection(nullptr);
-        if (problem.fault == Fault::None)
+        if (problem.None())
             problem = WriteRows(owedAnd(values));
     }
     report.failure = Sentence(problem);
-    if (problem.fault == Fault::None) {
+    if (problem.None()) {
         m_owed.clear();
         for (auto it = values.cbegin(); it != values.cend(); ++it)
             m_values.insert(it.key(), it.value());
@@ -121,124 +155,190 @@ bool SettingFile::OwesValues() const
 
 SettingFile::Problem SettingFile::ProblemOf(const QSqlError& error)
 {
-    // SQLite's primary result codes; its extended ones have them in the low byte.
-    Problem problem{Fault::Other, error.databaseText()};
-    switch (error.nativeErrorCode().toInt() & 0xff) {
-    case 11: // SQLITE_CORRUPT
-    case 26: // SQLITE_NOTADB
-        problem.fault = Fault::Damaged;
-        break;
-    case 5: // SQLITE_BUSY
-    case 6: // SQLITE_LOCKED
-        problem.fault = Fault::Busy;
-        break;
-    case 13: // SQLITE_FULL
-        problem.fault = Fault::DiskFull;
-        break;
-    case 3:  // SQLITE_PERM
-    case 8:  // SQLITE_READONLY
-    case 14: // SQLITE_CANTOPEN
-        problem.fault = Fault::Unwritable;
-        break;
-    default:
-        break;
-    }
-    return problem;
+    return {SettingConnection::FaultOf(error), error.databaseText()};
 }
 
 QString SettingFile::Sentence(const Problem& problem)
 {
     switch (problem.fault) {
-    case Fault::None:
+    case SettingFault::None:
         return QString();
-    case Fault::Busy:
+    case SettingFault::InUse:
+        return tr("Another running program has these settings open: settings are not read and cannot be "
+                  "saved.");
+    case SettingFault::Busy:
         return tr("Another program keeps the settings file locked: settings cannot be saved.");
-    case Fault::DiskFull:
+    case SettingFault::DiskFull:
         return tr("The disk is full: settings cannot be saved.");
-    case Fault::Unwritable:
+    case SettingFault::Unwritable:
         return tr("The settings file cannot be written: settings cannot be saved.");
-    case Fault::Damaged:
-    case Fault::Other:
+    case SettingFault::Damaged:
+    case SettingFault::LaterVersion:
+    case SettingFault::Other:
         break;
     }
     return tr("Settings cannot be saved: %1.").arg(problem.detail);
 }
 
-SettingFile::Problem SettingFile::OpenConnection(SettingValues* loaded)
+SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
 {
     if (IsTooShort(m_path))
-        return {Fault::Damaged, tr("it is too short")};
-    m_connection = NewConnectionName();
-    Problem problem;
-    bool opened = false;
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
-        database.setDatabaseName(m_path);
-        database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeout));
-        opened = database.open();
-        if (!opened)
-            problem = {IsInTheWay(m_path) ? Fault::Damaged : Fault::Other,
-                       database.lastError().databaseText()};
+        return {SettingFault::Damaged, tr("it is too short")};
+    if (HasOnlyLog(m_path))
+        return {SettingFault::Damaged, tr("only its log is there")};
+    if (!QFileInfo::exists(m_path)) {
+        Problem problem = MakeFile();
+        if (!problem.None())
+            return problem;
     }
-    // The settings tell what a person has open: nobody else's business. The files beside a database get
-    // its permissions.
-    if (opened && QFileInfo(m_path).size() == 0)
-        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
-    if (opened)
-        problem = Prepare(loaded);
-    if (problem.fault != Fault::None)
+
+    if (HasStrangeHead(m_path))
+        return {SettingFault::Damaged, tr("its head is not that of a database")};
+    if (QFileInfo(m_path + SettingFileNames::log).size() > 0) {
+        Problem problem = ExamineCopy(m_path);
+        if (problem.IsFatal())
+            return problem;
+    }
+
+    QSqlError error;
+    m_connection = SettingConnection::Open(m_path, busyTimeout, &error);
+    if (m_connection.isEmpty())
+        return {IsInTheWay(m_path) ? SettingFault::Damaged : SettingFault::Other, error.databaseText()};
+    Problem problem = Prepare(loaded);
+    if (!problem.None())
         CloseConnection();
     return problem;
 }
 
-// Checks the file, makes the table in an empty one, and reads the values.
-SettingFile::Problem SettingFile::Prepare(SettingValues* loaded)
+// Checks the file, reads the values, and brings a file of an earlier version up to date.
+SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
 {
-    const QSqlDatabase database = QSqlDatabase::database(m_connection);
-    QSqlQuery query(database);
-    query.setForwardOnly(true);
-    if (!query.exec(QStringLiteral("PRAGMA integrity_check(1)")) || !query.next())
-        return ProblemOf(query.lastError());
-    const QString verdict = query.value(0).toString();
-    if (verdict != QLatin1String("ok"))
-        return {Fault::Damaged,
-                verdict.section(QLatin1Char('\n'), -1)}; // below a line that names the database
-    query.finish();
-
-    // A file that cannot be written can still be read; the first write will say so.
-    if (!query.exec(QStringLiteral("PRAGMA journal_mode=WAL"))) {
-        Problem problem = ProblemOf(query.lastError());
-        if (problem.fault != Fault::Unwritable)
-            return problem;
-    }
-    query.finish();
-    for (const QString& pragma :
-         {QStringLiteral("PRAGMA synchronous=FULL"), QStringLiteral("PRAGMA journal_size_limit=1048576")}) {
-        if (!query.exec(pragma))
-            return ProblemOf(query.lastError());
-        query.finish();
-    }
-
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    QSqlError error = SettingTable::Recognise(database, &kind);
-    if (error.isValid())
-        return ProblemOf(error);
-    if (kind == SettingTable::Kind::Foreign)
-        return {Fault::Damaged, tr("it was made by another program or version")};
-    if (kind == SettingTable::Kind::Empty) {
-        Problem problem = CreateTable();
-        if (problem.fault != Fault::None)
-            return problem;
+    Problem problem = Examine(m_connection, &kind);
+    if (problem.None())
+        problem = SetUp();
+    if (problem.None() && kind == SettingTable::Kind::Empty)
+        problem = CreateTables(m_connection);
+    if (!problem.None())
+        return problem;
+
+    const QSqlDatabase database = QSqlDatabase::database(m_connection);
+    QSqlError error;
+    if (loaded) {
+        error =
+            SettingTable::ReadAll(database, SettingTable::Direction::Forward,
+                                  std::numeric_limits<qint64>::max(), SettingTable::Checksums::Needed, loaded)
+                .error;
+        if (error.isValid())
+            return ProblemOf(error);
+        m_isRead = true;
     }
-    if (!loaded)
-        return {};
-    error = SettingTable::ReadAll(database, SettingTable::Direction::Forward, loaded).error;
-    return error.isValid() ? ProblemOf(error) : Problem{};
+    if (kind == SettingTable::Kind::Version1) {
+        error = SettingTable::BringUpToDate(database);
+        if (error.isValid())
+            return ProblemOf(error);
+    }
+    // Rows that cannot be moved now stay, and are found again when the file is opened again.
+    if (loaded && !loaded->damaged.isEmpty())
+        DamagedRows::Keep(database, loaded->damaged.keys());
+    return {};
 }
 
-SettingFile::Problem SettingFile::CreateTable()
+// Tells whether it is a store and sound. Nothing is written.
+SettingFile::Problem SettingFile::Examine(const QString& connection, SettingTable::Kind* kind)
+{
+    Problem problem = CheckIntegrity(connection);
+    if (!problem.None())
+        return problem;
+    const QSqlError error = SettingTable::Recognise(QSqlDatabase::database(connection), kind);
+    if (error.isValid())
+        return ProblemOf(error);
+    if (*kind == SettingTable::Kind::Foreign)
+        return {SettingFault::Damaged, tr("it was made by another program")};
+    if (*kind == SettingTable::Kind::Later)
+        return {SettingFault::LaterVersion, QString()};
+    return {};
+}
+
+SettingFile::Problem SettingFile::ExamineCopy(const QString& file)
+{
+    const SettingCopy copy(file);
+    QSqlError error;
+    QString connection = SettingConnection::Open(copy.GetFile(), busyTimeout, &error);
+    if (copy.GetFile().isEmpty() || connection.isEmpty())
+        return {}; // there may be no room for it
+    SettingTable::Kind kind = SettingTable::Kind::Foreign;
+    Problem problem = Examine(connection, &kind);
+    SettingConnection::Close(&connection);
+    return problem;
+}
+
+SettingFile::Problem SettingFile::CheckIntegrity(const QString& connection)
+{
+    QSqlQuery query(QSqlDatabase::database(connection));
+    query.setForwardOnly(true);
+    if (!query.exec(QStringLiteral("PRAGMA integrity_check(1)")) || !query.next()) {
+        Problem problem = ProblemOf(query.lastError());
+        // There is nothing wrong with the statement: SQLite says so of a head with a format that it does not
+        // know, too.
+        constexpr int sqliteError = 1;
+        if (query.lastError().nativeErrorCode().toInt() == sqliteError)
+            problem.fault = SettingFault::Damaged;
+        return problem;
+    }
+    const QString verdict = query.value(0).toString();
+    if (verdict == QLatin1String("ok"))
+        return {};
+    return {SettingFault::Damaged,
+            verdict.section(QLatin1Char('\n'), -1)}; // below a line that names the database
+}
+
+// A file that cannot be written can still be read; the first write will say so.
+SettingFile::Problem SettingFile::SetUp()
 {
     QSqlQuery query(QSqlDatabase::database(m_connection));
+    query.setForwardOnly(true);
+    for (const QString& pragma :
+         {QStringLiteral("PRAGMA journal_mode=WAL"), QStringLiteral("PRAGMA synchronous=FULL"),
+          QStringLiteral("PRAGMA journal_size_limit=1048576")}) {
+        if (!query.exec(pragma)) {
+            Problem problem = ProblemOf(query.lastError());
+            if (problem.fault != SettingFault::Unwritable)
+                return problem;
+        }
+        query.finish();
+    }
+    return {};
+}
+
+// A fresh file is made under another name and gets its own when it is whole: whatever ends the process
+// meanwhile, no half-made file is ever taken for a damaged one.
+SettingFile::Problem SettingFile::MakeFile()
+{
+    const QString draft = m_path + SettingFileNames::draft;
+    QFile::remove(draft + SettingFileNames::journal);
+    QFile::remove(draft);
+    QSqlError error;
+    QString connection = SettingConnection::Open(draft, busyTimeout, &error);
+    if (connection.isEmpty())
+        return ProblemOf(error);
+    // The settings tell what a person has open: nobody else's business. The files beside a database get
+    // its permissions.
+    QFile::setPermissions(draft, QFile::ReadOwner | QFile::WriteOwner);
+    Problem problem = CreateTables(connection);
+    SettingConnection::Close(&connection);
+    if (!problem.None())
+        return problem;
+    for (const QString& suffix :
+         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal})
+        QFile::remove(m_path + suffix); // empty leftovers, which must not be taken for its own
+    QFile file(draft);
+    return file.rename(m_path) ? Problem{} : Problem{SettingFault::Other, file.errorString()};
+}
+
+SettingFile::Problem SettingFile::CreateTables(const QString& connection)
+{
+    QSqlQuery query(QSqlDatabase::database(connection));
     for (const QString& statement : SettingTable::CreateStatements()) {
         if (!query.exec(statement)) {
             Problem problem = ProblemOf(query.lastError());
@@ -251,10 +351,7 @@ SettingFile::Problem SettingFile::CreateTable()
 
 void SettingFile::CloseConnection()
 {
-    if (m_connection.isEmpty())
-        return;
-    QSqlDatabase::removeDatabase(m_connection);
-    m_connection.clear();
+    SettingConnection::Close(&m_connection);
 }
 
 SettingFile::Problem SettingFile::WriteRows(const SettingValues& values)
@@ -272,7 +369,7 @@ SettingFile::Problem SettingFile::WriteRows(const SettingValues& values)
     if (!query.prepare(SettingTable::WriteStatement()))
         return failed();
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
-        SettingTable::BindRow(&query, it.key(), it.value());
+        SettingTable::BindRow(&query, SettingRow::Of(it.key(), it.value()));
         if (!query.exec())
             return failed();
     }
@@ -281,22 +378,49 @@ SettingFile::Problem SettingFile::WriteRows(const SettingValues& values)
 }
 
 // The log and index files go with their database, so that it can still be read under its new name. They
-// go first: a database without its log can be set aside again, a log without its database is thrown away.
+// go first: a database without its log can be set aside again, a log without its database is of no use.
 SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileReport* report)
 {
     CloseConnection();
-    const QString stamp = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMddTHHmmsszzzZ"));
-    QString aside = m_path + QStringLiteral(".damaged-") + stamp;
-    for (int i = 2; QFileInfo::exists(aside); ++i)
-        aside = QStringLiteral("%1.damaged-%2-%3").arg(m_path, stamp).arg(i);
+    const QString kind = damage.fault == SettingFault::LaterVersion ? QStringLiteral(".later-version-")
+                                                                    : QStringLiteral(".damaged-");
+    const QString name =
+        m_path + kind + QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMddTHHmmsszzzZ"));
+    QString aside = name;
+    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::log); ++i)
+        aside = QStringLiteral("%1-%2").arg(name).arg(i);
 
-    for (const QLatin1String suffix :
-         {QLatin1String("-wal"), QLatin1String("-shm"), QLatin1String("-journal"), QLatin1String("")}) {
-        if (QFileInfo::exists(m_path + suffix) && !QDir().rename(m_path + suffix, aside + suffix))
-            return {Fault::Other,
+    for (const QString& suffix :
+         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal, QString()}) {
+        if (!QFileInfo::exists(m_path + suffix))
+            continue;
+        if (!QDir().rename(m_path + suffix, aside + suffix))
+            return {SettingFault::Other,
                     tr("the damaged file %1 cannot be renamed").arg(QDir::toNativeSeparators(m_path))};
+        if (suffix != SettingFileNames::logIndex)
+            report->setAsideFile = aside + suffix; // the last one is the database, if it is there at all
     }
-    report->setAsideFile = aside;
-    report->setAsideReason = tr("The settings file is damaged (%1).").arg(damage.detail);
+    report->setAsideReason = damage.fault == SettingFault::LaterVersion
+                                 ? tr("The settings file was made by a later version of this program.")
+                                 : tr("The settings file is damaged (%1).").arg(damage.detail);
     return {};
+}
+
+// Takes over what can be read from the file that was set aside.
+void SettingFile::Salvage(const Problem& damage, SettingFileReport* report)
+{
+    const SettingContent content = SettingSalvage::Read(report->setAsideFile);
+    m_values = content.values;
+    m_owed = m_values;
+    // A later version may count its checksums in another way: that is no damage.
+    if (damage.fault == SettingFault::Damaged) {
+        for (const SettingKey& key : KeysOf(content.damaged)) {
+            if (!m_values.contains(key))
+                report->damagedValues.append(key);
+        }
+    }
+    report->setAsideReason +=
+        QLatin1Char(' ') + (m_values.isEmpty() ? tr("Nothing could be read from it.")
+                                               : tr("%n setting(s) could be read from it and were kept.",
+                                                    nullptr, m_values.size()));
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "SettingFault.h"
 #include "SettingFileReport.h"
-#include "SettingKey.h"
+#include "SettingLock.h"
+#include "SettingRow.h"
+#include "SettingTable.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
@@ -20,8 +23,9 @@ public:
     SettingFile(const SettingFile&) = delete;
     SettingFile& operator=(const SettingFile&) = delete;
 
-    /// Opens the file or makes it. A damaged one is set aside; what can be read from it is written into
-    /// the fresh one by the next `Write`.
+    /// Opens the file or makes it. One that cannot be used is set aside; what can be read from it is
+    /// written into the fresh one by the next `Write`. Single values that are damaged are set aside within
+    /// the file.
     [[nodiscard]] SettingFileReport Open();
 
     /// Writes all values in one transaction, none if it fails. A file that turns out to be damaged is
@@ -34,33 +38,37 @@ public:
     bool OwesValues() const;
 
 private:
-    enum class Fault
-    {
-        None,
-        Damaged,
-        Busy,
-        DiskFull,
-        Unwritable,
-        Other,
-    };
     struct Problem
     {
-        Fault fault = Fault::None;
+        SettingFault fault = SettingFault::None;
         QString detail;
+
+        bool None() const { return fault == SettingFault::None; }
+        /// Whether a fresh file has to take the place of this one.
+        bool IsFatal() const { return fault == SettingFault::Damaged || fault == SettingFault::LaterVersion; }
     };
 
     static Problem ProblemOf(const QSqlError& error);
     static QString Sentence(const Problem& problem);
 
-    Problem OpenConnection(SettingValues* loaded);
-    Problem Prepare(SettingValues* loaded);
-    Problem CreateTable();
+    /// `loaded` is null when the values are known already.
+    Problem OpenConnection(SettingContent* loaded);
+    Problem Prepare(SettingContent* loaded);
+    Problem SetUp();
+    Problem MakeFile();
+    static Problem Examine(const QString& connection, SettingTable::Kind* kind);
+    static Problem ExamineCopy(const QString& file);
+    static Problem CheckIntegrity(const QString& connection);
+    static Problem CreateTables(const QString& connection);
     void CloseConnection();
     Problem WriteRows(const SettingValues& values);
     Problem SetAside(const Problem& damage, SettingFileReport* report);
+    void Salvage(const Problem& damage, SettingFileReport* report);
 
-    QString m_path;
+    const QString m_path;
+    SettingLock m_lock;
     QString m_connection; // the name of the connection; empty while there is none
+    bool m_isRead = false;
     SettingValues m_values;
     SettingValues m_owed; // of these, what a fresh file still lacks
 };

@@ -1,50 +1,109 @@
 #include "SettingSalvage.h"
 
+#include "SettingConnection.h"
+#include "SettingCopy.h"
+#include "SettingFileNames.h"
 #include "SettingTable.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 
 namespace {
 
 // How many rows that neither end of the table leads to are looked for one by one. [rows]
 constexpr qint64 maximumProbes = 10000;
+constexpr int pageSize = 4096;    // of all our files [bytes]
+constexpr int smallestRow = 8;    // [bytes]
+constexpr int patience = 2000;    // [ms]
+constexpr qint64 atLeastRows = 1; // of a file without a size
 
 // A damaged page ends a walk along the table, so that it is walked from both ends; what lies between two
-// damaged pages is reached through the row ids, which are dense since rows are never deleted.
-SettingValues ReadAround(const QSqlDatabase& database)
+// damaged pages is reached through the row ids, which are nearly dense since rows are hardly ever deleted.
+SettingContent ReadAround(const QSqlDatabase& database, qint64 maximumRows, SettingTable::Checksums checksums)
 {
-    SettingValues values;
+    SettingContent content;
     const SettingTable::ReadResult forward =
-        SettingTable::ReadAll(database, SettingTable::Direction::Forward, &values);
+        SettingTable::ReadAll(database, SettingTable::Direction::Forward, maximumRows, checksums, &content);
     if (!forward.error.isValid())
-        return values;
+        return content;
     const SettingTable::ReadResult backward =
-        SettingTable::ReadAll(database, SettingTable::Direction::Backward, &values);
+        SettingTable::ReadAll(database, SettingTable::Direction::Backward, maximumRows, checksums, &content);
     const qint64 farthest = forward.lastRowId + maximumProbes;
     const qint64 end = backward.lastRowId > 0 ? qMin(backward.lastRowId, farthest) : farthest;
-    SettingTable::ReadEach(database, forward.lastRowId + 1, end, &values);
-    return values;
+    SettingTable::ReadEach(database, forward.lastRowId + 1, end, checksums, &content);
+    return content;
+}
+
+SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
+{
+    // No file holds more rows than this; damage can lead a walk in circles.
+    const qint64 size = QFileInfo(copy).size() + QFileInfo(copy + SettingFileNames::log).size();
+    QSqlError error;
+    QString connection = SettingConnection::Open(copy, patience, &error);
+    SettingContent content;
+    if (!connection.isEmpty()) {
+        const QSqlDatabase database = QSqlDatabase::database(connection);
+        // Makes SQLite read a file that has lost its end.
+        QSqlQuery query(database);
+        query.exec(QStringLiteral("PRAGMA writable_schema=ON"));
+        query.finish();
+        content = ReadAround(database, qMax(size / smallestRow, atLeastRows), checksums);
+    }
+    SettingConnection::Close(&connection);
+    return content;
+}
+
+// The first page of a store, which tells where its tables begin and is the same in all of them.
+QByteArray MakeFirstPage(const QString& emptyFile)
+{
+    QSqlError error;
+    QString connection = SettingConnection::Open(emptyFile, patience, &error);
+    if (!connection.isEmpty()) {
+        QSqlQuery query(QSqlDatabase::database(connection));
+        query.exec(QStringLiteral("PRAGMA page_size=%1").arg(pageSize));
+        for (const QString& statement : SettingTable::CreateStatements())
+            query.exec(statement);
+    }
+    SettingConnection::Close(&connection);
+
+    QFile file(emptyFile);
+    QByteArray page;
+    if (file.open(QFile::ReadOnly))
+        page = file.read(pageSize);
+    if (page.size() < pageSize)
+        return {};
+    page[18] = page[19] = 2;       // there may be a log
+    page[27] = char(~page.at(95)); // what the page says of the file's size does not count
+    return page;
+}
+
+// Gives the copy a sound first page in place of its own.
+bool ReplaceFirstPage(const SettingCopy& copy)
+{
+    const QByteArray page = MakeFirstPage(copy.GetPathOf(QStringLiteral("empty")));
+    QFile file(copy.GetFile());
+    return !page.isEmpty() && file.open(QFile::ReadWrite) && file.write(page) == page.size();
 }
 
 } // namespace
 
-SettingValues SettingSalvage::Read(const QString& damagedFile)
+SettingContent SettingSalvage::Read(const QString& damagedFile)
 {
-    const QString connection = QStringLiteral("TLSettings-salvage-") + damagedFile;
-    SettingValues values;
+    if (!QFileInfo(damagedFile).isFile())
+        return {};
+    SettingContent content;
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
-        database.setDatabaseName(damagedFile);
-        database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-        if (database.open()) {
-            // Makes SQLite read a file that has lost its end. Nothing is written through this connection.
-            QSqlQuery query(database);
-            query.exec(QStringLiteral("PRAGMA writable_schema=ON"));
-            query.finish();
-            values = ReadAround(database);
-        }
+        const SettingCopy copy(damagedFile);
+        if (!copy.GetFile().isEmpty())
+            content = ReadCopy(copy.GetFile(), SettingTable::Checksums::Needed);
     }
-    QSqlDatabase::removeDatabase(connection);
-    return values;
+    if (!content.values.isEmpty())
+        return content;
+    const SettingCopy copy(damagedFile);
+    if (!copy.GetFile().isEmpty() && ReplaceFirstPage(copy))
+        content = ReadCopy(copy.GetFile(), SettingTable::Checksums::IfThere);
+    return content;
 }

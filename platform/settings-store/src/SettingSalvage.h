@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingKey.h"
+#include "SettingRow.h"
 
 /// Saves from a damaged file what can still be read.
 class SettingSalvage final
@@ -9,5 +9,5 @@ public:
     SettingSalvage() = delete;
 
     /// Empty when nothing can be read. The file is left as it is. On the writer's thread.
-    static SettingValues Read(const QString& damagedFile);
+    static SettingContent Read(const QString& damagedFile);
 };

@@ -1,5 +1,7 @@
 #include "SettingTable.h"
 
+#include "DamagedRows.h"
+
 #include <QtCore/QVariant>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
@@ -7,26 +9,74 @@
 namespace {
 
 // The version of the table's layout, kept in the file's user_version.
-constexpr int layoutVersion = 1;
+constexpr int layoutVersion = 2;
 
-// The values of the column "scope".
-constexpr int scopeGlobal = 0;
-constexpr int scopeUser = 1;
+// In place of a scope that is no number: fits no checksum.
+constexpr qint64 noScope = -1;
 
-void AddRow(const QSqlQuery& row, SettingValues* values)
+const QString checksumColumn = QStringLiteral("checksum BLOB NOT NULL DEFAULT x''");
+
+QString VersionStatement()
 {
-    SettingKey key;
-    key.ofUser = row.value(1).toInt() == scopeUser;
-    key.user = row.value(2).toString();
-    key.section = row.value(3).toString();
-    key.field = row.value(4).toString();
-    values->insert(key, row.value(5).toString());
+    return QStringLiteral("PRAGMA user_version=%1").arg(layoutVersion);
 }
 
-// An empty QString may be null, which SQLite would take for "no value".
-QString NotNull(const QString& text)
+// Texts are read, and written below, as the bytes that the file has: SQLite's own way from and to UTF-16
+// changes some texts, which would look like damage.
+QString SelectStatement(bool hasChecksums)
 {
-    return text.isNull() ? QLatin1String("") : text;
+    return QStringLiteral("SELECT rowid, scope, CAST(user AS BLOB), CAST(section AS BLOB), "
+                          "CAST(field AS BLOB), CAST(value AS BLOB), %1 FROM setting ")
+        .arg(hasChecksums ? QLatin1String("checksum") : QLatin1String("x''"));
+}
+
+SettingRow RowOf(const QSqlQuery& query)
+{
+    SettingRow row;
+    bool isNumber = false;
+    row.scope = query.value(1).toLongLong(&isNumber);
+    if (!isNumber)
+        row.scope = noScope;
+    row.user = query.value(2).toByteArray();
+    row.section = query.value(3).toByteArray();
+    row.field = query.value(4).toByteArray();
+    row.value = query.value(5).toByteArray();
+    row.checksum = query.value(6).toByteArray();
+    return row;
+}
+
+QSqlError ReadColumns(const QSqlDatabase& database, QStringList* columns)
+{
+    QSqlQuery query(database);
+    if (!query.exec(QStringLiteral("SELECT name || pk FROM pragma_table_info('setting') "
+                                   "WHERE EXISTS (SELECT 1 FROM sqlite_master "
+                                   "WHERE type = 'table' AND name = 'setting') ORDER BY cid")))
+        return query.lastError();
+    while (query.next())
+        columns->append(query.value(0).toString()); // each with its place in the primary key
+    return query.lastError();
+}
+
+QStringList ColumnsOfVersion1()
+{
+    return {QStringLiteral("scope1"), QStringLiteral("user2"), QStringLiteral("section3"),
+            QStringLiteral("field4"), QStringLiteral("value0")};
+}
+
+bool HasChecksums(const QStringList& columns)
+{
+    return columns.contains(QLatin1String("checksum0"));
+}
+
+// Sorts a row that was read into the sound and the damaged ones.
+void AddRow(const QSqlQuery& query, SettingTable::Checksums checksums, SettingContent* content)
+{
+    const SettingRow row = RowOf(query);
+    const bool isTaken = checksums == SettingTable::Checksums::IfThere && row.checksum.isEmpty();
+    if (isTaken || row.IsSound())
+        content->values.insert(row.GetKey(), row.GetText());
+    else
+        content->damaged.insert(query.value(0).toLongLong(), row);
 }
 
 } // namespace
@@ -36,10 +86,12 @@ QStringList SettingTable::CreateStatements()
     return {
         QStringLiteral("BEGIN IMMEDIATE"),
         QStringLiteral(
-            "CREATE TABLE IF NOT EXISTS setting ("
+            "CREATE TABLE setting ("
             "scope INTEGER NOT NULL, user TEXT NOT NULL, section TEXT NOT NULL, "
-            "field TEXT NOT NULL, value TEXT NOT NULL, PRIMARY KEY (scope, user, section, field))"),
-        QStringLiteral("PRAGMA user_version=%1").arg(layoutVersion),
+            "field TEXT NOT NULL, value TEXT NOT NULL, %1, PRIMARY KEY (scope, user, section, field))")
+            .arg(checksumColumn),
+        DamagedRows::CreateStatement(),
+        VersionStatement(),
         QStringLiteral("COMMIT"),
     };
 }
@@ -53,37 +105,79 @@ QSqlError SettingTable::Recognise(const QSqlDatabase& database, Kind* kind)
     if (!query.exec(QStringLiteral("PRAGMA user_version")) || !query.next())
         return query.lastError();
     const int version = query.value(0).toInt();
+    query.finish();
 
-    QStringList columns; // each with its place in the primary key
-    if (!query.exec(QStringLiteral("SELECT name || pk FROM pragma_table_info('setting') ORDER BY cid")))
-        return query.lastError();
-    while (query.next())
-        columns.append(query.value(0).toString());
-    const QStringList ours{QStringLiteral("scope1"), QStringLiteral("user2"), QStringLiteral("section3"),
-                           QStringLiteral("field4"), QStringLiteral("value0")};
-
+    QStringList columns;
+    const QSqlError error = ReadColumns(database, &columns);
+    if (error.isValid())
+        return error;
+    const QStringList before = ColumnsOfVersion1();
     if (isEmpty && version == 0)
         *kind = Kind::Empty;
-    else if (version == layoutVersion && columns == ours)
+    else if (version == 1 && columns == before)
+        *kind = Kind::Version1;
+    else if (version == layoutVersion && columns == before + QStringList(QStringLiteral("checksum0")))
         *kind = Kind::Ours;
+    else if (version > layoutVersion && !columns.isEmpty())
+        *kind = Kind::Later;
     else
         *kind = Kind::Foreign;
-    return query.lastError();
+    return {};
+}
+
+QSqlError SettingTable::BringUpToDate(const QSqlDatabase& database)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    const auto failed = [&query] {
+        const QSqlError error = query.lastError();
+        query.finish();
+        query.exec(QStringLiteral("ROLLBACK"));
+        return error;
+    };
+    for (const QString& statement :
+         {QStringLiteral("BEGIN IMMEDIATE"),
+          QStringLiteral("ALTER TABLE setting ADD COLUMN ") + checksumColumn, DamagedRows::CreateStatement(),
+          VersionStatement(), SelectStatement(true)}) {
+        if (!query.exec(statement))
+            return failed();
+    }
+    QMap<qint64, QByteArray> checksums;
+    while (query.next())
+        checksums.insert(query.value(0).toLongLong(), RowOf(query).CountChecksum());
+    if (query.lastError().isValid() ||
+        !query.prepare(QStringLiteral("UPDATE setting SET checksum = ? WHERE rowid = ?")))
+        return failed();
+    for (auto it = checksums.cbegin(); it != checksums.cend(); ++it) {
+        query.bindValue(0, it.value());
+        query.bindValue(1, it.key());
+        if (!query.exec())
+            return failed();
+    }
+    query.finish();
+    return query.exec(QStringLiteral("COMMIT")) ? QSqlError() : failed();
 }
 
 SettingTable::ReadResult SettingTable::ReadAll(const QSqlDatabase& database, Direction direction,
-                                               SettingValues* values)
+                                               qint64 maximumRows, Checksums checksums,
+                                               SettingContent* content)
 {
     ReadResult result;
+    QStringList columns;
+    result.error = ReadColumns(database, &columns);
+    if (result.error.isValid() || columns.isEmpty())
+        return result;
+    if (!HasChecksums(columns))
+        checksums = Checksums::IfThere;
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    const QString select = QStringLiteral("SELECT rowid, scope, user, section, field, value FROM setting "
-                                          "ORDER BY rowid %1");
-    if (query.exec(
-            select.arg(direction == Direction::Forward ? QLatin1String("ASC") : QLatin1String("DESC")))) {
-        while (query.next()) {
+    const QString order =
+        QStringLiteral("ORDER BY rowid %1")
+            .arg(direction == Direction::Forward ? QLatin1String("ASC") : QLatin1String("DESC"));
+    if (query.exec(SelectStatement(HasChecksums(columns)) + order)) {
+        for (qint64 i = 0; i < maximumRows && query.next(); ++i) {
             result.lastRowId = query.value(0).toLongLong();
-            AddRow(query, values);
+            AddRow(query, checksums, content);
         }
     }
     result.error = query.lastError();
@@ -91,32 +185,39 @@ SettingTable::ReadResult SettingTable::ReadAll(const QSqlDatabase& database, Dir
 }
 
 void SettingTable::ReadEach(const QSqlDatabase& database, qint64 firstRowId, qint64 lastRowId,
-                            SettingValues* values)
+                            Checksums checksums, SettingContent* content)
 {
+    QStringList columns;
+    if (ReadColumns(database, &columns).isValid())
+        return;
+    if (!HasChecksums(columns))
+        checksums = Checksums::IfThere;
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    if (!query.prepare(
-            QStringLiteral("SELECT rowid, scope, user, section, field, value FROM setting WHERE rowid = ?")))
+    if (!query.prepare(SelectStatement(HasChecksums(columns)) + QLatin1String("WHERE rowid = ?")))
         return;
     for (qint64 rowId = firstRowId; rowId <= lastRowId; ++rowId) {
         query.bindValue(0, rowId);
         if (query.exec() && query.next())
-            AddRow(query, values);
+            AddRow(query, checksums, content);
         query.finish();
     }
 }
 
 QString SettingTable::WriteStatement()
 {
-    return QStringLiteral("INSERT INTO setting (scope, user, section, field, value) VALUES (?, ?, ?, ?, ?) "
-                          "ON CONFLICT (scope, user, section, field) DO UPDATE SET value = excluded.value");
+    return QStringLiteral("INSERT INTO setting (scope, user, section, field, value, checksum) "
+                          "VALUES (?, CAST(? AS TEXT), CAST(? AS TEXT), CAST(? AS TEXT), CAST(? AS TEXT), ?) "
+                          "ON CONFLICT (scope, user, section, field) "
+                          "DO UPDATE SET value = excluded.value, checksum = excluded.checksum");
 }
 
-void SettingTable::BindRow(QSqlQuery* query, const SettingKey& key, const QString& value)
+void SettingTable::BindRow(QSqlQuery* query, const SettingRow& row)
 {
-    query->bindValue(0, key.ofUser ? scopeUser : scopeGlobal);
-    query->bindValue(1, NotNull(key.user));
-    query->bindValue(2, NotNull(key.section));
-    query->bindValue(3, NotNull(key.field));
-    query->bindValue(4, NotNull(value));
+    query->bindValue(0, row.scope);
+    query->bindValue(1, row.user);
+    query->bindValue(2, row.section);
+    query->bindValue(3, row.field);
+    query->bindValue(4, row.value);
+    query->bindValue(5, row.checksum);
 }

@@ -9,6 +9,8 @@ namespace {
 
 // How long values are gathered before they are written together, when nobody waits for them.
 constexpr std::chrono::milliseconds gatherTime(20);
+// How long a flush waits for the disk.
+constexpr std::chrono::seconds flushBound(5);
 
 } // namespace
 
@@ -54,8 +56,19 @@ bool SettingWriter::Flush()
     m_attemptWanted = true;
     m_hurry = true;
     m_wake.notify_one();
-    m_done.wait(lock, [this, mine] { return m_attempted >= mine; });
-    return m_written >= mine;
+    const auto bound = m_isStalled ? std::chrono::seconds(0) : flushBound;
+    if (m_done.wait_for(lock, bound, [this, mine] { return m_attempted >= mine; }))
+        return m_written >= mine;
+    const bool isNews = !m_isStalled;
+    m_isStalled = true;
+    lock.unlock();
+    if (isNews) {
+        SettingFileReport report;
+        report.failure =
+            tr("The disk does not answer: settings are not saved yet. They will be as soon as it does.");
+        m_notify(report);
+    }
+    return false;
 }
 
 void SettingWriter::Stop()
@@ -106,6 +119,7 @@ void SettingWriter::Run()
         lock.lock();
 
         m_attempted = upTo;
+        m_isStalled = false;
         if (report.failure.isEmpty())
             m_written = upTo;
         else

@@ -3,6 +3,8 @@
 #include "SettingFileReport.h"
 #include "SettingKey.h"
 
+#include <QtCore/QCoreApplication>
+
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -13,9 +15,11 @@
 /// The operations are called on one other thread.
 class SettingWriter final
 {
+    Q_DECLARE_TR_FUNCTIONS(SettingWriter)
+
 public:
     /// Called on the writer's own thread after a write that the user must hear of: a file set aside, or a
-    /// failure other than that of the write before.
+    /// failure other than that of the write before. Called on the other one when a flush was given up.
     using Notify = std::function<void(const SettingFileReport&)>;
 
     SettingWriter(const QString& path, Notify notify);
@@ -30,7 +34,8 @@ public:
     void Queue(const SettingKey& key, const QString& value);
     /// Whether something is not on disk yet.
     bool HasWaiting() const;
-    /// Returns after an attempt to write all that waits. False when it failed.
+    /// Returns after an attempt to write all that waits. False when it failed, or was not over after 5 s;
+    /// while it still is not, further flushes do not wait.
     [[nodiscard]] bool Flush();
     /// Writes all that waits, closes the file and ends the thread.
     void Stop();
@@ -52,7 +57,8 @@ private:
     bool m_attemptWanted = false;
     bool m_hurry = false;
     bool m_stop = false;
-    quint64 m_queued = 0;    // counts the values and flushes
-    quint64 m_attempted = 0; // up to which of them there was an attempt,
-    quint64 m_written = 0;   // and up to which all is on disk
+    bool m_isStalled = false; // a flush was given up, and the writer is still at it
+    quint64 m_queued = 0;     // counts the values and flushes
+    quint64 m_attempted = 0;  // up to which of them there was an attempt,
+    quint64 m_written = 0;    // and up to which all is on disk
 };

@@ -101,6 +101,11 @@ void VXSettingManager::Tell(const SettingFileReport& report)
                   qUtf16Printable(report.setAsideFile));
         Q_EMIT SigStoreSetAside(report.setAsideFile, report.setAsideReason);
     }
+    for (const SettingKey& key : report.damagedValues) {
+        qCWarning(lcSettings, "Damaged value set aside: %ls / %ls", qUtf16Printable(key.section),
+                  qUtf16Printable(key.field));
+        Q_EMIT SigValueDamaged(key.user, key.section, key.field);
+    }
     if (!report.failure.isEmpty()) {
         qCWarning(lcSettings, "%ls", qUtf16Printable(report.failure));
         Q_EMIT SigStoreFailed(report.failure);

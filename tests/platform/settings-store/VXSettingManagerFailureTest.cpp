@@ -22,6 +22,49 @@ protected:
     }
 };
 
+TEST_F(VXSettingManagerFailureTest, WriteThatNeverSeemsToEndIsWaitedForOnceAndOnlySoLong)
+{
+    constexpr int bound = 5000;     // [ms]
+    constexpr int nothing = 1000;   // what a busy machine may make of no time at all [ms]
+    constexpr int tolerance = 3000; // [ms]
+    ASSERT_TRUE(m_store.Open(m_file));
+    {
+        // Work for each value that is written, about twice as much as is waited for.
+        const QString count = QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                                             "WHERE i < %1) SELECT max(i) FROM n");
+        constexpr qint64 probe = 1000000;
+        RawDatabase other(m_file);
+        QElapsedTimer timer;
+        timer.start();
+        other.Run(count.arg(probe));
+        const qint64 work = probe * bound * 2 / qMax(timer.elapsed(), qint64(1));
+        other.Run(QStringLiteral("CREATE TRIGGER slow AFTER INSERT ON setting BEGIN SELECT (%1); END")
+                      .arg(count.arg(work)));
+    }
+
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 5)));
+    EXPECT_GE(timer.elapsed(), bound - 100);
+    EXPECT_LT(timer.elapsed(), bound + tolerance);
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), Value(1, 5));
+
+    timer.restart();
+    m_store.SetUserValue(Section(), Field(1), Value(1, 6));
+    EXPECT_FALSE(m_store.Flush());
+    EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 7)));
+    EXPECT_LT(timer.elapsed(), nothing) << "it is known to take its time";
+    EXPECT_TRUE(WaitForFailures(1));
+    EXPECT_EQ(m_failed.count(), 1) << "told once";
+    // The value that was waited for gets to the disk all the same.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return CountRows() == 1; }, 60000));
+    RawDatabase(m_file).Run(QStringLiteral("DROP TRIGGER slow"));
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), Value(1, 7));
+    EXPECT_EQ(m_failed.count(), 1);
+}
+
 // A disk that takes no more.
 class VXSettingManagerDiskTest : public VXSettingManagerFailureTest
 {

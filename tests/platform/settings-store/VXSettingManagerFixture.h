@@ -34,5 +34,6 @@ protected:
     const QString m_file = PathOf("settings.db");
     VXSettingManager& m_store = *VXSettingManager::Instance();
     QSignalSpy m_setAside{&m_store, &VXSettingManager::SigStoreSetAside};
+    QSignalSpy m_valueDamaged{&m_store, &VXSettingManager::SigValueDamaged};
     QSignalSpy m_failed{&m_store, &VXSettingManager::SigStoreFailed};
 };

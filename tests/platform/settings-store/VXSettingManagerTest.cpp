@@ -21,6 +21,27 @@ protected:
         TLGlobalData::Instance()->SetUser(QString::fromUtf8(pin), QString());
     }
 
+    // As a module does that is unloaded after it has set a value: its constant texts are gone then.
+    void SetTextsThatGoAway()
+    {
+        QVector<ushort> memory{'u', 's', 'f', 'v'};
+        const auto text = [&memory](int i) {
+            return QString::fromRawData(reinterpret_cast<const QChar*>(memory.constData() + i), 1);
+        };
+        TLGlobalData::Instance()->SetUser(text(0), QString());
+        m_store.SetUserValue(text(1), text(2), text(3));
+        m_store.SetGlobalValue(text(1), text(2), text(3));
+        TLGlobalData::Instance()->ClearUser();
+        memory.fill('?');
+    }
+
+    void ExpectTextsThatWentAway()
+    {
+        SignIn("u");
+        EXPECT_EQ(m_store.GetUserValue(QStringLiteral("s"), QStringLiteral("f")), QStringLiteral("v"));
+        EXPECT_EQ(m_store.GetGlobalValue(QStringLiteral("s"), QStringLiteral("f")), QStringLiteral("v"));
+    }
+
     QVariant StoredValue() const
     {
         return RawDatabase(m_file).Run(QStringLiteral("SELECT value FROM setting"));
@@ -234,8 +255,9 @@ TEST_F(VXSettingManagerTest, AwkwardTextsSurviveAsNameAndAsValue)
     const QStringList texts{QStringLiteral("'; DROP TABLE setting; --"), QStringLiteral("a\nb\t\"c\""),
                             QString(QLatin1String("nul")) + QChar(0) + QLatin1String("inside"),
                             QString::fromUtf8("\xf0\x9f\x98\x80 中"),
-
-                            QString()};
+                            // a byte order mark, and what is no character at all
+                            QString(QChar(0xfeff)) + QLatin1String("bom"),
+                            QString(QLatin1String("none")) + QChar(0xfffe) + QChar(0xffff), QString()};
     ASSERT_TRUE(m_store.Open(m_file));
     for (const QString& text : texts)
         m_store.SetGlobalValue(text, text, text + QLatin1Char('!'));
@@ -243,6 +265,39 @@ TEST_F(VXSettingManagerTest, AwkwardTextsSurviveAsNameAndAsValue)
     ASSERT_TRUE(m_store.Open(m_file));
     for (const QString& text : texts)
         EXPECT_EQ(m_store.GetGlobalValue(text, text), text + QLatin1Char('!')) << text.toStdString();
+}
+
+TEST_F(VXSettingManagerTest, TextThatIsNoValidUtf16IsMendedAndNotTakenForDamaged)
+{
+    const QString half = QStringLiteral("a") + QChar(0xd800) + QStringLiteral("b");
+    ASSERT_TRUE(m_store.Open(m_file));
+    m_store.SetGlobalValue(section, half, half);
+    EXPECT_EQ(m_store.GetGlobalValue(section, half), half);
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_valueDamaged.count(), 0);
+    const QString mended = QString::fromUtf8(half.toUtf8());
+    EXPECT_EQ(m_store.GetGlobalValue(section, mended), mended);
+}
+
+TEST_F(VXSettingManagerTest, TextsThatGoAwayAfterTheCallAreKept)
+{
+    ASSERT_TRUE(m_store.Open(m_file));
+    SetTextsThatGoAway();
+    ExpectTextsThatWentAway();
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    ExpectTextsThatWentAway();
+}
+
+TEST_F(VXSettingManagerTest, TextsThatGoAwayBeforeTheStoreIsOpenedAreKept)
+{
+    SetTextsThatGoAway();
+    ASSERT_TRUE(m_store.Open(m_file));
+    ExpectTextsThatWentAway();
+    m_store.Close();
+    ASSERT_TRUE(m_store.Open(m_file));
+    ExpectTextsThatWentAway();
 }
 
 TEST_F(VXSettingManagerTest, ManyKeysAreWrittenTogether)
