@@ -29,8 +29,7 @@ QString EntryOf(const QWidget* row)
 {
     const QList<QLabel*> labels = row->findChildren<QLabel*>();
     for (const QLabel* const label : labels) {
-        const QString text =
-            label->accessibleName().isEmpty() ? ShownText::Of(label) : label->accessibleName();
+        QString text = label->accessibleName().isEmpty() ? ShownText::Of(label) : label->accessibleName();
         if (!text.isEmpty())
             return text;
     }

@@ -16,7 +16,7 @@ QString ContentOf(const QWidget* widget)
         return QString();
     const QList<QLabel*> labels = widget->findChildren<QLabel*>();
     for (const QLabel* const label : labels) {
-        const QString text = ShownText::Of(label);
+        QString text = ShownText::Of(label);
         if (!text.isEmpty())
             return text;
     }

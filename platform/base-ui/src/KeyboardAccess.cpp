@@ -229,6 +229,7 @@ void KeyboardAccess::SendEnter(QWidget* row)
     QEnterEvent enter(middle, row->mapTo(row->window(), middle), row->mapToGlobal(middle));
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &enter);
+    row->update(); // the theme may give rows another look under the mouse
 }
 
 void KeyboardAccess::SendLeave(QWidget* row)
@@ -236,6 +237,7 @@ void KeyboardAccess::SendLeave(QWidget* row)
     QEvent leave(QEvent::Leave);
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &leave);
+    row->update();
 }
 
 void KeyboardAccess::OrderTabs()

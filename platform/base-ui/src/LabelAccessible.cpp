@@ -34,7 +34,7 @@ void LabelAccessible::Refresh(QLabel* label)
 
 QString LabelAccessible::text(QAccessible::Text kind) const
 {
-    const QString given = QAccessibleWidget::text(kind);
+    QString given = QAccessibleWidget::text(kind);
     if (kind != QAccessible::Name || !given.isEmpty())
         return given;
     const QString shown = GetLabel()->text();

@@ -10,6 +10,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QCursor>
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStackedWidget>
@@ -33,6 +34,10 @@ PreviewSteps::~PreviewSteps() = default;
 
 void PreviewSteps::Next()
 {
+    if (!m_dialog->windowHandle()->isExposed()) {
+        QTimer::singleShot(between, this, &PreviewSteps::Next);
+        return;
+    }
     if (m_steps.isEmpty()) {
         if (!m_picture.isEmpty())
             Finish();

@@ -3,6 +3,7 @@
 //
 //   SettingsPreview [--theme light|dark] [--language en|zh_CN] [--scale 200] [--page 10,60] [--search word]
 //                   [--list empty|full|many|failed|loading|slow] [--do action,...] [--picture file]
+//                   [--modules folder]
 //
 // Actions, one after the other: hover:N, tick:N and edit:N (row N of the page), click:name, focus:name,
 // type:text, tab:N, enter, fail (the next write fails), wait:milliseconds. With "picture" a picture of the
@@ -85,6 +86,7 @@ int main(int argc, char** argv)
     add(QStringLiteral("list"), QStringLiteral("full"));
     add(QStringLiteral("do"));
     add(QStringLiteral("picture"));
+    add(QStringLiteral("modules"), QCoreApplication::applicationDirPath() + QStringLiteral("/../modules"));
     parser.process(application);
     const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
 
@@ -118,7 +120,7 @@ int main(int argc, char** argv)
     browser.window.show();
 
     QVector<ISysSettingFactory*> factories;
-    const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../modules"));
+    const QDir folder(value("modules"));
     const QFileInfoList files = folder.entryInfoList(QDir::Files);
     for (const QFileInfo& file : files) {
         QPluginLoader loader(file.filePath());
