@@ -102,7 +102,7 @@ SettingFileReport SettingFile::Open()
             Salvage(damage, &report);
             problem = OpenConnection(nullptr);
         }
-    } else if (problem.None() || m_isRead) {
+    } else if (problem.None() || m_isRead || ReadAlone(problem, &content)) {
         m_values = content.values;
         report.damagedValues = KeysOf(content.damaged);
         problem = {}; // a file that can only be read is good enough: the first write tells why
@@ -210,6 +210,24 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
     return problem;
 }
 
+// Reads a file that cannot be opened for writing, because the disk is full or takes nothing: without the
+// index of the log, which would have to be made, and which nobody needs who has the file alone.
+bool SettingFile::ReadAlone(const Problem& problem, SettingContent* loaded)
+{
+    if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile())
+        return false;
+    QSqlError error;
+    QString connection = SettingConnection::Open(m_path, busyTimeout, &error);
+    if (!connection.isEmpty()) {
+        const QSqlDatabase database = QSqlDatabase::database(connection);
+        QSqlQuery(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"), database);
+        SettingTable::Kind kind = SettingTable::Kind::Foreign;
+        m_isRead = Examine(connection, &kind).None() && ReadValues(database, loaded).None();
+    }
+    SettingConnection::Close(&connection);
+    return m_isRead;
+}
+
 // Checks the file, reads the values, and brings a file of an earlier version up to date.
 SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
 {
@@ -223,18 +241,14 @@ SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
         return problem;
 
     const QSqlDatabase database = QSqlDatabase::database(m_connection);
-    QSqlError error;
     if (loaded) {
-        error =
-            SettingTable::ReadAll(database, SettingTable::Direction::Forward,
-                                  std::numeric_limits<qint64>::max(), SettingTable::Checksums::Needed, loaded)
-                .error;
-        if (error.isValid())
-            return ProblemOf(error);
+        problem = ReadValues(database, loaded);
+        if (!problem.None())
+            return problem;
         m_isRead = true;
     }
     if (kind == SettingTable::Kind::Version1) {
-        error = SettingTable::BringUpToDate(database);
+        const QSqlError error = SettingTable::BringUpToDate(database);
         if (error.isValid())
             return ProblemOf(error);
     }
@@ -242,6 +256,15 @@ SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
     if (loaded && !loaded->damaged.isEmpty())
         DamagedRows::Keep(database, loaded->damaged.keys());
     return {};
+}
+
+SettingFile::Problem SettingFile::ReadValues(const QSqlDatabase& database, SettingContent* content)
+{
+    const QSqlError error =
+        SettingTable::ReadAll(database, SettingTable::Direction::Forward, std::numeric_limits<qint64>::max(),
+                              SettingTable::Checksums::Needed, content)
+            .error;
+    return error.isValid() ? ProblemOf(error) : Problem{};
 }
 
 // Tells whether it is a store and sound. Nothing is written.

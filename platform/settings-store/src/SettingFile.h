@@ -1,14 +1,15 @@
 #pragma once
 
+#include "SettingContent.h"
 #include "SettingFault.h"
 #include "SettingFileReport.h"
 #include "SettingLock.h"
-#include "SettingRow.h"
 #include "SettingTable.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
+class QSqlDatabase;
 class QSqlError;
 
 /// The SQLite file of the store. Made, used and destroyed on one thread, the writer's.
@@ -54,10 +55,12 @@ private:
     /// `loaded` is null when the values are known already.
     Problem OpenConnection(SettingContent* loaded);
     Problem Prepare(SettingContent* loaded);
+    bool ReadAlone(const Problem& problem, SettingContent* loaded);
     Problem SetUp();
     Problem MakeFile();
     static Problem Examine(const QString& connection, SettingTable::Kind* kind);
     static Problem ExamineCopy(const QString& file);
+    static Problem ReadValues(const QSqlDatabase& database, SettingContent* content);
     static Problem CheckIntegrity(const QString& connection);
     static Problem CreateTables(const QString& connection);
     void CloseConnection();

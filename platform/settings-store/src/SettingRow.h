@@ -3,7 +3,6 @@
 #include "SettingKey.h"
 
 #include <QtCore/QByteArray>
-#include <QtCore/QMap>
 
 /// A row of the table as the file has it, byte for byte: the texts in UTF-8, and a checksum over all of
 /// them, which tells a value that was damaged inside a file that is otherwise sound.
@@ -24,11 +23,4 @@ struct SettingRow
     /// The checksum that the row ought to have.
     QByteArray CountChecksum() const;
     bool IsSound() const;
-};
-
-/// What was read from a file.
-struct SettingContent
-{
-    SettingValues values;
-    QMap<qint64, SettingRow> damaged; ///< by the row's id
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingRow.h"
+#include "SettingContent.h"
 
 /// Saves from a damaged file what can still be read.
 class SettingSalvage final

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingRow.h"
+#include "SettingContent.h"
 
 #include <QtCore/QStringList>
 #include <QtCore/QtGlobal>

@@ -158,6 +158,43 @@ TEST_F(VXSettingManagerDiskTest, WhatDoesNotFitOnTheDiskIsWrittenOnceItFits)
     EXPECT_EQ(m_store.GetUserValue(Section(), Field(2)), big);
 }
 
+TEST_F(VXSettingManagerDiskTest, DiskThatIsFullFromTheStartGivesTheValuesAndTakesNone)
+{
+    MakeStore(3, 10);
+    {
+        const FileSizeLimit limit(4096);
+        EXPECT_TRUE(m_store.Open(m_file));
+        EXPECT_EQ(CountValues(3, 10), 3);
+        EXPECT_FALSE(m_store.SetUserValueSync(Section(), Field(1), Value(1, 5)));
+        EXPECT_TRUE(WaitForFailures(1));
+    }
+    EXPECT_TRUE(m_store.Flush());
+    EXPECT_EQ(CountRows(), 4);
+    EXPECT_EQ(m_failed.count(), 1);
+    EXPECT_EQ(m_setAside.count(), 0);
+}
+
+TEST_F(VXSettingManagerDiskTest, DiskThatIsFullBesideALogThatAKillHasLeftGivesTheValues)
+{
+    MakeStore(3, 10);
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_TRUE(m_store.SetGlobalValueSync(Section(), Field(3), Value(3, 10)));
+    const QByteArray log = ReadFile(m_file + QStringLiteral("-wal"));
+    const QByteArray database = ReadFile(m_file);
+    m_store.Close();
+    WriteFile(m_file, database);
+    WriteFile(m_file + QStringLiteral("-wal"), log);
+    {
+        const FileSizeLimit limit(4096);
+        EXPECT_TRUE(m_store.Open(m_file));
+        EXPECT_EQ(CountValues(4, 10), 4);
+    }
+    m_store.Close();
+    EXPECT_EQ(m_setAside.count(), 0);
+    ASSERT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(CountValues(4, 10), 4);
+}
+
 TEST_F(VXSettingManagerDiskTest, SameCauseIsToldAgainAfterAWriteThatSucceeded)
 {
     ASSERT_TRUE(m_store.Open(m_file));
