@@ -394,6 +394,9 @@ void ClientApplication::End(EndKind kind)
     }
     m_ending = true;
     m_userInformation->Stop();
+    if (m_tabs) {
+        m_tabs->TakeEnding();
+    }
     // A question of a module may be open: its code must be left before the module can go.
     NestedLoops::LeaveThen(this, [this, kind] { EndOnceWritten(kind, QDeadlineTimer(writeLimit)); });
 }

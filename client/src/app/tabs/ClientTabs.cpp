@@ -117,8 +117,17 @@ ClientTabs::~ClientTabs() = default;
 void ClientTabs::Show(bool restarted, const std::function<void()>& mainFrameShow)
 {
     m_returning.Run(restarted, mainFrameShow);
+    if (m_ending) {
+        return;
+    }
     m_shown = true;
     m_watch.Start(m_window);
+}
+
+void ClientTabs::TakeEnding()
+{
+    m_ending = true;
+    m_returning.Cancel();
 }
 
 void ClientTabs::BeforeEnd(EndKind kind, const QString& ignoreUrl)

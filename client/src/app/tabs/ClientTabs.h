@@ -39,6 +39,9 @@ public:
     /// Calls `mainFrameShow`, in which tabs come back, and keeps the open tabs from then on.
     void Show(bool restarted, const std::function<void()>& mainFrameShow);
 
+    /// The client is about to end and closes what stands in the way: a question that is open in
+    /// `mainFrameShow` is not answered thereby, and its tabs are kept.
+    void TakeEnding();
     /// Before the modules' main frame quits. `ignoreUrl` is the router URL of the tab that a restart leaves
     /// out, empty for none.
     void BeforeEnd(EndKind kind, const QString& ignoreUrl);
@@ -66,4 +69,5 @@ private:
     ReopenGuard m_guard;
     ReturningTabs m_returning;
     bool m_shown = false;
+    bool m_ending = false;
 };

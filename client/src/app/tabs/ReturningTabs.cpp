@@ -53,7 +53,14 @@ void ReturningTabs::Run(bool restarted, const std::function<void()>& mainFrameSh
     disconnect(question);
     m_window->SetReopening(false);
     m_window->SetSavedFaces({});
-    TakeOutcome(restarted, before, asked);
+    if (!m_cancelled) {
+        TakeOutcome(restarted, before, asked);
+    }
+}
+
+void ReturningTabs::Cancel()
+{
+    m_cancelled = true;
 }
 
 void ReturningTabs::TakeOutcome(bool restarted, int before, bool asked)
@@ -73,14 +80,14 @@ void ReturningTabs::TakeOutcome(bool restarted, int before, bool asked)
         return;
     }
     const bool missing = reopened < expected;
-    if (restarted && !missing) {
+    const bool unread = reopened == 0 && !m_whole;
+    if (restarted && !missing && !unread) {
         return;
     }
     const auto fate = reopened > 0 ? (missing ? EarlierTabs::Fate::NotWhole : EarlierTabs::Fate::Reopened)
                       : asked      ? EarlierTabs::Fate::Declined
                                    : EarlierTabs::Fate::Dropped;
     EarlierTabs::Add(m_text, fate);
-    const bool unread = reopened == 0 && !m_whole;
     if ((missing || unread) && fate != EarlierTabs::Fate::Declined) {
         Q_EMIT SigMissing(reopened, expected);
     }

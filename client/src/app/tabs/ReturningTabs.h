@@ -26,6 +26,9 @@ public:
     /// Calls `mainFrameShow`, which may ask the user and opens what it reopens before it returns.
     /// `restarted`: this process took over from one that restarted itself.
     void Run(bool restarted, const std::function<void()>& mainFrameShow);
+    /// While `mainFrameShow` runs: the client is about to end, and a question that is closed for that was
+    /// not answered. What was kept of the run before stays as it is.
+    void Cancel();
 
 Q_SIGNALS:
     /// Nothing loads by itself, because the client died several times after tabs were reopened.
@@ -49,4 +52,5 @@ private:
     QString m_text;
     bool m_whole = true;
     bool m_care = false;
+    bool m_cancelled = false;
 };
