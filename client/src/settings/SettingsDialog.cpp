@@ -12,6 +12,8 @@
 
 #include "base-ui/PackagedMsgBox.h"
 #include "base-ui/TLLineEdit.h"
+#include "base-ui/TLMask.h"
+#include "base-ui/TLMaskWidget.h"
 #include "base-ui/TitleType.h"
 #include "base/DpiTool.h"
 
@@ -19,6 +21,7 @@
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -199,11 +202,9 @@ void SettingsDialog::reject()
 
 bool SettingsDialog::eventFilter(QObject* watched, QEvent* event)
 {
-    // The dialogs that pages open bring no names for screen readers either.
     if (event->type() == QEvent::Show && watched != this) {
-        auto* const opened = qobject_cast<TLBaseDialog*>(watched);
-        if (opened != nullptr && opened->findChild<AccessibleNames*>() == nullptr)
-            new AccessibleNames(opened);
+        if (auto* const opened = qobject_cast<TLBaseDialog*>(watched))
+            Receive(opened);
     }
     return TLBaseDialog::eventFilter(watched, event);
 }
@@ -239,6 +240,31 @@ void SettingsDialog::showEvent(QShowEvent* event)
     if (!event->spontaneous())
         Load();
     TLBaseDialog::showEvent(event);
+}
+
+void SettingsDialog::Receive(TLBaseDialog* opened)
+{
+    // The dialogs that pages open bring no names for screen readers either.
+    if (opened->findChild<AccessibleNames*>() == nullptr)
+        new AccessibleNames(opened);
+    const bool isOfPage = std::any_of(m_areas.cbegin(), m_areas.cend(), [](const SettingsPageArea* area) {
+        return area != nullptr && area->IsPageDealing();
+    });
+    const QWidget* const parent = opened->parentWidget();
+    if (!isOfPage || (parent != nullptr && parent->window() == this))
+        return;
+    // Pages know the client's window only, which may be far from where the user looks.
+    TLMask::Instance()->InitMask(this, this)->ShowFor(opened);
+    QRect place(QPoint(), opened->size());
+    place.moveCenter(geometry().center());
+    const QRect available = screen()->availableGeometry();
+    place.moveRight(qMin(place.right(), available.right()));
+    place.moveBottom(qMin(place.bottom(), available.bottom()));
+    place.moveLeft(qMax(place.left(), available.left()));
+    place.moveTop(qMax(place.top(), available.top()));
+    opened->move(place.topLeft());
+    if (opened->windowHandle() != nullptr)
+        opened->windowHandle()->setTransientParent(windowHandle());
 }
 
 void SettingsDialog::Load()

@@ -52,6 +52,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void Receive(TLBaseDialog* opened);
     void Load();
     void Search();
     void SelectPage();

@@ -42,6 +42,8 @@ public:
 
     /// Whether a change is on its way, or input waits for its turn.
     bool IsBusy() const noexcept;
+    /// Whether code of the page is running on account of input, such as while it has a dialog open.
+    bool IsPageDealing() const noexcept { return m_hold.IsPageDealing(); }
     /// Whether the page shows a change that could not be saved.
     bool IsUnsaved() const noexcept;
     /// Tells the page that it is about to go; it may then have a change on its way.

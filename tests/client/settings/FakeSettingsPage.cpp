@@ -3,11 +3,11 @@
 #include "FakePageRequest.h"
 #include "FakePageResponse.h"
 
+#include "base-ui/TLBaseDialog.h"
 #include "http/IHttpManager.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
-#include <QtWidgets/QDialog>
 #include <QtWidgets/QVBoxLayout>
 
 FakeSettingsPage::FakeSettingsPage()
@@ -54,7 +54,8 @@ bool FakeSettingsPage::eventFilter(QObject* watched, QEvent* event)
         ++presses;
         bool wanted = true;
         if (addsByDialog) {
-            QDialog dialog(window());
+            TLBaseDialog dialog(dialogParent != nullptr ? dialogParent : window());
+            dialog.resize(200, 100);
             dialog.setObjectName(QStringLiteral("add_dialog"));
             wanted = dialog.exec() == QDialog::Accepted;
         }

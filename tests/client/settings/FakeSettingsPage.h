@@ -35,6 +35,7 @@ public:
     QString keyword;
     int presses = 0; ///< of the label
     bool addsByDialog = false;
+    QWidget* dialogParent = nullptr; ///< null: the page's own window
     int skipped = 0;
 
 protected:

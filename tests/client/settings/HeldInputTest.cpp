@@ -4,6 +4,7 @@
 #include "FakePageResponse.h"
 #include "WaitUntil.h"
 
+#include "base-ui/TLMaskWidget.h"
 #include "base/DpiTool.h"
 #include "http/IHttpManager.h"
 
@@ -190,6 +191,30 @@ TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
     gateway.Answer();
     EXPECT_TRUE(gateway.stored.contains(QStringLiteral("added 1")));
     EXPECT_EQ(Page()->GetContent(), gateway.stored);
+}
+
+TEST_F(HeldInputTest, ADialogOfThePageStandsOverTheSettingsAndDimsThem)
+{
+    Open();
+    QWidget client; // what pages take for the window that the user looks at
+    client.setGeometry(0, 0, 200, 100);
+    client.show();
+    Page()->addsByDialog = true;
+    Page()->dialogParent = &client;
+    bool dimmed = false;
+    QPoint off;
+    QTimer::singleShot(0, dialog.get(), [&] {
+        auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(open, nullptr);
+        off = open->geometry().center() - dialog->geometry().center();
+        const auto* const mask = dialog->findChild<TLMaskWidget*>();
+        dimmed = mask != nullptr && mask->isVisible();
+        open->reject();
+    });
+    QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
+    EXPECT_TRUE(dimmed);
+    EXPECT_LE(off.manhattanLength(), 2);
+    EXPECT_FALSE(dialog->findChild<TLMaskWidget*>()->isVisible());
 }
 
 TEST_F(HeldInputTest, CallsOfOthersHoldNothingBack)

@@ -12,8 +12,8 @@ class PreviewGateway final : public QObject, public IHttpManager
     Q_OBJECT
 
 public:
-    /// "empty": no entries. "full": all kinds. "many": and no room for another web address. "failed": reads fail. "loading": nothing is ever answered.
-    /// "slow": full, and every write takes its time.
+    /// "empty": no entries. "full": all kinds. "many": and no room for another web address. "failed": reads
+    /// fail. "loading": nothing is ever answered. "slow": full, and every write takes its time.
     explicit PreviewGateway(const QString& list);
     ~PreviewGateway() override;
 
