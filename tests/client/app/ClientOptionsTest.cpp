@@ -156,3 +156,55 @@ TEST(ClientOptionsTest, FreshStartKeepsAValueThatLooksLikeAnOption)
                                 QStringLiteral("--pin"), QStringLiteral("--profile"), QStringLiteral("p")};
     EXPECT_EQ(ClientOptions::ForFreshStart(arguments), arguments.mid(1));
 }
+
+TEST(ClientOptionsTest, TakingASessionOverIsASwitch)
+{
+    EXPECT_FALSE(Parsed({}).takeSession);
+    EXPECT_TRUE(Parsed({QStringLiteral("--take-session")}).takeSession);
+    EXPECT_NE(ProblemOf({QStringLiteral("--take-session=1")}).find("take-session"), std::string::npos);
+    EXPECT_NE(ProblemOf({QStringLiteral("--take-session"), QStringLiteral("1")}).find("1"),
+              std::string::npos);
+}
+
+TEST(ClientOptionsTest, TakingASessionOverAndSigningInExcludeEachOther)
+{
+    const QTemporaryDir folder;
+    const QString password = folder.filePath(QStringLiteral("password"));
+    MakeFile(password, "secret");
+    const std::string problem =
+        ProblemOf({QStringLiteral("--take-session"), QStringLiteral("--pin"), QStringLiteral("demo"),
+                   QStringLiteral("--password-file"), password});
+    EXPECT_NE(problem.find("--take-session"), std::string::npos) << problem;
+    EXPECT_NE(problem.find("--password-file"), std::string::npos) << problem;
+}
+
+TEST(ClientOptionsTest, RestartTakesTheSessionOverAndDropsWhatWasForOneLogIn)
+{
+    const QStringList arguments{
+        QStringLiteral("tl-client"),        QStringLiteral("--pin"),     QStringLiteral("demo"),
+        QStringLiteral("--gateway"),        QStringLiteral("http://a"),  QStringLiteral("--password-file=/p"),
+        QStringLiteral("--quit-after"),     QStringLiteral("100"),       QStringLiteral("--screenshot"),
+        QStringLiteral("/tmp/picture.png"), QStringLiteral("--profile"), QStringLiteral("/home/p")};
+    const QStringList expected{QStringLiteral("--gateway"), QStringLiteral("http://a"),
+                               QStringLiteral("--profile"), QStringLiteral("/home/p"),
+                               QStringLiteral("--take-session")};
+    EXPECT_EQ(ClientOptions::ForRestart(arguments), expected);
+}
+
+TEST(ClientOptionsTest, RestartAfterARestartTakesTheSessionOverOnce)
+{
+    QStringList arguments{QStringLiteral("tl-client"), QStringLiteral("--trace"), QStringLiteral("/t")};
+    for (int i = 0; i < 3; ++i) {
+        arguments = QStringList{QStringLiteral("tl-client")} + ClientOptions::ForRestart(arguments);
+    }
+    EXPECT_EQ(arguments, (QStringList{QStringLiteral("tl-client"), QStringLiteral("--trace"),
+                                      QStringLiteral("/t"), QStringLiteral("--take-session")}));
+}
+
+TEST(ClientOptionsTest, FreshStartAfterARestartTakesNoSessionOver)
+{
+    const QStringList arguments{QStringLiteral("tl-client"), QStringLiteral("--take-session"),
+                                QStringLiteral("--profile"), QStringLiteral("/home/p")};
+    EXPECT_EQ(ClientOptions::ForFreshStart(arguments),
+              (QStringList{QStringLiteral("--profile"), QStringLiteral("/home/p")}));
+}

@@ -157,3 +157,46 @@ TEST_F(LifeCycleDriverTest, LoginDialogMayComeTwice)
     m_driver.BeforeLoginConstruct();
     EXPECT_EQ(Take().filter(QStringLiteral("BeforeLoginConstruct")).size(), 4);
 }
+
+TEST_F(LifeCycleDriverTest, SystemEndPassesTheQuitOverAndCallsWhatComesAfterItInOrder)
+{
+    ComeUp();
+    m_driver.PassOverMainFrameQuit();
+    EXPECT_TRUE(Take().isEmpty());
+    GoDown();
+    EXPECT_EQ(Take(), (QStringList{QStringLiteral("b BeforeMainFrameDestruct"),
+                                   QStringLiteral("a BeforeMainFrameDestruct"), QStringLiteral("b ExitApp"),
+                                   QStringLiteral("a ExitApp")}));
+}
+
+TEST_F(LifeCycleDriverTest, SystemEndPassesTheQuitOfAFrameThatWasNeverShownOver)
+{
+    m_driver.StartApp();
+    m_driver.LoginSuccess();
+    m_driver.GetUserInfoSuccess();
+    m_driver.MainFrameCreate();
+    m_calls.clear();
+    m_driver.PassOverMainFrameQuit();
+    GoDown();
+    EXPECT_EQ(Take().filter(QStringLiteral("MainFrameQuit")).size(), 0);
+}
+
+TEST_F(LifeCycleDriverTest, SystemEndAtTheLoginDialogTakesDownOnlyWhatCameUp)
+{
+    m_driver.StartApp();
+    m_calls.clear();
+    m_driver.PassOverMainFrameQuit();
+    m_driver.BeforeMainFrameDestruct();
+    m_driver.ExitApp();
+    EXPECT_EQ(Take(), (QStringList{QStringLiteral("b ExitApp"), QStringLiteral("a ExitApp")}));
+}
+
+TEST_F(LifeCycleDriverTest, QuitThatWasCalledIsNotTakenBack)
+{
+    ComeUp();
+    m_driver.MainFrameQuit();
+    m_calls.clear();
+    m_driver.PassOverMainFrameQuit();
+    m_driver.BeforeMainFrameDestruct();
+    EXPECT_EQ(Take().size(), 2);
+}
