@@ -181,7 +181,8 @@ void AutoRunPluginEditWidget::FillCombo(const QString& currentKey)
 void AutoRunPluginEditWidget::Retranslate()
 {
     m_ui->retranslateUi(GetContentWidget());
-    m_ui->content_label->setText(GetTitleText());
-    // The first item is the prompt.
-    m_ui->content_combo->setItemText(0, tr("Please select app"));
+    if (m_ui->content_combo->count() > 0) {
+        m_ui->content_label->setText(GetTitleText());
+        m_ui->content_combo->setItemText(0, tr("Please select app")); // the prompt
+    }
 }
