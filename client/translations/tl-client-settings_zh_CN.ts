@@ -90,8 +90,8 @@
             <translation>语言</translation>
         </message>
         <message>
-            <source>Of the client and its apps. Web pages are told that you prefer it.</source>
-            <translation>客户端及其应用的语言，也会告知网页您的偏好。</translation>
+            <source>Of the client and, where they have it, of web pages.</source>
+            <translation>客户端的语言；支持该语言的网页也会使用它。</translation>
         </message>
     </context>
     <context>

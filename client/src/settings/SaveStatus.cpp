@@ -181,6 +181,6 @@ void SaveStatus::Fade()
 void SaveStatus::AdjustForScale()
 {
     const auto scaled = &DpiTool::ScaleDefault;
-    m_notice->layout()->setContentsMargins(scaled(16), scaled(10), scaled(16), scaled(10));
+    m_notice->layout()->setContentsMargins(scaled(32), scaled(10), scaled(32), scaled(10));
     m_notice->layout()->setSpacing(scaled(16));
 }

@@ -27,6 +27,8 @@ PreviewSteps::PreviewSteps(SettingsDialog* dialog, PreviewGateway* gateway, cons
                            const QString& picture, QObject* parent)
     : QObject(parent), m_dialog(dialog), m_gateway(gateway), m_steps(steps), m_picture(picture)
 {
+    const QRect screen = QApplication::primaryScreen()->geometry();
+    QCursor::setPos(screen.bottomRight()); // out of the way
     QTimer::singleShot(2 * between, this, &PreviewSteps::Next);
 }
 
@@ -76,9 +78,12 @@ void PreviewSteps::Do(const QString& action, const QString& argument)
     } else if (action == QLatin1String("tab")) {
         for (int i = argument.toInt(); i > 0 && QApplication::focusWidget() != nullptr; --i)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    } else if (action == QLatin1String("enter")) {
-        if (QApplication::focusWidget() != nullptr)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    } else if (action == QLatin1String("key")) {
+        QWidget* const popup = QApplication::activePopupWidget();
+        QWidget* const target = popup != nullptr ? popup : QApplication::focusWidget();
+        const int key = QKeySequence(argument)[0];
+        if (target != nullptr)
+            QTest::keyClick(target, static_cast<Qt::Key>(key));
     } else if (action == QLatin1String("focus")) {
         if (QWidget* const widget = Find(argument))
             widget->setFocus(Qt::TabFocusReason);

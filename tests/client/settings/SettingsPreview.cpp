@@ -6,7 +6,7 @@
 //                   [--modules folder]
 //
 // Actions, one after the other: hover:N, tick:N and edit:N (row N of the page), click:name, focus:name,
-// type:text, tab:N, enter, fail (the next write fails), wait:milliseconds. With "picture" a picture of the
+// type:text, tab:N, key:name, fail (the next write fails), wait:milliseconds. With "picture" a picture of the
 // dialog, with what stands over it, is written after the last action, and the program ends.
 
 #include "PreviewBrowser.h"
