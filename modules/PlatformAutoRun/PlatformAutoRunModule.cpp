@@ -2,8 +2,7 @@
 
 #include "PlatformAutoRunLifeCycle.h"
 #include "PlatformAutoRunRouter.h"
-
-#include "frame-core/ISysSettingFactory.h"
+#include "PlatformAutoRunSettingFactory.h"
 
 #include <new>
 
@@ -14,6 +13,7 @@ PlatformAutoRunModule::~PlatformAutoRunModule() = default;
 void PlatformAutoRunModule::InitModule()
 {
     m_lifeCycle = new (std::nothrow) PlatformAutoRunLifeCycle;
+    m_sysSettingFactory = new (std::nothrow) PlatformAutoRunSettingFactory;
     m_routeInterceptor = new (std::nothrow) PlatformAutoRunRouter;
 }
 

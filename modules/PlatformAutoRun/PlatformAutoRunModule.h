@@ -4,8 +4,8 @@
 
 #include <QtCore/QObject>
 
-/// The root object of the plug-in. Offers the life-cycle hooks and the route interceptor; there is no
-/// settings page yet, so that its accessor returns null. GUI thread.
+/// The root object of the plug-in. Offers the life-cycle hooks, the settings page and the route interceptor.
+/// GUI thread.
 class PlatformAutoRunModule final : public QObject, public IBusinessModule
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
 private:
     Q_DISABLE_COPY(PlatformAutoRunModule)
 
-    // Owned from InitModule to UninitModule, null otherwise. The settings factory is null always, for now.
+    // Owned from InitModule to UninitModule, null otherwise.
     ILifeCycle* m_lifeCycle = nullptr;
     ISysSettingFactory* m_sysSettingFactory = nullptr;
     IRouteInterceptor* m_routeInterceptor = nullptr;

@@ -111,6 +111,84 @@
     </message>
 </context>
 <context>
+    <name>AutoRunSettingWidget</name>
+    <message>
+        <source>AutoRunSettingWidget</source>
+        <translation>AutoRunSettingWidget</translation>
+    </message>
+    <message>
+        <source>Set the URL that opens when you start it</source>
+        <translation>设置启动时打开的网址</translation>
+    </message>
+    <message>
+        <source>+custom URL</source>
+        <translation>+ 自定义网址</translation>
+    </message>
+    <message>
+        <source>Set the App that opens when you start it</source>
+        <translation>设置启动时打开的应用</translation>
+    </message>
+    <message>
+        <source>+Add App</source>
+        <translation>+ 添加应用</translation>
+    </message>
+    <message>
+        <source>（0/5）</source>
+        <translation>（0/5）</translation>
+    </message>
+    <message>
+        <source>Custom URL cannot exceed %1</source>
+        <translation>自定义网址不能超过 %1 个</translation>
+    </message>
+    <message>
+        <source>Add Url</source>
+        <translation>添加网址</translation>
+    </message>
+    <message>
+        <source>Add App cannot exceed %1</source>
+        <translation>添加的应用不能超过 %1 个</translation>
+    </message>
+    <message>
+        <source>Add App</source>
+        <translation>添加应用</translation>
+    </message>
+    <message>
+        <source>Homepage</source>
+        <translation>首页</translation>
+    </message>
+    <message>
+        <source>Edit Url</source>
+        <translation>编辑网址</translation>
+    </message>
+    <message>
+        <source>Edit App</source>
+        <translation>编辑应用</translation>
+    </message>
+</context>
+<context>
+    <name>PlatformAutoRunSettingFactory</name>
+    <message>
+        <source>Homepage</source>
+        <translation>首页</translation>
+    </message>
+    <message>
+        <source>Set the URL that opens when you start it</source>
+        <translation>设置启动时打开的网址</translation>
+    </message>
+    <message>
+        <source>+custom URL</source>
+        <translation>+ 自定义网址</translation>
+    </message>
+    <message>
+        <source>Set the App that opens when you start it</source>
+        <translation>设置启动时打开的应用</translation>
+    </message>
+    <message>
+        <source>+Add App</source>
+        <translation>+ 添加应用</translation>
+    </message>
+</context>
+<context>
     <name>TLRecoverManager</name>
     <message>
         <source>recover the tabs?</source>

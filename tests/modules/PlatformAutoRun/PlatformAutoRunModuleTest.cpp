@@ -2,6 +2,7 @@
 
 #include "PlatformAutoRunLifeCycle.h"
 #include "PlatformAutoRunRouter.h"
+#include "PlatformAutoRunSettingFactory.h"
 
 #include <QtCore/QPointer>
 
@@ -53,22 +54,39 @@ TEST(PlatformAutoRunModuleTest, InitMakesTheRouteInterceptorWithoutAParent)
     module.UninitModule();
 }
 
+TEST(PlatformAutoRunModuleTest, InitMakesTheSettingsFactoryWithoutAParent)
+{
+    PlatformAutoRunModule module;
+    module.InitModule();
+    auto* factory = dynamic_cast<PlatformAutoRunSettingFactory*>(module.GetSysSettingFactory());
+    ASSERT_NE(factory, nullptr);
+    EXPECT_EQ(factory->parent(), nullptr);
+    EXPECT_EQ(module.GetSysSettingFactory(), factory) << "the same object each time";
+    module.UninitModule();
+}
+
 TEST(PlatformAutoRunModuleTest, UninitDeletesTheHooksAndASecondUninitDoesNothing)
 {
     PlatformAutoRunModule module;
     module.InitModule();
     const QPointer<QObject> lifeCycle = dynamic_cast<PlatformAutoRunLifeCycle*>(module.GetLifeCycle());
     const QPointer<QObject> router = dynamic_cast<PlatformAutoRunRouter*>(module.GetRouteInterceptor());
+    const QPointer<QObject> factory =
+        dynamic_cast<PlatformAutoRunSettingFactory*>(module.GetSysSettingFactory());
     ASSERT_FALSE(lifeCycle.isNull());
     ASSERT_FALSE(router.isNull());
+    ASSERT_FALSE(factory.isNull());
     module.UninitModule();
     EXPECT_TRUE(lifeCycle.isNull());
     EXPECT_TRUE(router.isNull());
+    EXPECT_TRUE(factory.isNull());
     EXPECT_EQ(module.GetLifeCycle(), nullptr);
     EXPECT_EQ(module.GetRouteInterceptor(), nullptr);
+    EXPECT_EQ(module.GetSysSettingFactory(), nullptr);
     module.UninitModule();
     EXPECT_EQ(module.GetLifeCycle(), nullptr);
     EXPECT_EQ(module.GetRouteInterceptor(), nullptr);
+    EXPECT_EQ(module.GetSysSettingFactory(), nullptr);
 }
 
 TEST(PlatformAutoRunModuleTest, FacilitiesThatAreNotOfferedAreNull)
@@ -86,22 +104,29 @@ TEST(PlatformAutoRunModuleTest, DestructorLeavesTheHooksToUninit)
 {
     ILifeCycle* lifeCycle = nullptr;
     IRouteInterceptor* router = nullptr;
+    ISysSettingFactory* factory = nullptr;
     QPointer<QObject> watchedLifeCycle;
     QPointer<QObject> watchedRouter;
+    QPointer<QObject> watchedFactory;
     {
         PlatformAutoRunModule module;
         module.InitModule();
         lifeCycle = module.GetLifeCycle();
         router = module.GetRouteInterceptor();
         watchedLifeCycle = dynamic_cast<PlatformAutoRunLifeCycle*>(lifeCycle);
+        factory = module.GetSysSettingFactory();
         watchedRouter = dynamic_cast<PlatformAutoRunRouter*>(router);
+        watchedFactory = dynamic_cast<PlatformAutoRunSettingFactory*>(factory);
         ASSERT_FALSE(watchedLifeCycle.isNull());
         ASSERT_FALSE(watchedRouter.isNull());
+        ASSERT_FALSE(watchedFactory.isNull());
     }
     EXPECT_FALSE(watchedLifeCycle.isNull());
     EXPECT_FALSE(watchedRouter.isNull());
+    EXPECT_FALSE(watchedFactory.isNull());
     delete lifeCycle;
     delete router;
+    delete factory;
 }
 
 TEST(PlatformAutoRunModuleTest, CastsToTheInterfaceAlsoByItsId)

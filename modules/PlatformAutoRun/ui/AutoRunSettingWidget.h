@@ -1,0 +1,89 @@
+#pragma once
+
+#include "AutoRunInfoEntityPtr.h"
+#include "ui/AutoRunBaseItem.h"
+
+#include "base/IDpiAdapter.h"
+#include "frame-core/SettingItemBaseWidget.h"
+#include "http/HttpObserverBase.h"
+
+#include <QtCore/QList>
+#include <QtCore/QStringList>
+
+#include <memory>
+
+class QBoxLayout;
+
+namespace Ui {
+class AutoRunSettingWidget;
+}
+
+/// The settings page on which the user says what opens at start. It reads the configuration anew when it is
+/// made, shows each entry as a row, and writes the whole configuration back after every single change; how
+/// that went it tells by `SigSaveSucceed` or `SigSaveFailed`. The rows share the entries with the logic's
+/// cache. GUI thread.
+///
+/// A change that is made while the page's own read or write is under way is not written on its own; it goes
+/// out with the next one.
+class AutoRunSettingWidget final : public SettingItemBaseWidget, public HttpObserverBase, public IDpiAdapter
+{
+    Q_OBJECT
+
+public:
+    explicit AutoRunSettingWidget(QWidget* parent = nullptr);
+    ~AutoRunSettingWidget() override;
+
+    /// Highlights the word in the headings at once, and in the rows when they are made the next time.
+    void SetKeyword(const QString& keyword) override;
+
+    void OnHttpNotify(int id, QSharedPointer<IHttpRequest> request,
+                      QSharedPointer<IHttpResponse> response) override;
+
+    /// Makes the rows anew from the logic's cache.
+    void AdjustForDpi() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private Q_SLOTS:
+    void SlotRefresh();
+    void SlotAddBtnClicked();
+    void SlotAddPluginBtnClicked();
+    void SlotEditBtnClicked(AutoRunBaseItem* pItemWidget);
+    void SlotDeleteBtnClicked(AutoRunBaseItem* pItemWidget);
+    void SlotActiveBtnClicked(AutoRunBaseItem* pItemWidget);
+    void SlotCheckBtnClicked(AutoRunBaseItem* pItemWidget);
+
+private:
+    Q_DISABLE_COPY(AutoRunSettingWidget)
+
+    void AdjustLayoutForDpi();
+    void Retranslate();
+
+    void ClearRows();
+    void BuildRows();
+    /// Binds the row to the entry and puts it at the end of the column and of the rows.
+    void AddRow(AutoRunBaseItem* row, const AutoRunInfoEntityPtr& entry, QBoxLayout* column);
+    /// Answers all four signals of the row.
+    void ConnectEditable(AutoRunBaseItem* row);
+    void AddCustomRow(const AutoRunInfoEntityPtr& entry);
+    void AddPluginRow(const AutoRunInfoEntityPtr& entry);
+    void UpdateCustomCount(int count);
+    void UpdatePluginCount(int count);
+
+    int CountRows(int kind) const;
+    QStringList GetPluginKeys() const;
+    void SetActiveRow(AutoRunBaseItem* row);
+    void SetActiveById(const QString& itemId);
+    void SaveConfig();
+    void EditCustomItem(AutoRunBaseItem* row);
+    void EditPluginItem(AutoRunBaseItem* row);
+    /// Takes over what a dialog wrote into `entry`, which the row had when the dialog opened; null: the row
+    /// is gone since.
+    void TakeEdited(AutoRunBaseItem* row, const AutoRunInfoEntityPtr& entry);
+
+    std::unique_ptr<Ui::AutoRunSettingWidget> m_ui;
+    bool m_busy = false; ///< the page's own read or write is under way
+    QString m_keyword;
+    QList<AutoRunBaseItem*> m_rows; ///< home, system, custom, apps; owned by the two list widgets
+};
