@@ -79,7 +79,12 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
     if (m_list == QLatin1String("loading"))
         return;
     const bool isWrite = request->GetMethodName() == "dsm.tl.pc.auto.run.set";
-    const int delay = m_list == QLatin1String("slow") && isWrite ? slow : usual;
+    writes += isWrite ? 1 : 0;
+    int delay = usual;
+    if (isWrite && writeDelay > 0)
+        delay = writeDelay;
+    else if (isWrite && m_list == QLatin1String("slow"))
+        delay = slow;
     QTimer::singleShot(delay, this, [this, request, response, finished, isWrite] {
         const bool fails = isWrite ? failures-- > 0 : m_list == QLatin1String("failed");
         if (fails) {

@@ -20,7 +20,11 @@ public:
     void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
               std::function<void()> finished, int timeout, int attempts) override;
 
-    int failures = 0; ///< so many writes fail from now on
+    QJsonObject GetConfiguration() const { return m_configuration; }
+
+    int failures = 0;   ///< so many writes fail from now on
+    int writeDelay = 0; ///< [ms]; 0: the usual one
+    int writes = 0;     ///< so far
 
 private:
     QString m_list;

@@ -1,0 +1,203 @@
+#include "FakeGeneralData.h"
+#include "FakeRouteExecutor.h"
+#include "PreviewBrowser.h"
+#include "PreviewGateway.h"
+#include "WaitUntil.h"
+
+#include "settings/SettingsDialog.h"
+
+#include "browser/ThemeManager.h"
+
+#include "base-ui/KeyboardAccess.h"
+#include "base/DpiTool.h"
+#include "base/Provided.h"
+#include "core/TLGlobalData.h"
+#include "frame-core/IBusinessModule.h"
+#include "frame-core/ISysSettingFactory.h"
+#include "frame-core/SettingItemBaseWidget.h"
+#include "frame-data/TLFunctionData.h"
+#include "frame-data/TLPluginBaseManager.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QJsonArray>
+#include <QtCore/QPluginLoader>
+#include <QtCore/QTimer>
+#include <QtGui/QAccessible>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStackedWidget>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int slow = 800; // [ms]
+
+/// The dialog with the page of the module that is delivered with the client, and a gateway that takes its
+/// time.
+class ModulePageTest : public ::testing::Test
+{
+protected:
+    ModulePageTest()
+        : gateway(QStringLiteral("full"))
+        , gatewayProvided(&gateway)
+        , generalProvided(&general)
+        , routerProvided(&router)
+        , browserProvided(&browser)
+        , loader(QDir(QStringLiteral(TL_MODULES_DIR)).filePath(QStringLiteral("libPlatformAutoRun")))
+    {
+        TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QStringLiteral("merchant"));
+        functions.SetFunctions({{8, TLFunctionInfo(true, true)}});
+        router.SetRouteObject(QStringLiteral("tl://plugins/object"), &apps);
+        router.SetRouteObject(QStringLiteral("tl://funcdynamic/object"), &functions);
+        services.loadPage = [] { return QStringLiteral("10,60"); };
+    }
+    ~ModulePageTest() override
+    {
+        dialog.reset();
+        if (module != nullptr)
+            module->UninitModule();
+        loader.unload();
+        TLGlobalData::Instance()->ClearUser();
+        DpiTool::SetScale(1.0);
+    }
+
+    void SetUp() override
+    {
+        module = qobject_cast<IBusinessModule*>(loader.instance());
+        ASSERT_NE(module, nullptr) << qPrintable(loader.errorString());
+        module->InitModule();
+        dialog = std::make_unique<SettingsDialog>(
+            services, QVector<ISysSettingFactory*>{module->GetSysSettingFactory()});
+        dialog->show();
+        dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        dialog->move(200, 150); // not where the mouse is
+        ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 8; }));
+    }
+
+    SettingItemBaseWidget* Page() const
+    {
+        return dialog->findChild<SettingItemBaseWidget*>(QStringLiteral("AutoRunSettingWidget"));
+    }
+
+    /// Those in sight, from the top down.
+    QVector<QWidget*> Rows() const
+    {
+        QVector<QWidget*> rows;
+        if (Page() == nullptr)
+            return rows;
+        const QVector<QWidget*> order = KeyboardAccess::GetReadingOrder(Page());
+        for (QWidget* const part : order) {
+            if (part != Page() && qobject_cast<SettingItemBaseWidget*>(part) != nullptr && part->isVisible())
+                rows.append(part);
+        }
+        return rows;
+    }
+
+    template <class Widget = QWidget>
+    Widget* In(int row, const char* name) const
+    {
+        return Rows().at(row)->findChild<Widget*>(QLatin1String(name));
+    }
+
+    void Tick(int row)
+    {
+        QWidget* const box = In(row, "checkBox");
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, box->rect().center());
+    }
+
+    bool IsChecked(const char* list, int index) const
+    {
+        return gateway.GetConfiguration()
+            .value(QLatin1String(list))
+            .toArray()
+            .at(index)
+            .toObject()
+            .value(QLatin1String("checked"))
+            .toBool();
+    }
+
+    PreviewGateway gateway;
+    FakeGeneralData general;
+    FakeRouteExecutor router;
+    PreviewBrowser browser;
+    Provided<IHttpManager> gatewayProvided;
+    Provided<IGeneralData> generalProvided;
+    Provided<IRouteExecutor> routerProvided;
+    Provided<IBrowserMain> browserProvided;
+    TLPluginBaseManager apps;
+    TLFunctionData functions;
+    QPluginLoader loader;
+    IBusinessModule* module = nullptr;
+    SettingsServices services;
+    std::unique_ptr<SettingsDialog> dialog;
+};
+
+TEST_F(ModulePageTest, AQuickSecondClickIsSavedAfterTheFirst)
+{
+    gateway.writeDelay = slow;
+    Tick(2);
+    Tick(4);
+    Tick(7);
+    ASSERT_TRUE(WaitUntil([this] { return IsChecked("pluginItems", 1); }));
+    EXPECT_TRUE(IsChecked("systemItems", 1));
+    EXPECT_TRUE(IsChecked("customItems", 1));
+    EXPECT_EQ(gateway.writes, 3);
+}
+
+TEST_F(ModulePageTest, AChangeOfTheScaleLosesNeitherARowThatWentNorTheClickThatWaits)
+{
+    gateway.writeDelay = slow;
+    In<QPushButton>(5, "delete_button")->window()->activateWindow();
+    QTest::mouseClick(In(5, "delete_button"), Qt::LeftButton);
+    ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 7; }));
+    Tick(2);
+    DpiTool::SetScale(1.5);
+    ASSERT_TRUE(WaitUntil([this] { return IsChecked("systemItems", 1); }));
+    EXPECT_EQ(gateway.GetConfiguration().value(QLatin1String("customItems")).toArray().size(), 2);
+    EXPECT_TRUE(WaitUntil([this] { return Rows().size() == 7; })) << Rows().size();
+    EXPECT_EQ(gateway.writes, 2);
+}
+
+TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddress)
+{
+    ThemeManager themes;
+    themes.Apply(Theme::Light);
+    auto* const add = Page()->findChild<QLabel*>(QStringLiteral("add_label"));
+    In(5, "checkBox")->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 6 && !add->hasFocus(); ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(add->hasFocus());
+    bool opened = false;
+    QTimer::singleShot(0, dialog.get(), [&opened] {
+        QWidget* const form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        opened = true;
+        auto* const field = form->findChild<QLineEdit*>(QStringLiteral("content_edit"));
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name).isEmpty());
+        QTest::keyClick(form, Qt::Key_Escape);
+    });
+    QTest::keyClick(add, Qt::Key_Return);
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(gateway.writes, 0);
+    qApp->setStyleSheet(QString());
+}
+
+TEST_F(ModulePageTest, CheckBoxesAreNamedByTheirEntries)
+{
+    const auto nameOf = [this](int row) {
+        return QAccessible::queryAccessibleInterface(In(row, "checkBox"))->text(QAccessible::Name);
+    };
+    ASSERT_TRUE(WaitUntil([&nameOf] { return !nameOf(7).isEmpty(); }));
+    EXPECT_EQ(nameOf(1), QStringLiteral("Order centre"));
+    EXPECT_EQ(nameOf(3), QStringLiteral("https://www.shop.example/orders/today"));
+    EXPECT_EQ(nameOf(7), QStringLiteral("客服工作台"));
+}
+
+} // namespace
