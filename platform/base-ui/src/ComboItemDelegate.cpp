@@ -70,20 +70,25 @@ void ComboItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     painter->restore();
 }
 
-QSize ComboItemDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+QSize ComboItemDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
+{
+    // As wide as the list and never wider, so that long names end in an ellipsis inside it.
+    return {0, qMax(Scaled(m_rowHeight), option.fontMetrics.height() + 2 * Scaled(4))};
+}
+
+int ComboItemDelegate::GetNeededWidth(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
     const bool hasIcon = !index.data(Qt::DecorationRole).value<QIcon>().isNull();
     const int icon = hasIcon ? m_combo->iconSize().width() + Scaled(gap) : 0;
-    return {text + icon + 2 * Scaled(inset),
-            qMax(Scaled(m_rowHeight), option.fontMetrics.height() + 2 * Scaled(4))};
+    return text + icon + 2 * Scaled(inset);
 }
 
 bool ComboItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                   const QStyleOptionViewItem& option, const QModelIndex& index)
 {
     if (event->type() == QEvent::ToolTip && index.data(Qt::ToolTipRole).isNull() &&
-        sizeHint(option, index).width() > option.rect.width()) {
+        GetNeededWidth(option, index) > option.rect.width()) {
         // Tool tips guess whether they are HTML; in a paragraph there is nothing to guess.
         QToolTip::showText(event->globalPos(),
                            QStringLiteral("<p>%1</p>").arg(index.data().toString().toHtmlEscaped()), view);

@@ -29,6 +29,8 @@ public:
                    const QModelIndex& index) override;
 
 private:
+    int GetNeededWidth(const QStyleOptionViewItem& option, const QModelIndex& index) const; // [px]
+
     QComboBox* m_combo;
     int m_rowHeight = 0;
 };

@@ -8,6 +8,7 @@
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QToolTip>
 #include <QtWidgets/QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -131,6 +132,25 @@ TEST_F(TLComboBoxTest, ALongNameDoesNotWidenTheForm)
     m_combo.addItem(QStringLiteral("A name that is long ").repeated(20));
     m_combo.setCurrentIndex(m_combo.count() - 1);
     EXPECT_EQ(m_combo.sizeHint().width(), before);
+}
+
+TEST_F(TLComboBoxTest, ALongNameIsElidedInTheListAndHasAToolTip)
+{
+    const QString name = QStringLiteral("A <b>name</b> that is long ").repeated(20);
+    m_combo.addItem(name);
+    m_combo.showPopup();
+    QAbstractItemView* const list = m_combo.view();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+    const QRect row = list->visualRect(m_combo.model()->index(m_combo.count() - 1, 0));
+    EXPECT_LE(row.width(), list->viewport()->width());
+    QHelpEvent help(QEvent::ToolTip, row.center(), list->viewport()->mapToGlobal(row.center()));
+    QCoreApplication::sendEvent(list->viewport(), &help);
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("<p>%1</p>").arg(name.toHtmlEscaped()));
+    const QRect shortRow = list->visualRect(m_combo.model()->index(1, 0));
+    QHelpEvent other(QEvent::ToolTip, shortRow.center(), list->viewport()->mapToGlobal(shortRow.center()));
+    QCoreApplication::sendEvent(list->viewport(), &other);
+    EXPECT_NE(QToolTip::text(), m_combo.itemText(1));
+    m_combo.hidePopup();
 }
 
 TEST_F(TLComboBoxTest, ShowsTheIconOfTheCurrentItem)
