@@ -45,6 +45,23 @@ int SlotOf(Operation operation)
     return PlaceOf(operation) - DestructorPlaces + 1;
 }
 
+/// Where a call through `entry` arrives. Windows: what another library exports is reached through a jump of
+/// one's own, which may stand in the vtable in its place.
+inline const void* Destination(const void* entry)
+{
+#if defined(_WIN64)
+    constexpr unsigned char jumpThroughPointer[] = {0xFF, 0x25};
+    const auto* const code = static_cast<const unsigned char*>(entry);
+    if (code && std::memcmp(code, jumpThroughPointer, sizeof(jumpThroughPointer)) == 0) {
+        constexpr int length = 6; // of the instruction, at the end of which the distance begins to count
+        int distance = 0;
+        std::memcpy(&distance, code + sizeof(jumpThroughPointer), sizeof(distance));
+        std::memcpy(&entry, code + length + distance, sizeof(entry));
+    }
+#endif
+    return entry;
+}
+
 /// What stands in the first `count` places of the vtable that `Class` has inside the object; `Class` is
 /// the static type, so pass a reference to the interface that is meant.
 template <class Class>
@@ -52,7 +69,11 @@ std::vector<const void*> Read(const Class& object, int count)
 {
     const void* const* table = nullptr;
     std::memcpy(&table, static_cast<const void*>(&object), sizeof(table));
-    return std::vector<const void*>(table, table + count);
+    std::vector<const void*> places(table, table + count);
+    for (const void*& place : places) {
+        place = Destination(place);
+    }
+    return places;
 }
 
 /// The places in which the two differ.

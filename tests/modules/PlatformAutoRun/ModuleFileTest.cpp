@@ -12,6 +12,7 @@
 #include "frame-core/IRouteInterceptor.h"
 #include "http/IHttpRequest.h"
 #include "http/IHttpResponse.h"
+#include "settings-store/VXSettingManager.h"
 
 #include <QtCore/QCborMap>
 #include <QtCore/QCborValue>
@@ -39,6 +40,9 @@ QString ModuleFile()
 class ModuleFileTest : public ::testing::Test
 {
 protected:
+    // Keeps the library in the process, where linkers leave out what no code names.
+    static void SetUpTestSuite() { ASSERT_NE(VXSettingManager::Instance(), nullptr); }
+
     ModuleFileTest() { loader.setLoadHints(QLibrary::ResolveAllSymbolsHint); }
 
     IBusinessModule* Load()
