@@ -17,6 +17,7 @@
 #include "frame-core/SettingItemBaseWidget.h"
 #include "frame-data/TLFunctionData.h"
 #include "frame-data/TLPluginBaseManager.h"
+#include "frame-data/TLUrlUtils.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QJsonArray>
@@ -165,7 +166,7 @@ TEST_F(ModulePageTest, AChangeOfTheScaleLosesNeitherARowThatWentNorTheClickThatW
     EXPECT_EQ(gateway.writes, 2);
 }
 
-TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddress)
+TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
 {
     ThemeManager themes;
     themes.Apply(Theme::Light);
@@ -174,18 +175,27 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddress)
     for (int i = 0; i < 6 && !add->hasFocus(); ++i)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     ASSERT_TRUE(add->hasFocus());
-    bool opened = false;
-    QTimer::singleShot(0, dialog.get(), [&opened] {
+    TLUrlUtils::SetVXDomains({QStringLiteral("shop.example")});
+    QTimer::singleShot(0, dialog.get(), [] {
         QWidget* const form = QApplication::activeModalWidget();
         ASSERT_NE(form, nullptr);
-        opened = true;
         auto* const field = form->findChild<QLineEdit*>(QStringLiteral("content_edit"));
         EXPECT_FALSE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name).isEmpty());
-        QTest::keyClick(form, Qt::Key_Escape);
+        QTest::keyClicks(field, QStringLiteral("https://new.shop.example/"));
+        QTest::keyClick(field, Qt::Key_Return);
     });
     QTest::keyClick(add, Qt::Key_Return);
-    EXPECT_TRUE(opened);
-    EXPECT_EQ(gateway.writes, 0);
+    ASSERT_TRUE(WaitUntil([this] { return gateway.writes == 1 && Rows().size() == 9; }));
+    ASSERT_TRUE(WaitUntil([this] {
+        return gateway.GetConfiguration().value(QLatin1String("customItems")).toArray().size() == 4;
+    }));
+    // The row is reached and ticked in the same way.
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    In(6, "checkBox")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(WaitUntil([this] { return IsChecked("customItems", 3); }));
+    TLUrlUtils::SetVXDomains({});
     qApp->setStyleSheet(QString());
 }
 
