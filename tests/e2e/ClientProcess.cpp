@@ -14,6 +14,16 @@
 #include <unistd.h>
 #endif
 
+namespace {
+
+QByteArray ReadAll(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
 ClientProcess::ClientProcess(const QString& display, const QString& folder)
     : m_display(display)
     , m_folder(folder)
@@ -197,6 +207,10 @@ bool ClientProcess::WaitForEvents(const QString& event, int count, int timeout) 
 
 QByteArray ClientProcess::GetErrorOutput() const
 {
-    QFile file(m_errors);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return ReadAll(m_errors);
+}
+
+QByteArray ClientProcess::GetTrace() const
+{
+    return ReadAll(m_trace);
 }

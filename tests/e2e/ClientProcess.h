@@ -54,7 +54,9 @@ public:
     /// Waits until there are `count` events with this name.
     bool WaitForEvents(const QString& event, int count, int timeout = 60000) const;
 
+    /// What there is to look at when something went wrong.
     QByteArray GetErrorOutput() const;
+    QByteArray GetTrace() const;
 
 private:
     bool IsFirstProcessRunning() const { return m_process.state() != QProcess::NotRunning; }

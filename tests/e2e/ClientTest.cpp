@@ -1,5 +1,7 @@
 #include "ClientTest.h"
 
+#include "Desktop.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
@@ -35,6 +37,24 @@ void ClientTest::LogInAndOpen()
     LogIn();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
     ASSERT_TRUE(WaitForTabInFront(m_expected.openFirst));
+}
+
+bool ClientTest::AnswerQuestion(const QString& key)
+{
+    constexpr int attempts = 20;
+    constexpr int pause = 500; // [ms]
+    const Desktop desktop(m_screen.GetDisplay());
+    if (!m_client->WaitForEvents(QStringLiteral("question.asked"), 1)) {
+        return false;
+    }
+    // The window behind the question may have the keyboard for a moment longer; it takes no key.
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (desktop.WaitForWindow(m_client->GetProcessId()) && desktop.Press({key}) &&
+            m_client->WaitForEvents(QStringLiteral("question"), 1, pause)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool ClientTest::WaitForTabInFront(int index)

@@ -35,6 +35,8 @@ protected:
     /// Logs in and waits until the configured entries stand as tabs.
     void LogInAndOpen();
     bool WaitForTabInFront(int index);
+    /// Waits for the question that a module puts before the user, and answers it with a key.
+    bool AnswerQuestion(const QString& key);
     /// Waits for a bar whose text has this part.
     bool WaitForNotice(const QString& part);
     bool HasNotice(const QString& id) const;

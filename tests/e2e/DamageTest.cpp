@@ -117,9 +117,7 @@ protected:
         })) << m_client->GetErrorOutput().toStdString();
         m_asked = !m_client->GetEvents(QStringLiteral("question.asked")).isEmpty();
         if (m_asked) {
-            const Desktop desktop(m_screen.GetDisplay());
-            ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
-            ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
+            ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
         }
         ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
         ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), 1));
@@ -200,14 +198,12 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
     });
 
     LogIn();
-    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
-    const Desktop desktop(m_screen.GetDisplay());
-    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
-    ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
     QStringList tabs = TabState::After(m_client->GetEvents());
     ASSERT_EQ(tabs.size(), thousand);
 
+    const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+9")})); // the last one loads when it is selected
     const QString last = QStringLiteral("today?%1").arg(thousand - 1);
@@ -225,9 +221,7 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
     m_client->Kill();
 
     LogIn();
-    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
-    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
-    ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
     EXPECT_EQ(TabState::After(m_client->GetEvents()), tabs);
     EXPECT_TRUE(m_client->Quit());

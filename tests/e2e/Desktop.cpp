@@ -18,6 +18,17 @@ bool Desktop::WaitForWindow(qint64 processId) const
         30000);
 }
 
+bool Desktop::WaitForTitle(const QString& title) const
+{
+    return QTest::qWaitFor(
+        [this, &title] {
+            QByteArray active;
+            return Run({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}, &active) &&
+                   QString::fromUtf8(active).trimmed() == title;
+        },
+        30000);
+}
+
 bool Desktop::Type(const QString& text) const
 {
     return Run({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("20"), text});

@@ -145,8 +145,7 @@ protected:
     {
         LogIn();
         const Desktop desktop(m_screen.GetDisplay());
-        if (!m_client->WaitForEvents(QStringLiteral("question.asked"), 1, 20000) ||
-            !desktop.WaitForWindow(m_client->GetProcessId()) || !desktop.Press({QStringLiteral("Return")}) ||
+        if (!AnswerQuestion(QStringLiteral("Return")) ||
             !m_client->WaitForEvents(QStringLiteral("ready"), 1, 20000) ||
             !desktop.WaitForWindow(m_client->GetProcessId())) {
             return {};
@@ -180,7 +179,8 @@ TEST_F(KillTest, WhatStoodOneSecondBeforeTheKillComesBack)
             ADD_FAILURE() << "round " << round << ", TL_KILL_SEED=" << m_seed << ", found\n"
                           << found.join(QLatin1Char('\n')).toStdString() << "\nbut at the end there stood\n"
                           << standings.last().tabs.join(QLatin1Char('\n')).toStdString() << "\nfor "
-                          << killed - standings.last().since << " ms";
+                          << killed - standings.last().since << " ms. The client since:\n"
+                          << m_client->GetTrace().toStdString() << m_client->GetErrorOutput().toStdString();
             if (found.isEmpty()) {
                 m_client->Kill();
                 LogInAndOpen(); // from the beginning

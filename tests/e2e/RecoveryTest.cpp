@@ -19,14 +19,6 @@ protected:
     /// Lets the promise come true, so that what stands now is what comes back.
     static void WaitForPromise() { QTest::qWait(promise); }
 
-    bool WaitForQuestion() { return m_client->WaitForEvents(QStringLiteral("question.asked"), 1); }
-    /// Answers the question that is on the screen with a key.
-    bool Answer(const QString& key)
-    {
-        const Desktop desktop(m_screen.GetDisplay());
-        return desktop.WaitForWindow(m_client->GetProcessId()) && desktop.Press({key}) &&
-               m_client->WaitForEvents(QStringLiteral("question"), 1);
-    }
     QString GetAnswer() const
     {
         const QVector<QJsonObject> questions = m_client->GetEvents(QStringLiteral("question"));
@@ -61,8 +53,7 @@ TEST_F(RecoveryTest, AfterAKillTheTabsAreOfferedAndComeBackInTheirOrder)
     m_client->Kill();
 
     LogIn();
-    ASSERT_TRUE(WaitForQuestion());
-    ASSERT_TRUE(Answer(QStringLiteral("Return")));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
     EXPECT_EQ(GetAnswer(), QStringLiteral("Yes")) << "Enter is the way to the tabs";
     EXPECT_TRUE(WaitForTabs(tabs));
     EXPECT_TRUE(WaitForTabInFront(m_expected.openFirst)) << "the tab that was in front is again";
@@ -79,8 +70,7 @@ TEST_F(RecoveryTest, AnsweredNoOpensTheConfiguredEntriesAndTheNextLogInAsksNothi
     m_client->Kill();
 
     LogIn();
-    ASSERT_TRUE(WaitForQuestion());
-    ASSERT_TRUE(Answer(QStringLiteral("Escape")));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Escape")));
     EXPECT_EQ(GetAnswer(), QStringLiteral("No"));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
     ASSERT_TRUE(m_client->Quit());
@@ -121,8 +111,7 @@ TEST_F(RecoveryTest, AfterTheSystemEndedTheSessionTheTabsAreOffered)
     EXPECT_EQ(exits[0].value(QStringLiteral("kind")).toString(), QStringLiteral("system end"));
 
     LogIn();
-    ASSERT_TRUE(WaitForQuestion());
-    ASSERT_TRUE(Answer(QStringLiteral("Return")));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
     EXPECT_TRUE(WaitForTabs(tabs));
 }
 
@@ -134,8 +123,7 @@ TEST_F(RecoveryTest, TabsThatWereNeverSelectedSurviveASecondKill)
     for (int round = 0; round < 2; ++round) {
         m_client->Kill();
         LogIn();
-        ASSERT_TRUE(WaitForQuestion());
-        ASSERT_TRUE(Answer(QStringLiteral("Return")));
+        ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
         ASSERT_TRUE(WaitForTabs(tabs)) << "round " << round;
         WaitForPromise();
     }
@@ -149,8 +137,7 @@ TEST_F(RecoveryTest, AfterTwoDeathsSoonAfterReopeningNothingLoadsByItself)
     for (int round = 0; round < 3; ++round) {
         m_client->Kill();
         LogIn();
-        ASSERT_TRUE(WaitForQuestion());
-        ASSERT_TRUE(Answer(QStringLiteral("Return")));
+        ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
         ASSERT_TRUE(WaitForTabs(tabs)) << "round " << round;
         EXPECT_EQ(HasNotice(QStringLiteral("tabs-unloaded")), round == 2) << "round " << round;
         WaitForPromise();
@@ -166,8 +153,7 @@ TEST_F(RecoveryTest, DeclinedTabsAreFoundUnderEarlierTabsAndCanBeOpenedAgain)
     const QStringList tabs = GetTabs();
     m_client->Kill();
     LogIn();
-    ASSERT_TRUE(WaitForQuestion());
-    ASSERT_TRUE(Answer(QStringLiteral("Escape")));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Escape")));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), tabs.size()));
 
     const Desktop desktop(m_screen.GetDisplay());
@@ -175,6 +161,7 @@ TEST_F(RecoveryTest, DeclinedTabsAreFoundUnderEarlierTabsAndCanBeOpenedAgain)
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
     ASSERT_TRUE(desktop.Press({QStringLiteral("e")}));
+    ASSERT_TRUE(desktop.WaitForTitle(QStringLiteral("Earlier tabs")));
     ASSERT_TRUE(desktop.Press({QStringLiteral("space")}));
     ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
     EXPECT_TRUE(WaitForTabs(tabs + tabs));
@@ -187,7 +174,7 @@ TEST_F(RecoveryTest, AnsweringIsNotNeededForTheTabsToBeKept)
     const QStringList tabs = GetTabs();
     m_client->Kill();
     LogIn();
-    ASSERT_TRUE(WaitForQuestion());
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
     QTest::qWait(promise);
     m_client->Kill(); // while the user is being asked
 
@@ -197,6 +184,7 @@ TEST_F(RecoveryTest, AnsweringIsNotNeededForTheTabsToBeKept)
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
     ASSERT_TRUE(desktop.Press({QStringLiteral("e")}));
+    ASSERT_TRUE(desktop.WaitForTitle(QStringLiteral("Earlier tabs")));
     ASSERT_TRUE(desktop.Press({QStringLiteral("space")}));
     ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
     EXPECT_TRUE(WaitForTabs(tabs + tabs));
