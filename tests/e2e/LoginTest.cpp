@@ -240,6 +240,7 @@ TEST_P(UnreadableReplyTest, WithoutAKeptReplyTheClientSaysWhatHappenedAndStaysUp
     m_front->SetFault(ReadMethod, GetParam());
     LogIn();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("notice"), 1));
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("notification"), 1));
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("tab.opened")).isEmpty());
     EXPECT_EQ(CountNotifications(m_client->GetEvents(), 10400), 1);
     EXPECT_TRUE(m_client->IsRunning());
