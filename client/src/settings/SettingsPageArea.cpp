@@ -1,6 +1,7 @@
 #include "settings/SettingsPageArea.h"
 
 #include "settings/AccessibleNames.h"
+#include "settings/ButtonAccessible.h"
 #include "settings/HttpCallWatch.h"
 #include "settings/ReadableLabels.h"
 #include "settings/SaveStatus.h"
@@ -51,6 +52,7 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpCallWatch
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_sheet->setObjectName(QStringLiteral("settings_sheet"));
     new QVBoxLayout(m_sheet);
+    ButtonAccessible::Adopt(m_sheet);
     m_scroll->setWidget(m_sheet);
 
     auto* heading = new QHBoxLayout;

@@ -30,6 +30,37 @@ TEST_F(AccessTest, ACheckBoxIsNamedByTheEntryOfItsRow)
     EXPECT_EQ(box->role(), QAccessible::CheckBox);
 }
 
+TEST_F(AccessTest, WhatAScreenReaderTogglesTakesItsTurnAsAClickDoes)
+{
+    Open();
+    const auto toggle = [this](int row) {
+        QAccessible::queryAccessibleInterface(Page()->GetRow(row)->box)
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+    };
+    toggle(0);
+    toggle(1);
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    EXPECT_EQ(Page()->skipped, 0);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(Page()->GetRow(0)->box)->state().checked);
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(Page()->GetRow(2)->box)->state().checked);
+}
+
+TEST_F(AccessTest, WhatAScreenReaderPressesMayGoInsideItsOwnSignal)
+{
+    Open();
+    QAccessible::queryAccessibleInterface(Page()->GetRow(0)->remove)
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
+}
+
 TEST_F(AccessTest, ANameFollowsTheEntryAndTheHighlightIsNoPartOfIt)
 {
     Open();
