@@ -29,6 +29,12 @@ bool IsKey(QEvent::Type type)
     return type == QEvent::KeyPress || type == QEvent::KeyRelease;
 }
 
+bool IsTab(const QEvent& event)
+{
+    const int key = event.type() == QEvent::KeyPress ? static_cast<const QKeyEvent&>(event).key() : 0;
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
 std::unique_ptr<QEvent> CopyOf(const QEvent& event)
 {
     if (IsKey(event.type())) {
@@ -179,11 +185,11 @@ void InputHold::Deliver()
     while (!m_kept.empty() && m_calls.isEmpty() && !m_blocked && m_page != nullptr) {
         const Kept kept = std::move(m_kept.front());
         m_kept.pop_front();
-        // Keys go to what has the focus when their turn comes, as Tab before them may have moved it.
+        // A key goes to what has the focus in the page when its turn comes, and out of the page only where a
+        // Tab before it has led: the user may have gone on to another page meanwhile.
         QWidget* target = kept.isKey ? QApplication::focusWidget() : nullptr;
-        const bool isStray = target == nullptr || target->window() != m_page->window() ||
-                             (!IsPartOfPage(target) && kept.target.isNull());
-        if (isStray)
+        if (target == nullptr ||
+            !(IsPartOfPage(target) || (m_tabbed && target->window() == m_page->window())))
             target = IsPartOfPage(kept.target) ? kept.target.data() : kept.place.FindIn(m_page);
         const bool isRelease =
             kept.event->type() == QEvent::MouseButtonRelease || kept.event->type() == QEvent::KeyRelease;
@@ -201,7 +207,9 @@ void InputHold::Deliver()
             return;
         EndInput();
         --m_delivering;
+        m_tabbed = m_tabbed || IsTab(*kept.event);
     }
+    m_tabbed = m_tabbed && !m_kept.empty();
 }
 
 void InputHold::Announce()

@@ -83,5 +83,6 @@ private:
     int m_inputLevel = -1; ///< of the event loop in which the page deals with input; -1: it does not
     int m_delivering = 0;
     bool m_blocked = false;
+    bool m_tabbed = false; ///< of what waited, a Tab has been delivered
     bool m_wasBusy = false;
 };

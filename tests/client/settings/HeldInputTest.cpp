@@ -69,6 +69,20 @@ TEST_F(HeldInputTest, TabMovesTheFocusInItsTurn)
     EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
 }
 
+TEST_F(HeldInputTest, AKeyThatWaitsStaysWithItsPageWhenTheUserGoesOnToAnother)
+{
+    Open();
+    Tick(0);
+    Page()->GetRow(1)->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Space);
+    Choose(QStringLiteral("About"));
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("About"));
+}
+
 TEST_F(HeldInputTest, AReadHoldsNothingBack)
 {
     OpenWithoutAnswer();

@@ -199,6 +199,19 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
     qApp->setStyleSheet(QString());
 }
 
+TEST_F(ModulePageTest, WhatAScreenReaderTogglesIsSavedInItsTurn)
+{
+    gateway.writeDelay = slow;
+    for (const int row : {2, 4}) {
+        QAccessible::queryAccessibleInterface(In(row, "checkBox"))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+    }
+    ASSERT_TRUE(WaitUntil([this] { return IsChecked("customItems", 1); }));
+    EXPECT_TRUE(IsChecked("systemItems", 1));
+    EXPECT_EQ(gateway.writes, 2);
+}
+
 TEST_F(ModulePageTest, CheckBoxesAreNamedByTheirEntries)
 {
     const auto nameOf = [this](int row) {
