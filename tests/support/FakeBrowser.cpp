@@ -46,7 +46,7 @@ IBrowserTab* FakeBrowser::GetTab(int index) const
 
 QWidget* FakeBrowser::GetMainWidget() const
 {
-    return nullptr;
+    return m_mainWidget;
 }
 
 void FakeBrowser::OpenPlugin(const PluginOpenInfo& info, int index)

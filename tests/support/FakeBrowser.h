@@ -13,8 +13,8 @@
 #include <memory>
 #include <vector>
 
-/// A browser without a window. Every opening appends one tab at once, as the real one does, and every
-/// call is written down in order.
+/// A browser without a window of its own. Every opening appends one tab at once, as the real one does, and
+/// every call is written down in order.
 class FakeBrowser final : public IBrowserMain, public ITabOpener
 {
 public:
@@ -36,6 +36,9 @@ public:
     /// A tab that was there before anybody opened something; not written down.
     void AddTab(const QSharedPointer<TabData>& data, const QString& routerUrl);
 
+    /// What stands for the browser's window; not owned.
+    void SetMainWidget(QWidget* widget) noexcept { m_mainWidget = widget; }
+
     /// `url <address>`, `plugin <service code>`, `select <index>`, in call order.
     QStringList GetCalls() const;
     QList<OpenedPlugin> GetOpenedPlugins() const;
@@ -44,7 +47,7 @@ public:
     int GetTabCount() const override;
     void SelectTab(int index) override;
     IBrowserTab* GetTab(int index) const override;
-    /// Null: there is no window.
+    /// Null until the test gave one.
     QWidget* GetMainWidget() const override;
 
     void OpenPlugin(const PluginOpenInfo& info, int index) override;
@@ -52,6 +55,7 @@ public:
 
 private:
     std::vector<std::unique_ptr<FakeBrowserTab>> m_tabs;
+    QWidget* m_mainWidget = nullptr;
     QStringList m_calls;
     QList<OpenedPlugin> m_openedPlugins;
     QList<OpenedUrl> m_openedUrls;
