@@ -148,8 +148,10 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         }
         return false;
     case QEvent::FocusIn:
-        if (widget->window() == m_root->window())
+        if (widget->window() == m_root->window()) {
+            KeepInRow(widget);
             TakeFocus(widget);
+        }
         return false;
     case QEvent::FocusOut:
         // Deferred: the focus may be on its way to another part of the row, or the row on its way out.
@@ -202,6 +204,32 @@ void KeyboardAccess::TakeFocus(QWidget* widget)
         Conceal();
     if (row != nullptr && m_byKeyboard)
         Reveal(row);
+}
+
+void KeyboardAccess::KeepInRow(QWidget* widget)
+{
+    // A button that hides itself with the focus in it sends the focus on to the next row, though the user
+    // is not done with this one.
+    const QPointer<QWidget> row =
+        m_lastFocus != nullptr && m_lastFocus->isHidden() ? RowOf(m_lastFocus) : nullptr;
+    m_lastFocus = widget;
+    if (row == nullptr || row == RowOf(widget) || !row->isVisible())
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, row] {
+            if (row != nullptr && m_root->isAncestorOf(row))
+                FocusFirstOf(row);
+        },
+        Qt::QueuedConnection);
+}
+
+void KeyboardAccess::FocusFirstOf(QWidget* row)
+{
+    const QVector<QWidget*> parts = GetReadingOrder(row);
+    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
+    if (part != parts.end())
+        (*part)->setFocus(Qt::OtherFocusReason);
 }
 
 void KeyboardAccess::Reveal(QWidget* row)
@@ -284,9 +312,5 @@ void KeyboardAccess::RestoreFocus()
     const QVector<QWidget*> rows = GetRows();
     if (m_rowIndex < 0 || rows.isEmpty())
         return;
-    QWidget* const row = rows.at(std::min(m_rowIndex, rows.size() - 1));
-    const QVector<QWidget*> parts = GetReadingOrder(row);
-    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
-    if (part != parts.end())
-        (*part)->setFocus(Qt::OtherFocusReason);
+    FocusFirstOf(rows.at(std::min(m_rowIndex, rows.size() - 1)));
 }

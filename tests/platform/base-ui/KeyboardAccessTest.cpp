@@ -206,6 +206,16 @@ TEST_F(KeyboardAccessTest, WhenARowGoesItsPlaceKeepsTheFocus)
     EXPECT_TRUE(restored);
 }
 
+TEST_F(KeyboardAccessTest, AButtonThatHidesItselfLeavesTheFocusInItsRow)
+{
+    QObject::connect(rows[1]->button, &QPushButton::clicked, rows[1]->button, &QWidget::hide);
+    rows[1]->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab);
+    ASSERT_TRUE(rows[1]->button->hasFocus());
+    Press(Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return rows[1]->box->hasFocus(); }, 5000));
+}
+
 TEST_F(KeyboardAccessTest, WhenTheLastRowGoesTheRowBeforeHasTheFocus)
 {
     rows[2]->box->setFocus(Qt::TabFocusReason);

@@ -18,7 +18,8 @@ class QWidget;
 ///   see a button.
 /// - A row shows what it shows under the mouse also while the keyboard's focus is in it.
 /// - Tab goes in reading order, as the layouts have it, whatever the order of making was.
-/// - When a row goes away with the focus in it, the focus goes to the row in its place.
+/// - When a row goes away with the focus in it, the focus goes to the row in its place; when only the button
+///   that has it hides, the focus stays in the row.
 /// A child of `root`, in force for as long as it lives. GUI thread.
 class TL_BASE_UI_EXPORT KeyboardAccess final : public QObject
 {
@@ -45,6 +46,8 @@ private:
     QWidget* RowOf(QWidget* widget) const;
     QVector<QWidget*> GetRows() const;
     void TakeFocus(QWidget* widget);
+    void KeepInRow(QWidget* widget);
+    void FocusFirstOf(QWidget* row);
     void Reveal(QWidget* row);
     void Conceal();
     void SendEnter(QWidget* row);
@@ -55,6 +58,7 @@ private:
 
     QWidget* m_root;
     std::function<bool(const QWidget*)> m_isRow;
+    QPointer<QWidget> m_lastFocus;
     QPointer<QWidget> m_row;      ///< the row revealed because the focus is in it
     QPointer<QWidget> m_prepared; ///< revealed because the focus is about to come into it
     int m_rowIndex = -1;          ///< of the row that has the focus, -1: none
