@@ -5,6 +5,7 @@
 #include "WaitUntil.h"
 
 #include "app/Notices.h"
+#include "app/TimerDelay.h"
 #include "app/tabs/ClientTabs.h"
 #include "app/tabs/KeptTabsText.h"
 #include "app/tabs/RunningTabs.h"
@@ -188,6 +189,31 @@ TEST_F(ClientTabsTest, QuitAndLogOutCleanUpOnceTheModulesAreDone)
         RunQueuedEvents();
         EXPECT_EQ(m_told, QStringList{cleanUrl}) << "the tabs that close at the end are told";
         EXPECT_EQ(RunningTabs::GetText(), QString());
+    }
+}
+
+TEST_F(ClientTabsTest, WhatHappensAfterTheEndBeganIsNotTold)
+{
+    for (const EndKind kind : {EndKind::Quit, EndKind::SystemEnd}) {
+        m_tabs = std::make_unique<ClientTabs>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        ShowThree();
+        m_tabs->BeforeEnd(kind, QString());
+        const QStringList told = m_told;
+        const KeptTabs kept = GetKept();
+        // One that did not hear of the end, and has to keep the same distance.
+        OpenTabsWatch other(std::make_unique<TimerDelay>());
+        int changes = 0;
+        QObject::connect(&other, &OpenTabsWatch::SigKeep, m_window.get(), [&changes] { ++changes; });
+        other.Start(m_window.get());
+        ASSERT_TRUE(WaitUntil([&changes] { return changes == 1; }));
+        m_window->CloseTab(3);
+        m_window->CloseTab(2);
+        m_window->CloseTab(1);
+        ASSERT_TRUE(WaitUntil([&changes] { return changes == 2; }));
+        EXPECT_EQ(m_told, told);
+        if (kind == EndKind::SystemEnd) {
+            EXPECT_EQ(GetKept(), kept);
+        }
     }
 }
 

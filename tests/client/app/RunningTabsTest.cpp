@@ -19,23 +19,32 @@ using KeptTabsExamples::MakeTabs;
 class RunningTabsTest : public ::testing::Test
 {
 protected:
+    /// A place in the pool's queue where its one thread stays until the test lets it go on.
+    struct Gate
+    {
+        QSemaphore reached;
+        QSemaphore open;
+    };
+
     RunningTabsTest() { QThreadPool::globalInstance()->setMaxThreadCount(1); }
     ~RunningTabsTest() override
     {
-        for (QSemaphore* gate : m_gates) {
-            gate->release();
+        for (const std::shared_ptr<Gate>& gate : m_gates) {
+            gate->open.release();
         }
         QThreadPool::globalInstance()->waitForDone();
         QThreadPool::globalInstance()->setMaxThreadCount(m_threads);
     }
 
     /// What is begun from now on waits until the gate is opened.
-    QSemaphore* CloseGate()
+    Gate* CloseGate()
     {
-        auto gate = std::make_shared<QSemaphore>();
-        QThreadPool::globalInstance()->start([gate] { gate->acquire(); });
-        m_held.push_back(gate);
-        m_gates.push_back(gate.get());
+        auto gate = std::make_shared<Gate>();
+        QThreadPool::globalInstance()->start([gate] {
+            gate->reached.release();
+            gate->open.acquire();
+        });
+        m_gates.push_back(gate);
         return gate.get();
     }
     static void FinishEverything()
@@ -52,8 +61,7 @@ protected:
 
 private:
     int m_threads = QThreadPool::globalInstance()->maxThreadCount();
-    std::vector<std::shared_ptr<QSemaphore>> m_held;
-    std::vector<QSemaphore*> m_gates;
+    std::vector<std::shared_ptr<Gate>> m_gates;
 };
 
 TEST_F(RunningTabsTest, NothingIsKeptToBeginWith)
@@ -63,41 +71,56 @@ TEST_F(RunningTabsTest, NothingIsKeptToBeginWith)
 
 TEST_F(RunningTabsTest, KeepLeavesTheTextToAnotherThread)
 {
-    QSemaphore* const gate = CloseGate();
+    Gate* const gate = CloseGate();
     m_running.Keep(MakeTabs(3));
     RunQueuedEvents();
     EXPECT_EQ(RunningTabs::GetText(), QString()) << "it was written on this thread";
-    gate->release();
+    gate->open.release();
     ASSERT_TRUE(WaitUntil([] { return !RunningTabs::GetText().isEmpty(); }));
     EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
 }
 
 TEST_F(RunningTabsTest, OfSeveralThatWaitOnlyTheLastIsWritten)
 {
-    QSemaphore* const first = CloseGate();
+    Gate* const first = CloseGate();
     m_running.Keep(MakeTabs(1));
-    QSemaphore* const second = CloseGate();
+    Gate* const second = CloseGate();
     m_running.Keep(MakeTabs(2));
     m_running.Keep(MakeTabs(3));
     m_running.Keep(MakeTabs(4));
-    first->release();
+    first->open.release();
     ASSERT_TRUE(WaitUntil([] { return !RunningTabs::GetText().isEmpty(); }));
     EXPECT_EQ(RunningTabs::GetText(), TextOf(1));
     // Whatever came after the next text would have to wait here.
     CloseGate();
-    second->release();
+    second->open.release();
     ASSERT_TRUE(WaitUntil([] { return RunningTabs::GetText() != TextOf(1); }));
     EXPECT_EQ(RunningTabs::GetText(), TextOf(4));
 }
 
+TEST_F(RunningTabsTest, WhileOneIsBeingWrittenNoOtherIsBegun)
+{
+    Gate* const first = CloseGate();
+    m_running.Keep(MakeTabs(1));
+    m_running.Keep(MakeTabs(2));
+    Gate* const behind = CloseGate();
+    m_running.Keep(MakeTabs(3));
+    first->open.release();
+    ASSERT_TRUE(behind->reached.tryAcquire(1, 20000));
+    RunQueuedEvents();
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(1)) << "the second one did not wait";
+    behind->open.release();
+    ASSERT_TRUE(WaitUntil([] { return RunningTabs::GetText() == TextOf(3); }));
+}
+
 TEST_F(RunningTabsTest, OneThatIsKeptNowOvertakesThoseThatWait)
 {
-    QSemaphore* const gate = CloseGate();
+    Gate* const gate = CloseGate();
     m_running.Keep(MakeTabs(1));
     m_running.Keep(MakeTabs(2));
     m_running.KeepNow(MakeTabs(3));
     EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
-    gate->release();
+    gate->open.release();
     FinishEverything();
     EXPECT_EQ(RunningTabs::GetText(), TextOf(3)) << "an older one came later";
 }
@@ -105,23 +128,23 @@ TEST_F(RunningTabsTest, OneThatIsKeptNowOvertakesThoseThatWait)
 TEST_F(RunningTabsTest, ClearedStaysClear)
 {
     m_running.KeepNow(MakeTabs(1));
-    QSemaphore* const gate = CloseGate();
+    Gate* const gate = CloseGate();
     m_running.Keep(MakeTabs(2));
     m_running.Keep(MakeTabs(3));
     m_running.Clear();
     EXPECT_EQ(RunningTabs::GetText(), QString());
-    gate->release();
+    gate->open.release();
     FinishEverything();
     EXPECT_EQ(RunningTabs::GetText(), QString());
 }
 
 TEST_F(RunningTabsTest, AfterOneThatWasOvertakenTheNextIsWritten)
 {
-    QSemaphore* const gate = CloseGate();
+    Gate* const gate = CloseGate();
     m_running.Keep(MakeTabs(1));
     m_running.KeepNow(MakeTabs(2));
     m_running.Keep(MakeTabs(3));
-    gate->release();
+    gate->open.release();
     ASSERT_TRUE(WaitUntil([] { return RunningTabs::GetText() != TextOf(2); }));
     EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
 }
@@ -136,12 +159,12 @@ TEST_F(RunningTabsTest, NoTabsClearWhatWasKept)
 TEST_F(RunningTabsTest, EndWhileOneIsBeingWrittenIsHarmless)
 {
     const KeptTabs many = MakeTabs(1000);
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 8; ++round) {
         auto running = std::make_unique<RunningTabs>();
-        QSemaphore* const gate = CloseGate();
+        Gate* const gate = CloseGate();
         running->Keep(many);
         running->Keep(MakeTabs(1));
-        gate->release();
+        gate->open.release();
         running.reset();
         EXPECT_EQ(QThreadPool::globalInstance()->activeThreadCount(), 0) << "a thread may still answer it";
         FinishEverything();
