@@ -6,10 +6,12 @@
 #include "settings/ScaleManager.h"
 
 #include "browser/LanguageManager.h"
+#include "browser/ThemeManager.h"
 
 #include "base/DpiTool.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
@@ -172,6 +174,20 @@ TEST_F(PagesTest, ScalesTheFontOfTheApplication)
         EXPECT_EQ(QFontInfo(QApplication::font()).pixelSize(), size);
     }
     QApplication::setFont(before);
+}
+
+TEST_F(PagesTest, LengthsInTheThemeFollowTheScale)
+{
+    ThemeManager themes;
+    themes.Apply(Theme::Light);
+    const QString before = qApp->styleSheet();
+    EXPECT_FALSE(before.contains(QRegularExpression(QStringLiteral("\\d+dp\\b"))));
+    EXPECT_TRUE(before.contains(QStringLiteral("min-height: 30px;")));
+    DpiTool::SetScale(2.0);
+    EXPECT_TRUE(qApp->styleSheet().contains(QStringLiteral("min-height: 60px;")));
+    DpiTool::SetScale(1.0);
+    EXPECT_EQ(qApp->styleSheet(), before);
+    qApp->setStyleSheet(QString());
 }
 
 TEST_F(PagesTest, BrowsingDataIsClearedAfterAQuestion)
