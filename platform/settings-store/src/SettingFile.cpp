@@ -60,12 +60,28 @@ bool HasOnlyLog(const QString& path)
                                         QFileInfo(path + SettingFileNames::journal).size() > 0);
 }
 
-QVector<SettingKey> KeysOf(const QMap<qint64, SettingRow>& rows)
+// What is damaged and not there in another row.
+QVector<SettingKey> KeysOf(const SettingContent& content)
 {
     QVector<SettingKey> keys;
-    for (const SettingRow& row : rows)
-        keys.append(row.GetKey());
+    for (const SettingRow& row : content.damaged) {
+        const SettingKey key = row.GetKey();
+        if (!content.values.contains(key))
+            keys.append(key);
+    }
     return keys;
+}
+
+bool InsertRows(QSqlQuery* query, const SettingValues& values)
+{
+    if (!query->prepare(SettingTable::WriteStatement()))
+        return false;
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        SettingTable::BindRow(query, SettingRow::Of(it.key(), it.value()));
+        if (!query->exec())
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -96,15 +112,17 @@ SettingFileReport SettingFile::Open()
     SettingContent content;
     Problem problem = OpenConnection(&content);
     if (problem.IsFatal()) {
-        const Problem damage = problem;
-        problem = SetAside(damage, &report);
-        if (problem.None()) {
-            Salvage(damage, &report);
-            problem = OpenConnection(nullptr);
-        }
+        content = SettingSalvage::Read(m_path);
+        m_values = content.values;
+        // A later version may count its checksums in another way: that is no damage.
+        if (problem.fault == SettingFault::Damaged)
+            report.damagedValues = KeysOf(content);
+        problem = Replace(problem, m_values, &report);
+        if (problem.None())
+            report.setAsideReason += QLatin1Char(' ') + KeptSentence(m_values.size());
     } else if (problem.None() || m_isRead || ReadAlone(problem, &content)) {
         m_values = content.values;
-        report.damagedValues = KeysOf(content.damaged);
+        report.damagedValues = KeysOf(content);
         problem = {}; // a file that can only be read is good enough: the first write tells why
     }
     report.failure = Sentence(problem);
@@ -114,43 +132,28 @@ SettingFileReport SettingFile::Open()
 SettingFileReport SettingFile::Write(const SettingValues& values)
 {
     SettingFileReport report;
-    const auto owedAnd = [this](const SettingValues& more) {
-        SettingValues all = m_owed;
-        for (auto it = more.cbegin(); it != more.cend(); ++it)
-            all.insert(it.key(), it.value());
-        return all;
-    };
-
     Problem problem;
     if (m_connection.isEmpty())
         problem = OpenConnection(nullptr);
     if (problem.None())
-        problem = WriteRows(owedAnd(values));
-    if (problem.IsFatal()) {
-        m_owed = m_values;
-        problem = SetAside(problem, &report);
+        problem = WriteRows(m_connection, values);
+    const bool isWritten = problem.None();
+    if (isWritten || problem.IsFatal()) {
+        SettingValues all = m_values;
+        for (auto it = values.cbegin(); it != values.cend(); ++it)
+            all.insert(it.key(), it.value());
+        if (!isWritten)
+            problem = Replace(problem, all, &report);
         if (problem.None())
-            problem = OpenConnection(nullptr);
-        if (problem.None())
-            problem = WriteRows(owedAnd(values));
+            m_values = all;
     }
     report.failure = Sentence(problem);
-    if (problem.None()) {
-        m_owed.clear();
-        for (auto it = values.cbegin(); it != values.cend(); ++it)
-            m_values.insert(it.key(), it.value());
-    }
     return report;
 }
 
 SettingValues SettingFile::GetValues() const
 {
     return m_values;
-}
-
-bool SettingFile::OwesValues() const
-{
-    return !m_owed.isEmpty();
 }
 
 SettingFile::Problem SettingFile::ProblemOf(const QSqlError& error)
@@ -180,6 +183,12 @@ QString SettingFile::Sentence(const Problem& problem)
     return tr("Settings cannot be saved: %1.").arg(problem.detail);
 }
 
+QString SettingFile::KeptSentence(int count)
+{
+    return count == 0 ? tr("Nothing could be read from it.")
+                      : tr("%n setting(s) could be read from it and were kept.", nullptr, count);
+}
+
 SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
 {
     if (IsTooShort(m_path))
@@ -207,6 +216,8 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
     Problem problem = Prepare(loaded);
     if (!problem.None())
         CloseConnection();
+    else
+        QFile::remove(m_path + SettingFileNames::draft);
     return problem;
 }
 
@@ -236,7 +247,7 @@ SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
     if (problem.None())
         problem = SetUp();
     if (problem.None() && kind == SettingTable::Kind::Empty)
-        problem = CreateTables(m_connection);
+        problem = CreateTables(m_connection, {});
     if (!problem.None())
         return problem;
 
@@ -335,8 +346,32 @@ SettingFile::Problem SettingFile::SetUp()
 }
 
 // A fresh file is made under another name and gets its own when it is whole: whatever ends the process
-// meanwhile, no half-made file is ever taken for a damaged one.
+// meanwhile, no half-made file is ever taken for a damaged one, and a whole one is not made again.
 SettingFile::Problem SettingFile::MakeFile()
+{
+    if (!IsWholeDraft()) {
+        Problem problem = MakeDraft({});
+        if (!problem.None())
+            return problem;
+    }
+    return TakeDraft();
+}
+
+bool SettingFile::IsWholeDraft() const
+{
+    const QString draft = m_path + SettingFileNames::draft;
+    if (IsTooShort(draft) || !QFileInfo(draft).isFile())
+        return false;
+    QSqlError error;
+    QString connection = SettingConnection::Open(draft, busyTimeout, &error);
+    SettingTable::Kind kind = SettingTable::Kind::Foreign;
+    const bool isWhole =
+        !connection.isEmpty() && Examine(connection, &kind).None() && kind == SettingTable::Kind::Ours;
+    SettingConnection::Close(&connection);
+    return isWhole;
+}
+
+SettingFile::Problem SettingFile::MakeDraft(const SettingValues& values)
 {
     const QString draft = m_path + SettingFileNames::draft;
     QFile::remove(draft + SettingFileNames::journal);
@@ -348,28 +383,31 @@ SettingFile::Problem SettingFile::MakeFile()
     // The settings tell what a person has open: nobody else's business. The files beside a database get
     // its permissions.
     QFile::setPermissions(draft, QFile::ReadOwner | QFile::WriteOwner);
-    Problem problem = CreateTables(connection);
+    Problem problem = CreateTables(connection, values);
     SettingConnection::Close(&connection);
-    if (!problem.None())
-        return problem;
+    return problem;
+}
+
+SettingFile::Problem SettingFile::TakeDraft()
+{
+    // Empty leftovers, which must not be taken for its own.
     for (const QString& suffix :
          {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal})
-        QFile::remove(m_path + suffix); // empty leftovers, which must not be taken for its own
-    QFile file(draft);
+        QFile::remove(m_path + suffix);
+    QFile file(m_path + SettingFileNames::draft);
     return file.rename(m_path) ? Problem{} : Problem{SettingFault::Other, file.errorString()};
 }
 
-SettingFile::Problem SettingFile::CreateTables(const QString& connection)
+// In one transaction: a file that has the tables has the values, too.
+SettingFile::Problem SettingFile::CreateTables(const QString& connection, const SettingValues& values)
 {
-    QSqlQuery query(QSqlDatabase::database(connection));
-    for (const QString& statement : SettingTable::CreateStatements()) {
-        if (!query.exec(statement)) {
-            Problem problem = ProblemOf(query.lastError());
-            query.exec(QStringLiteral("ROLLBACK"));
-            return problem;
+    return InTransaction(connection, [&values](QSqlQuery* query) {
+        for (const QString& statement : SettingTable::CreateStatements()) {
+            if (!query->exec(statement))
+                return false;
         }
-    }
-    return {};
+        return InsertRows(query, values);
+    });
 }
 
 void SettingFile::CloseConnection()
@@ -377,34 +415,44 @@ void SettingFile::CloseConnection()
     SettingConnection::Close(&m_connection);
 }
 
-SettingFile::Problem SettingFile::WriteRows(const SettingValues& values)
+SettingFile::Problem SettingFile::WriteRows(const QString& connection, const SettingValues& values)
 {
-    QSqlQuery query(QSqlDatabase::database(m_connection));
-    const auto failed = [&query] {
-        Problem problem = ProblemOf(query.lastError());
+    return InTransaction(connection, [&values](QSqlQuery* query) { return InsertRows(query, values); });
+}
+
+SettingFile::Problem SettingFile::InTransaction(const QString& connection,
+                                                const std::function<bool(QSqlQuery*)>& work)
+{
+    QSqlQuery query(QSqlDatabase::database(connection));
+    if (query.exec(QStringLiteral("BEGIN IMMEDIATE")) && work(&query)) {
         query.finish();
-        query.exec(QStringLiteral("ROLLBACK"));
-        query.finish();
-        return problem;
-    };
-    if (!query.exec(QStringLiteral("BEGIN IMMEDIATE")))
-        return failed();
-    if (!query.prepare(SettingTable::WriteStatement()))
-        return failed();
-    for (auto it = values.cbegin(); it != values.cend(); ++it) {
-        SettingTable::BindRow(&query, SettingRow::Of(it.key(), it.value()));
-        if (!query.exec())
-            return failed();
+        if (query.exec(QStringLiteral("COMMIT")))
+            return {};
     }
+    Problem problem = ProblemOf(query.lastError());
     query.finish();
-    return query.exec(QStringLiteral("COMMIT")) ? Problem{} : failed();
+    query.exec(QStringLiteral("ROLLBACK"));
+    return problem;
+}
+
+// Puts a fresh file with these values in the place of one that cannot be used. That one keeps its place until
+// the fresh one is whole.
+SettingFile::Problem SettingFile::Replace(const Problem& damage, const SettingValues& values,
+                                          SettingFileReport* report)
+{
+    CloseConnection();
+    Problem problem = MakeDraft(values);
+    if (problem.None())
+        problem = SetAside(damage, report);
+    if (problem.None())
+        problem = TakeDraft();
+    return problem.None() ? OpenConnection(nullptr) : problem;
 }
 
 // The log and index files go with their database, so that it can still be read under its new name. They
 // go first: a database without its log can be set aside again, a log without its database is of no use.
 SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileReport* report)
 {
-    CloseConnection();
     const QString kind = damage.fault == SettingFault::LaterVersion ? QStringLiteral(".later-version-")
                                                                     : QStringLiteral(".damaged-");
     const QString name =
@@ -427,23 +475,4 @@ SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileRep
                                  ? tr("The settings file was made by a later version of this program.")
                                  : tr("The settings file is damaged (%1).").arg(damage.detail);
     return {};
-}
-
-// Takes over what can be read from the file that was set aside.
-void SettingFile::Salvage(const Problem& damage, SettingFileReport* report)
-{
-    const SettingContent content = SettingSalvage::Read(report->setAsideFile);
-    m_values = content.values;
-    m_owed = m_values;
-    // A later version may count its checksums in another way: that is no damage.
-    if (damage.fault == SettingFault::Damaged) {
-        for (const SettingKey& key : KeysOf(content.damaged)) {
-            if (!m_values.contains(key))
-                report->damagedValues.append(key);
-        }
-    }
-    report->setAsideReason +=
-        QLatin1Char(' ') + (m_values.isEmpty() ? tr("Nothing could be read from it.")
-                                               : tr("%n setting(s) could be read from it and were kept.",
-                                                    nullptr, m_values.size()));
 }

@@ -9,8 +9,11 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
+#include <functional>
+
 class QSqlDatabase;
 class QSqlError;
+class QSqlQuery;
 
 /// The SQLite file of the store. Made, used and destroyed on one thread, the writer's.
 class SettingFile final
@@ -24,9 +27,8 @@ public:
     SettingFile(const SettingFile&) = delete;
     SettingFile& operator=(const SettingFile&) = delete;
 
-    /// Opens the file or makes it. One that cannot be used is set aside; what can be read from it is
-    /// written into the fresh one by the next `Write`. Single values that are damaged are set aside within
-    /// the file.
+    /// Opens the file or makes it. One that cannot be used is set aside, and a fresh one takes its place
+    /// with what can be read from it. Single values that are damaged are set aside within the file.
     [[nodiscard]] SettingFileReport Open();
 
     /// Writes all values in one transaction, none if it fails. A file that turns out to be damaged is
@@ -35,8 +37,6 @@ public:
 
     /// Everything that the file holds, or ought to hold.
     SettingValues GetValues() const;
-    /// Whether the file lacks some of them.
-    bool OwesValues() const;
 
 private:
     struct Problem
@@ -51,6 +51,7 @@ private:
 
     static Problem ProblemOf(const QSqlError& error);
     static QString Sentence(const Problem& problem);
+    static QString KeptSentence(int count);
 
     /// `loaded` is null when the values are known already.
     Problem OpenConnection(SettingContent* loaded);
@@ -58,20 +59,23 @@ private:
     bool ReadAlone(const Problem& problem, SettingContent* loaded);
     Problem SetUp();
     Problem MakeFile();
+    bool IsWholeDraft() const;
+    Problem MakeDraft(const SettingValues& values);
+    Problem TakeDraft();
+    Problem Replace(const Problem& damage, const SettingValues& values, SettingFileReport* report);
     static Problem Examine(const QString& connection, SettingTable::Kind* kind);
     static Problem ExamineCopy(const QString& file);
     static Problem ReadValues(const QSqlDatabase& database, SettingContent* content);
     static Problem CheckIntegrity(const QString& connection);
-    static Problem CreateTables(const QString& connection);
+    static Problem CreateTables(const QString& connection, const SettingValues& values);
+    static Problem WriteRows(const QString& connection, const SettingValues& values);
+    static Problem InTransaction(const QString& connection, const std::function<bool(QSqlQuery*)>& work);
     void CloseConnection();
-    Problem WriteRows(const SettingValues& values);
     Problem SetAside(const Problem& damage, SettingFileReport* report);
-    void Salvage(const Problem& damage, SettingFileReport* report);
 
     const QString m_path;
     SettingLock m_lock;
     QString m_connection; // the name of the connection; empty while there is none
     bool m_isRead = false;
     SettingValues m_values;
-    SettingValues m_owed; // of these, what a fresh file still lacks
 };

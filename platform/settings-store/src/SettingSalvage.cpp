@@ -92,7 +92,8 @@ bool ReplaceFirstPage(const SettingCopy& copy)
 
 SettingContent SettingSalvage::Read(const QString& damagedFile)
 {
-    if (!QFileInfo(damagedFile).isFile())
+    const QFileInfo info(damagedFile);
+    if (info.exists() && !info.isFile())
         return {};
     SettingContent content;
     {

@@ -8,6 +8,7 @@ class SettingSalvage final
 public:
     SettingSalvage() = delete;
 
-    /// Empty when nothing can be read. The file is left as it is. On the writer's thread.
+    /// Empty when nothing can be read. The file is left as it is; only its log may be there. On the writer's
+    /// thread.
     static SettingContent Read(const QString& damagedFile);
 };

@@ -84,7 +84,6 @@ void AddRow(const QSqlQuery& query, SettingTable::Checksums checksums, SettingCo
 QStringList SettingTable::CreateStatements()
 {
     return {
-        QStringLiteral("BEGIN IMMEDIATE"),
         QStringLiteral(
             "CREATE TABLE setting ("
             "scope INTEGER NOT NULL, user TEXT NOT NULL, section TEXT NOT NULL, "
@@ -92,7 +91,6 @@ QStringList SettingTable::CreateStatements()
             .arg(checksumColumn),
         DamagedRows::CreateStatement(),
         VersionStatement(),
-        QStringLiteral("COMMIT"),
     };
 }
 

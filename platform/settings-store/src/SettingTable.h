@@ -40,7 +40,7 @@ struct ReadResult
     qint64 lastRowId = 0; ///< of the last row that could be read; 0: none could
 };
 
-/// Made in one transaction, which the statements open and close.
+/// Belong into one transaction.
 QStringList CreateStatements();
 /// Tells what the file is; the error is invalid when that could be found out.
 QSqlError Recognise(const QSqlDatabase& database, Kind* kind);

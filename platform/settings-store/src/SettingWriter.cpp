@@ -95,10 +95,6 @@ void SettingWriter::Run()
     m_done.notify_all();
     if (!openReport.failure.isEmpty())
         return;
-    if (file.OwesValues()) {
-        ++m_queued;
-        m_attemptWanted = true;
-    }
 
     QString lastFailure;
     for (;;) {

@@ -405,6 +405,31 @@ TEST_F(VXSettingManagerDamageTest, TableWithoutItsKeyIsReadIntoAFreshOne)
     ASSERT_NO_FATAL_FAILURE(ExpectFreshStore());
 }
 
+TEST_F(VXSettingManagerDamageTest, WholeFileThatDidNotGetItsNameYetGetsIt)
+{
+    MakeStore(20, 300);
+    ASSERT_TRUE(QFile::rename(m_file, m_file + QStringLiteral(".new")));
+    EXPECT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(CountValues(20, 300), 20);
+    EXPECT_FALSE(QFile::exists(m_file + QStringLiteral(".new")));
+}
+
+TEST_F(VXSettingManagerDamageTest, HalfMadeFileThatDidNotGetItsNameIsMadeAgain)
+{
+    MakeStore(20, 300);
+    const QByteArray whole = ReadFile(m_file);
+    for (const int length : {0, 100, 512, 4096, 9000}) {
+        SCOPED_TRACE(length);
+        QFile::remove(m_file);
+        WriteFile(m_file + QStringLiteral(".new"), whole.left(length));
+        ASSERT_TRUE(m_store.Open(m_file));
+        EXPECT_TRUE(m_store.SetGlobalValueSync(Section(), Field(1), Value(1, 300)));
+        m_store.Close();
+    }
+    EXPECT_EQ(m_setAside.count(), 0) << "nobody ever had anything in it";
+    EXPECT_EQ(m_failed.count(), 0);
+}
+
 TEST_F(VXSettingManagerDamageTest, SecondDamageIsSetAsideUnderAnotherName)
 {
     for (int i = 0; i < 2; ++i) {

@@ -195,6 +195,25 @@ TEST_F(VXSettingManagerDiskTest, DiskThatIsFullBesideALogThatAKillHasLeftGivesTh
     EXPECT_EQ(CountValues(4, 10), 4);
 }
 
+TEST_F(VXSettingManagerDiskTest, DamagedFileKeepsItsPlaceUntilThereIsRoomForAFreshOne)
+{
+    MakeStore(100, 300);
+    const QByteArray damaged = ReadFile(m_file).left(20000);
+    WriteFile(m_file, damaged);
+    {
+        const FileSizeLimit limit(8192);
+        EXPECT_FALSE(m_store.Open(m_file));
+        EXPECT_EQ(m_setAside.count(), 0);
+        EXPECT_EQ(m_failed.count(), 1);
+        m_store.Close();
+    }
+    EXPECT_EQ(ReadFile(m_file), damaged);
+    EXPECT_TRUE(m_store.Open(m_file));
+    EXPECT_EQ(m_setAside.count(), 1);
+    EXPECT_GT(CountValues(100, 300), 0);
+    EXPECT_EQ(m_failed.count(), 1);
+}
+
 TEST_F(VXSettingManagerDiskTest, SameCauseIsToldAgainAfterAWriteThatSucceeded)
 {
     ASSERT_TRUE(m_store.Open(m_file));

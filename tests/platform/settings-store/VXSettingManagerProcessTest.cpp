@@ -5,6 +5,7 @@
 
 #include "core/TLGlobalData.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QRandomGenerator>
 
@@ -110,6 +111,33 @@ TEST_F(VXSettingManagerProcessTest, KilledWhileTheFileIsMadeOrBroughtUpToDateNot
         EXPECT_EQ(m_valueDamaged.count(), 0);
         EXPECT_EQ(m_failed.count(), 0);
     }
+}
+
+TEST_F(VXSettingManagerProcessTest, KilledWhileADamagedFileIsReplacedNothingIsLostThatCouldBeRead)
+{
+    constexpr int count = 1000;
+    MakeStore(count, 20);
+    QByteArray damaged = ReadFile(m_file);
+    damaged.replace(0, 100, QByteArray(100, '\0')); // everything else can be read
+    for (int round = 0; round < m_rounds && !HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("settings.db"));
+        WriteFile(file, damaged);
+        SettingsStoreProcess process({file, QStringLiteral("hold")});
+        process.LetRun(m_random.bounded(120));
+        process.Kill();
+
+        ASSERT_TRUE(m_store.Open(file));
+        EXPECT_EQ(CountValues(count, 20), count);
+        m_store.Close();
+        const QStringList aside =
+            QDir(folder.path()).entryList({QStringLiteral("settings.db.damaged-*")}, QDir::Files);
+        ASSERT_EQ(aside.size(), 1) << aside.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(ReadFile(folder.filePath(aside.first())), damaged);
+        EXPECT_FALSE(QFile::exists(file + QStringLiteral(".new")));
+    }
+    EXPECT_EQ(m_failed.count(), 0);
 }
 
 TEST_F(VXSettingManagerProcessTest, StoreThatAnotherProcessHasOpenIsRefusedAndLeftAlone)
