@@ -593,6 +593,37 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     </message>
 </context>
 <context>
+    <name>PlainPageView</name>
+    <message>
+        <source>Open in the system browser</source>
+        <translation>在系统浏览器中打开</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Text of the page</source>
+        <translation>页面文本</translation>
+    </message>
+    <message>
+        <source>The page is longer. Only the first %1 are shown.</source>
+        <translation>页面内容更长，仅显示前 %1。</translation>
+    </message>
+    <message>
+        <source>of an unknown kind</source>
+        <translation>未知类型</translation>
+    </message>
+    <message>
+        <source>What the site sent is no text (%1), and is not shown here.</source>
+        <translation>网站发送的内容不是文本（%1），此处不予显示。</translation>
+    </message>
+    <message>
+        <source>What the site sent is no text (%1, %2), and is not shown here.</source>
+        <translation>网站发送的内容不是文本（%1，%2），此处不予显示。</translation>
+    </message>
+</context>
+<context>
     <name>TabButton</name>
     <message>
         <source>Close tab</source>

@@ -20,6 +20,25 @@ QString NoStoreReason(const QString& detail)
     return detail.isEmpty() ? reason : reason + QLatin1Char('\n') + detail;
 }
 
+/// Starts the job; `finished` runs once, with null when the time [ms] was over.
+void Run(QObject* context, QKeychain::Job* job, int timeout, std::function<void(QKeychain::Job*)> finished)
+{
+    job->setInsecureFallback(false);
+    job->setAutoDelete(true);
+    const auto answered = std::make_shared<bool>(false);
+    const auto once = [answered, finished = std::move(finished)](QKeychain::Job* result) {
+        if (!*answered) {
+            *answered = true;
+            finished(result);
+        }
+    };
+    // Queued: some back ends finish inside start(). The job is there until the event loop deletes it,
+    // which happens after what was queued before.
+    QObject::connect(job, &QKeychain::Job::finished, context, once, Qt::QueuedConnection);
+    QTimer::singleShot(timeout, context, [once] { once(nullptr); });
+    job->start();
+}
+
 } // namespace
 
 SystemKeyStore::SystemKeyStore(QObject* parent) : QObject(parent) {}
@@ -28,7 +47,7 @@ void SystemKeyStore::AskAvailable(AvailableAnswer answer)
 {
     auto* const job = new QKeychain::ReadPasswordJob(service, this);
     job->setKey(QStringLiteral("probe"));
-    Run(job, probeTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
+    Run(this, job, probeTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
         if (!finished) {
             answer(false, NoStoreReason(SystemKeyStore::tr("The key store does not answer.")));
         } else if (finished->error() == QKeychain::NoError || finished->error() == QKeychain::EntryNotFound) {
@@ -43,7 +62,7 @@ void SystemKeyStore::Read(const QString& name, ReadAnswer answer)
 {
     auto* const job = new QKeychain::ReadPasswordJob(service, this);
     job->setKey(name);
-    Run(job, answerTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
+    Run(this, job, answerTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
         const auto* const read = static_cast<QKeychain::ReadPasswordJob*>(finished);
         answer(read && read->error() == QKeychain::NoError ? read->textData() : QString());
     });
@@ -54,7 +73,7 @@ void SystemKeyStore::Write(const QString& name, const QString& secret, DoneAnswe
     auto* const job = new QKeychain::WritePasswordJob(service, this);
     job->setKey(name);
     job->setTextData(secret);
-    Run(job, answerTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
+    Run(this, job, answerTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
         answer(finished && finished->error() == QKeychain::NoError);
     });
 }
@@ -63,26 +82,8 @@ void SystemKeyStore::Remove(const QString& name, DoneAnswer answer)
 {
     auto* const job = new QKeychain::DeletePasswordJob(service, this);
     job->setKey(name);
-    Run(job, answerTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
+    Run(this, job, answerTimeout, [answer = std::move(answer)](QKeychain::Job* finished) {
         answer(finished &&
                (finished->error() == QKeychain::NoError || finished->error() == QKeychain::EntryNotFound));
     });
-}
-
-void SystemKeyStore::Run(QKeychain::Job* job, int timeout, std::function<void(QKeychain::Job*)> finished)
-{
-    job->setInsecureFallback(false);
-    job->setAutoDelete(true);
-    const auto answered = std::make_shared<bool>(false);
-    const auto once = [answered, finished = std::move(finished)](QKeychain::Job* result) {
-        if (!*answered) {
-            *answered = true;
-            finished(result);
-        }
-    };
-    // Queued: some back ends finish inside start(). The job is there until the event loop deletes it,
-    // which happens after what was queued before.
-    connect(job, &QKeychain::Job::finished, this, once, Qt::QueuedConnection);
-    QTimer::singleShot(timeout, this, [once] { once(nullptr); });
-    job->start();
 }

@@ -4,10 +4,6 @@
 
 #include <QtCore/QObject>
 
-namespace QKeychain {
-class Job;
-}
-
 /// The system's key store: the Secret Service or KWallet, the Windows credential store, the macOS key
 /// chain. Never a file of our own. A store that does not answer in time counts as one that is not there.
 class SystemKeyStore final : public QObject, public IKeyStore
@@ -21,8 +17,4 @@ public:
     void Read(const QString& name, ReadAnswer answer) override;
     void Write(const QString& name, const QString& secret, DoneAnswer answer) override;
     void Remove(const QString& name, DoneAnswer answer) override;
-
-private:
-    /// Starts the job; `finished` runs once, with null when the time [ms] was over.
-    void Run(QKeychain::Job* job, int timeout, std::function<void(QKeychain::Job*)> finished);
 };

@@ -3,6 +3,7 @@
 #include "browser/ITabPage.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QString>
 
 #include <memory>
 
@@ -19,6 +20,9 @@ public:
 
     /// An empty page; never null. `parent` becomes the parent of the page's widget.
     virtual std::unique_ptr<ITabPage> CreatePage(QWidget* parent) = 0;
+
+    /// The language that pages are told the user reads, such as "en" or "zh_CN"; from the next request on.
+    virtual void SetLanguage(const QString& language) = 0;
 
 Q_SIGNALS:
     /// A page wants to save a file. A download that nobody accepts during the signal is cancelled.

@@ -22,9 +22,7 @@ public:
     ~WebEnginePageFactory() override;
 
     std::unique_ptr<ITabPage> CreatePage(QWidget* parent) override;
-
-    /// From the next request on.
-    void SetLanguage(const QString& language);
+    void SetLanguage(const QString& language) override;
 
 private:
     std::unique_ptr<QWebEngineProfile> m_profile;

@@ -1,0 +1,47 @@
+#include "browser/PageEngines.h"
+
+#include "browser/PlainPageFactory.h"
+#ifdef TL_WITH_WEB_ENGINE
+#include "browser/WebEnginePageFactory.h"
+#endif
+
+namespace {
+
+const QString WebName = QStringLiteral("web");
+const QString PlainName = QStringLiteral("plain");
+
+} // namespace
+
+PageEngine PageEngines::GetBest() noexcept
+{
+#ifdef TL_WITH_WEB_ENGINE
+    return PageEngine::Web;
+#else
+    return PageEngine::Plain;
+#endif
+}
+
+std::optional<PageEngine> PageEngines::FromName(const QString& name)
+{
+    if (!GetNames().contains(name))
+        return std::nullopt;
+    return name == WebName ? PageEngine::Web : PageEngine::Plain;
+}
+
+QStringList PageEngines::GetNames()
+{
+    return GetBest() == PageEngine::Web ? QStringList{WebName, PlainName} : QStringList{PlainName};
+}
+
+std::unique_ptr<IPageFactory> PageEngines::Make(PageEngine engine, const QString& folder,
+                                                const QString& language)
+{
+#ifdef TL_WITH_WEB_ENGINE
+    if (engine == PageEngine::Web)
+        return std::make_unique<WebEnginePageFactory>(folder, language);
+#else
+    Q_UNUSED(engine)
+    Q_UNUSED(folder)
+#endif
+    return std::make_unique<PlainPageFactory>(language);
+}

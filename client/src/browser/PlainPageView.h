@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QUrl>
+#include <QtWidgets/QWidget>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+/// The widget of a plain page: title, address, the text, a line about it, and a button that opens the address
+/// in the system's browser. Every text is shown as plain text.
+class PlainPageView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// What the line below the text says.
+    enum class Note
+    {
+        None,
+        Cut,    ///< only the first part is shown
+        NotText ///< there is nothing to show as text; needs a type
+    };
+
+    explicit PlainPageView(QWidget* parent = nullptr);
+
+    /// Empties the page before the first load.
+    void SetContent(const QUrl& address, const QString& title, const QString& text, Note note,
+                    const QString& type = QString(), qint64 size = -1);
+
+    QString GetText() const;
+    /// The number of hits, and moves on to the next one.
+    int Find(const QString& text, bool backward);
+    void SetZoom(double factor);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Retranslate();
+
+    QLabel* m_title;
+    QLineEdit* m_address;
+    QPushButton* m_open;
+    QPlainTextEdit* m_text;
+    QLabel* m_note;
+    QUrl m_url;
+    Note m_noteKind = Note::None;
+    QString m_type;
+    qint64 m_size = -1;
+    double m_pointSize;
+};
