@@ -208,6 +208,13 @@
     </message>
 </context>
 <context>
+    <name>ClientSettings</name>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>设置(&amp;S)…</translation>
+    </message>
+</context>
+<context>
     <name>ClientTabs</name>
     <message>
         <source>&amp;Earlier tabs…</source>

@@ -8,6 +8,7 @@
 ClientAppearance::ClientAppearance(const QString& translations, QObject* parent)
     : QObject(parent), m_languages(translations)
 {
+    m_scales.Apply(ClientMemory::GetScale());
     m_themes.Apply(ClientMemory::GetTheme());
     const QString remembered = ClientMemory::GetLanguage();
     m_languages.Apply(remembered.isEmpty() ? LanguageManager::GetSystemLanguage() : remembered);
@@ -18,6 +19,14 @@ void ClientAppearance::ChooseTheme(Theme theme)
 {
     ClientMemory::SetTheme(theme);
     m_themes.Apply(theme);
+    Q_EMIT SigThemeChanged(theme);
+}
+
+void ClientAppearance::ChooseScale(int scale)
+{
+    ClientMemory::SetScale(scale);
+    m_scales.Apply(scale);
+    Q_EMIT SigScaleChanged(m_scales.GetScale());
 }
 
 void ClientAppearance::ChooseLanguage(const QString& language)

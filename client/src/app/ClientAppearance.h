@@ -3,11 +3,12 @@
 #include "browser/LanguageManager.h"
 #include "browser/Theme.h"
 #include "browser/ThemeManager.h"
+#include "settings/ScaleManager.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-/// Theme and language as the user chose them last, remembered when they choose again. GUI thread.
+/// Theme, scale and language as the user chose them last, remembered when they choose again. GUI thread.
 class ClientAppearance final : public QObject
 {
     Q_OBJECT
@@ -19,16 +20,22 @@ public:
     Theme GetTheme() const { return m_themes.GetTheme(); }
     QString GetLanguage() const { return m_languages.GetLanguage(); }
 
+    int GetScale() const { return m_scales.GetScale(); } ///< [%]
+
     void ChooseTheme(Theme theme);
+    void ChooseScale(int scale);
     void ChooseLanguage(const QString& language);
 
     /// Where this installation has its translations.
     static QString DefaultTranslations();
 
 Q_SIGNALS:
+    void SigThemeChanged(Theme theme);
+    void SigScaleChanged(int scale);
     void SigLanguageChanged(const QString& language);
 
 private:
+    ScaleManager m_scales; // before the themes, which follow it
     ThemeManager m_themes;
     LanguageManager m_languages;
 };

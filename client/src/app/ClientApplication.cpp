@@ -5,6 +5,7 @@
 #include "app/ClientNotices.h"
 #include "app/ClientRouterUrls.h"
 #include "app/ClientServices.h"
+#include "app/ClientSettings.h"
 #include "app/ClientWindow.h"
 #include "app/GatewayCodes.h"
 #include "app/GatewayWatch.h"
@@ -314,8 +315,8 @@ void ClientApplication::MakeWindow()
     if (m_window) {
         return;
     }
-    m_window = std::make_unique<ClientWindow>(m_options.profile, m_session.pin, m_appearance.get(),
-                                              &m_services->plugins);
+    m_window = std::make_unique<ClientWindow>(m_options.pageEngine, m_options.profile, m_session.pin,
+                                              m_appearance.get(), &m_services->plugins);
     MainWindow* const window = m_window->GetWindow();
     m_trace.Watch(window);
     m_notices.SetBar(window->GetNoticeBar());
@@ -333,6 +334,9 @@ void ClientApplication::MakeWindow()
     connect(
         m_window.get(), &ClientWindow::SigRestartRequested, this, [this] { AskForRestart(true, QString()); },
         Qt::QueuedConnection);
+    m_settings = std::make_unique<ClientSettings>(window, m_appearance.get(), m_services.get(), m_kept.get(),
+                                                  m_loader.GetModules());
+    m_window->AddRestartAction();
     m_tabs =
         std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);
 }
@@ -397,6 +401,9 @@ void ClientApplication::End(EndKind kind)
     if (m_tabs) {
         m_tabs->TakeEnding();
     }
+    if (m_settings) {
+        m_settings->Close();
+    }
     // A question of a module may be open: its code must be left before the module can go.
     NestedLoops::LeaveThen(this, [this, kind] { EndOnceWritten(kind, QDeadlineTimer(writeLimit)); });
 }
@@ -404,7 +411,8 @@ void ClientApplication::End(EndKind kind)
 void ClientApplication::EndOnceWritten(EndKind kind, const QDeadlineTimer& deadline)
 {
     // A change that the user made a moment ago is on its way to the gateway.
-    if (!m_window || !m_services->http.IsWriting() || deadline.hasExpired()) {
+    const bool writing = m_services->http.IsWriting() || (m_settings && m_settings->IsOpen());
+    if (!m_window || !writing || deadline.hasExpired()) {
         EndNow(kind);
         return;
     }
@@ -414,6 +422,7 @@ void ClientApplication::EndOnceWritten(EndKind kind, const QDeadlineTimer& deadl
 void ClientApplication::EndNow(EndKind kind)
 {
     m_endKind = kind;
+    m_settings.reset();
     // A restart without its tabs leaves as little behind as a quit.
     const EndKind forTabs = kind == EndKind::Restart && !m_openTabsAgain ? EndKind::Quit : kind;
     if (m_tabs) {

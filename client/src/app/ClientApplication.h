@@ -23,6 +23,7 @@ class QDeadlineTimer;
 class ClientAppearance;
 class ClientNotices;
 class ClientServices;
+class ClientSettings;
 class ClientTabs;
 class ClientWindow;
 class GatewayWatch;
@@ -99,6 +100,7 @@ private:
     LifeCycleDriver m_lifeCycle;
     std::unique_ptr<ClientWindow> m_window;
     std::unique_ptr<ClientTabs> m_tabs;
+    std::unique_ptr<ClientSettings> m_settings;
     std::unique_ptr<ScreenshotTaker> m_screenshot;
 
     Session m_session;

@@ -12,6 +12,9 @@ const QString lastPinField = QStringLiteral("LAST_PIN");
 const QString themeField = QStringLiteral("THEME");
 const QString languageField = QStringLiteral("LANGUAGE");
 const QString geometryField = QStringLiteral("WINDOW_GEOMETRY");
+const QString scaleField = QStringLiteral("SCALE");
+const QString settingsGeometryField = QStringLiteral("SETTINGS_GEOMETRY");
+const QString settingsPageField = QStringLiteral("SETTINGS_PAGE");
 const QString sessionEndField = QStringLiteral("SESSION_END");
 
 QString Get(const QString& field)
@@ -84,6 +87,37 @@ QByteArray ClientMemory::GetWindowGeometry()
 void ClientMemory::SetWindowGeometry(const QByteArray& geometry)
 {
     Set(geometryField, QString::fromLatin1(geometry.toBase64()));
+}
+
+int ClientMemory::GetScale()
+{
+    const int scale = Get(scaleField).toInt();
+    return scale > 0 ? scale : 100;
+}
+
+void ClientMemory::SetScale(int scale)
+{
+    Set(scaleField, QString::number(scale));
+}
+
+QByteArray ClientMemory::GetSettingsGeometry()
+{
+    return QByteArray::fromBase64(Get(settingsGeometryField).toLatin1());
+}
+
+void ClientMemory::SetSettingsGeometry(const QByteArray& geometry)
+{
+    Set(settingsGeometryField, QString::fromLatin1(geometry.toBase64()));
+}
+
+QString ClientMemory::GetSettingsPage()
+{
+    return Get(settingsPageField);
+}
+
+void ClientMemory::SetSettingsPage(const QString& page)
+{
+    Set(settingsPageField, page);
 }
 
 void ClientMemory::SetSessionEnd(const QString& code)

@@ -28,8 +28,18 @@ public:
     static QString GetLanguage();
     static void SetLanguage(const QString& language);
 
+    /// [%]; 100 before the user chose one.
+    static int GetScale();
+    static void SetScale(int scale);
+
     static QByteArray GetWindowGeometry();
     static void SetWindowGeometry(const QByteArray& geometry);
+
+    static QByteArray GetSettingsGeometry();
+    static void SetSettingsGeometry(const QByteArray& geometry);
+    /// The page of the settings that was shown last.
+    static QString GetSettingsPage();
+    static void SetSettingsPage(const QString& page);
 
     /// For the process that comes after this one: why the session ended, as the gateway's code.
     static void SetSessionEnd(const QString& code);

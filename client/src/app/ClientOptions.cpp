@@ -21,6 +21,7 @@ constexpr OptionText optionTexts[] = {
     {"gateway", "URL", "Address of the gateway (http or https).", false},
     {"profile", "DIR", "Folder of the client's own data.", false},
     {"modules", "DIR", "Folder of the modules to load.", false},
+    {"page-engine", "NAME", "What shows pages: web, or plain for their text.", false},
     {"pin", "PIN", "Account to sign in with.", true},
     {"password-file", "FILE", "With --pin: sign in with the first line of FILE.", true},
     {"trace", "FILE", "Append one line of JSON per event to FILE.", false},
@@ -73,6 +74,17 @@ QString CheckProfile(const QString& folder)
     return QString();
 }
 
+QString CheckPageEngine(const QString& name, PageEngine* engine)
+{
+    const std::optional<PageEngine> known = PageEngines::FromName(name);
+    if (!known) {
+        return QStringLiteral("--page-engine \"%1\": this client has %2")
+            .arg(name, PageEngines::GetNames().join(QLatin1String(" and ")));
+    }
+    *engine = *known;
+    return QString();
+}
+
 QString CheckQuitAfter(const QString& value, std::optional<int>* milliseconds)
 {
     bool isNumber = false;
@@ -122,6 +134,9 @@ std::optional<ClientOptions> ClientOptions::Parse(const QStringList& arguments, 
     options.modules = value("modules");
     if (isSet("modules") && !QFileInfo(options.modules).isDir()) {
         problems << QStringLiteral("--modules \"%1\": no such folder").arg(options.modules);
+    }
+    if (isSet("page-engine")) {
+        problems << CheckPageEngine(value("page-engine"), &options.pageEngine);
     }
     options.pin = value("pin");
     if (isSet("pin") && options.pin.trimmed().isEmpty()) {

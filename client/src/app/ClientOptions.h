@@ -1,5 +1,7 @@
 #pragma once
 
+#include "browser/PageEngines.h"
+
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
@@ -17,7 +19,8 @@ struct ClientOptions
     QString trace;                ///< empty: no trace
     QString screenshot;           ///< empty: no picture
     std::optional<int> quitAfter; ///< [ms] after the start
-    bool takeSession = false;     ///< the client before hands its session over (`SessionHandover`)
+    PageEngine pageEngine = PageEngines::GetBest();
+    bool takeSession = false; ///< the client before hands its session over (`SessionHandover`)
 
     /// Understands `arguments` (the program's name first). Empty, with a sentence in `problem`, when they
     /// cannot be used. Needs a QCoreApplication for the default profile; creates nothing.

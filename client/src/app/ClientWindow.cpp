@@ -4,14 +4,16 @@
 #include "app/ClientMemory.h"
 #include "app/ClientServices.h"
 
+#include "base/DpiTool.h"
+
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtWidgets/QAction>
 
-ClientWindow::ClientWindow(const QString& profile, const QString& pin, ClientAppearance* appearance,
-                           TLPluginBaseManager* plugins, QObject* parent)
+ClientWindow::ClientWindow(PageEngine engine, const QString& profile, const QString& pin,
+                           ClientAppearance* appearance, TLPluginBaseManager* plugins, QObject* parent)
     : QObject(parent)
-    , m_pages(std::make_unique<WebEnginePageFactory>(PagesFolder(profile, pin), appearance->GetLanguage()))
+    , m_pages(PageEngines::Make(engine, PagesFolder(profile, pin), appearance->GetLanguage()))
     , m_restart(new QAction(this))
 {
     MainWindowServices services;
@@ -24,16 +26,19 @@ ClientWindow::ClientWindow(const QString& profile, const QString& pin, ClientApp
     services.loadGeometry = &ClientMemory::GetWindowGeometry;
     services.saveGeometry = &ClientMemory::SetWindowGeometry;
     m_window = std::make_unique<MainWindow>(services);
+    // The scale follows the screen that the window is on; for that it has to have a native one.
+    m_window->winId();
+    DpiTool::FollowScreenOf(m_window->windowHandle());
     m_browserProvided = std::make_unique<Provided<IBrowserMain>>(m_window.get());
     m_openerProvided = std::make_unique<Provided<ITabOpener>>(m_window.get());
 
     connect(m_window.get(), &MainWindow::SigThemeChosen, appearance, &ClientAppearance::ChooseTheme);
     connect(m_window.get(), &MainWindow::SigLanguageChosen, appearance, &ClientAppearance::ChooseLanguage);
-    connect(appearance, &ClientAppearance::SigLanguageChanged, m_pages.get(),
-            &WebEnginePageFactory::SetLanguage);
+    connect(appearance, &ClientAppearance::SigThemeChanged, m_window.get(), &MainWindow::SetTheme);
+    connect(appearance, &ClientAppearance::SigLanguageChanged, m_window.get(), &MainWindow::SetLanguage);
+    connect(appearance, &ClientAppearance::SigLanguageChanged, m_pages.get(), &IPageFactory::SetLanguage);
 
     m_restart->setObjectName(QStringLiteral("restart_action"));
-    m_window->AddMenuAction(m_restart);
     connect(m_restart, &QAction::triggered, this, &ClientWindow::SigRestartRequested);
     connect(appearance, &ClientAppearance::SigLanguageChanged, this, &ClientWindow::Retranslate);
     Retranslate();
@@ -49,6 +54,11 @@ ClientWindow::~ClientWindow()
 void ClientWindow::Retranslate()
 {
     m_restart->setText(tr("&Restart client"));
+}
+
+void ClientWindow::AddRestartAction()
+{
+    m_window->AddMenuAction(m_restart);
 }
 
 QString ClientWindow::PagesFolder(const QString& profile, const QString& pin)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browser/MainWindow.h"
-#include "browser/WebEnginePageFactory.h"
+#include "browser/PageEngines.h"
 
 #include "base/Provided.h"
 
@@ -23,11 +23,14 @@ class ClientWindow final : public QObject
 
 public:
     /// Makes the window without showing it. `appearance` and `plugins` are not owned.
-    ClientWindow(const QString& profile, const QString& pin, ClientAppearance* appearance,
+    ClientWindow(PageEngine engine, const QString& profile, const QString& pin, ClientAppearance* appearance,
                  TLPluginBaseManager* plugins, QObject* parent = nullptr);
     ~ClientWindow() override;
 
     MainWindow* GetWindow() const { return m_window.get(); }
+
+    /// Adds "Restart client" to the menu, below what is there.
+    void AddRestartAction();
 
     /// The folder of a user's pages.
     static QString PagesFolder(const QString& profile, const QString& pin);
@@ -38,7 +41,7 @@ Q_SIGNALS:
 private:
     void Retranslate();
 
-    std::unique_ptr<WebEnginePageFactory> m_pages;
+    std::unique_ptr<IPageFactory> m_pages;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Provided<IBrowserMain>> m_browserProvided;
     std::unique_ptr<Provided<ITabOpener>> m_openerProvided;

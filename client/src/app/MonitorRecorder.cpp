@@ -46,6 +46,12 @@ void MonitorRecorder::ReportEvent(const QString& eventId, const QString& pageId,
     Q_EMIT SigReported(eventId, pageId, parameters);
 }
 
+void MonitorRecorder::Clear()
+{
+    QFile::remove(GetOlderFile());
+    QFile::remove(GetFile());
+}
+
 QString MonitorRecorder::GetFile() const
 {
     return QDir(m_folder).filePath(QStringLiteral("events.jsonl"));

@@ -19,6 +19,9 @@ public:
 
     void ReportEvent(const QString& eventId, const QString& pageId, const QStringList& parameters) override;
 
+    /// Forgets what is kept.
+    void Clear();
+
     QString GetFile() const;
     QString GetOlderFile() const;
 

@@ -32,11 +32,6 @@ std::optional<int> AnswerAtTerminal(int argc, char** argv)
         Say(stdout, QStringLiteral("tl-client ") + QStringLiteral(TL_CLIENT_VERSION));
         return 0;
     }
-    const QString sandboxProblem = CheckSandbox();
-    if (!sandboxProblem.isEmpty()) {
-        Say(stderr, QStringLiteral("tl-client: ") + sandboxProblem);
-        return ClientApplication::UnusableOptions;
-    }
     return std::nullopt;
 }
 
@@ -46,7 +41,10 @@ int RunClient()
     const std::optional<ClientOptions> options =
         ClientOptions::Parse(QCoreApplication::arguments(), &problem);
     GatewaySettings gateway;
-    if (options) {
+    if (options && options->pageEngine == PageEngine::Web) {
+        problem = CheckSandbox();
+    }
+    if (options && problem.isEmpty()) {
         gateway = GatewaySettings::Load(GatewaySettings::DefaultFiles(),
                                         QProcessEnvironment::systemEnvironment(), &problem);
         if (!options->gateway.isEmpty()) {

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "settings/SettingsServices.h"
+
+#include "app/LoadedModule.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+
+#include <vector>
+
+class ClientAppearance;
+class ClientServices;
+class KeptSession;
+class MainWindow;
+class QAction;
+class SettingsDialog;
+
+/// "Settings…" in the menu of the main window: one dialog at a time with the client's own pages and those of
+/// the modules. Goes before the window and before the modules do. GUI thread.
+class ClientSettings final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Nothing is owned.
+    ClientSettings(MainWindow* window, ClientAppearance* appearance, ClientServices* services,
+                   KeptSession* kept, std::vector<LoadedModule> modules, QObject* parent = nullptr);
+    ~ClientSettings() override;
+
+    void Show();
+    bool IsOpen() const;
+    /// Once every change has been answered; asked again, at once.
+    void Close();
+
+private:
+    SettingsServices GetServices();
+    void Retranslate();
+
+    MainWindow* m_window;
+    ClientAppearance* m_appearance;
+    ClientServices* m_services;
+    KeptSession* m_kept;
+    std::vector<LoadedModule> m_modules;
+    QAction* m_action;
+    QPointer<SettingsDialog> m_dialog;
+};
