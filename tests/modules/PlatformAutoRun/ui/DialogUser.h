@@ -52,3 +52,24 @@ private:
     QDeadlineTimer m_deadline{10000};
     bool m_used = false;
 };
+
+/// Closes every modal dialog that opens while it lives, each of which is a failure.
+class NoDialog final
+{
+public:
+    NoDialog()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [] {
+            if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                ADD_FAILURE() << "a dialog was opened: " << dialog->metaObject()->className();
+                dialog->reject();
+            }
+        });
+        m_timer.start(0);
+    }
+
+private:
+    Q_DISABLE_COPY(NoDialog)
+
+    QTimer m_timer;
+};
