@@ -42,6 +42,26 @@ TEST(ClientOptionsTest, NoArgumentsGiveTheDefaults)
     EXPECT_FALSE(options.quitAfter.has_value());
 }
 
+TEST(ClientOptionsTest, PageEngineIsTheBestUnlessOneIsNamed)
+{
+    EXPECT_EQ(Parsed({}).pageEngine, PageEngines::GetBest());
+    EXPECT_EQ(Parsed({QStringLiteral("--page-engine=plain")}).pageEngine, PageEngine::Plain);
+}
+
+TEST(ClientOptionsTest, UnknownPageEngineNamesThoseThatThereAre)
+{
+    EXPECT_EQ(ProblemOf({QStringLiteral("--page-engine=Plain")}),
+              "--page-engine \"Plain\": this client has " +
+                  PageEngines::GetNames().join(QStringLiteral(" and ")).toStdString());
+}
+
+TEST(ClientOptionsTest, PageEngineIsKeptForAFreshStart)
+{
+    const QStringList arguments{QStringLiteral("tl-client"), QStringLiteral("--page-engine"),
+                                QStringLiteral("plain")};
+    EXPECT_EQ(ClientOptions::ForFreshStart(arguments), arguments.mid(1));
+}
+
 TEST(ClientOptionsTest, EveryOptionIsTaken)
 {
     const QTemporaryDir folder;

@@ -11,8 +11,8 @@
 #include "browser/LanguageManager.h"
 #include "browser/MainWindow.h"
 #include "browser/NoticeBar.h"
+#include "browser/PageEngines.h"
 #include "browser/ThemeManager.h"
-#include "browser/WebEnginePageFactory.h"
 
 #include "frame-data/PluginOpenInfo.h"
 #include "frame-data/TLPluginBaseManager.h"
@@ -136,9 +136,9 @@ int main(int argc, char** argv)
     apps.SetPlugins(list);
 
     QTemporaryDir folder;
-    WebEnginePageFactory pages(folder.path(), languages.GetLanguage());
+    const auto pages = PageEngines::Make(PageEngines::GetBest(), folder.path(), languages.GetLanguage());
     MainWindowServices services;
-    services.pages = &pages;
+    services.pages = pages.get();
     services.apps = &apps;
     services.userName = QStringLiteral("Anna Keller");
     services.theme = themes.GetTheme();

@@ -5,6 +5,7 @@
 #include "browser/IPageFactory.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QStringList>
 
 /// Makes fake pages and keeps an eye on them, in the order in which they were made.
 class FakePageFactory final : public IPageFactory
@@ -18,6 +19,7 @@ public:
         pages << QPointer<FakePage>(page.get());
         return page;
     }
+    void SetLanguage(const QString& language) override { languages << language; }
 
     int CountAlive() const
     {
@@ -28,4 +30,5 @@ public:
     }
 
     QList<QPointer<FakePage>> pages;
+    QStringList languages;
 };
