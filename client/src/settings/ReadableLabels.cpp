@@ -67,7 +67,7 @@ QColor ReadableLabels::Readable(const QColor& color, const QColor& background, c
 
 double ReadableLabels::Contrast(const QColor& a, const QColor& b)
 {
-    const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+    const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)}); // by value, not by reference
     return (light + 0.05) / (dark + 0.05);
 }
 
