@@ -341,7 +341,7 @@ TEST_F(PagesTest, OpeningEditingAndClosingLeavesNothingBehind)
     for (int i = 0; i < 3; ++i)
         cycle();
     const int before = QApplication::allWidgets().size();
-    for (int i = 0; i < 20; ++i)
+    for (int i = 0; i < 200; ++i)
         cycle();
     EXPECT_EQ(QApplication::allWidgets().size(), before);
     EXPECT_TRUE(factory.page.isNull());
