@@ -87,7 +87,9 @@ QWidget* List(QWidget* parent, const QString& link, QVBoxLayout*& rows)
     links->setContentsMargins(12, 2, 0, 12);
     links->setSpacing(4);
     links->addWidget(new QLabel(link, list));
-    links->addWidget(new QLabel(QStringLiteral("(5/5)"), list));
+    const QString count = QStringLiteral("<font color=\"#999999\">(</font><font color=\"#333333\">5</font>"
+                                         "<font color=\"#999999\">/5)</font>");
+    links->addWidget(new QLabel(count, list));
     links->addItem(new QSpacerItem(40, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
     column->addLayout(links);
     return list;
