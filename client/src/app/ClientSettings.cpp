@@ -67,7 +67,7 @@ bool ClientSettings::IsOpen() const
 void ClientSettings::Close()
 {
     if (m_dialog) {
-        m_dialog->reject();
+        m_dialog->CloseAtEnd();
     }
 }
 

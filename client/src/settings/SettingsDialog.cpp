@@ -18,6 +18,7 @@
 #include "base/DpiTool.h"
 
 #include <QtCore/QEvent>
+#include <QtCore/QPointer>
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
@@ -171,6 +172,12 @@ void SettingsDialog::ShowPage(SettingWidgetId id)
     }
 }
 
+void SettingsDialog::CloseAtEnd()
+{
+    m_atEnd = true;
+    reject();
+}
+
 void SettingsDialog::AdjustForDpi()
 {
     Adjust();
@@ -190,11 +197,12 @@ void SettingsDialog::reject()
         m_closing = true; // as soon as everything is answered
         return;
     }
-    if (!m_closing && IsUnsaved()) {
+    if (!m_closing && !m_atEnd && IsUnsaved()) {
+        const QPointer<SettingsDialog> self(this);
         const auto answer = PackagedMsgBox::question(
             tr("A change could not be saved. It is lost when you close the settings."), this,
             QMessageBox::Discard | QMessageBox::Cancel, {tr("Close anyway"), tr("Keep open")});
-        if (answer != QMessageBox::Discard)
+        if (!self || answer != QMessageBox::Discard)
             return;
     }
     Close();
@@ -270,6 +278,7 @@ void SettingsDialog::Receive(TLBaseDialog* opened)
 void SettingsDialog::Load()
 {
     m_closing = false;
+    m_atEnd = false;
     qDeleteAll(m_areas);
     m_areas.clear();
     m_entries = SettingsCatalog::Build(m_factories, m_own.get());
@@ -350,6 +359,7 @@ SettingsPageArea* SettingsDialog::AreaOf(int entry)
 void SettingsDialog::ChooseSafely(const std::function<void()>& choose)
 {
     if (IsUnsaved()) {
+        const QPointer<SettingsDialog> self(this);
         const auto answer = PackagedMsgBox::question(
             tr("A change could not be saved. It is lost when the pages are shown anew for this choice."),
             this, QMessageBox::Discard | QMessageBox::Cancel, {tr("Continue"), tr("Cancel")});

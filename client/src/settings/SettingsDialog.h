@@ -42,6 +42,10 @@ public:
     /// Shows the page if it exists now.
     void ShowPage(SettingWidgetId id);
 
+    /// For the end of the client: closes when every change has been answered, at once when asked again, and
+    /// asks nothing.
+    void CloseAtEnd();
+
     void AdjustForDpi() override;
     void reject() override;
 
@@ -77,5 +81,6 @@ private:
     int m_current = -1;                 ///< the entry that is shown
     QVector<SettingsPageArea*> m_areas; ///< by entry; null until first shown
     std::function<void()> m_choice;     ///< waits until everything is settled
-    bool m_closing = false;
+    bool m_closing = false;             ///< as soon as everything is settled
+    bool m_atEnd = false;
 };

@@ -5,7 +5,9 @@
 #include "base/DpiTool.h"
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QTimer>
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QGraphicsOpacityEffect>
 #include <QtWidgets/QPushButton>
@@ -151,6 +153,41 @@ TEST_F(SaveStatusTest, AChosenScaleAsksBeforeItDropsAnUnsavedChange)
     Press(Qt::Key_Down);
     EXPECT_EQ(questions, 2);
     EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+}
+
+TEST_F(SaveStatusTest, TheEndOfTheClientAsksNothing)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    dialog->CloseAtEnd();
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(SaveStatusTest, TheEndOfTheClientWaitsForTheAnswer)
+{
+    Open();
+    Tick(0);
+    dialog->CloseAtEnd();
+    EXPECT_TRUE(dialog->isVisible());
+    gateway.failures = 1;
+    gateway.Answer();
+    EXPECT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
+}
+
+TEST_F(SaveStatusTest, TheDialogMayGoWhileItsQuestionIsOpen)
+{
+    Open();
+    gateway.failures = 1;
+    Tick(0);
+    gateway.Answer();
+    QTimer::singleShot(0, &gateway, [this] {
+        ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+        dialog.reset();
+    });
+    dialog->reject();
+    EXPECT_EQ(dialog, nullptr);
 }
 
 TEST_F(SaveStatusTest, ClosingAsksBeforeItDropsAnUnsavedChange)

@@ -77,7 +77,7 @@ void PrivacyPage::ClearBrowsing()
     const auto answer =
         PackagedMsgBox::question(tr("This signs you out of the pages that you opened. Clear their data?"),
                                  this, QMessageBox::Yes | QMessageBox::No, {tr("Clear"), tr("Cancel")});
-    if (answer != QMessageBox::Yes)
+    if (!guard || answer != QMessageBox::Yes)
         return;
     m_browsingState = State::Busy;
     ShowState();
