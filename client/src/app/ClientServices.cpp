@@ -5,6 +5,7 @@
 #include "app/ClientRoutes.h"
 
 #include "core/TLGlobalData.h"
+#include "frame-data/TLUrlUtils.h"
 #include "http/HttpReplyCache.h"
 
 #include <memory>
@@ -37,6 +38,7 @@ ClientServices::ClientServices(const GatewaySettings& settings, const QString& p
     , m_imagesProvided(&images)
 {
     TLGlobalData::Instance()->SetUUID(ClientMemory::GetDeviceId());
+    TLUrlUtils::SetVXDomains(settings.domains);
     AddTabRoutes(router);
     router.AddObject(ClientRouterUrls::pluginsObject, &plugins);
     router.AddObject(ClientRouterUrls::functionsObject, &functions);

@@ -37,9 +37,15 @@ GatewaySettings GatewaySettings::Load(const QStringList& files, const QProcessEn
         }
         settings.appKey = ini.value(QStringLiteral("app_key"), settings.appKey).toString();
         settings.appSecret = ini.value(QStringLiteral("app_secret"), settings.appSecret).toString();
+        // What has commas is a list already.
+        settings.domains = ini.value(QStringLiteral("domains"), settings.domains).toStringList();
     }
     settings.appKey = environment.value(QStringLiteral("TL_GATEWAY_APP_KEY"), settings.appKey);
     settings.appSecret = environment.value(QStringLiteral("TL_GATEWAY_APP_SECRET"), settings.appSecret);
+    const QString domains = environment.value(QStringLiteral("TL_GATEWAY_DOMAINS"));
+    if (!domains.isEmpty()) {
+        settings.domains = domains.split(QLatin1Char(','));
+    }
     return settings;
 }
 

@@ -12,9 +12,11 @@ struct GatewaySettings
     QUrl address = QUrl(QStringLiteral("http://127.0.0.1:8087"));
     QString appKey = QStringLiteral("tl-client");
     QString appSecret = QStringLiteral("tl-client-development-secret");
+    QStringList domains{QStringLiteral("vx.example")}; ///< whose addresses the user may add to the start list
 
-    /// Reads the first of `files` that exists (keys gateway/address, gateway/app_key, gateway/app_secret);
-    /// TL_GATEWAY_APP_KEY and TL_GATEWAY_APP_SECRET of `environment` win over it. An address that is none
+    /// Reads the first of `files` that exists (keys gateway/address, gateway/app_key, gateway/app_secret, and
+    /// gateway/domains, separated by commas); TL_GATEWAY_APP_KEY, TL_GATEWAY_APP_SECRET and
+    /// TL_GATEWAY_DOMAINS of `environment` win over it. An address that is none
     /// leaves the default and puts a sentence into `problem`.
     static GatewaySettings Load(const QStringList& files, const QProcessEnvironment& environment,
                                 QString* problem);

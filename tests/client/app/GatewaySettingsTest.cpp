@@ -53,6 +53,18 @@ TEST_F(GatewaySettingsTest, EnvironmentWinsOverTheFile)
     EXPECT_EQ(settings.appSecret, QStringLiteral("hidden"));
 }
 
+TEST_F(GatewaySettingsTest, DomainsAreAListInFileAndEnvironment)
+{
+    EXPECT_EQ(GatewaySettings::Load({}, m_environment, &m_problem).domains,
+              QStringList(QStringLiteral("vx.example")));
+    const QString file = Write("client.ini", "[gateway]\ndomains=one.example,two.example\n");
+    const QStringList two{QStringLiteral("one.example"), QStringLiteral("two.example")};
+    EXPECT_EQ(GatewaySettings::Load({file}, m_environment, &m_problem).domains, two);
+    m_environment.insert(QStringLiteral("TL_GATEWAY_DOMAINS"), QStringLiteral("three.example"));
+    EXPECT_EQ(GatewaySettings::Load({file}, m_environment, &m_problem).domains,
+              QStringList(QStringLiteral("three.example")));
+}
+
 TEST_F(GatewaySettingsTest, AddressInTheFileThatIsNoneIsAProblem)
 {
     const QString file = Write("client.ini", "[gateway]\naddress=gopher://old\n");
