@@ -47,8 +47,8 @@ protected:
     std::unique_ptr<FaultyGateway> m_front;
     std::unique_ptr<ClientProcess> m_client;
     Expected m_expected;
+    void ReadExpectation();
 
 private:
-    void ReadExpectation();
     QString AddressOfApp(const QString& serviceCode) const;
 };

@@ -18,7 +18,7 @@ bool Desktop::WaitForWindow(qint64 processId) const
         30000);
 }
 
-bool Desktop::WaitForTitle(const QString& title) const
+bool Desktop::WaitForTitle(const QString& title, int timeout) const
 {
     return QTest::qWaitFor(
         [this, &title] {
@@ -26,7 +26,7 @@ bool Desktop::WaitForTitle(const QString& title) const
             return Run({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}, &active) &&
                    QString::fromUtf8(active).trimmed() == title;
         },
-        30000);
+        timeout);
 }
 
 bool Desktop::Type(const QString& text) const
