@@ -74,6 +74,7 @@ void PrivacyPage::ShowState()
 
 void PrivacyPage::ClearBrowsing()
 {
+    const QPointer<PrivacyPage> guard(this);
     const auto answer =
         PackagedMsgBox::question(tr("This signs you out of the pages that you opened. Clear their data?"),
                                  this, QMessageBox::Yes | QMessageBox::No, {tr("Clear"), tr("Cancel")});
