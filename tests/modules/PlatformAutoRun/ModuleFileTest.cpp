@@ -255,6 +255,18 @@ TEST_F(ModuleFileTest, MetadataBlockInTheFileIsAReleaseWithoutArchitectureRequir
     EXPECT_EQ(block.size(), 3);
 }
 
+TEST_F(ModuleFileTest, MetadataBlockIsTheSameByteForByteOnEverySystem)
+{
+    QFile file(ModuleFile());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qUtf8Printable(file.errorString());
+    QFile stored(QStringLiteral(TL_AUTORUN_TEST_DATA "/metadata-block"));
+    ASSERT_TRUE(stored.open(QIODevice::ReadOnly)) << qUtf8Printable(stored.errorString());
+    QByteArray expected = stored.readAll();
+    constexpr int flags = 15;
+    expected[flags] = TL_DEBUG_BUILD ? 1 : 0;
+    EXPECT_EQ(file.readAll().count(expected), 1);
+}
+
 TEST_F(ModuleFileTest, QtsOwnPluginToolReadsTheMetadata)
 {
     QProcess tool;

@@ -1,0 +1,13 @@
+# The module's DLL exports its two entry points and nothing else. Called with OBJDUMP and MODULE.
+execute_process(COMMAND ${OBJDUMP} -p ${MODULE} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX REPLACE ".*\\[Ordinal/Name Pointer\\] Table\r?\n" "" table "${output}")
+if(table STREQUAL output)
+    message(FATAL_ERROR "${MODULE} has no table of exports")
+endif()
+string(REGEX REPLACE "\n\r?\n.*" "\n" table "${table}")
+string(REGEX MATCHALL "[A-Za-z_][A-Za-z0-9_@?]*" symbols "${table}")
+list(SORT symbols)
+set(expected qt_plugin_instance qt_plugin_query_metadata)
+if(NOT symbols STREQUAL expected)
+    message(FATAL_ERROR "exported: ${symbols}\nexpected: ${expected}")
+endif()
