@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int maximumRows = 32;
-constexpr qint64 maximumSize = 4 * 1024 * 1024; // [bytes]
+constexpr qint64 maximumSize = qint64(4) * 1024 * 1024; // [bytes]
 
 bool Move(QSqlQuery* query, qint64 rowId, const QString& now)
 {
@@ -68,7 +68,7 @@ QSqlError DamagedRows::Keep(const QSqlDatabase& database, const QList<qint64>& r
         if (query.exec(QStringLiteral("COMMIT")))
             return {};
     }
-    const QSqlError error = query.lastError();
+    QSqlError error = query.lastError();
     query.finish();
     query.exec(QStringLiteral("ROLLBACK"));
     return error;

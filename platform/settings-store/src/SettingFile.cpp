@@ -231,7 +231,9 @@ bool SettingFile::ReadAlone(const Problem& problem, SettingContent* loaded)
     QString connection = SettingConnection::Open(m_path, busyTimeout, &error);
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
-        QSqlQuery(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"), database);
+        QSqlQuery query(database);
+        query.exec(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
+        query.finish();
         SettingTable::Kind kind = SettingTable::Kind::Foreign;
         m_isRead = Examine(connection, &kind).None() && ReadValues(database, loaded).None();
     }

@@ -106,7 +106,7 @@ QSqlError SettingTable::Recognise(const QSqlDatabase& database, Kind* kind)
     query.finish();
 
     QStringList columns;
-    const QSqlError error = ReadColumns(database, &columns);
+    QSqlError error = ReadColumns(database, &columns);
     if (error.isValid())
         return error;
     const QStringList before = ColumnsOfVersion1();
@@ -128,7 +128,7 @@ QSqlError SettingTable::BringUpToDate(const QSqlDatabase& database)
     QSqlQuery query(database);
     query.setForwardOnly(true);
     const auto failed = [&query] {
-        const QSqlError error = query.lastError();
+        QSqlError error = query.lastError();
         query.finish();
         query.exec(QStringLiteral("ROLLBACK"));
         return error;
