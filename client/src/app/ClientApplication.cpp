@@ -334,8 +334,8 @@ void ClientApplication::MakeWindow()
     connect(
         m_window.get(), &ClientWindow::SigRestartRequested, this, [this] { AskForRestart(true, QString()); },
         Qt::QueuedConnection);
-    m_settings = std::make_unique<ClientSettings>(window, m_appearance.get(), m_services.get(), m_kept.get(),
-                                                  m_loader.GetModules());
+    m_settings = std::make_unique<ClientSettings>(window, m_window->GetPages(), m_appearance.get(),
+                                                  m_services.get(), m_kept.get(), m_loader.GetModules());
     m_window->AddRestartAction();
     m_tabs =
         std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);

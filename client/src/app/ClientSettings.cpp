@@ -5,6 +5,7 @@
 #include "app/ClientServices.h"
 #include "app/KeptSession.h"
 
+#include "browser/IPageFactory.h"
 #include "browser/MainWindow.h"
 #include "settings/MonitorEventFile.h"
 #include "settings/SettingsDialog.h"
@@ -15,10 +16,12 @@
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QAction>
 
-ClientSettings::ClientSettings(MainWindow* window, ClientAppearance* appearance, ClientServices* services,
-                               KeptSession* kept, std::vector<LoadedModule> modules, QObject* parent)
+ClientSettings::ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
+                               ClientServices* services, KeptSession* kept, std::vector<LoadedModule> modules,
+                               QObject* parent)
     : QObject(parent)
     , m_window(window)
+    , m_pages(pages)
     , m_appearance(appearance)
     , m_services(services)
     , m_kept(kept)
@@ -80,6 +83,9 @@ SettingsServices ClientSettings::GetServices()
     services.chooseScale = [this](int scale) { m_appearance->ChooseScale(scale); };
     services.language = m_appearance->GetLanguage();
     services.chooseLanguage = [this](const QString& language) { m_appearance->ChooseLanguage(language); };
+    services.clearBrowsingData = [this](const std::function<void(bool)>& done) {
+        done(m_pages->ClearData());
+    };
     services.hasKeptSession = [this] { return m_kept->HasRecord(); };
     services.forgetSession = [this](const std::function<void()>& done) { m_kept->Forget(done); };
     services.clearKeptReplies = [this] { m_services->http.ClearCache(); };

@@ -11,6 +11,7 @@
 
 class ClientAppearance;
 class ClientServices;
+class IPageFactory;
 class KeptSession;
 class MainWindow;
 class QAction;
@@ -24,8 +25,9 @@ class ClientSettings final : public QObject
 
 public:
     /// Nothing is owned.
-    ClientSettings(MainWindow* window, ClientAppearance* appearance, ClientServices* services,
-                   KeptSession* kept, std::vector<LoadedModule> modules, QObject* parent = nullptr);
+    ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
+                   ClientServices* services, KeptSession* kept, std::vector<LoadedModule> modules,
+                   QObject* parent = nullptr);
     ~ClientSettings() override;
 
     void Show();
@@ -38,6 +40,7 @@ private:
     void Retranslate();
 
     MainWindow* m_window;
+    IPageFactory* m_pages;
     ClientAppearance* m_appearance;
     ClientServices* m_services;
     KeptSession* m_kept;

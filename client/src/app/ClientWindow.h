@@ -29,6 +29,9 @@ public:
 
     MainWindow* GetWindow() const { return m_window.get(); }
 
+    /// What draws the pages; lives as long as this object.
+    IPageFactory* GetPages() const { return m_pages.get(); }
+
     /// Adds "Restart client" to the menu, below what is there.
     void AddRestartAction();
 

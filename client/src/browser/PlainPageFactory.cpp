@@ -2,6 +2,7 @@
 
 #include "browser/PlainTabPage.h"
 
+#include <QtNetwork/QNetworkCookieJar>
 #include <QtNetwork/QNetworkRequest>
 
 namespace {
@@ -33,4 +34,11 @@ void PlainPageFactory::SetLanguage(const QString& language)
 {
     m_language =
         language == QLatin1String("zh_CN") ? QByteArrayLiteral("zh-CN,zh,en") : QByteArrayLiteral("en");
+}
+
+bool PlainPageFactory::ClearData()
+{
+    m_network.setCookieJar(new QNetworkCookieJar); // owned by the network object from here on
+    m_network.clearAccessCache();
+    return true;
 }

@@ -16,6 +16,7 @@ public:
 
     std::unique_ptr<ITabPage> CreatePage(QWidget* parent) override;
     void SetLanguage(const QString& language) override;
+    bool ClearData() override;
 
 private:
     QNetworkAccessManager m_network;

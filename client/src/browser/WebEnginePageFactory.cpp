@@ -5,12 +5,19 @@
 #include "browser/WebEngineTabPage.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtWebEngineCore/QWebEngineCookieStore>
 #include <QtWebEngineCore/QWebEngineNotification>
 #include <QtWebEngineWidgets/QWebEngineDownloadItem>
 #include <QtWebEngineWidgets/QWebEngineProfile>
 #include <QtWebEngineWidgets/QWebEngineSettings>
 
 namespace {
+
+const QString storageFolder = QStringLiteral("storage");
+const QString cacheFolder = QStringLiteral("cache");
+/// A file that asks for both to be emptied before they are used.
+const QString clearMark = QStringLiteral("clear-at-start");
 
 void Restrict(QWebEngineSettings* settings)
 {
@@ -40,15 +47,20 @@ void Restrict(QWebEngineSettings* settings)
 } // namespace
 
 WebEnginePageFactory::WebEnginePageFactory(const QString& folder, const QString& language, QObject* parent)
-    : IPageFactory(parent)
+    : IPageFactory(parent), m_folder(folder)
 {
     const QDir dir(folder);
-    dir.mkpath(QStringLiteral("storage"));
-    dir.mkpath(QStringLiteral("cache"));
+    if (dir.exists(clearMark)) {
+        QDir(dir.filePath(storageFolder)).removeRecursively();
+        QDir(dir.filePath(cacheFolder)).removeRecursively();
+        QFile::remove(dir.filePath(clearMark));
+    }
+    dir.mkpath(storageFolder);
+    dir.mkpath(cacheFolder);
     // A profile with a name is one that keeps; where, its paths say.
     m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("tl-client"));
-    m_profile->setPersistentStoragePath(dir.filePath(QStringLiteral("storage")));
-    m_profile->setCachePath(dir.filePath(QStringLiteral("cache")));
+    m_profile->setPersistentStoragePath(dir.filePath(storageFolder));
+    m_profile->setCachePath(dir.filePath(cacheFolder));
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
     m_profile->setUrlRequestInterceptor(new RequestGate(m_profile.get()));
     Restrict(m_profile->settings());
@@ -72,6 +84,16 @@ WebEnginePageFactory::~WebEnginePageFactory() = default;
 std::unique_ptr<ITabPage> WebEnginePageFactory::CreatePage(QWidget* parent)
 {
     return std::make_unique<WebEngineTabPage>(m_profile.get(), parent);
+}
+
+bool WebEnginePageFactory::ClearData()
+{
+    m_profile->cookieStore()->deleteAllCookies();
+    m_profile->clearHttpCache();
+    m_profile->clearAllVisitedLinks();
+    // The rest is in use for as long as the profile lives.
+    QFile mark(QDir(m_folder).filePath(clearMark));
+    return mark.open(QIODevice::WriteOnly);
 }
 
 void WebEnginePageFactory::SetLanguage(const QString& language)

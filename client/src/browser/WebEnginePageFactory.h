@@ -23,7 +23,9 @@ public:
 
     std::unique_ptr<ITabPage> CreatePage(QWidget* parent) override;
     void SetLanguage(const QString& language) override;
+    bool ClearData() override;
 
 private:
+    QString m_folder;
     std::unique_ptr<QWebEngineProfile> m_profile;
 };

@@ -21,6 +21,12 @@ public:
     }
     void SetLanguage(const QString& language) override { languages << language; }
 
+    bool ClearData() override
+    {
+        ++clears;
+        return true;
+    }
+
     int CountAlive() const
     {
         int alive = 0;
@@ -31,4 +37,5 @@ public:
 
     QList<QPointer<FakePage>> pages;
     QStringList languages;
+    int clears = 0;
 };

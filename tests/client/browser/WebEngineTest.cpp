@@ -13,6 +13,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
+#include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
@@ -400,6 +401,35 @@ TEST_F(WebEngineTest, ADownloadIsAskedForAndSaved)
     EXPECT_EQ(file.readAll(), QByteArray("12345"));
     EXPECT_TRUE(WaitUntil([&] { return !finished.isEmpty(); }));
     EXPECT_TRUE(failed.isEmpty()) << "a download was taken for a page that could not be loaded";
+}
+
+TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)
+{
+    m_server.SetPage(QStringLiteral("/keep"),
+                     "<script>document.title = document.cookie + '/' + (localStorage.kept || '');"
+                     "document.cookie = 'a=1; max-age=3600'; localStorage.kept = 'yes';</script>");
+    const QUrl page = m_server.GetUrl(QStringLiteral("/keep"));
+    ASSERT_TRUE(OpenAndWait(page));
+    ASSERT_TRUE(OpenAndWait(page));
+    ASSERT_EQ(GetTitle(2), QStringLiteral("a=1/yes")) << "pages do keep things";
+
+    ASSERT_TRUE(m_pages->ClearData());
+    ASSERT_TRUE(OpenAndWait(page));
+    EXPECT_EQ(GetTitle(3), QStringLiteral("/yes")) << "cookies go at once, the rest is in use";
+
+    const QString folder = MakeFolder();
+    const QString kept = QDir(folder).filePath(QStringLiteral("storage/kept"));
+    QDir(folder).mkpath(QStringLiteral("storage"));
+    QFile file(kept);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    {
+        WebEnginePageFactory before(folder, QStringLiteral("en"));
+        ASSERT_TRUE(QFile::exists(kept));
+        ASSERT_TRUE(before.ClearData());
+    }
+    const WebEnginePageFactory after(folder, QStringLiteral("en"));
+    EXPECT_FALSE(QFile::exists(kept));
 }
 
 TEST_F(WebEngineTest, TenTabsOpenedAtOnceAllLoad)
