@@ -124,5 +124,5 @@ void PreviewSteps::Finish()
     if (!screen.copy(part).save(m_picture))
         qFatal("The picture %s could not be written", qPrintable(m_picture));
     // A dialog of the page may stand in an event loop of its own.
-    std::quick_exit(0);
+    std::_Exit(0);
 }
