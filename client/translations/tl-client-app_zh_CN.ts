@@ -4,6 +4,10 @@
 <context>
     <name>ClientNotices</name>
     <message>
+        <source>Stored settings were damaged and start afresh (%1). The originals are kept in the settings file.</source>
+        <translation>已存储的设置损坏，将重新开始（%1 项）。原始数据保留在设置文件中。</translation>
+    </message>
+    <message>
         <source>The list of what opens at the start could not be read.</source>
         <translation>无法读取启动时打开的列表。</translation>
     </message>

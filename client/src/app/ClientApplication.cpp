@@ -159,6 +159,8 @@ void ClientApplication::Build()
     auto* const settings = VXSettingManager::Instance();
     connect(settings, &VXSettingManager::SigStoreSetAside, m_clientNotices.get(),
             &ClientNotices::ShowStoreSetAside);
+    connect(settings, &VXSettingManager::SigValueDamaged, m_clientNotices.get(),
+            &ClientNotices::TakeDamagedValue);
     connect(settings, &VXSettingManager::SigStoreFailed, m_clientNotices.get(),
             &ClientNotices::ShowStoreFailed);
     m_trace.Watch(&m_notices);

@@ -57,6 +57,16 @@ void ClientNotices::ShowStoreSetAside(const QString& setAsideFile, const QString
     });
 }
 
+void ClientNotices::TakeDamagedValue()
+{
+    ++m_damagedValues;
+    m_notices->Show(QStringLiteral("store-values-damaged"), NoticeKind::Warning, [count = m_damagedValues] {
+        return tr("Stored settings were damaged and start afresh (%1). The originals are kept in "
+                  "the settings file.")
+            .arg(count);
+    });
+}
+
 void ClientNotices::ShowStoreFailed(const QString& reason)
 {
     m_notices->Show(QStringLiteral("store-failed"), NoticeKind::Error, [reason] {

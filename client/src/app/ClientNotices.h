@@ -20,6 +20,8 @@ public:
     /// The session was to be kept and could not be.
     void ShowKeepFailed();
     void ShowStoreSetAside(const QString& setAsideFile, const QString& reason);
+    /// One more stored value was found damaged.
+    void TakeDamagedValue();
     void ShowStoreFailed(const QString& reason);
 
 private:
@@ -27,4 +29,5 @@ private:
 
     Notices* m_notices;
     GatewayWatch* m_watch;
+    int m_damagedValues = 0;
 };

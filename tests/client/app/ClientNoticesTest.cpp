@@ -63,6 +63,15 @@ TEST_F(ClientNoticesTest, NoticeThatCameBeforeTheWindowIsShownInIt)
     EXPECT_EQ(m_shown.count(), 2);
 }
 
+TEST_F(ClientNoticesTest, DamagedValuesAreCountedInOneNotice)
+{
+    m_notices.SetBar(&m_bar);
+    m_clientNotices.TakeDamagedValue();
+    m_clientNotices.TakeDamagedValue();
+    EXPECT_EQ(m_bar.GetCount(), 1);
+    EXPECT_NE(Text("store-values-damaged").find("(2)"), std::string::npos);
+}
+
 TEST_F(ClientNoticesTest, NoticeThatIsOverBeforeTheWindowComesIsNotShown)
 {
     Take(Report("dsm.tl.pc.plugin.list", true, true));
