@@ -416,9 +416,9 @@ TEST_F(ClientTabsTest, EntryStandsInTheMenuAndOpensOneDialog)
     GetEntry()->trigger();
     GetEntry()->trigger();
     ASSERT_EQ(GetDialogs().size(), 1);
-    EXPECT_TRUE(GetDialogs().first()->isVisible());
-    EXPECT_TRUE(GetDialogs().first()->isModal());
-    GetDialogs().first()->close();
+    EXPECT_TRUE(GetDialogs().constFirst()->isVisible());
+    EXPECT_TRUE(GetDialogs().constFirst()->isModal());
+    GetDialogs().constFirst()->close();
     ASSERT_TRUE(WaitUntil([this] { return GetDialogs().isEmpty(); }));
     GetEntry()->trigger();
     EXPECT_EQ(GetDialogs().size(), 1);
@@ -432,7 +432,7 @@ TEST_F(ClientTabsTest, TickedTabsOpenDelayedWithTheirTitlesAndIcons)
     tabs.tabs.first().title = QStringLiteral("50 % & more = <b>订单</b>");
     EarlierTabs::Add(KeptTabsText::Write(tabs), Fate::Declined);
     GetEntry()->trigger();
-    auto* const tree = GetDialogs().first()->findChild<QTreeView*>();
+    auto* const tree = GetDialogs().constFirst()->findChild<QTreeView*>();
     QTest::keyClick(tree, Qt::Key_Home);
     QTest::keyClick(tree, Qt::Key_Space);
     QTest::keyClick(tree, Qt::Key_Return);
@@ -450,7 +450,7 @@ TEST_F(ClientTabsTest, SetsAreShownWithTheirReasons)
     EarlierTabs::Add(KeptTabsText::Write(MakeTabs(2)), Fate::Declined);
     EarlierTabs::Add(KeptTabsText::Write(MakeTabs(3)).chopped(4), Fate::Dropped);
     GetEntry()->trigger();
-    const QAbstractItemModel* const model = GetDialogs().first()->findChild<QTreeView*>()->model();
+    const QAbstractItemModel* const model = GetDialogs().constFirst()->findChild<QTreeView*>()->model();
     ASSERT_EQ(model->rowCount(), 2);
     EXPECT_EQ(model->rowCount(model->index(0, 0)), 2) << "of the damaged one, what could be read";
     EXPECT_EQ(model->rowCount(model->index(1, 0)), 2);

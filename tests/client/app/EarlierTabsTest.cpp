@@ -82,7 +82,7 @@ TEST_F(EarlierTabsTest, EveryFateComesBack)
 {
     for (const Fate fate : {Fate::Dropped, Fate::Declined, Fate::Reopened, Fate::NotWhole}) {
         EarlierTabs::Add(TextOf(1), fate);
-        EXPECT_EQ(EarlierTabs::GetSets().first().fate, fate);
+        EXPECT_EQ(EarlierTabs::GetSets().constFirst().fate, fate);
     }
 }
 
@@ -90,7 +90,7 @@ TEST_F(EarlierTabsTest, NewestStandsFirstAndTheOldestMakesRoom)
 {
     for (int number = 1; number <= 12; ++number) {
         EarlierTabs::Add(TextOf(number), Fate::Dropped);
-        EXPECT_EQ(GetNumbers().first(), number);
+        EXPECT_EQ(GetNumbers().constFirst(), number);
         EXPECT_LE(GetNumbers().size(), EarlierTabs::limit);
     }
     EXPECT_EQ(GetNumbers(), (QVector<int>{12, 11, 10, 9, 8}));
@@ -102,8 +102,8 @@ TEST_F(EarlierTabsTest, SameSetChangesItsFateAndIsNotDoubled)
     EarlierTabs::Add(TextOf(2), Fate::Dropped);
     EarlierTabs::Add(TextOf(2), Fate::Declined);
     EXPECT_EQ(GetNumbers(), (QVector<int>{2, 1}));
-    EXPECT_EQ(EarlierTabs::GetSets().first().fate, Fate::Declined);
-    EXPECT_EQ(EarlierTabs::GetSets().last().fate, Fate::Dropped);
+    EXPECT_EQ(EarlierTabs::GetSets().constFirst().fate, Fate::Declined);
+    EXPECT_EQ(EarlierTabs::GetSets().constLast().fate, Fate::Dropped);
 }
 
 TEST_F(EarlierTabsTest, SameSetAgainPushesNoneOfAFullListOut)
@@ -140,7 +140,7 @@ TEST_F(EarlierTabsTest, DamagedListCostsTheOrderAndTheFatesOnly)
     }
     EarlierTabs::Add(TextOf(6), Fate::Declined);
     EXPECT_EQ(GetNumbers().size(), 5);
-    EXPECT_EQ(GetNumbers().first(), 6);
+    EXPECT_EQ(GetNumbers().constFirst(), 6);
 }
 
 TEST_F(EarlierTabsTest, ListThatNamesASlotTwiceShowsItOnce)
@@ -148,7 +148,7 @@ TEST_F(EarlierTabsTest, ListThatNamesASlotTwiceShowsItOnce)
     EarlierTabs::Add(TextOf(1), Fate::Dropped);
     SetValue(listField, QStringLiteral(R"([{"slot":0,"fate":2},{"slot":0,"fate":1},{"slot":3,"fate":1}])"));
     EXPECT_EQ(GetNumbers(), QVector<int>{1});
-    EXPECT_EQ(EarlierTabs::GetSets().first().fate, Fate::Reopened);
+    EXPECT_EQ(EarlierTabs::GetSets().constFirst().fate, Fate::Reopened);
 }
 
 TEST_F(EarlierTabsTest, UnknownFateIsThatNobodyWasAsked)
@@ -156,7 +156,7 @@ TEST_F(EarlierTabsTest, UnknownFateIsThatNobodyWasAsked)
     EarlierTabs::Add(TextOf(1), Fate::Reopened);
     for (const char* fate : {"4", "-1", "2147483647", "1e300", "\"1\"", "null"}) {
         SetValue(listField, QStringLiteral(R"([{"slot":0,"fate":%1}])").arg(QLatin1String(fate)));
-        EXPECT_EQ(EarlierTabs::GetSets().first().fate, Fate::Dropped) << fate;
+        EXPECT_EQ(EarlierTabs::GetSets().constFirst().fate, Fate::Dropped) << fate;
     }
 }
 
@@ -182,7 +182,7 @@ TEST_F(EarlierTabsTest, DamagedSetIsKeptAsItIs)
     const QString text = TextOf(3).chopped(7);
     EarlierTabs::Add(text, Fate::NotWhole);
     EXPECT_EQ(GetValue(SlotField(0)), text);
-    EXPECT_FALSE(EarlierTabs::GetSets().first().whole);
+    EXPECT_FALSE(EarlierTabs::GetSets().constFirst().whole);
 }
 
 TEST_F(EarlierTabsTest, EachUserHasTheirOwn)

@@ -54,7 +54,7 @@ TEST_F(ReturningTabsTest, OfferAnsweredNoStandsUnderTheEarlierTabs)
     Run([&tabs] { Offer(tabs.tabs); });
     EXPECT_EQ(m_window->GetTabCount(), 1);
     EXPECT_EQ(GetFates(), QVector<Fate>{Fate::Declined});
-    EXPECT_EQ(EarlierTabs::GetSets().first().tabs, tabs);
+    EXPECT_EQ(EarlierTabs::GetSets().constFirst().tabs, tabs);
     EXPECT_TRUE(m_missing.isEmpty()) << "the user knows that they answered No";
 }
 
@@ -127,7 +127,7 @@ TEST_F(ReturningTabsTest, AfterARestartWithoutSomeTabsTheSetIsKeptAndSaid)
     LeaveBehind(tabs);
     Run([&tabs] { Reopen(tabs.tabs.mid(0, 3)); }, true);
     EXPECT_EQ(GetFates(), QVector<Fate>{Fate::NotWhole});
-    EXPECT_EQ(EarlierTabs::GetSets().first().tabs, tabs);
+    EXPECT_EQ(EarlierTabs::GetSets().constFirst().tabs, tabs);
     EXPECT_EQ(GetMissing(), (QVariantList{3, 4}));
 }
 
@@ -156,8 +156,8 @@ TEST_F(ReturningTabsTest, DamagedRecordGivesWhatCanBeReadAndIsKeptAsItIs)
     Run([] {});
     EXPECT_EQ(GetMissing(), (QVariantList{0, 2}));
     ASSERT_EQ(EarlierTabs::GetSets().size(), 1);
-    EXPECT_FALSE(EarlierTabs::GetSets().first().whole);
-    EXPECT_EQ(EarlierTabs::GetSets().first().tabs.tabs, MakeTabs(2).tabs);
+    EXPECT_FALSE(EarlierTabs::GetSets().constFirst().whole);
+    EXPECT_EQ(EarlierTabs::GetSets().constFirst().tabs.tabs, MakeTabs(2).tabs);
     EXPECT_EQ(RunningTabs::GetText(), text);
 }
 
@@ -180,7 +180,7 @@ TEST_F(ReturningTabsTest, SavedTitlesAreForTheTabsThatComeBackOnly)
     LeaveBehind(tabs);
     Run([] {});
     Reopen(tabs.tabs);
-    EXPECT_EQ(GetTitles().last(), QStringLiteral("a.example"));
+    EXPECT_EQ(GetTitles().constLast(), QStringLiteral("a.example"));
     for (int i = 0; i < 2 * MainWindow::reopenedAtOnce; ++i) {
         OpenUrl(QStringLiteral("https://later-%1.example/").arg(i));
     }

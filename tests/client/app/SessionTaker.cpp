@@ -5,6 +5,7 @@
 #include "app/SessionHandover.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -16,9 +17,10 @@ namespace {
 
 void Say(const QString& name, const QJsonValue& value)
 {
-    const QByteArray line = QJsonDocument(QJsonObject{{name, value}}).toJson(QJsonDocument::Compact) + '\n';
-    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
-    std::fflush(stdout);
+    QFile output;
+    if (output.open(stdout, QIODevice::WriteOnly)) {
+        output.write(QJsonDocument(QJsonObject{{name, value}}).toJson(QJsonDocument::Compact) + '\n');
+    }
 }
 
 void SayTaken(const QString& name)

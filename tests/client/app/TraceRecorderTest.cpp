@@ -58,9 +58,10 @@ TEST_F(TraceRecorderTest, QuestionIsWrittenBeforeItsAnswer)
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(answered, 0);
     ASSERT_EQ(GetEvents("question").size(), 1);
-    EXPECT_EQ(GetEvents("question").first().value(QStringLiteral("text")).toString(),
+    EXPECT_EQ(GetEvents("question").constFirst().value(QStringLiteral("text")).toString(),
               QStringLiteral("recover the tabs?"));
-    EXPECT_EQ(GetEvents("question").first().value(QStringLiteral("answer")).toString(), QStringLiteral("No"));
+    EXPECT_EQ(GetEvents("question").constFirst().value(QStringLiteral("answer")).toString(),
+              QStringLiteral("No"));
 }
 
 TEST_F(TraceRecorderTest, EachKindOfEndHasAName)
