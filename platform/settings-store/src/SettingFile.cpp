@@ -186,7 +186,7 @@ QString SettingFile::Sentence(const Problem& problem)
 QString SettingFile::KeptSentence(int count)
 {
     return count == 0 ? tr("Nothing could be read from it.")
-                      : tr("%n setting(s) could be read from it and were kept.", nullptr, count);
+                      : tr("Of its settings, %1 could be read and were kept.").arg(count);
 }
 
 SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
