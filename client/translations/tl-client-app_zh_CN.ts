@@ -16,8 +16,8 @@
         <translation>系统密钥库未能保存会话。下次需要重新登录。</translation>
     </message>
     <message>
-        <source>The client&apos;s settings were damaged and start afresh. The old file is kept as %1.</source>
-        <translation>客户端设置已损坏，将重新开始。旧文件保留为 %1。</translation>
+        <source>The client&apos;s settings file could not be used as it was. The old file is kept as %1.</source>
+        <translation>客户端的设置文件无法按原样使用。旧文件保留为 %1。</translation>
     </message>
     <message>
         <source>The client&apos;s settings cannot be saved. What you change is lost at the end.</source>

@@ -51,7 +51,7 @@ void ClientNotices::ShowKeepFailed()
 void ClientNotices::ShowStoreSetAside(const QString& setAsideFile, const QString& reason)
 {
     m_notices->Show(QStringLiteral("store-set-aside"), NoticeKind::Warning, [setAsideFile, reason] {
-        return Join(tr("The client's settings were damaged and start afresh. The old file is kept as %1.")
+        return Join(tr("The client's settings file could not be used as it was. The old file is kept as %1.")
                         .arg(QDir::toNativeSeparators(setAsideFile)),
                     reason);
     });

@@ -7,6 +7,7 @@
 
 #include "browser/IPageFactory.h"
 #include "browser/MainWindow.h"
+#include "browser/PageEngines.h"
 #include "settings/MonitorEventFile.h"
 #include "settings/SettingsDialog.h"
 
@@ -95,6 +96,10 @@ SettingsServices ClientSettings::GetServices()
     services.clearEvents = [this] { m_services->monitor.Clear(); };
     services.versions = {{QCoreApplication::applicationName(), QCoreApplication::applicationVersion()},
                          {QStringLiteral("Qt"), QString::fromLatin1(qVersion())}};
+    const QString webEngine = PageEngines::GetVersion(PageEngines::GetBest());
+    if (!webEngine.isEmpty()) {
+        services.versions.append({QStringLiteral("Qt WebEngine"), webEngine});
+    }
     for (const LoadedModule& loaded : m_modules) {
         services.versions.append({loaded.key, QFileInfo(loaded.file).fileName()});
     }

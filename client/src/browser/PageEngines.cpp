@@ -3,6 +3,8 @@
 #include "browser/PlainPageFactory.h"
 #ifdef TL_WITH_WEB_ENGINE
 #include "browser/WebEnginePageFactory.h"
+
+#include <QtWebEngineCore/qtwebenginecoreversion.h>
 #endif
 
 namespace {
@@ -31,6 +33,17 @@ std::optional<PageEngine> PageEngines::FromName(const QString& name)
 QStringList PageEngines::GetNames()
 {
     return GetBest() == PageEngine::Web ? QStringList{WebName, PlainName} : QStringList{PlainName};
+}
+
+QString PageEngines::GetVersion(PageEngine engine)
+{
+#ifdef TL_WITH_WEB_ENGINE
+    if (engine == PageEngine::Web)
+        return QStringLiteral(QTWEBENGINECORE_VERSION_STR);
+#else
+    Q_UNUSED(engine)
+#endif
+    return QString();
 }
 
 std::unique_ptr<IPageFactory> PageEngines::Make(PageEngine engine, const QString& folder,

@@ -22,6 +22,9 @@ public:
     /// The names that `FromName` takes, the best first.
     static QStringList GetNames();
 
+    /// As its makers count; empty for the plain one, which is the client's own.
+    static QString GetVersion(PageEngine engine);
+
     /// `folder` is where the user's cookies and page storage stand, where the engine keeps any. `language` is
     /// what pages are told that the user reads. The engine is one that this client was built with.
     static std::unique_ptr<IPageFactory> Make(PageEngine engine, const QString& folder,
