@@ -120,7 +120,7 @@ template <class Make>
 void Measure(benchmark::State& state, Until until, const Make& make)
 {
     int widgets = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         QElapsedTimer clock;
         clock.start();
         const std::unique_ptr<QWidget> page = make();
@@ -260,7 +260,7 @@ void ClickToRequest(benchmark::State& state)
     QVector<double> handed;
     QVector<double> arrived;
     int row = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         row = row % (rows.size() - 1) + 1; // the first one is locked
         answered = false;
         const int before = gateway.requests;

@@ -58,7 +58,7 @@ QString CountText(int count, int limit)
 
 AutoRunInfoEntityPtr NewEntry(int type)
 {
-    const auto entry = AutoRunInfoEntityPtr::create();
+    AutoRunInfoEntityPtr entry = AutoRunInfoEntityPtr::create();
     entry->itemId = QUuid::createUuid().toString();
     entry->type = type;
     return entry;

@@ -28,7 +28,7 @@ QByteArray Entity(const QString& id, const QString& url, int type, bool system, 
 {
     AutoRunInfoEntity entry;
     entry.itemId = id;
-    entry.name = id.left(1).toUpper() + id.mid(1);
+    entry.name = id.at(0).toUpper() + id.mid(1);
     entry.url = url;
     entry.type = type;
     entry.systemItem = system;

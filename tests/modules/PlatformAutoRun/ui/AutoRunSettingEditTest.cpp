@@ -111,7 +111,7 @@ TEST_F(AutoRunSettingEditTest, AddedAppStandsLastAndIsWrittenAtOnce)
 {
     OpenPage("", Web("w1", "https://vx.example/1"), Plugin("orders", true));
     AddApp(QStringLiteral("Chat"));
-    EXPECT_EQ(Shown().last(), QStringLiteral("app:chat"));
+    EXPECT_EQ(Shown().constLast(), QStringLiteral("app:chat"));
     EXPECT_EQ(Row("chat")->parentWidget(), Find(*page, "plugin_list_widget"));
     EXPECT_EQ(Text(Row("chat")), QStringLiteral("Chat"));
     EXPECT_EQ(PluginCount(), QStringLiteral("(2/5)"));
@@ -132,12 +132,12 @@ TEST_F(AutoRunSettingEditTest, EveryAddGetsABracedLowerCaseUuidOfItsOwn)
     for (int i = 1; i <= 3; ++i) {
         AddUrl(QStringLiteral("https://vx.example/%1").arg(i));
         EndWrite();
-        ids.append(Rows().last()->GetItemId());
+        ids.append(Rows().constLast()->GetItemId());
     }
     for (const QString& name : {QStringLiteral("Orders"), QStringLiteral("Chat")}) {
         AddApp(name);
         EndWrite();
-        ids.append(Rows().last()->GetItemId());
+        ids.append(Rows().constLast()->GetItemId());
     }
     const QRegularExpression form(
         QStringLiteral("^\\{[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}\\}$"));
@@ -165,7 +165,7 @@ TEST_F(AutoRunSettingEditTest, BadAddressIsToldOfInTheDialogAndAGoodOneIsTaken)
         });
         Press("add_label");
     }
-    EXPECT_EQ(Shown().last(), QStringLiteral("custom:https://vx.example/good"));
+    EXPECT_EQ(Shown().constLast(), QStringLiteral("custom:https://vx.example/good"));
     EXPECT_EQ(http.GetCallCount(), 2);
 }
 
@@ -238,7 +238,7 @@ TEST_F(AutoRunSettingEditTest, FifthIsTakenAndRoomComesBackWithADelete)
     EndWrite();
     AddUrl(QStringLiteral("https://vx.example/again"));
     EXPECT_EQ(CustomCount(), QStringLiteral("(5/5)"));
-    EXPECT_EQ(Shown().last(), QStringLiteral("custom:https://vx.example/again"));
+    EXPECT_EQ(Shown().constLast(), QStringLiteral("custom:https://vx.example/again"));
 }
 
 TEST_F(AutoRunSettingEditTest, AppsOfTheListAreNotOfferedAgain)
@@ -343,7 +343,7 @@ TEST_F(AutoRunSettingEditTest, DeletedRowGoesAtOnceAndIsNotWritten)
 
     ClickInRow(Row("orders"), "delete_button");
     EXPECT_EQ(PluginCount(), QStringLiteral("(1/5)"));
-    EXPECT_EQ(Written(2).last(), QStringLiteral("app:stock"));
+    EXPECT_EQ(Written(2).constLast(), QStringLiteral("app:stock"));
     const QStringList reported{QStringLiteral("Home_Openingsetting_Deletepage"),
                                QStringLiteral("Home_Openingsetting_DeleteService")};
     EXPECT_EQ(monitor.events, reported);
@@ -433,8 +433,8 @@ TEST_F(AutoRunSettingEditTest, OpenFirstTicksTheRowWritesOnceAndIsReported)
 TEST_F(AutoRunSettingEditTest, HomePageIsChosenToOpenFirstByMarkingNoEntry)
 {
     OpenPage(System("s1", true, true), Webs(1));
-    ClickInRow(Rows().first(), "active_button");
-    EXPECT_EQ(Shown().first(), QStringLiteral("home+!"));
+    ClickInRow(Rows().constFirst(), "active_button");
+    EXPECT_EQ(Shown().constFirst(), QStringLiteral("home+!"));
     const QStringList written{QStringLiteral("system:s1+"), QStringLiteral("custom:https://vx.example/1")};
     EXPECT_EQ(Written(1), written);
     EXPECT_EQ(monitor.events, QStringList{QStringLiteral("Home_Openingsetting_Prior ")})
@@ -448,13 +448,13 @@ TEST_F(AutoRunSettingEditTest, TicksAreWrittenAndReportedAfterwards)
     monitor.watch = [this, &callsAtEvent] { callsAtEvent = http.GetCallCount(); };
     Tick(Row("s1"));
     EXPECT_EQ(callsAtEvent, 2);
-    EXPECT_EQ(Written(1).first(), QStringLiteral("system:s1+"));
+    EXPECT_EQ(Written(1).constFirst(), QStringLiteral("system:s1+"));
     EndWrite();
     Click(Find<QLabel>(*Row("w1"), "text_label"));
     EXPECT_EQ(Written(2).at(1), QStringLiteral("custom:https://vx.example/1+"));
     EndWrite();
     QTest::keyClick(Box(Row("orders")), Qt::Key_Space);
-    EXPECT_EQ(Written(3).last(), QStringLiteral("app:orders+"));
+    EXPECT_EQ(Written(3).constLast(), QStringLiteral("app:orders+"));
     EndWrite();
     Tick(Row("w1"));
     EXPECT_EQ(callsAtEvent, 5);
@@ -475,13 +475,13 @@ TEST_F(AutoRunSettingEditTest, UntickedRowThatOpenedFirstHandsThatToTheHomePageF
     const QStringList unticked{QStringLiteral("home+!"), QStringLiteral("system:s1"),
                                QStringLiteral("custom:https://vx.example/1")};
     EXPECT_EQ(Shown(), unticked);
-    EXPECT_EQ(Written(1).first(), QStringLiteral("system:s1"));
+    EXPECT_EQ(Written(1).constFirst(), QStringLiteral("system:s1"));
     EndWrite();
     Tick(Row("s1"));
     const QStringList ticked{QStringLiteral("home+!"), QStringLiteral("system:s1+"),
                              QStringLiteral("custom:https://vx.example/1")};
     EXPECT_EQ(Shown(), ticked);
-    EXPECT_EQ(Written(2).first(), QStringLiteral("system:s1+"));
+    EXPECT_EQ(Written(2).constFirst(), QStringLiteral("system:s1+"));
 }
 
 TEST_F(AutoRunSettingEditTest, WriteHoldsAllButTheHomePageInTheOrderOfTheRows)
@@ -547,7 +547,7 @@ TEST_F(AutoRunSettingEditTest, SecondOfTwoQuickChangesGoesOutWithALaterOne)
     EXPECT_EQ(http.GetCallCount(), 2) << "one write at a time";
     EndWrite();
     EXPECT_EQ(http.GetCallCount(), 2) << "the end of a write starts none";
-    EXPECT_EQ(Shown().last(), QStringLiteral("custom:https://vx.example/2+"));
+    EXPECT_EQ(Shown().constLast(), QStringLiteral("custom:https://vx.example/2+"));
     Tick(Row("s1"));
     const QStringList third{QStringLiteral("system:s1+"), QStringLiteral("custom:https://vx.example/1+"),
                             QStringLiteral("custom:https://vx.example/2+")};
@@ -609,7 +609,7 @@ TEST_F(AutoRunSettingEditTest, ChangeWhileThePageReadsIsNotWritten)
     DpiTool::SetScale(2); // the one way to rows before the read ends: what is cached
     ASSERT_EQ(Rows().size(), 1);
     ASSERT_TRUE(QMetaObject::invokeMethod(page, "SlotActiveBtnClicked", Qt::DirectConnection,
-                                          Q_ARG(AutoRunBaseItem*, Rows().first())));
+                                          Q_ARG(AutoRunBaseItem*, Rows().constFirst())));
     EXPECT_EQ(http.GetCallCount(), 1) << "an empty list would have replaced the user's";
     EXPECT_EQ(monitor.events.size(), 1);
 }
@@ -750,7 +750,7 @@ TEST_F(AutoRunSettingEditTest, ReadThatEndsWhileTheAddDialogIsOpenKeepsBoth)
     }
     EXPECT_EQ(CustomCount(), QStringLiteral("(4/5)"));
     EXPECT_EQ(Written(LastCall()).size(), 4);
-    EXPECT_EQ(Written(LastCall()).last(), QStringLiteral("custom:https://vx.example/good"));
+    EXPECT_EQ(Written(LastCall()).constLast(), QStringLiteral("custom:https://vx.example/good"));
 }
 
 TEST_F(AutoRunSettingEditTest, SaveThatEndsWhileADialogIsOpenIsToldOfAndTheNextIsWritten)

@@ -188,7 +188,7 @@ TEST_F(AutoRunSettingWidgetTest, HomeRowHasTheFixedEntryWhichIsTickedForGood)
 {
     OpenPage("");
     ASSERT_EQ(Rows().size(), 1);
-    AutoRunBaseItem* const home = Rows().first();
+    AutoRunBaseItem* const home = Rows().constFirst();
     const AutoRunInfoEntityPtr entry = home->GetData();
     EXPECT_EQ(entry->itemId, QStringLiteral("FA2F7923-A7F9-4703-8255-B3218DFF6062"));
     EXPECT_EQ(entry->name, QStringLiteral("Homepage"));
@@ -217,7 +217,7 @@ TEST_F(AutoRunSettingWidgetTest, RowsShareTheirEntriesWithTheLogic)
 TEST_F(AutoRunSettingWidgetTest, WithoutAMarkTheHomePageOpensFirst)
 {
     OpenPage(System("s1", true), Web("w1", "https://vx.example/1", true), Plugin("orders", true));
-    EXPECT_EQ(Shown().first(), QStringLiteral("home+!"));
+    EXPECT_EQ(Shown().constFirst(), QStringLiteral("home+!"));
     EXPECT_EQ(Shown().filter(QStringLiteral("!")).size(), 1);
 }
 
@@ -373,7 +373,8 @@ TEST_F(AutoRunSettingWidgetTest, KeywordAfterTheRowsIsHighlightedInTheHeadingsOn
     page->SetKeyword(QStringLiteral("s"));
     EXPECT_TRUE(IsHighlighted(Label("top_label")));
     EXPECT_TRUE(IsHighlighted(Label("plugin_title_label")));
-    for (const AutoRunBaseItem* const row : Rows()) {
+    const auto all = Rows();
+    for (const AutoRunBaseItem* const row : all) {
         EXPECT_FALSE(IsHighlighted(Find<QLabel>(*row, "text_label")));
     }
     DpiTool::SetScale(2); // makes the rows anew
@@ -397,7 +398,8 @@ TEST_F(AutoRunSettingWidgetTest, ChangeOfTheScaleMakesAllRowsAnewFromTheCache)
                              QStringLiteral("custom:https://vx.example/new")};
     EXPECT_EQ(Shown(), before);
     QList<QPointer<AutoRunBaseItem>> rows;
-    for (AutoRunBaseItem* const row : Rows()) {
+    const auto all = Rows();
+    for (AutoRunBaseItem* const row : all) {
         rows.append(row);
     }
 
@@ -432,7 +434,7 @@ TEST_F(AutoRunSettingWidgetTest, AnotherLanguageComesWhileThePageIsOpen)
     EXPECT_EQ(Label("plugin_title_label")->text(), QStringLiteral("设置启动时打开的应用"));
     EXPECT_EQ(Label("add_label")->text(), QStringLiteral("+ 自定义网址"));
     EXPECT_EQ(Label("add_plugin_label")->text(), QStringLiteral("+ 添加应用"));
-    EXPECT_EQ(Find<QLabel>(*Rows().first(), "text_label")->text(), QStringLiteral("首页"));
+    EXPECT_EQ(Find<QLabel>(*Rows().constFirst(), "text_label")->text(), QStringLiteral("首页"));
     EXPECT_EQ(Find<QLabel>(*Row("s1"), "text_label")->text(), QStringLiteral("S1"));
     EXPECT_EQ(CustomCount(), QStringLiteral("(2/5)"));
     EXPECT_EQ(PluginCount(), QStringLiteral("(3/5)"));
@@ -444,14 +446,15 @@ TEST_F(AutoRunSettingWidgetTest, AnotherLanguageComesWhileThePageIsOpen)
     SwitchToEnglish();
     EXPECT_TRUE(IsHighlighted(Label("top_label"))) << "the word is highlighted in the new text";
     EXPECT_EQ(Label("add_label")->text(), QStringLiteral("+custom URL"));
-    EXPECT_EQ(Find<QLabel>(*Rows().first(), "text_label")->text(), QStringLiteral("Homepage"));
+    EXPECT_EQ(Find<QLabel>(*Rows().constFirst(), "text_label")->text(), QStringLiteral("Homepage"));
 }
 
 TEST_F(AutoRunSettingWidgetTest, CheckBoxesAreNamedByTheirEntries)
 {
     OpenPage(System("s1", true), Web("w1", "https://vx.example/1"), Plugin("orders"));
     QStringList names;
-    for (const AutoRunBaseItem* const row : Rows()) {
+    const auto all = Rows();
+    for (const AutoRunBaseItem* const row : all) {
         QAccessibleInterface* const box = QAccessible::queryAccessibleInterface(Box(row));
         ASSERT_NE(box, nullptr);
         EXPECT_EQ(box->role(), QAccessible::CheckBox);
