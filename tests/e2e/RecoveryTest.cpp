@@ -189,3 +189,17 @@ TEST_F(RecoveryTest, AnsweringIsNotNeededForTheTabsToBeKept)
     ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
     EXPECT_TRUE(WaitForTabs(tabs + tabs));
 }
+
+TEST_F(RecoveryTest, EndOfTheSystemsSessionDuringTheQuestionIsNoAnswer)
+{
+    LogInAndOpen();
+    WaitForPromise();
+    m_client->Kill();
+    LogIn();
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
+    ASSERT_TRUE(m_client->Stop());
+
+    LogInAndOpen();
+    EXPECT_TRUE(HasNotice(QStringLiteral("tabs-missing"))) << "the next start says where they are";
+    EXPECT_TRUE(m_client->Quit());
+}

@@ -249,6 +249,7 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("F10")}));
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("o")}));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
+    ASSERT_TRUE(m_desktop->WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(m_client->Stop());
     m_expected = Expected();
     ReadExpectation();
