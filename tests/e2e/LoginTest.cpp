@@ -221,6 +221,30 @@ TEST_F(LoginTest, KeptSessionOpensTheLastKnownConfigurationWithoutAnyGateway)
     EXPECT_TRUE(logins[0].value(QStringLiteral("kept")).toBool());
 }
 
+TEST_F(LoginTest, LockThatAKilledClientLeftEmptyKeepsNobodyOut)
+{
+    const QString profile = m_folder.filePath(QStringLiteral("profile"));
+    ASSERT_TRUE(QDir().mkpath(profile));
+    QFile lock(profile + QStringLiteral("/client.lock"));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.close();
+    LogIn();
+    EXPECT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1))
+        << m_client->GetErrorOutput().toStdString();
+    EXPECT_TRUE(m_client->Quit());
+}
+
+TEST_F(LoginTest, SecondClientOnAProfileSaysSoAndEnds)
+{
+    LogInAndOpen();
+    ClientProcess second(m_screen.GetDisplay(), m_folder.path());
+    second.StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "demo\n");
+    ASSERT_TRUE(second.WaitForEnd(30000));
+    EXPECT_EQ(second.GetExitCode(), 2);
+    EXPECT_TRUE(second.GetErrorOutput().contains("another client has it open"))
+        << second.GetErrorOutput().toStdString();
+}
+
 class UnreadableReplyTest : public LoginTest, public ::testing::WithParamInterface<FaultyGateway::Fault>
 {};
 

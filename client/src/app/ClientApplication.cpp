@@ -82,7 +82,7 @@ bool ClientApplication::Prepare(QString* problem)
     m_profileLock =
         std::make_unique<QLockFile>(QDir(m_options.profile).filePath(QStringLiteral("client.lock")));
     m_profileLock->setStaleLockTime(0); // held for as long as the client runs
-    if (!m_profileLock->tryLock(profileLockTimeout)) {
+    if (!TakeProfileLock()) {
         *problem = QStringLiteral("The profile \"%1\" cannot be used: another client has it open, or the "
                                   "folder cannot be written to.")
                        .arg(m_options.profile);
@@ -98,6 +98,19 @@ bool ClientApplication::Prepare(QString* problem)
         {{QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
          {QStringLiteral("pid"), QCoreApplication::applicationPid()}});
     return true;
+}
+
+bool ClientApplication::TakeProfileLock()
+{
+    if (m_profileLock->tryLock(profileLockTimeout)) {
+        return true;
+    }
+    qint64 processId = 0;
+    QString host;
+    QString program;
+    // A client that was killed while it made the file left one without a name in it.
+    const bool named = m_profileLock->getLockInfo(&processId, &host, &program);
+    return !named && m_profileLock->removeStaleLockFile() && m_profileLock->tryLock();
 }
 
 int ClientApplication::Run()

@@ -60,6 +60,7 @@ public:
     bool StartSuccessor(QString* problem) const;
 
 private:
+    bool TakeProfileLock();
     void Build();
     void LoadModules();
     void StartLogin();
