@@ -1,6 +1,7 @@
 #include "browser/AddressBar.h"
 
 #include "browser/AddressInput.h"
+#include "browser/Scaled.h"
 #include "browser/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
@@ -10,19 +11,18 @@
 
 namespace {
 
-constexpr int Height = 36;  // [px]
-constexpr int SignEdge = 4; // around the security sign [px]
+constexpr int Height = 36;   // [px]
+constexpr int SignSize = 16; // of the security sign [px]
+constexpr int SignEdge = 4;  // around the security sign [px]
 
 } // namespace
 
 AddressBar::AddressBar(QWidget* parent) : QLineEdit(parent), m_securitySign(new QToolButton(this))
 {
     setObjectName(QStringLiteral("address_bar"));
-    setFixedHeight(Height);
     setDragEnabled(true);
     m_securitySign->setObjectName(QStringLiteral("security_sign"));
     m_securitySign->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    m_securitySign->setIconSize(QSize(16, 16));
     m_securitySign->setFocusPolicy(Qt::NoFocus);
     m_securitySign->setCursor(Qt::ArrowCursor);
     m_securitySign->setAutoRaise(true);
@@ -31,6 +31,7 @@ AddressBar::AddressBar(QWidget* parent) : QLineEdit(parent), m_securitySign(new 
         Q_EMIT SigEntered(text());
     });
     connect(this, &QLineEdit::textEdited, this, [this] { m_typing = true; });
+    AddressBar::AdjustForDpi();
     Retranslate();
 }
 
@@ -48,6 +49,13 @@ void AddressBar::StartTyping()
 {
     setFocus(Qt::ShortcutFocusReason);
     selectAll();
+}
+
+void AddressBar::AdjustForDpi()
+{
+    setFixedHeight(Scaled(Height));
+    m_securitySign->setIconSize(ScaledSquare(SignSize));
+    PlaceSecurity();
 }
 
 void AddressBar::changeEvent(QEvent* event)
@@ -133,7 +141,8 @@ void AddressBar::PlaceSecurity()
 {
     if (!m_securitySign)
         return;
-    const int room = m_security == Security::None ? 0 : m_securitySign->sizeHint().width() + SignEdge;
-    m_securitySign->setGeometry(SignEdge, SignEdge, qMax(0, room - SignEdge), height() - 2 * SignEdge);
-    setTextMargins(room == 0 ? 8 : room + 4, 0, 8, 0);
+    const int edge = Scaled(SignEdge);
+    const int room = m_security == Security::None ? 0 : m_securitySign->sizeHint().width() + edge;
+    m_securitySign->setGeometry(edge, edge, qMax(0, room - edge), height() - 2 * edge);
+    setTextMargins(room == 0 ? 2 * edge : room + edge, 0, 2 * edge, 0);
 }

@@ -2,13 +2,15 @@
 
 #include "browser/Security.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QUrl>
 #include <QtWidgets/QLineEdit>
 
 class QToolButton;
 
 /// Where addresses are shown and typed. While the user types, changes of the page leave the text alone.
-class AddressBar final : public QLineEdit
+class AddressBar final : public QLineEdit, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -18,6 +20,8 @@ public:
     void SetAddress(const QUrl& url, Security security);
     /// Selects everything, ready for typing.
     void StartTyping();
+
+    void AdjustForDpi() override;
 
 Q_SIGNALS:
     void SigEntered(const QString& text);

@@ -9,6 +9,7 @@
 #include "browser/IPageFactory.h"
 #include "browser/LanguageManager.h"
 #include "browser/NoticeBar.h"
+#include "browser/Scaled.h"
 #include "browser/SymbolicIcon.h"
 #include "browser/TabListPopup.h"
 #include "browser/TabStrip.h"
@@ -48,8 +49,6 @@ QToolButton* MakeToolButton(const QString& name, const QString& icon)
     button->setObjectName(name);
     button->setProperty("tool", true);
     button->setIcon(SymbolicIcon::Make(icon));
-    button->setIconSize(QSize(20, 20));
-    button->setFixedSize(36, 36);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
@@ -127,7 +126,6 @@ void MainWindowPrivate::MakeWidgets()
     m_progress = new QProgressBar;
     m_progress->setObjectName(QStringLiteral("load_progress"));
     m_progress->setTextVisible(false);
-    m_progress->setFixedHeight(2);
     m_notices = new NoticeBar;
     m_pages = new QStackedWidget;
     m_pages->setObjectName(QStringLiteral("pages"));
@@ -135,14 +133,12 @@ void MainWindowPrivate::MakeWidgets()
     m_pages->addWidget(m_waiting);
 
     auto* row = new QHBoxLayout(m_toolbar);
-    row->setContentsMargins(8, 6, 8, 6);
-    row->setSpacing(4);
     row->addWidget(m_backButton);
     row->addWidget(m_forwardButton);
     row->addWidget(m_reloadButton);
-    row->addSpacing(4);
-    row->addWidget(m_address, 1);
-    row->addSpacing(4);
+    m_addressRoom = new QHBoxLayout;
+    m_addressRoom->addWidget(m_address);
+    row->addLayout(m_addressRoom, 1);
     row->addWidget(m_menuButton);
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(0, 0, 0, 0);
@@ -153,6 +149,7 @@ void MainWindowPrivate::MakeWidgets()
     column->addWidget(m_notices);
     column->addWidget(m_pages, 1);
     m_window->setCentralWidget(central);
+    AdjustForDpi();
 
     m_hover = new QLabel(central);
     m_hover->setObjectName(QStringLiteral("hover_address"));
@@ -168,6 +165,18 @@ void MainWindowPrivate::MakeWidgets()
     connect(m_strip, &TabStrip::SigSeenChanged, this, &MainWindowPrivate::FetchIcons);
     connect(m_strip, &TabStrip::SigContextMenuRequested, this, &MainWindowPrivate::ShowTabMenu);
     connect(m_address, &AddressBar::SigEntered, this, &MainWindowPrivate::EnterAddress);
+}
+
+void MainWindowPrivate::AdjustForDpi()
+{
+    for (QToolButton* button : {m_backButton, m_forwardButton, m_reloadButton, m_menuButton}) {
+        button->setIconSize(ScaledSquare(20));
+        button->setFixedSize(ScaledSquare(36));
+    }
+    m_toolbar->layout()->setContentsMargins(Scaled(8), Scaled(6), Scaled(8), Scaled(6));
+    m_toolbar->layout()->setSpacing(Scaled(4));
+    m_addressRoom->setContentsMargins(Scaled(4), 0, Scaled(4), 0);
+    m_progress->setFixedHeight(Scaled(2));
 }
 
 QAction* MainWindowPrivate::AddAction(const QList<QKeySequence>& keys, const std::function<void()>& act)

@@ -4,6 +4,8 @@
 #include "browser/MainWindow.h"
 #include "browser/TabOrigin.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QTimer>
 #include <QtCore/QVector>
 
@@ -18,6 +20,7 @@ class HomePage;
 class NoticeBar;
 class QAction;
 class QActionGroup;
+class QHBoxLayout;
 class QLabel;
 class QMenu;
 class QProgressBar;
@@ -26,7 +29,7 @@ class QToolButton;
 class TabStrip;
 
 /// What the main window is made of. Lives and dies with it.
-class MainWindowPrivate final : public QObject
+class MainWindowPrivate final : public QObject, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -58,6 +61,7 @@ public:
     void PlaceHoverLabel();
     void SetFullScreen(bool on);
     void Retranslate();
+    void AdjustForDpi() override;
     void CheckIdle();
     void StoreGeometry();
 
@@ -78,6 +82,7 @@ public:
     QToolButton* m_forwardButton = nullptr;
     QToolButton* m_reloadButton = nullptr;
     QToolButton* m_menuButton = nullptr;
+    QHBoxLayout* m_addressRoom = nullptr; // what is kept free beside the address
     AddressBar* m_address = nullptr;
     QProgressBar* m_progress = nullptr;
     NoticeBar* m_notices = nullptr;

@@ -1,5 +1,6 @@
 #include "browser/TabButton.h"
 
+#include "browser/Scaled.h"
 #include "browser/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
@@ -10,22 +11,26 @@
 
 namespace {
 
+constexpr int Height = 36;    // [px]
 constexpr int IconSize = 16;  // [px]
 constexpr int CloseSize = 20; // [px]
 constexpr int Edge = 12;      // left of the icon [px]
 constexpr int CloseEdge = 6;  // right of the close button [px]
 constexpr int Gap = 8;        // between icon, title and close button [px]
+constexpr int SignSize = 14;  // in the close button [px]
 constexpr int Turns = 12;     // positions of the loading sign
 
 QIcon LoadingSign(int tick, const QColor& color, qreal ratio)
 {
-    QPixmap picture(QSize(IconSize, IconSize) * ratio);
+    const int line = Scaled(2);
+    const int size = Scaled(IconSize) - 2 * line;
+    QPixmap picture(ScaledSquare(IconSize) * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
-    painter.drawArc(QRectF(2, 2, IconSize - 4, IconSize - 4), -(tick % Turns) * 360 * 16 / Turns, 260 * 16);
+    painter.setPen(QPen(color, line, Qt::SolidLine, Qt::RoundCap));
+    painter.drawArc(QRectF(line, line, size, size), -(tick % Turns) * 360 * 16 / Turns, 260 * 16);
     return QIcon(picture);
 }
 
@@ -36,14 +41,12 @@ TabButton::TabButton(QWidget* parent) : QPushButton(parent), m_close(new QToolBu
     setObjectName(QStringLiteral("tab_button"));
     setCheckable(true);
     setFocusPolicy(Qt::NoFocus);
-    setIconSize(QSize(IconSize, IconSize));
     m_close->setObjectName(QStringLiteral("tab_close"));
     m_close->setIcon(SymbolicIcon::Make(QStringLiteral("close")));
-    m_close->setIconSize(QSize(14, 14));
     m_close->setAutoRaise(true);
     m_close->setFocusPolicy(Qt::NoFocus);
-    m_close->setFixedSize(CloseSize, CloseSize);
     connect(m_close, &QToolButton::clicked, this, &TabButton::SigCloseClicked);
+    TabButton::AdjustForDpi();
     Retranslate();
 }
 
@@ -65,10 +68,23 @@ void TabButton::SetTick(int tick)
     update();
 }
 
+void TabButton::AdjustForDpi()
+{
+    setIconSize(ScaledSquare(IconSize));
+    m_close->setIconSize(ScaledSquare(SignSize));
+    m_close->setFixedSize(ScaledSquare(CloseSize));
+    PlaceClose();
+    UpdateToolTip();
+    updateGeometry();
+    update();
+}
+
 QSize TabButton::sizeHint() const
 {
     const int text = fontMetrics().horizontalAdvance(m_item.title);
-    return {Edge + IconSize + Gap + text + Gap + (m_item.closable ? CloseSize + CloseEdge : Edge), 36};
+    return {Scaled(Edge) + Scaled(IconSize) + Scaled(Gap) + text + Scaled(Gap) +
+                (m_item.closable ? Scaled(CloseSize) + Scaled(CloseEdge) : Scaled(Edge)),
+            Scaled(Height)};
 }
 
 void TabButton::changeEvent(QEvent* event)
@@ -99,9 +115,9 @@ void TabButton::paintEvent(QPaintEvent* event)
     const QIcon icon = m_item.loading
                            ? LoadingSign(m_tick, palette().color(QPalette::Highlight), devicePixelRatioF())
                            : m_item.icon;
-    const QRect iconRect(Edge, (height() - IconSize) / 2, IconSize, IconSize);
+    const QRect iconRect(Scaled(Edge), (height() - Scaled(IconSize)) / 2, Scaled(IconSize), Scaled(IconSize));
     icon.paint(&painter, iconRect);
-    option.rect = QRect(iconRect.right() + 1 + Gap, 0, GetTextRoom(), height());
+    option.rect = QRect(iconRect.right() + 1 + Scaled(Gap), 0, GetTextRoom(), height());
     option.text = fontMetrics().elidedText(m_item.title, Qt::ElideRight, option.rect.width());
     option.text.replace(QLatin1Char('&'), QLatin1String("&&"));
     painter.drawControl(QStyle::CE_PushButtonLabel, option);
@@ -110,14 +126,20 @@ void TabButton::paintEvent(QPaintEvent* event)
 void TabButton::resizeEvent(QResizeEvent* event)
 {
     QPushButton::resizeEvent(event);
-    m_close->move(width() - CloseEdge - CloseSize, (height() - CloseSize) / 2);
+    PlaceClose();
     UpdateToolTip();
+}
+
+void TabButton::PlaceClose()
+{
+    m_close->move(width() - Scaled(CloseEdge) - Scaled(CloseSize), (height() - Scaled(CloseSize)) / 2);
 }
 
 int TabButton::GetTextRoom() const
 {
-    const int right = m_item.closable ? CloseSize + CloseEdge + Gap / 2 : Edge;
-    return qMax(0, width() - Edge - IconSize - Gap - right);
+    const int right =
+        m_item.closable ? Scaled(CloseSize) + Scaled(CloseEdge) + Scaled(Gap) / 2 : Scaled(Edge);
+    return qMax(0, width() - Scaled(Edge) - Scaled(IconSize) - Scaled(Gap) - right);
 }
 
 void TabButton::Retranslate()

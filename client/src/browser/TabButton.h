@@ -2,12 +2,14 @@
 
 #include "browser/TabStripItem.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtWidgets/QPushButton>
 
 class QToolButton;
 
 /// One tab of the strip: icon, elided title and a close button. Checked while the tab is current.
-class TabButton final : public QPushButton
+class TabButton final : public QPushButton, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -20,6 +22,8 @@ public:
 
     QSize sizeHint() const override;
 
+    void AdjustForDpi() override;
+
 Q_SIGNALS:
     void SigCloseClicked();
 
@@ -31,6 +35,7 @@ protected:
 
 private:
     int GetTextRoom() const;
+    void PlaceClose();
     void Retranslate();
     void UpdateToolTip();
 

@@ -1,5 +1,6 @@
 #include "browser/TabStrip.h"
 
+#include "browser/Scaled.h"
 #include "browser/SymbolicIcon.h"
 #include "browser/TabButton.h"
 
@@ -22,6 +23,8 @@ constexpr int Edge = 8;        // at both ends of the strip [px]
 constexpr int Narrowest = 148; // [px]
 constexpr int Widest = 232;    // [px]
 constexpr int ButtonSize = 28; // of the buttons beside the tabs [px]
+constexpr int IconSize = 18;   // on these buttons [px]
+constexpr int ButtonGap = 4;   // around these buttons [px]
 constexpr int TickTime = 90;   // [ms]
 constexpr int EdgeTime = 30;   // between scroll steps while a tab is dragged to the edge [ms]
 constexpr int EdgeStep = 16;   // [px]
@@ -32,9 +35,7 @@ QToolButton* MakeButton(QWidget* parent, const QString& name, const QString& ico
     button->setObjectName(name);
     button->setProperty("strip", true);
     button->setIcon(SymbolicIcon::Make(icon));
-    button->setIconSize(QSize(18, 18));
     button->setAutoRaise(true);
-    button->setFixedSize(ButtonSize, ButtonSize);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
@@ -51,13 +52,13 @@ TabStrip::TabStrip(QWidget* parent)
 {
     setObjectName(QStringLiteral("tab_strip"));
     setAttribute(Qt::WA_StyledBackground);
-    setFixedHeight(Height);
     m_left->setAutoRepeat(true);
     m_right->setAutoRepeat(true);
     connect(m_left, &QToolButton::clicked, this, [this] { ScrollTo(m_offset - m_tabWidth); });
     connect(m_right, &QToolButton::clicked, this, [this] { ScrollTo(m_offset + m_tabWidth); });
     connect(m_add, &QToolButton::clicked, this, &TabStrip::SigNewTabRequested);
     connect(m_list, &QToolButton::clicked, this, [this] { Q_EMIT SigListRequested(m_list); });
+    TabStrip::AdjustForDpi();
     Retranslate();
 }
 
@@ -174,6 +175,19 @@ int TabStrip::GetFirstSeen() const noexcept
 int TabStrip::GetLastSeen() const noexcept
 {
     return m_lastSeen;
+}
+
+void TabStrip::AdjustForDpi()
+{
+    const int before = m_tabWidth;
+    setFixedHeight(Scaled(Height));
+    for (QToolButton* button : {m_left, m_right, m_add, m_list}) {
+        button->setIconSize(ScaledSquare(IconSize));
+        button->setFixedSize(ScaledSquare(ButtonSize));
+    }
+    Arrange();
+    if (m_tabWidth != before)
+        Reveal(m_current);
 }
 
 void TabStrip::changeEvent(QEvent* event)
@@ -304,7 +318,7 @@ void TabStrip::timerEvent(QTimerEvent* event)
         Q_EMIT SigSeenChanged();
     } else if (event->timerId() == m_edgeScroll.timerId()) {
         const int before = m_offset;
-        ScrollTo(m_offset + (m_dragX < 0 ? -EdgeStep : EdgeStep));
+        ScrollTo(m_offset + (m_dragX < 0 ? -Scaled(EdgeStep) : Scaled(EdgeStep)));
         if (m_offset == before)
             m_edgeScroll.stop();
         else
@@ -403,28 +417,32 @@ void TabStrip::Arrange()
     home.button->setChecked(m_current == 0);
     home.button->setFocusPolicy(m_current == 0 ? Qt::TabFocus : Qt::NoFocus);
     const int homeWidth = home.button->sizeHint().width();
-    home.button->setGeometry(Edge, TabTop, homeWidth, TabHeight);
+    home.button->setGeometry(Scaled(Edge), Scaled(TabTop), homeWidth, Scaled(TabHeight));
 
     const int count = m_entries.size() - 1;
-    const int buttonTop = TabTop + (TabHeight - ButtonSize) / 2;
-    const int start = Edge + homeWidth + Gap;
-    const int end = width() - Edge - ButtonSize - 4; // the list button stands at the end
-    m_list->move(width() - Edge - ButtonSize, buttonTop);
+    const int buttonTop = Scaled(TabTop) + (Scaled(TabHeight) - Scaled(ButtonSize)) / 2;
+    const int start = Scaled(Edge) + homeWidth + Scaled(Gap);
+    const int end =
+        width() - Scaled(Edge) - Scaled(ButtonSize) - Scaled(ButtonGap); // the list button stands at the end
+    m_list->move(width() - Scaled(Edge) - Scaled(ButtonSize), buttonTop);
 
-    const int room = end - start - ButtonSize - 8; // and the "+" after the last tab
-    const bool overflow = count * (Narrowest + Gap) > room;
+    const int room =
+        end - start - Scaled(ButtonSize) - 2 * Scaled(ButtonGap); // and the "+" after the last tab
+    const bool overflow = count * (Scaled(Narrowest) + Scaled(Gap)) > room;
     m_left->setVisible(overflow);
     m_right->setVisible(overflow);
     if (overflow) {
-        m_tabWidth = Narrowest + Gap;
+        m_tabWidth = Scaled(Narrowest) + Scaled(Gap);
         m_left->move(start, buttonTop);
-        m_add->move(end - ButtonSize, buttonTop);
-        m_right->move(end - 2 * ButtonSize, buttonTop);
-        m_viewport->setGeometry(start + ButtonSize + Gap, 0, qMax(0, room - 2 * ButtonSize), height());
+        m_add->move(end - Scaled(ButtonSize), buttonTop);
+        m_right->move(end - 2 * Scaled(ButtonSize), buttonTop);
+        m_viewport->setGeometry(start + Scaled(ButtonSize) + Scaled(Gap), 0,
+                                qMax(0, room - 2 * Scaled(ButtonSize)), height());
     } else {
-        m_tabWidth = count == 0 ? Widest + Gap : qMin(Widest + Gap, room / count);
+        m_tabWidth =
+            count == 0 ? Scaled(Widest) + Scaled(Gap) : qMin(Scaled(Widest) + Scaled(Gap), room / count);
         m_viewport->setGeometry(start, 0, count * m_tabWidth, height());
-        m_add->move(start + count * m_tabWidth + 4, buttonTop);
+        m_add->move(start + count * m_tabWidth + Scaled(ButtonGap), buttonTop);
     }
     m_offset = qBound(0, m_offset, GetScrollRange());
     ArrangeScrolled();
@@ -450,9 +468,9 @@ void TabStrip::ArrangeScrolled()
         }
         entry.button->setChecked(i == m_current);
         entry.button->setFocusPolicy(i == m_current ? Qt::TabFocus : Qt::NoFocus);
-        const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Gap));
+        const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Scaled(Gap)));
         const int x = i == m_dragged ? qBound(0, m_dragX, farthest) : (i - 1) * m_tabWidth - m_offset;
-        entry.button->setGeometry(x, TabTop, m_tabWidth - Gap, TabHeight);
+        entry.button->setGeometry(x, Scaled(TabTop), m_tabWidth - Scaled(Gap), Scaled(TabHeight));
         entry.button->show();
     }
     m_firstSeen = m_dragged > 0 ? qMin(first, m_dragged) : first;
@@ -477,7 +495,7 @@ void TabStrip::UpdateTicking()
 
 void TabStrip::DragTo(int x)
 {
-    const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Gap));
+    const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Scaled(Gap)));
     const bool atEdge = GetScrollRange() > 0 && (x < 0 || x > farthest);
     m_dragX = x;
     if (!atEdge)
@@ -492,7 +510,7 @@ void TabStrip::DragTo(int x)
         Q_EMIT SigMoveRequested(m_dragged, target);
     TabButton* button = GetButton(m_dragged);
     if (button)
-        button->move(shown, TabTop);
+        button->move(shown, Scaled(TabTop));
 }
 
 void TabStrip::EndDrag()

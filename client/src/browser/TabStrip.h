@@ -2,6 +2,8 @@
 
 #include "browser/TabStripItem.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QBasicTimer>
 #include <QtCore/QHash>
 #include <QtCore/QVector>
@@ -15,7 +17,7 @@ class TabButton;
 /// tabs in sight have widgets, so a thousand cost no more than a screenful.
 ///
 /// Shows what it is told and decides nothing: user actions come out as signals.
-class TabStrip final : public QWidget
+class TabStrip final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -41,6 +43,8 @@ public:
     /// The tabs in sight beside the pinned one; the first is behind the last when there are none.
     int GetFirstSeen() const noexcept;
     int GetLastSeen() const noexcept;
+
+    void AdjustForDpi() override;
 
 Q_SIGNALS:
     void SigSelectRequested(int index);
