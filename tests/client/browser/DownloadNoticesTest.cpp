@@ -95,5 +95,6 @@ TEST_F(DownloadNoticesTest, TheNextProposalIsInTheFolderUsedBefore)
     m_notices.Take(&m_download);
     FakeDownload other;
     m_notices.Take(&other);
-    EXPECT_EQ(QFileInfo(m_proposal).path(), QStringLiteral("/somewhere"));
+    EXPECT_EQ(QFileInfo(m_proposal).absolutePath(),
+              QFileInfo(QStringLiteral("/somewhere")).absoluteFilePath());
 }
