@@ -159,6 +159,7 @@ void PlainTabPage::Start(const QUrl& url, Step step)
     m_loading = true;
     m_step = step;
     m_redirects = 0;
+    m_retried = false;
     m_pending = url;
     Q_EMIT SigLoadStarted();
     Send(url);
@@ -211,6 +212,12 @@ void PlainTabPage::TakeEnd()
         return;
     const int status = StatusOf(*m_reply);
     const QNetworkReply::NetworkError error = m_reply->error();
+    // A kept connection may be closed by the other side just when it is used again.
+    if (error == QNetworkReply::RemoteHostClosedError && status == 0 && !std::exchange(m_retried, true)) {
+        DropReply();
+        Send(m_pending);
+        return;
+    }
     // An error with a page of its own is shown like any page.
     if (status >= FirstErrorStatus && m_body.isEmpty())
         Fail(PageFailure::Kind::HttpError, QStringLiteral("HTTP %1").arg(status));
@@ -298,6 +305,12 @@ void PlainTabPage::DropReply()
         return;
     QNetworkReply* const reply = std::exchange(m_reply, nullptr);
     reply->disconnect(this);
-    reply->abort();
-    reply->deleteLater();
+    // Not within one of its own signals: the connection would be handed on with the rest of the answer in it.
+    QMetaObject::invokeMethod(
+        reply,
+        [reply] {
+            reply->abort();
+            reply->deleteLater();
+        },
+        Qt::QueuedConnection);
 }

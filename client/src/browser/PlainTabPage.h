@@ -71,6 +71,7 @@ private:
     QByteArray m_body;
     QString m_title;
     int m_redirects = 0;
+    bool m_retried = false;
     bool m_loading = false;
     bool m_failed = false; // the last thing announced was a failure
     double m_zoom = 1.0;
