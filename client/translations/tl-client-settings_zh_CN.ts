@@ -151,8 +151,8 @@
             <translation>浏览数据</translation>
         </message>
         <message>
-            <source>Cookies and cache of pages, now; the rest of what they stored, at the next start.</source>
-            <translation>立即清除网页的 Cookie 和缓存；网页存储的其他数据在下次启动时清除。</translation>
+            <source>Cookies of pages, now; cache and whatever else they stored, at the next start.</source>
+            <translation>立即清除网页的 Cookie；缓存和网页存储的其他数据在下次启动时清除。</translation>
         </message>
         <message>
             <source>Stay signed in</source>

@@ -24,8 +24,8 @@ public:
     /// The language that pages are told the user reads, such as "en" or "zh_CN"; from the next request on.
     virtual void SetLanguage(const QString& language) = 0;
 
-    /// Forgets cookies, cache and visited links at once, and whatever else pages stored before the first page
-    /// of the next start. False when the latter cannot be promised.
+    /// Forgets cookies and visited links at once, and cache and whatever else pages stored before the first
+    /// page of the next start. False when the latter cannot be promised.
     [[nodiscard]] virtual bool ClearData() = 0;
 
 Q_SIGNALS:

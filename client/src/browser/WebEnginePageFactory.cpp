@@ -89,9 +89,9 @@ std::unique_ptr<ITabPage> WebEnginePageFactory::CreatePage(QWidget* parent)
 bool WebEnginePageFactory::ClearData()
 {
     m_profile->cookieStore()->deleteAllCookies();
-    m_profile->clearHttpCache();
     m_profile->clearAllVisitedLinks();
-    // The rest is in use for as long as the profile lives.
+    // The rest is in use for as long as the profile lives. The cache could go now, but the engine clears it
+    // in the background with pointers into the profile, and has crashed when the user quit meanwhile.
     QFile mark(QDir(m_folder).filePath(clearMark));
     return mark.open(QIODevice::WriteOnly);
 }

@@ -26,7 +26,11 @@ PrivacyPage::PrivacyPage(const SettingsServices* services)
     AddCard();
     if (services->clearBrowsingData) {
         AddRow([] { return tr("Browsing data"); },
-               [] { return tr("Cookies and cache of pages, now; the rest of what they stored, at the next start."); }, m_browsing);
+               [] {
+                   return tr(
+                       "Cookies of pages, now; cache and whatever else they stored, at the next start.");
+               },
+               m_browsing);
         m_browsing->show();
     }
     if (services->forgetSession) {
