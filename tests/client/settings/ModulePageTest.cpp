@@ -19,7 +19,6 @@
 #include "frame-data/TLPluginBaseManager.h"
 #include "frame-data/TLUrlUtils.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 #include <QtCore/QPluginLoader>
 #include <QtCore/QTimer>
@@ -50,7 +49,7 @@ protected:
         , generalProvided(&general)
         , routerProvided(&router)
         , browserProvided(&browser)
-        , loader(QDir(QStringLiteral(TL_MODULES_DIR)).filePath(QStringLiteral("libPlatformAutoRun")))
+        , loader(QStringLiteral(TL_MODULE_FILE))
     {
         TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QStringLiteral("merchant"));
         functions.SetFunctions({{8, TLFunctionInfo(true, true)}});
