@@ -1,5 +1,7 @@
 #include "browser/AppTileDelegate.h"
 
+#include "browser/Scaled.h"
+
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
 #include <QtWidgets/QApplication>
@@ -12,6 +14,12 @@ constexpr int Pad = 16;        // above the icon [px]
 constexpr int Gap = 8;         // between icon and name [px]
 constexpr int Side = 8;        // beside the name [px]
 constexpr int Lines = 2;
+
+/// Below the top of the tile.
+int GetNameTop()
+{
+    return Scaled(Pad) + Scaled(IconSize) + Scaled(Gap);
+}
 
 void DrawName(QPainter* painter, const QRect& room, const QString& name)
 {
@@ -50,8 +58,9 @@ void AppTileDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->save();
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     const auto icon = index.data(Qt::DecorationRole).value<QPixmap>();
-    const QRect iconRoom(option.rect.center().x() - IconSize / 2, option.rect.top() + Pad, IconSize,
-                         IconSize);
+    const QRect iconRoom(
+        QPoint(option.rect.center().x() - Scaled(IconSize) / 2, option.rect.top() + Scaled(Pad)),
+        ScaledSquare(IconSize));
     if (!icon.isNull()) {
         const QSize size = icon.size().scaled(iconRoom.size(), Qt::KeepAspectRatio);
         const QRect target(iconRoom.center() - QPoint(size.width() / 2, size.height() / 2), size);
@@ -59,7 +68,7 @@ void AppTileDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     }
     painter->setFont(option.font);
     painter->setPen(option.palette.color(QPalette::Text));
-    const QRect nameRoom = option.rect.adjusted(Side, Pad + IconSize + Gap, -Side, 0);
+    const QRect nameRoom = option.rect.adjusted(Scaled(Side), GetNameTop(), -Scaled(Side), 0);
     DrawName(painter, nameRoom, index.data(Qt::DisplayRole).toString());
     painter->restore();
 }
@@ -67,5 +76,5 @@ void AppTileDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 QSize AppTileDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     Q_UNUSED(index)
-    return {TileWidth, Pad + IconSize + Gap + Lines * option.fontMetrics.lineSpacing() + Pad / 2};
+    return {Scaled(TileWidth), GetNameTop() + Lines * option.fontMetrics.lineSpacing() + Scaled(Pad / 2)};
 }

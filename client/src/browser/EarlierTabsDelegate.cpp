@@ -1,6 +1,7 @@
 #include "browser/EarlierTabsDelegate.h"
 
 #include "browser/EarlierTabsModel.h"
+#include "browser/Scaled.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
@@ -18,11 +19,13 @@ constexpr int IconSize = 16; // [px]
 constexpr int Edge = 8;      // at both ends of a row [px]
 constexpr int Gap = 10;      // between its parts [px]
 constexpr int Pad = 6;       // above and below the text [px]
+constexpr int LineGap = 2;   // between its lines [px]
 
 QRect GetBoxRect(const QStyleOptionViewItem& option)
 {
     const QRect& row = option.rect;
-    const QRect box(row.left() + Edge, row.top() + (row.height() - BoxSize) / 2, BoxSize, BoxSize);
+    const QRect box(row.left() + Scaled(Edge), row.top() + (row.height() - Scaled(BoxSize)) / 2,
+                    Scaled(BoxSize), Scaled(BoxSize));
     return QStyle::visualRect(option.direction, row, box);
 }
 
@@ -48,12 +51,14 @@ void EarlierTabsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& g
         style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, option.widget);
     }
 
-    QRect room = option.rect.adjusted(Edge + BoxSize + Gap, Pad, -Edge, -Pad);
+    QRect room = option.rect.adjusted(Scaled(Edge) + Scaled(BoxSize) + Scaled(Gap), Scaled(Pad),
+                                      -Scaled(Edge), -Scaled(Pad));
     const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
     if (!icon.isNull()) {
-        const QRect place(room.left(), room.top() + (room.height() - IconSize) / 2, IconSize, IconSize);
+        const QRect place(room.left(), room.top() + (room.height() - Scaled(IconSize)) / 2, Scaled(IconSize),
+                          Scaled(IconSize));
         icon.paint(painter, QStyle::visualRect(option.direction, option.rect, place));
-        room.setLeft(place.right() + 1 + Gap);
+        room.setLeft(place.right() + 1 + Scaled(Gap));
     }
     room = QStyle::visualRect(option.direction, option.rect, room);
 
@@ -83,7 +88,7 @@ void EarlierTabsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& g
 QSize EarlierTabsDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     Q_UNUSED(index)
-    return {0, 2 * option.fontMetrics.height() + 2 + 2 * Pad};
+    return {0, 2 * option.fontMetrics.height() + Scaled(LineGap) + 2 * Scaled(Pad)};
 }
 
 bool EarlierTabsDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
@@ -103,7 +108,9 @@ bool EarlierTabsDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
     if (event->type() != QEvent::MouseButtonRelease)
         return event->type() == QEvent::MouseButtonDblClick && index.parent().isValid();
     const auto* const mouse = static_cast<QMouseEvent*>(event);
-    const bool onBox = GetBoxRect(option).adjusted(-Edge, -Pad, Gap / 2, Pad).contains(mouse->pos());
+    const bool onBox = GetBoxRect(option)
+                           .adjusted(-Scaled(Edge), -Scaled(Pad), Scaled(Gap) / 2, Scaled(Pad))
+                           .contains(mouse->pos());
     if (mouse->button() != Qt::LeftButton || (!onBox && !index.parent().isValid()))
         return false;
     tabs->Toggle(index);

@@ -2,10 +2,10 @@
 
 #include "browser/EarlierTabsDelegate.h"
 #include "browser/EarlierTabsModel.h"
+#include "browser/ScaledWidget.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QLocale>
-#include <QtGui/QScreen>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -16,7 +16,6 @@ namespace {
 
 constexpr QSize Roomy(640, 560);    // [px]
 constexpr QSize Smallest(440, 280); // [px]
-constexpr double ShareOfScreen = 0.9;
 
 QLabel* MakeLabel(const QString& name)
 {
@@ -36,6 +35,7 @@ EarlierTabsDialog::EarlierTabsDialog(const QVector<EarlierTabSet>& sets, const P
     , m_intro(MakeLabel(QStringLiteral("earlier_tabs_intro")))
     , m_empty(MakeLabel(QStringLiteral("earlier_tabs_empty")))
     , m_tree(new QTreeView)
+    , m_buttons(new QHBoxLayout)
     , m_open(new QPushButton)
     , m_close(new QPushButton)
 {
@@ -47,7 +47,6 @@ EarlierTabsDialog::EarlierTabsDialog(const QVector<EarlierTabSet>& sets, const P
     m_tree->setHeaderHidden(true);
     m_tree->setUniformRowHeights(true);
     m_tree->setAnimated(false);
-    m_tree->setIndentation(20);
     m_tree->setMouseTracking(true);
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -69,27 +68,33 @@ EarlierTabsDialog::EarlierTabsDialog(const QVector<EarlierTabSet>& sets, const P
     m_open->setVisible(!empty);
     m_empty->setVisible(empty);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(8);
-    buttons->addStretch();
-    buttons->addWidget(m_open);
-    buttons->addWidget(m_close);
+    m_buttons->addStretch();
+    m_buttons->addWidget(m_open);
+    m_buttons->addWidget(m_close);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 20, 24, 16);
-    column->setSpacing(12);
     column->addWidget(m_intro);
     column->addWidget(m_tree, 1);
     column->addWidget(m_empty, 1);
-    column->addLayout(buttons);
+    column->addLayout(m_buttons);
     setTabOrder(m_tree, m_open);
     setTabOrder(m_open, m_close);
     (empty ? static_cast<QWidget*>(m_close) : m_tree)->setFocus(Qt::OtherFocusReason);
-    setMinimumSize(Smallest);
 
     connect(m_model, &EarlierTabsModel::SigTickedChanged, this, &EarlierTabsDialog::UpdateOpen);
     connect(m_open, &QPushButton::clicked, this, &EarlierTabsDialog::OpenTicked);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
+    EarlierTabsDialog::AdjustForDpi();
     Retranslate();
+}
+
+void EarlierTabsDialog::AdjustForDpi()
+{
+    m_tree->setIndentation(Scaled(20));
+    m_tree->doItemsLayout();
+    m_buttons->setSpacing(Scaled(8));
+    layout()->setContentsMargins(Scaled(QMargins(24, 20, 24, 16)));
+    layout()->setSpacing(Scaled(12));
+    setMinimumSize(ScaledToScreen(this, Smallest));
 }
 
 void EarlierTabsDialog::changeEvent(QEvent* event)
@@ -102,7 +107,7 @@ void EarlierTabsDialog::changeEvent(QEvent* event)
 void EarlierTabsDialog::showEvent(QShowEvent* event)
 {
     if (!testAttribute(Qt::WA_Resized))
-        resize((m_tree->isHidden() ? Smallest : Roomy).boundedTo(screen()->availableSize() * ShareOfScreen));
+        resize(ScaledToScreen(this, m_tree->isHidden() ? Smallest : Roomy));
     QDialog::showEvent(event);
 }
 

@@ -1,5 +1,6 @@
 #include "browser/FindBar.h"
 
+#include "browser/Scaled.h"
 #include "browser/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
@@ -11,11 +12,13 @@
 
 namespace {
 
+constexpr int FieldWidth = 280; // [px]
+constexpr int IconSize = 18;    // [px]
+
 QToolButton* MakeButton(QWidget* parent, const QString& icon)
 {
     auto* button = new QToolButton(parent);
     button->setIcon(SymbolicIcon::Make(icon));
-    button->setIconSize(QSize(18, 18));
     button->setAutoRaise(true);
     return button;
 }
@@ -33,15 +36,11 @@ FindBar::FindBar(QWidget* parent)
     setObjectName(QStringLiteral("find_bar"));
     setAttribute(Qt::WA_StyledBackground);
     m_text->setObjectName(QStringLiteral("find_edit"));
-    m_text->setFixedWidth(280);
     m_result->setObjectName(QStringLiteral("find_result"));
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(16, 8, 8, 8);
-    row->setSpacing(4);
     row->addWidget(m_text);
     row->addWidget(m_previous);
     row->addWidget(m_next);
-    row->addSpacing(8);
     row->addWidget(m_result);
     row->addStretch();
     row->addWidget(m_close);
@@ -56,6 +55,7 @@ FindBar::FindBar(QWidget* parent)
     connect(m_next, &QToolButton::clicked, this, [this] { Q_EMIT SigFind(m_text->text(), false); });
     connect(m_previous, &QToolButton::clicked, this, [this] { Q_EMIT SigFind(m_text->text(), true); });
     connect(m_close, &QToolButton::clicked, this, &FindBar::Close);
+    FindBar::AdjustForDpi();
     Retranslate();
 }
 
@@ -83,6 +83,16 @@ void FindBar::SetFound(int count)
     m_result->setText(m_found < 0    ? QString()
                       : m_found == 0 ? tr("Not found")
                                      : tr("Matches: %1").arg(m_found));
+}
+
+void FindBar::AdjustForDpi()
+{
+    m_text->setFixedWidth(Scaled(FieldWidth));
+    for (QToolButton* button : {m_previous, m_next, m_close})
+        button->setIconSize(ScaledSquare(IconSize));
+    m_result->setContentsMargins(Scaled(8), 0, 0, 0);
+    layout()->setContentsMargins(Scaled(QMargins(16, 8, 8, 8)));
+    layout()->setSpacing(Scaled(4));
 }
 
 void FindBar::changeEvent(QEvent* event)

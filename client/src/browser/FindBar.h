@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/IDpiAdapter.h"
+
 #include <QtWidgets/QWidget>
 
 class QLabel;
@@ -7,7 +9,7 @@ class QLineEdit;
 class QToolButton;
 
 /// Search in a page. Enter goes on, Shift+Enter back, Escape closes.
-class FindBar final : public QWidget
+class FindBar final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -18,6 +20,8 @@ public:
     void Open();
     void Close();
     void SetFound(int count);
+
+    void AdjustForDpi() override;
 
 Q_SIGNALS:
     /// An empty text ends the search.

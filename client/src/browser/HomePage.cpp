@@ -1,6 +1,7 @@
 #include "browser/HomePage.h"
 
 #include "browser/AppTileDelegate.h"
+#include "browser/ScaledWidget.h"
 #include "browser/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
@@ -16,6 +17,8 @@
 namespace {
 
 constexpr int ColumnWidth = 1080; // [px]
+constexpr int SearchWidth = 280;  // [px]
+constexpr int TileGap = 4;        // [px]
 
 } // namespace
 
@@ -29,21 +32,19 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
     , m_empty(new QLabel)
     , m_search(new QLineEdit)
     , m_grid(new QListView)
+    , m_content(new QWidget)
+    , m_head(new QHBoxLayout)
+    , m_column(new QVBoxLayout(m_content))
 {
     setObjectName(QStringLiteral("home_page"));
     setAttribute(Qt::WA_StyledBackground);
 
     m_greeting->setObjectName(QStringLiteral("home_greeting"));
     m_greeting->setTextFormat(Qt::PlainText);
-    QFont font = m_greeting->font();
-    font.setPointSizeF(font.pointSizeF() * 2);
-    font.setWeight(QFont::DemiBold);
-    m_greeting->setFont(font);
 
     m_search->setObjectName(QStringLiteral("home_search"));
     m_search->setClearButtonEnabled(true);
     m_search->addAction(SymbolicIcon::Make(QStringLiteral("search")), QLineEdit::LeadingPosition);
-    m_search->setFixedWidth(280);
     m_search->installEventFilter(this);
 
     m_filter->setSourceModel(m_model);
@@ -55,7 +56,6 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
     m_grid->setMovement(QListView::Static);
     m_grid->setResizeMode(QListView::Adjust);
     m_grid->setUniformItemSizes(true);
-    m_grid->setSpacing(4);
     m_grid->setMouseTracking(true);
     m_grid->setFrameShape(QFrame::NoFrame);
     m_grid->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -66,22 +66,15 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
     m_empty->setObjectName(QStringLiteral("home_empty"));
     m_empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
-    auto* content = new QWidget;
-    content->setMaximumWidth(ColumnWidth);
-    auto* head = new QHBoxLayout;
-    head->setSpacing(16);
-    head->addWidget(m_greeting, 1);
-    head->addWidget(m_search, 0, Qt::AlignBottom);
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(32, 40, 32, 0);
-    column->setSpacing(24);
-    column->addLayout(head);
-    column->addWidget(m_empty);
-    column->addWidget(m_grid, 1);
+    m_head->addWidget(m_greeting, 1);
+    m_head->addWidget(m_search, 0, Qt::AlignBottom);
+    m_column->addLayout(m_head);
+    m_column->addWidget(m_empty);
+    m_column->addWidget(m_grid, 1);
     auto* across = new QHBoxLayout(this);
     across->setContentsMargins(0, 0, 0, 0);
     across->addStretch(1);
-    across->addWidget(content, 1000);
+    across->addWidget(m_content, 1000);
     across->addStretch(1);
     setFocusProxy(m_search);
 
@@ -96,7 +89,19 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
     connect(m_grid, &QListView::clicked, this, &HomePage::Choose);
     connect(m_filter, &QAbstractItemModel::modelReset, this, &HomePage::UpdateEmpty);
     m_grid->installEventFilter(this);
+    HomePage::AdjustForDpi();
     Retranslate();
+}
+
+void HomePage::AdjustForDpi()
+{
+    SetRelativeFont(m_greeting, 2, QFont::DemiBold);
+    m_search->setFixedWidth(Scaled(SearchWidth));
+    m_grid->setSpacing(Scaled(TileGap)); // which lays out the tiles, too
+    m_content->setMaximumWidth(Scaled(ColumnWidth));
+    m_head->setSpacing(Scaled(16));
+    m_column->setContentsMargins(Scaled(QMargins(32, 40, 32, 0)));
+    m_column->setSpacing(Scaled(24));
 }
 
 void HomePage::changeEvent(QEvent* event)

@@ -2,16 +2,20 @@
 
 #include "browser/AppListModel.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QListView;
 class QSortFilterProxyModel;
+class QVBoxLayout;
 
 /// The home tab: a greeting and the apps, with a search field.
-class HomePage final : public QWidget
+class HomePage final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -19,6 +23,8 @@ public:
     /// `userName` may be empty; `apps` and `loadPicture` as for `AppListModel`.
     HomePage(const QString& userName, TLPluginBaseManager* apps, const PictureLoader& loadPicture,
              QWidget* parent = nullptr);
+
+    void AdjustForDpi() override;
 
 Q_SIGNALS:
     void SigAppChosen(const QString& serviceCode);
@@ -39,4 +45,7 @@ private:
     QLabel* m_empty;
     QLineEdit* m_search;
     QListView* m_grid;
+    QWidget* m_content;
+    QHBoxLayout* m_head;
+    QVBoxLayout* m_column;
 };

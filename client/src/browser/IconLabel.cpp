@@ -1,17 +1,24 @@
 #include "browser/IconLabel.h"
 
+#include "browser/Scaled.h"
+
 #include <QtGui/QPainter>
 
-IconLabel::IconLabel(int size, QWidget* parent) : QWidget(parent)
+IconLabel::IconLabel(int size, QWidget* parent) : QWidget(parent), m_size(size)
 {
-    setFixedSize(size, size);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    IconLabel::AdjustForDpi();
 }
 
 void IconLabel::SetIcon(const QIcon& icon)
 {
     m_icon = icon;
     update();
+}
+
+void IconLabel::AdjustForDpi()
+{
+    setFixedSize(ScaledSquare(m_size));
 }
 
 void IconLabel::paintEvent(QPaintEvent* event)

@@ -1,23 +1,28 @@
 #pragma once
 
+#include "base/IDpiAdapter.h"
+
 #include <QtGui/QIcon>
 #include <QtWidgets/QWidget>
 
-/// Shows an icon, sharp at every scale of the screen and recoloured with the theme. Not for the keyboard
+/// Shows an icon, sharp at every scale and recoloured with the theme. Not for the keyboard
 /// and without a name of its own: the text beside it says what it means.
-class IconLabel final : public QWidget
+class IconLabel final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
 
 public:
-    /// `size` is width and height [px].
+    /// `size` is width and height [px, unscaled].
     explicit IconLabel(int size, QWidget* parent = nullptr);
 
     void SetIcon(const QIcon& icon);
+
+    void AdjustForDpi() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    int m_size;
     QIcon m_icon;
 };

@@ -23,7 +23,6 @@ MainWindow::MainWindow(const MainWindowServices& services, QWidget* parent) : QM
     d = std::make_unique<MainWindowPrivate>(this, services);
     setObjectName(QStringLiteral("main_window"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/tl-client.svg")));
-    setMinimumSize(480, 320);
 }
 
 MainWindow::~MainWindow()

@@ -9,7 +9,7 @@
 #include "browser/IPageFactory.h"
 #include "browser/LanguageManager.h"
 #include "browser/NoticeBar.h"
-#include "browser/Scaled.h"
+#include "browser/ScaledWidget.h"
 #include "browser/SymbolicIcon.h"
 #include "browser/TabListPopup.h"
 #include "browser/TabStrip.h"
@@ -36,8 +36,10 @@
 
 namespace {
 
-constexpr int GeometryDelay = 500; // after the last move before it is stored [ms]
-constexpr int MostClosed = 25;     // tabs that can be reopened
+constexpr int GeometryDelay = 500;  // after the last move before it is stored [ms]
+constexpr int MostClosed = 25;      // tabs that can be reopened
+constexpr QSize Roomy(1280, 840);   // [px]
+constexpr QSize Smallest(480, 320); // [px]
 const QString AddressNotice = QStringLiteral("refused-address");
 
 constexpr double ZoomSteps[] = {0.25, 0.5, 0.67, 0.75, 0.8, 0.9, 1.0, 1.1,
@@ -173,10 +175,11 @@ void MainWindowPrivate::AdjustForDpi()
         button->setIconSize(ScaledSquare(20));
         button->setFixedSize(ScaledSquare(36));
     }
-    m_toolbar->layout()->setContentsMargins(Scaled(8), Scaled(6), Scaled(8), Scaled(6));
+    m_toolbar->layout()->setContentsMargins(Scaled(QMargins(8, 6, 8, 6)));
     m_toolbar->layout()->setSpacing(Scaled(4));
     m_addressRoom->setContentsMargins(Scaled(4), 0, Scaled(4), 0);
     m_progress->setFixedHeight(Scaled(2));
+    m_window->setMinimumSize(ScaledToScreen(m_window, Smallest));
 }
 
 QAction* MainWindowPrivate::AddAction(const QList<QKeySequence>& keys, const std::function<void()>& act)
@@ -285,7 +288,7 @@ void MainWindowPrivate::MakeMenu()
     // Right edge under right edge, so that the menu does not hang out of the window.
     connect(m_menuButton, &QToolButton::clicked, this, [this] {
         const QPoint corner = m_menuButton->mapToGlobal(m_menuButton->rect().bottomRight());
-        m_menu->popup(QPoint(corner.x() - m_menu->sizeHint().width() + 1, corner.y() + 4));
+        m_menu->popup(QPoint(corner.x() - m_menu->sizeHint().width() + 1, corner.y() + Scaled(4)));
     });
 }
 
@@ -808,8 +811,7 @@ void MainWindowPrivate::RestoreGeometry()
     const QByteArray geometry = m_services.loadGeometry ? m_services.loadGeometry() : QByteArray();
     if (!geometry.isEmpty() && m_window->restoreGeometry(geometry))
         return;
-    const QSize room = m_window->screen()->availableSize();
-    m_window->resize(QSize(1280, 840).boundedTo(room * 0.9));
+    m_window->resize(ScaledToScreen(m_window, Roomy));
 }
 
 void MainWindowPrivate::StoreGeometry()

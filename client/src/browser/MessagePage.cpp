@@ -1,6 +1,7 @@
 #include "browser/MessagePage.h"
 
 #include "browser/IconLabel.h"
+#include "browser/ScaledWidget.h"
 #include "browser/SymbolicIcon.h"
 
 #include <QtGui/QFont>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int IconSize = 48;     // [px]
 constexpr int ColumnWidth = 560; // [px]
+constexpr int Gap = 8;           // [px]
 
 QLabel* AddLabel(QVBoxLayout* column, const QString& name)
 {
@@ -29,44 +31,39 @@ QLabel* AddLabel(QVBoxLayout* column, const QString& name)
 } // namespace
 
 MessagePage::MessagePage(QWidget* parent)
-    : QWidget(parent), m_icon(new IconLabel(IconSize)), m_address(new QLineEdit), m_button(new QPushButton)
+    : QWidget(parent)
+    , m_content(new QWidget(this))
+    , m_column(new QVBoxLayout(m_content))
+    , m_icon(new IconLabel(IconSize))
+    , m_address(new QLineEdit)
+    , m_button(new QPushButton)
 {
     setObjectName(QStringLiteral("message_page"));
     setAttribute(Qt::WA_StyledBackground);
 
-    auto* content = new QWidget(this);
-    content->setMaximumWidth(ColumnWidth);
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(24, 24, 24, 24);
-    column->setSpacing(8);
-    column->addWidget(m_icon);
-    column->addSpacing(8);
-    m_headline = AddLabel(column, QStringLiteral("message_headline"));
-    m_text = AddLabel(column, QStringLiteral("message_text"));
+    m_column->addWidget(m_icon);
+    m_column->addSpacing(Gap);
+    m_headline = AddLabel(m_column, QStringLiteral("message_headline"));
+    m_text = AddLabel(m_column, QStringLiteral("message_text"));
     // A field, because a long address has no blanks to break at, and to be copied as it is.
     m_address->setObjectName(QStringLiteral("message_address"));
     m_address->setReadOnly(true);
     m_address->setFrame(false);
     m_address->setTextMargins(-2, 0, 0, 0); // flush with the labels
-    column->addWidget(m_address);
-    column->addSpacing(8);
+    m_column->addWidget(m_address);
+    m_column->addSpacing(Gap);
     m_button->setObjectName(QStringLiteral("message_button"));
     m_button->setProperty("primary", true);
     auto* buttonRow = new QHBoxLayout;
     buttonRow->addWidget(m_button);
     buttonRow->addStretch();
-    column->addLayout(buttonRow);
-    column->addSpacing(8);
-    m_detail = AddLabel(column, QStringLiteral("message_detail"));
-
-    QFont font = m_headline->font();
-    font.setPointSizeF(font.pointSizeF() * 1.7);
-    font.setWeight(QFont::DemiBold);
-    m_headline->setFont(font);
+    m_column->addLayout(buttonRow);
+    m_column->addSpacing(Gap);
+    m_detail = AddLabel(m_column, QStringLiteral("message_detail"));
 
     auto* across = new QHBoxLayout;
     across->addStretch(1);
-    across->addWidget(content, 1000);
+    across->addWidget(m_content, 1000);
     across->addStretch(1);
     auto* down = new QVBoxLayout(this);
     down->setContentsMargins(0, 0, 0, 0);
@@ -75,6 +72,20 @@ MessagePage::MessagePage(QWidget* parent)
     down->addStretch(3);
 
     connect(m_button, &QPushButton::clicked, this, &MessagePage::SigButtonClicked);
+    MessagePage::AdjustForDpi();
+}
+
+void MessagePage::AdjustForDpi()
+{
+    SetRelativeFont(m_headline, 1.7, QFont::DemiBold);
+    m_content->setMaximumWidth(Scaled(ColumnWidth));
+    m_column->setContentsMargins(Scaled(QMargins(24, 24, 24, 24)));
+    m_column->setSpacing(Scaled(Gap));
+    for (int i = 0; i < m_column->count(); ++i) {
+        if (QSpacerItem* gap = m_column->itemAt(i)->spacerItem())
+            gap->changeSize(0, Scaled(Gap), QSizePolicy::Minimum, QSizePolicy::Fixed);
+    }
+    m_column->invalidate();
 }
 
 void MessagePage::SetContent(const QString& iconName, const QString& headline, const QString& text,

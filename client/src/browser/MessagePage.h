@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
@@ -7,10 +9,11 @@ class IconLabel;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QVBoxLayout;
 
 /// A tab's content where no page can be shown: says in plain words what happened, names the address as
 /// plain text and offers at most one way on. Takes no texts that are marked up.
-class MessagePage final : public QWidget
+class MessagePage final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -26,10 +29,14 @@ public:
     QString GetAddress() const;
     QPushButton* GetButton() const noexcept;
 
+    void AdjustForDpi() override;
+
 Q_SIGNALS:
     void SigButtonClicked();
 
 private:
+    QWidget* m_content;
+    QVBoxLayout* m_column;
     IconLabel* m_icon;
     QLabel* m_headline;
     QLabel* m_text;

@@ -1,6 +1,7 @@
 #include "browser/NoticeItem.h"
 
 #include "browser/IconLabel.h"
+#include "browser/Scaled.h"
 #include "browser/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
@@ -15,7 +16,9 @@
 
 namespace {
 
-constexpr int IconSize = 18; // [px]
+constexpr int IconSize = 18;      // [px]
+constexpr int CloseSize = 16;     // of the sign on the close button [px]
+constexpr int ProgressHeight = 4; // [px]
 
 const char* KindName(NoticeKind kind)
 {
@@ -36,6 +39,7 @@ NoticeItem::NoticeItem(QWidget* parent)
     : QFrame(parent)
     , m_icon(new IconLabel(IconSize, this))
     , m_text(new QLabel(this))
+    , m_row(new QHBoxLayout)
     , m_buttons(new QHBoxLayout)
     , m_close(new QToolButton(this))
     , m_progress(new QProgressBar(this))
@@ -48,29 +52,24 @@ NoticeItem::NoticeItem(QWidget* parent)
     m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_close->setObjectName(QStringLiteral("notice_close"));
     m_close->setIcon(SymbolicIcon::Make(QStringLiteral("close")));
-    m_close->setIconSize(QSize(16, 16));
     m_close->setAutoRaise(true);
     m_progress->setObjectName(QStringLiteral("notice_progress"));
     m_progress->setTextVisible(false);
     m_progress->setRange(0, 100);
-    m_progress->setFixedHeight(4);
     m_progress->hide();
-    m_buttons->setSpacing(8);
 
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(16, 6, 8, 6);
-    row->setSpacing(12);
-    row->addWidget(m_icon);
-    row->addWidget(m_text, 1);
-    row->addLayout(m_buttons);
-    row->addWidget(m_close);
+    m_row->addWidget(m_icon);
+    m_row->addWidget(m_text, 1);
+    m_row->addLayout(m_buttons);
+    m_row->addWidget(m_close);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addLayout(row);
+    column->addLayout(m_row);
     column->addWidget(m_progress);
 
     connect(m_close, &QToolButton::clicked, this, [this] { Q_EMIT SigDone(m_dismissed); });
+    NoticeItem::AdjustForDpi();
     Retranslate();
 }
 
@@ -120,6 +119,15 @@ void NoticeItem::SetProgress(int percent)
 QString NoticeItem::GetText() const
 {
     return m_text->text();
+}
+
+void NoticeItem::AdjustForDpi()
+{
+    m_close->setIconSize(ScaledSquare(CloseSize));
+    m_progress->setFixedHeight(Scaled(ProgressHeight));
+    m_buttons->setSpacing(Scaled(8));
+    m_row->setContentsMargins(Scaled(QMargins(16, 6, 8, 6)));
+    m_row->setSpacing(Scaled(12));
 }
 
 void NoticeItem::changeEvent(QEvent* event)

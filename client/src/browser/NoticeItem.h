@@ -3,6 +3,8 @@
 #include "browser/NoticeAction.h"
 #include "browser/NoticeKind.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QVector>
 #include <QtWidgets/QFrame>
 
@@ -15,7 +17,7 @@ class QProgressBar;
 class QToolButton;
 
 /// One bar of a `NoticeBar`.
-class NoticeItem final : public QFrame
+class NoticeItem final : public QFrame, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -27,6 +29,8 @@ public:
     void SetText(const QString& text);
     void SetProgress(int percent);
     QString GetText() const;
+
+    void AdjustForDpi() override;
 
 Q_SIGNALS:
     /// The bar wants to go; what the user chose happens after it has gone.
@@ -40,6 +44,7 @@ private:
 
     IconLabel* m_icon;
     QLabel* m_text;
+    QHBoxLayout* m_row;
     QHBoxLayout* m_buttons;
     QToolButton* m_close;
     QProgressBar* m_progress;

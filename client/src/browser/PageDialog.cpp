@@ -1,5 +1,7 @@
 #include "browser/PageDialog.h"
 
+#include "browser/Scaled.h"
+
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
@@ -37,8 +39,6 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
     head->setFont(font);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 24, 24, 16);
-    column->setSpacing(12);
     column->addWidget(head);
     column->addWidget(body);
     if (kind == Kind::Prompt) {
@@ -51,17 +51,26 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
         m_silence = new QCheckBox(tr("Let this page show no more messages"));
         column->addWidget(m_silence);
     }
-    auto* buttons = new QDialogButtonBox(
-        kind == Kind::Alert ? QDialogButtonBox::Ok : QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
-    buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
-    if (QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel))
+    m_buttons = new QDialogButtonBox(kind == Kind::Alert ? QDialogButtonBox::Ok
+                                                         : QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    m_buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
+    if (QPushButton* cancel = m_buttons->button(QDialogButtonBox::Cancel))
         cancel->setText(tr("Cancel"));
-    column->addSpacing(4);
-    column->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    setMinimumWidth(Width);
+    column->addWidget(m_buttons);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    PageDialog::AdjustForDpi();
+}
+
+void PageDialog::AdjustForDpi()
+{
+    layout()->setContentsMargins(Scaled(QMargins(24, 24, 24, 16)));
+    layout()->setSpacing(Scaled(12));
+    m_buttons->setContentsMargins(0, Scaled(4), 0, 0);
+    setMinimumWidth(Scaled(Width));
+    if (isVisible())
+        adjustSize();
 }
 
 QString PageDialog::GetInput() const

@@ -1,15 +1,17 @@
 #pragma once
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QUrl>
 #include <QtWidgets/QDialog>
 
 class QCheckBox;
+class QDialogButtonBox;
 class QLineEdit;
-class QVBoxLayout;
 
 /// What a page says or asks through alert, confirm and prompt, clearly said to come from that page and
 /// never shown as marked-up text.
-class PageDialog final : public QDialog
+class PageDialog final : public QDialog, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -28,7 +30,10 @@ public:
     QString GetInput() const;
     bool IsSilenceWanted() const;
 
+    void AdjustForDpi() override;
+
 private:
     QLineEdit* m_input = nullptr;
     QCheckBox* m_silence = nullptr;
+    QDialogButtonBox* m_buttons;
 };

@@ -2,6 +2,7 @@
 
 #include "browser/AddressInput.h"
 #include "browser/PlainPageContent.h"
+#include "browser/ScaledWidget.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QLocale>
@@ -17,6 +18,7 @@
 PlainPageView::PlainPageView(QWidget* parent)
     : QWidget(parent)
     , m_title(new QLabel)
+    , m_row(new QHBoxLayout)
     , m_address(new QLineEdit)
     , m_open(new QPushButton)
     , m_text(new QPlainTextEdit)
@@ -29,10 +31,6 @@ PlainPageView::PlainPageView(QWidget* parent)
     m_title->setObjectName(QStringLiteral("plain_page_title"));
     m_title->setTextFormat(Qt::PlainText);
     m_title->setWordWrap(true);
-    QFont font = m_title->font();
-    font.setPointSizeF(font.pointSizeF() * 1.4);
-    font.setWeight(QFont::DemiBold);
-    m_title->setFont(font);
     m_address->setObjectName(QStringLiteral("plain_page_address"));
     m_address->setReadOnly(true);
     m_address->setFrame(false);
@@ -45,20 +43,17 @@ PlainPageView::PlainPageView(QWidget* parent)
     m_note->setObjectName(QStringLiteral("plain_page_note"));
     m_note->setTextFormat(Qt::PlainText);
     m_note->setWordWrap(true);
-    m_pointSize = m_text->font().pointSizeF();
 
-    auto* const row = new QHBoxLayout;
-    row->addWidget(m_address, 1);
-    row->addWidget(m_open);
+    m_row->addWidget(m_address, 1);
+    m_row->addWidget(m_open);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 16, 24, 16);
-    column->setSpacing(8);
     column->addWidget(m_title);
-    column->addLayout(row);
+    column->addLayout(m_row);
     column->addWidget(m_text, 1);
     column->addWidget(m_note);
 
     connect(m_open, &QPushButton::clicked, this, [this] { QDesktopServices::openUrl(m_url); });
+    PlainPageView::AdjustForDpi();
     SetContent(QUrl(), QString(), QString(), Note::None);
 }
 
@@ -102,9 +97,17 @@ int PlainPageView::Find(const QString& text, bool backward)
 
 void PlainPageView::SetZoom(double factor)
 {
-    QFont font = m_text->font();
-    font.setPointSizeF(m_pointSize * factor);
-    m_text->setFont(font);
+    m_zoom = factor;
+    SetRelativeFont(m_text, m_zoom);
+}
+
+void PlainPageView::AdjustForDpi()
+{
+    SetRelativeFont(m_title, 1.4, QFont::DemiBold);
+    SetRelativeFont(m_text, m_zoom);
+    m_row->setSpacing(Scaled(8));
+    layout()->setContentsMargins(Scaled(QMargins(24, 16, 24, 16)));
+    layout()->setSpacing(Scaled(8));
 }
 
 void PlainPageView::changeEvent(QEvent* event)

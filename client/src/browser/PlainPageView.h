@@ -1,9 +1,12 @@
 #pragma once
 
+#include "base/IDpiAdapter.h"
+
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 #include <QtWidgets/QWidget>
 
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -11,7 +14,7 @@ class QPushButton;
 
 /// The widget of a plain page: title, address, the text, a line about it, and a button that opens the address
 /// in the system's browser. Every text is shown as plain text.
-class PlainPageView final : public QWidget
+class PlainPageView final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -35,6 +38,8 @@ public:
     int Find(const QString& text, bool backward);
     void SetZoom(double factor);
 
+    void AdjustForDpi() override;
+
 protected:
     void changeEvent(QEvent* event) override;
 
@@ -42,6 +47,7 @@ private:
     void Retranslate();
 
     QLabel* m_title;
+    QHBoxLayout* m_row;
     QLineEdit* m_address;
     QPushButton* m_open;
     QPlainTextEdit* m_text;
@@ -50,5 +56,5 @@ private:
     Note m_noteKind = Note::None;
     QString m_type;
     qint64 m_size = -1;
-    double m_pointSize;
+    double m_zoom = 1;
 };

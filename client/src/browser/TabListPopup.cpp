@@ -1,5 +1,7 @@
 #include "browser/TabListPopup.h"
 
+#include "browser/Scaled.h"
+
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtWidgets/QLineEdit>
@@ -8,7 +10,9 @@
 
 namespace {
 
-constexpr int Width = 360; // [px]
+constexpr int Width = 360;    // [px]
+constexpr int LowestRow = 24; // [px]
+constexpr int Gap = 8;        // around and between the parts [px]
 constexpr int RowsSeen = 12;
 
 } // namespace
@@ -33,30 +37,29 @@ TabListPopup::TabListPopup(const QStringList& titles, int current, QWidget* pare
     m_list->addItems(titles);
     m_list->setCurrentRow(current);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 8, 8, 8);
-    column->setSpacing(8);
     column->addWidget(m_search);
     column->addWidget(m_list);
     connect(m_search, &QLineEdit::textChanged, this, &TabListPopup::Narrow);
     connect(m_search, &QLineEdit::returnPressed, this, &TabListPopup::Choose);
     connect(m_list, &QListWidget::itemClicked, this, &TabListPopup::Choose);
+    TabListPopup::AdjustForDpi();
 }
 
 void TabListPopup::PopUp(QWidget* anchor)
 {
+    m_anchor = anchor;
     ensurePolished();
-    const int rows = qBound(1, m_list->count(), RowsSeen);
-    m_list->setFixedHeight(rows * qMax(m_list->sizeHintForRow(0), 24) + 4);
-    setFixedWidth(Width);
-    adjustSize();
-    QPoint place = anchor->mapToGlobal(QPoint(anchor->width() - width(), anchor->height() + 4));
-    const QRect screen = anchor->screen()->availableGeometry();
-    place.setX(qBound(screen.left(), place.x(), screen.right() - width()));
-    place.setY(qBound(screen.top(), place.y(), screen.bottom() - height()));
-    move(place);
+    Place();
     show();
     m_search->setFocus(Qt::PopupFocusReason);
     m_list->scrollToItem(m_list->currentItem(), QAbstractItemView::PositionAtCenter);
+}
+
+void TabListPopup::AdjustForDpi()
+{
+    layout()->setContentsMargins(Scaled(QMargins(Gap, Gap, Gap, Gap)));
+    layout()->setSpacing(Scaled(Gap));
+    Place();
 }
 
 bool TabListPopup::eventFilter(QObject* watched, QEvent* event)
@@ -75,6 +78,21 @@ bool TabListPopup::eventFilter(QObject* watched, QEvent* event)
         }
     }
     return QFrame::eventFilter(watched, event);
+}
+
+void TabListPopup::Place()
+{
+    if (!m_anchor)
+        return;
+    const QRect screen = m_anchor->screen()->availableGeometry();
+    const int rows = qBound(1, m_list->count(), RowsSeen);
+    m_list->setFixedHeight(rows * qMax(m_list->sizeHintForRow(0), Scaled(LowestRow)) + Scaled(4));
+    setFixedWidth(qMin(Scaled(Width), screen.width()));
+    adjustSize();
+    QPoint place = m_anchor->mapToGlobal(QPoint(m_anchor->width() - width(), m_anchor->height() + Scaled(4)));
+    place.setX(qBound(screen.left(), place.x(), screen.right() - width()));
+    place.setY(qBound(screen.top(), place.y(), screen.bottom() - height()));
+    move(place);
 }
 
 void TabListPopup::Narrow(const QString& text)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/IDpiAdapter.h"
+
+#include <QtCore/QPointer>
 #include <QtCore/QStringList>
 #include <QtWidgets/QFrame>
 
@@ -7,7 +10,7 @@ class QLineEdit;
 class QListWidget;
 
 /// The list of all tabs, with a field to narrow it down. Deletes itself when it closes.
-class TabListPopup final : public QFrame
+class TabListPopup final : public QFrame, public IDpiAdapter
 {
     Q_OBJECT
 
@@ -17,6 +20,8 @@ public:
     /// Shows the list below the widget, inside of its screen.
     void PopUp(QWidget* anchor);
 
+    void AdjustForDpi() override;
+
 Q_SIGNALS:
     void SigChosen(int index);
 
@@ -24,9 +29,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void Place();
     void Narrow(const QString& text);
     void Choose();
 
     QLineEdit* m_search;
     QListWidget* m_list;
+    QPointer<QWidget> m_anchor;
 };

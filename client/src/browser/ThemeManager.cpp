@@ -1,8 +1,7 @@
 #include "browser/ThemeManager.h"
 
 #include "browser/BrowserResources.h"
-
-#include "base/DpiTool.h"
+#include "browser/Scaled.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QFile>
@@ -40,16 +39,18 @@ QPalette ReadPalette(const QString& sheet)
     return palette;
 }
 
-/// Style sheets know nothing of the scale: "12dp" is what 12 pixels are at the present one.
+/// Style sheets know nothing of the scale: "12dp" is what 12 pixels are at the present one, and "7dp-2dp" the
+/// difference of two such lengths, each of them rounded.
 QString ScaleLengths(const QString& sheet)
 {
-    static const QRegularExpression length(QStringLiteral("\\b(\\d+)dp\\b"));
+    static const QRegularExpression length(QStringLiteral("\\b(\\d+)dp(?:-(\\d+)dp)?\\b"));
     QString scaled;
     int from = 0;
     for (auto it = length.globalMatch(sheet); it.hasNext();) {
         const QRegularExpressionMatch match = it.next();
         scaled += sheet.midRef(from, match.capturedStart() - from);
-        scaled += QStringLiteral("%1px").arg(DpiTool::ScaleDefault(match.capturedRef(1).toInt()));
+        scaled += QStringLiteral("%1px").arg(Scaled(match.capturedRef(1).toInt()) -
+                                             Scaled(match.capturedRef(2).toInt()));
         from = match.capturedEnd();
     }
     return scaled + sheet.midRef(from);
