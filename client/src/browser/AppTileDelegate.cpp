@@ -58,13 +58,11 @@ void AppTileDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->save();
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     const auto icon = index.data(Qt::DecorationRole).value<QPixmap>();
-    const QRect iconRoom(
-        QPoint(option.rect.center().x() - Scaled(IconSize) / 2, option.rect.top() + Scaled(Pad)),
-        ScaledSquare(IconSize));
     if (!icon.isNull()) {
-        const QSize size = icon.size().scaled(iconRoom.size(), Qt::KeepAspectRatio);
-        const QRect target(iconRoom.center() - QPoint(size.width() / 2, size.height() / 2), size);
-        painter->drawPixmap(target, icon);
+        const QRect top(option.rect.left(), option.rect.top() + Scaled(Pad), option.rect.width(),
+                        Scaled(IconSize));
+        const QSize size = icon.size().scaled(ScaledSquare(IconSize), Qt::KeepAspectRatio);
+        painter->drawPixmap(QStyle::alignedRect(option.direction, Qt::AlignCenter, size, top), icon);
     }
     painter->setFont(option.font);
     painter->setPen(option.palette.color(QPalette::Text));

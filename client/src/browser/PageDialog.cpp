@@ -68,6 +68,7 @@ void PageDialog::AdjustForDpi()
     layout()->setContentsMargins(Scaled(QMargins(24, 24, 24, 16)));
     layout()->setSpacing(Scaled(12));
     m_buttons->setContentsMargins(0, Scaled(4), 0, 0);
+    m_buttons->layout()->setSpacing(Scaled(8));
     setMinimumWidth(Scaled(Width));
     if (isVisible())
         adjustSize();
