@@ -41,6 +41,7 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
 
     m_greeting->setObjectName(QStringLiteral("home_greeting"));
     m_greeting->setTextFormat(Qt::PlainText);
+    m_greeting->setWordWrap(true);
 
     m_search->setObjectName(QStringLiteral("home_search"));
     m_search->setClearButtonEnabled(true);

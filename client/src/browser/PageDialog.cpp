@@ -70,8 +70,10 @@ void PageDialog::AdjustForDpi()
     m_buttons->setContentsMargins(0, Scaled(4), 0, 0);
     m_buttons->layout()->setSpacing(Scaled(8));
     setMinimumWidth(Scaled(Width));
-    if (isVisible())
+    if (isVisible()) {
+        layout()->activate(); // a size that it had before may be larger
         adjustSize();
+    }
 }
 
 QString PageDialog::GetInput() const

@@ -1,9 +1,11 @@
 // Shows the main window with a made-up app list, to look at it. Not a test and not installed.
 //
 //   BrowserPreview [--theme light|dark] [--language en|zh_CN] [--notices] [--delayed <count>]
-//                  [--earlier <sets>] [<address>...]
+//                  [--scale <percent>[,<percent>...]] [--earlier <sets>] [--question] [--list] [<address>...]
 //
-// --earlier shows the dialog of earlier tabs over the window, with as many sets.
+// --earlier shows the dialog of earlier tabs over the window, with as many sets, --question what a page asks,
+// and
+// --list the list of all tabs. With several scales, each is applied for two seconds and the last one stays.
 // Each address is opened in a tab; the last one comes to the front. As root it needs
 // QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card, QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu".
 
@@ -11,8 +13,10 @@
 #include "browser/LanguageManager.h"
 #include "browser/MainWindow.h"
 #include "browser/NoticeBar.h"
+#include "browser/PageDialog.h"
 #include "browser/PageEngines.h"
 #include "browser/ThemeManager.h"
+#include "settings/ScaleManager.h"
 
 #include "frame-data/PluginOpenInfo.h"
 #include "frame-data/TLPluginBaseManager.h"
@@ -20,8 +24,10 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QToolButton>
 
 namespace {
 
@@ -104,11 +110,19 @@ int main(int argc, char** argv)
     const QCommandLineOption noticesOption(QStringLiteral("notices"));
     const QCommandLineOption delayedOption(QStringLiteral("delayed"), QString(), QStringLiteral("count"));
     const QCommandLineOption earlierOption(QStringLiteral("earlier"), QString(), QStringLiteral("sets"));
-    parser.addOptions({themeOption, languageOption, noticesOption, delayedOption, earlierOption});
+    const QCommandLineOption scaleOption(QStringLiteral("scale"), QString(), QStringLiteral("percents"),
+                                         QStringLiteral("100"));
+    const QCommandLineOption questionOption(QStringLiteral("question"));
+    const QCommandLineOption listOption(QStringLiteral("list"));
+    parser.addOptions({themeOption, languageOption, noticesOption, delayedOption, earlierOption, scaleOption,
+                       questionOption, listOption});
     parser.addPositionalArgument(QStringLiteral("address"), QString());
     parser.process(application);
 
+    ScaleManager scales;
     ThemeManager themes;
+    const QStringList percents = parser.value(scaleOption).split(QLatin1Char(','));
+    scales.Apply(percents.first().toInt());
     const QString theme = parser.value(themeOption);
     themes.Apply(theme == QLatin1String("dark")    ? Theme::Dark
                  : theme == QLatin1String("light") ? Theme::Light
@@ -189,5 +203,21 @@ int main(int argc, char** argv)
                                              services.loadPicture, &window);
         dialog->open();
     }
+    if (parser.isSet(questionOption)) {
+        auto* dialog = new PageDialog(
+            PageDialog::Kind::Prompt, QUrl(QStringLiteral("https://shop.example/")),
+            QStringLiteral("Which of the orders of today should be sent to the supplier, and to whom should "
+                           "the invoice go?"),
+            QStringLiteral("All of them"), true, &window);
+        dialog->open();
+    }
+    if (parser.isSet(listOption))
+        QTimer::singleShot(500, &window, [&window] {
+            window.findChild<QToolButton*>(QStringLiteral("strip_list"))->click();
+        });
+    constexpr int shownFor = 2000; // [ms]
+    for (int i = 1; i < percents.size(); ++i)
+        QTimer::singleShot(i * shownFor, &scales,
+                           [&scales, &percents, i] { scales.Apply(percents.at(i).toInt()); });
     return QApplication::exec();
 }

@@ -406,10 +406,40 @@ TEST_F(ScaleTest, AnOpenListOfTabsStaysBelowItsButton)
             << scale;
         EXPECT_EQ(list.y(), anchor->mapToGlobal(QPoint(0, anchor->height())).y() + qRound(4 * scale));
         EXPECT_EQ(rows->height(), 5 * qMax(rows->sizeHintForRow(0), qRound(24 * scale)) + qRound(4 * scale));
-        EXPECT_GE(list.height(), rows->height() + 3 * qRound(8 * scale));
+        EXPECT_EQ(list.height(),
+                  rows->height() + list.findChild<QLineEdit*>()->sizeHint().height() + 3 * qRound(8 * scale))
+            << scale;
     }
     SetScale(4);
     EXPECT_LE(list.width(), screen.width());
+}
+
+TEST_F(ScaleTest, AnOpenQuestionOfAPageIsAsLargeAsItHasToBe)
+{
+    PageDialog dialog(PageDialog::Kind::Prompt, QUrl(), QStringLiteral("text"), QString(), true);
+    dialog.show();
+    const QSize before = dialog.size();
+    for (const double scale : {2.0, 1.5, 1.0}) {
+        SetScale(scale);
+        EXPECT_EQ(dialog.width(), qRound(440 * scale));
+        EXPECT_EQ(dialog.height(), dialog.heightForWidth(dialog.width())) << scale;
+    }
+    EXPECT_EQ(dialog.size(), before);
+}
+
+TEST_F(ScaleTest, ALongNameIsNotCutOffBesideTheSearch)
+{
+    HomePage home(QStringLiteral("Anna Maria Keller"), &m_apps, {});
+    home.resize(700, 500);
+    home.show();
+    const auto* greeting = home.findChild<QLabel*>(QStringLiteral("home_greeting"));
+    for (const double scale : {1.0, 1.5}) {
+        SetScale(scale);
+        const QRect text = greeting->fontMetrics().boundingRect(
+            QRect(0, 0, greeting->width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, greeting->text());
+        EXPECT_GE(greeting->width(), text.width()) << scale;
+        EXPECT_GE(greeting->height(), text.height()) << scale;
+    }
 }
 
 TEST_F(ScaleTest, HeadlinesStayLargerThanTheText)
@@ -473,6 +503,20 @@ TEST_F(ScaleTest, ThemedWidgetsAreTwiceAsHighAtTwiceTheScale)
     SetScale(1);
     for (int i = 0; i < widgets.size(); ++i)
         EXPECT_EQ(widgets.at(i)->sizeHint(), before.at(i)) << i;
+    qApp->setStyleSheet(QString());
+}
+
+TEST_F(ScaleTest, TheSignInTheSearchFieldFollows)
+{
+    ThemeManager themes;
+    themes.Apply(Theme::Dark);
+    const auto home = MakeHome();
+    home->show();
+    const auto* sign = home->findChild<QLineEdit*>(QStringLiteral("home_search"))->findChild<QToolButton*>();
+    for (const double scale : {1.0, 2.0, 1.5, 1.0}) {
+        SetScale(scale);
+        EXPECT_NEAR(sign->width(), 16 * scale, 8) << scale; // with a little room around it
+    }
     qApp->setStyleSheet(QString());
 }
 
