@@ -389,6 +389,8 @@ TEST_F(ScaleTest, WindowsAreNeverMadeLargerThanTheScreen)
 
 TEST_F(ScaleTest, AnOpenListOfTabsStaysBelowItsButton)
 {
+    ThemeManager themes;
+    themes.Apply(Theme::Light);
     const QRect screen = m_window->screen()->availableGeometry();
     m_window->resize(600, 600); // so that the button is on the screen
     QStringList titles;
@@ -406,25 +408,29 @@ TEST_F(ScaleTest, AnOpenListOfTabsStaysBelowItsButton)
             << scale;
         EXPECT_EQ(list.y(), anchor->mapToGlobal(QPoint(0, anchor->height())).y() + qRound(4 * scale));
         EXPECT_EQ(rows->height(), 5 * qMax(rows->sizeHintForRow(0), qRound(24 * scale)) + qRound(4 * scale));
-        EXPECT_EQ(list.height(),
-                  rows->height() + list.findChild<QLineEdit*>()->sizeHint().height() + 3 * qRound(8 * scale))
+        EXPECT_EQ(list.height(), rows->height() + list.findChild<QLineEdit*>()->sizeHint().height() +
+                                     3 * qRound(8 * scale) + 2 * qRound(scale))
             << scale;
     }
     SetScale(4);
     EXPECT_LE(list.width(), screen.width());
+    qApp->setStyleSheet(QString());
 }
 
 TEST_F(ScaleTest, AnOpenQuestionOfAPageIsAsLargeAsItHasToBe)
 {
+    ThemeManager themes;
+    themes.Apply(Theme::Light);
     PageDialog dialog(PageDialog::Kind::Prompt, QUrl(), QStringLiteral("text"), QString(), true);
     dialog.show();
     const QSize before = dialog.size();
-    for (const double scale : {2.0, 1.5, 1.0}) {
+    for (const double scale : {1.5, 1.25, 1.0}) {
         SetScale(scale);
         EXPECT_EQ(dialog.width(), qRound(440 * scale));
         EXPECT_EQ(dialog.height(), dialog.heightForWidth(dialog.width())) << scale;
     }
     EXPECT_EQ(dialog.size(), before);
+    qApp->setStyleSheet(QString());
 }
 
 TEST_F(ScaleTest, ALongNameIsNotCutOffBesideTheSearch)
