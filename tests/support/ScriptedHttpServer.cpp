@@ -149,7 +149,10 @@ void ScriptedHttpServer::Answer(QTcpSocket* socket, const ScriptedReply& reply)
         break;
     case ScriptedReply::Kind::Endless:
         socket->write(HeadOf(reply, false));
-        connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] { Feed(socket); });
+        // In its turn among the thread's events: on Windows, writing in the signal leaves no turn to others.
+        connect(
+            socket, &QTcpSocket::bytesWritten, socket, [this, socket] { Feed(socket); },
+            Qt::QueuedConnection);
         Feed(socket);
         break;
     case ScriptedReply::Kind::Close:
