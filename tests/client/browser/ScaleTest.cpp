@@ -374,6 +374,18 @@ TEST_F(ScaleTest, RowsOfEarlierTabsAreDrawnInTheirSize)
     }
 }
 
+TEST_F(ScaleTest, RowsOfEarlierTabsFollowWithoutAnotherFont)
+{
+    EarlierTabsDialog dialog({MakeEarlierSet()});
+    dialog.open();
+    const auto* tree = dialog.findChild<QTreeView*>();
+    const int text = 2 * QFontMetrics(tree->font()).height();
+    const auto height = [tree] { return tree->visualRect(tree->model()->index(0, 0)).height(); };
+    EXPECT_EQ(height(), text + 2 + 2 * 6);
+    DpiTool::SetScale(2);
+    EXPECT_EQ(height(), text + 4 + 2 * 12);
+}
+
 TEST_F(ScaleTest, WindowsAreNeverMadeLargerThanTheScreen)
 {
     const QSize room = m_window->screen()->availableSize() * 0.9;
@@ -433,14 +445,13 @@ TEST_F(ScaleTest, AnOpenQuestionOfAPageIsAsLargeAsItHasToBe)
     qApp->setStyleSheet(QString());
 }
 
-TEST_F(ScaleTest, ALongNameIsNotCutOffBesideTheSearch)
+TEST_F(ScaleTest, TheGreetingIsNotCutOffInANarrowWindow)
 {
-    HomePage home(QStringLiteral("Anna Maria Keller"), &m_apps, {});
-    home.resize(700, 500);
-    home.show();
-    const auto* greeting = home.findChild<QLabel*>(QStringLiteral("home_greeting"));
-    for (const double scale : {1.0, 1.5}) {
+    const auto* greeting = m_window->findChild<QLabel*>(QStringLiteral("home_greeting"));
+    for (const double scale : {1.0, 1.25, 1.5}) {
         SetScale(scale);
+        m_window->resize(m_window->minimumSize());
+        QCoreApplication::sendPostedEvents();
         const QRect text = greeting->fontMetrics().boundingRect(
             QRect(0, 0, greeting->width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, greeting->text());
         EXPECT_GE(greeting->width(), text.width()) << scale;
