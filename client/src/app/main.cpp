@@ -3,6 +3,7 @@
 #include "app/SandboxCheck.h"
 
 #include <QtCore/QProcess>
+#include <QtGui/QFont>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
@@ -82,6 +83,11 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(TL_CLIENT_VERSION));
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false); // the client ends in an order of its own
+#ifdef Q_OS_WIN
+    // Qt 5 takes the font of Windows 2000's dialogs; what the user chose, and what Windows itself uses, is
+    // this one.
+    QApplication::setFont(QApplication::font("QMessageBox"));
+#endif
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tl-client.svg")));
 
     return RunClient();
