@@ -69,7 +69,6 @@ void PageDialog::AdjustForDpi()
     layout()->setSpacing(Scaled(12));
     m_buttons->setContentsMargins(0, Scaled(4), 0, 0);
     m_buttons->layout()->setSpacing(Scaled(8));
-    layout()->activate(); // or the height that it had before stays the least
     setMinimumWidth(Scaled(Width));
     if (isVisible())
         adjustSize();
