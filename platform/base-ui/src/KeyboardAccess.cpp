@@ -126,8 +126,8 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         auto* const key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
             OrderTabs();
-            if (key->key() == Qt::Key_Backtab || key->modifiers().testFlag(Qt::ShiftModifier))
-                PrepareRowBefore(widget);
+            const bool isBack = key->key() == Qt::Key_Backtab || key->modifiers().testFlag(Qt::ShiftModifier);
+            PrepareRowBeside(widget, isBack ? -1 : 1);
         }
         if (!m_root->isAncestorOf(widget))
             return false;
@@ -281,23 +281,34 @@ void KeyboardAccess::OrderTabs()
     }
 }
 
-void KeyboardAccess::PrepareRowBefore(QWidget* focus)
+void KeyboardAccess::PrepareRowBeside(QWidget* focus, int step)
 {
     const QVector<QWidget*> order = GetReadingOrder(m_root);
     int index = order.indexOf(focus);
     if (index < 0)
-        index = order.size(); // coming in from behind
+        index = step > 0 ? 0 : order.size(); // coming in from outside
     QWidget* const own = RowOf(focus);
-    while (--index > 0) {
+    QWidget* passed = own;
+    for (index += step; index > 0 && index < order.size(); index += step) {
         QWidget* const row = RowOf(order.at(index));
-        if (row != nullptr ? row != own : CanHaveFocusNow(order.at(index)))
-            break;
+        if (row == nullptr || row == own) {
+            if (CanHaveFocusNow(order.at(index)))
+                return;
+            continue;
+        }
+        if (row == passed || !row->isVisible())
+            continue;
+        if (IsUnderMouse(row))
+            return;
+        SendEnter(row);
+        const QVector<QWidget*> parts = GetReadingOrder(row);
+        if (std::any_of(parts.begin(), parts.end(), CanHaveFocusNow)) {
+            m_prepared = row;
+            return;
+        }
+        SendLeave(row); // it has nothing for the focus, even so
+        passed = row;
     }
-    QWidget* const row = index > 0 ? RowOf(order.at(index)) : nullptr;
-    if (row == nullptr || !row->isVisible() || IsUnderMouse(row))
-        return;
-    m_prepared = row;
-    SendEnter(row);
 }
 
 void KeyboardAccess::RestoreFocus()

@@ -198,6 +198,32 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
     qApp->setStyleSheet(QString());
 }
 
+TEST_F(ModulePageTest, TheKeyboardAlonePutsTheHomePageFirst)
+{
+    ASSERT_TRUE(In(3, "active_widget")->isVisible()) << "another entry is first";
+    In(1, "checkBox")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    ASSERT_TRUE(In(0, "active_button")->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(In(0, "active_widget")->isVisible());
+    EXPECT_FALSE(In(3, "active_widget")->isVisible());
+    EXPECT_TRUE(WaitUntil([this] { return gateway.writes == 1; }));
+    // As first it has nothing left to press, and Tab passes it.
+    EXPECT_TRUE(Page()->isAncestorOf(QApplication::focusWidget()));
+    In(1, "checkBox")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_FALSE(Rows().at(0)->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(ModulePageTest, TabComesIntoTheRowOfTheHomePageFromAbove)
+{
+    QWidget* const list = dialog->findChild<QWidget*>(QStringLiteral("settings_list"));
+    ASSERT_NE(list, nullptr);
+    list->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(list, Qt::Key_Tab);
+    EXPECT_TRUE(In(0, "active_button")->hasFocus());
+}
+
 TEST_F(ModulePageTest, WhatAScreenReaderTogglesIsSavedInItsTurn)
 {
     gateway.writeDelay = slow;

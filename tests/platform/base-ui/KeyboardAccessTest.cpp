@@ -118,6 +118,37 @@ TEST_F(KeyboardAccessTest, BacktabFromTheLabelComesIntoTheLastRow)
     EXPECT_TRUE(rows[2]->button->hasFocus());
 }
 
+TEST_F(KeyboardAccessTest, TabComesIntoARowWhoseHiddenButtonAloneCanHaveTheFocus)
+{
+    rows[1]->box->setEnabled(false);
+    rows[0]->box->setFocus();
+    Press(Qt::Key_Tab);
+    ASSERT_TRUE(rows[0]->button->hasFocus());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(rows[1]->button->hasFocus());
+    EXPECT_FALSE(rows[0]->button->isVisible());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(rows[2]->box->hasFocus());
+    EXPECT_FALSE(rows[1]->button->isVisible());
+    Press(Qt::Key_Backtab);
+    EXPECT_TRUE(rows[1]->button->hasFocus());
+}
+
+TEST_F(KeyboardAccessTest, TabPassesRowsThatHaveNothingForTheFocus)
+{
+    rows[1]->box->setEnabled(false);
+    rows[1]->button->setEnabled(false);
+    rows[2]->box->setEnabled(false);
+    rows[0]->box->setFocus();
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(rows[2]->button->hasFocus());
+    EXPECT_FALSE(rows[1]->button->isVisible());
+    Press(Qt::Key_Backtab);
+    EXPECT_TRUE(rows[0]->button->hasFocus());
+    EXPECT_FALSE(rows[1]->button->isVisible());
+}
+
 TEST_F(KeyboardAccessTest, TheMouseLeavingARowDoesNotHideTheButtonThatHasTheFocus)
 {
     rows[0]->box->setFocus(Qt::TabFocusReason);

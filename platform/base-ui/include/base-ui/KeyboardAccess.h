@@ -16,7 +16,8 @@ class QWidget;
 /// - A label that takes the focus without text to select in it (the theme says so, by
 ///   `qproperty-focusPolicy`) counts as a button: Enter and Space press the mouse on it, and screen readers
 ///   see a button.
-/// - A row shows what it shows under the mouse also while the keyboard's focus is in it.
+/// - A row shows what it shows under the mouse also while the keyboard's focus is in it, and lets the focus in
+///   when only what it shows then can have it.
 /// - Tab goes in reading order, as the layouts have it, whatever the order of making was.
 /// - When a row goes away with the focus in it, the focus goes to the row in its place; when only the button
 ///   that has it hides, the focus stays in the row.
@@ -53,7 +54,7 @@ private:
     void SendEnter(QWidget* row);
     void SendLeave(QWidget* row);
     void OrderTabs();
-    void PrepareRowBefore(QWidget* focus);
+    void PrepareRowBeside(QWidget* focus, int step);
     void RestoreFocus();
 
     QWidget* m_root;
