@@ -233,6 +233,10 @@
         <translation>上次运行保留的标签页记录已损坏，无法读取。</translation>
     </message>
     <message>
+        <source>What was kept of the tabs of the last run is damaged in part. What could be read came back (tabs: %1).</source>
+        <translation>上次运行保留的标签页记录部分损坏。能读取的已恢复（标签页：%1 个）。</translation>
+    </message>
+    <message>
         <source>%1 of the %2 tabs of the last run came back. All are kept under “Earlier tabs…”.</source>
         <translation>上次运行的 %2 个标签页中恢复了 %1 个。全部保留在“先前的标签页…”中。</translation>
     </message>

@@ -359,6 +359,27 @@ TEST_F(ClientTabsTest, MissingTabsAreToldWithAWayToThem)
     EXPECT_EQ(GetDialogs().size(), 1);
 }
 
+TEST_F(ClientTabsTest, RecordThatWasReadInPartIsToldAlsoWhenAllOfThatCameBack)
+{
+    const KeptTabs tabs = MakeTabs(3);
+    const QString text = KeptTabsText::Write(tabs);
+    LeaveBehind(text.left(text.size() - text.size() / 6)); // without the last one
+    ASSERT_EQ(KeptTabsText::Read(RunningTabs::GetText()).tabs.tabs.size(), 2);
+    m_tabs->Show(false, [&tabs] { Reopen(tabs.tabs.mid(0, 2)); });
+    EXPECT_EQ(GetNotice(missingId),
+              QStringLiteral("What was kept of the tabs of the last run is damaged in part. What could be "
+                             "read came back (tabs: 2)."));
+}
+
+TEST_F(ClientTabsTest, RecordThatWasReadInPartIsNotToldWhenMoreCameBack)
+{
+    const KeptTabs tabs = MakeTabs(3);
+    const QString text = KeptTabsText::Write(tabs);
+    LeaveBehind(text.left(text.size() - text.size() / 6));
+    m_tabs->Show(false, [&tabs] { Reopen(tabs.tabs); });
+    EXPECT_EQ(m_window->GetNoticeBar()->GetCount(), 0);
+}
+
 TEST_F(ClientTabsTest, RecordThatCannotBeReadIsToldAndHasNoWayToIt)
 {
     LeaveBehind(QStringLiteral("nothing that can be read"));

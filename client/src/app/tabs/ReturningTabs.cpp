@@ -80,7 +80,8 @@ void ReturningTabs::TakeOutcome(bool restarted, int before, bool asked)
         return;
     }
     const bool missing = reopened < expected;
-    const bool unread = reopened == 0 && !m_whole;
+    // With more than could be read, the module knew better.
+    const bool unread = !m_whole && reopened <= expected;
     if (restarted && !missing && !unread) {
         return;
     }

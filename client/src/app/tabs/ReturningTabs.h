@@ -34,7 +34,8 @@ Q_SIGNALS:
     /// Nothing loads by itself, because the client died several times after tabs were reopened.
     void SigCareTaken();
     /// Of `expected` tabs only `reopened` came back without anybody having been asked, or the record of them
-    /// is damaged (`expected` is then what could be read). What there is stands under "Earlier tabs".
+    /// is damaged: `expected` is then what could be read, and may have come back whole. What there is stands
+    /// under "Earlier tabs".
     void SigMissing(int reopened, int expected);
 
 protected:
