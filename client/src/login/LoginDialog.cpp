@@ -4,16 +4,33 @@
 
 #include "ui_LoginDialog.h"
 
+#include "base/DpiTool.h"
+
 #include <QtGui/QIcon>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
 
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
-constexpr QSize logoSize{48, 48}; // [px, unscaled]
+constexpr int logoSize = 48;    // [px, unscaled]
+constexpr int fieldWidth = 320; // [px, unscaled]
+
+// Of the dialog with a message of three lines [px, unscaled].
+constexpr int textHeight = 350; // texts, fields and buttons, and the window's frame
+constexpr int roomHeight = 210; // the logo, margins and gaps
+
+/// The scale of logo, margins and gaps: that of everything else, unless the screen is too low for it. Then
+/// they give way down to their size at 100 %, for the button has to stay on the screen.
+double GetRoomScale(int screenHeight)
+{
+    const double scale = DpiTool::GetScale();
+    return qMin(scale, qMax(1.0, (screenHeight - textHeight * scale) / roomHeight));
+}
 
 // The theme's rules depend on it.
 void SetKind(QWidget* widget, const QString& kind)
@@ -25,14 +42,14 @@ void SetKind(QWidget* widget, const QString& kind)
 
 } // namespace
 
-LoginDialog::LoginDialog(QWidget* parent)
+LoginDialog::LoginDialog(QWidget* parent, std::function<int()> screenHeight)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint)
     , m_ui(std::make_unique<Ui::LoginDialog>())
+    , m_screenHeight(std::move(screenHeight))
 {
     m_ui->setupUi(this);
     setObjectName(QStringLiteral("login_dialog"));
-    m_ui->login_logo->setPixmap(QApplication::windowIcon().pixmap(logoSize));
     m_ui->password_edit->installEventFilter(this);
 
     connect(m_ui->login_button, &QPushButton::clicked, this, &LoginDialog::SlotLogIn);
@@ -42,6 +59,7 @@ LoginDialog::LoginDialog(QWidget* parent)
     for (QLineEdit* const edit : {m_ui->pin_edit, m_ui->password_edit}) {
         connect(edit, &QLineEdit::textEdited, this, [this] { ShowProblem(LoginProblem()); });
     }
+    LoginDialog::AdjustForDpi();
     SetCapsLock(false);
     SetBusy(false);
     UpdateTexts();
@@ -117,6 +135,34 @@ void LoginDialog::reject()
     } else {
         QDialog::reject();
     }
+}
+
+void LoginDialog::AdjustForDpi()
+{
+    const double scale = GetRoomScale(m_screenHeight ? m_screenHeight() : screen()->availableSize().height());
+    const auto room = [scale](int pixels) { return qRound(pixels * scale); };
+    m_ui->login_logo->setPixmap(QApplication::windowIcon().pixmap(room(logoSize)));
+    for (const auto& [gap, height] :
+         std::initializer_list<std::pair<QSpacerItem*, int>>{{m_ui->logo_spacer, 6},
+                                                             {m_ui->title_spacer, 14},
+                                                             {m_ui->field_spacer, 6},
+                                                             {m_ui->button_spacer, 8}}) {
+        gap->changeSize(0, room(height), QSizePolicy::Minimum, QSizePolicy::Fixed);
+    }
+    m_ui->page_layout->setContentsMargins(room(40), room(36), room(40), room(32));
+    m_ui->page_layout->setSpacing(room(6)); // which takes the gaps in, too
+
+    // The heights of fields and buttons come from the theme.
+    const auto scaled = &DpiTool::ScaleDefault;
+    for (QBoxLayout* const row : {m_ui->password_head, m_ui->password_row, m_ui->button_row}) {
+        row->setSpacing(scaled(8));
+    }
+    m_ui->pin_edit->setMinimumWidth(scaled(fieldWidth));
+    m_ui->login_message->setFixedWidth(scaled(fieldWidth));
+    m_ui->show_password_button->setMinimumWidth(scaled(56));
+    m_ui->cancel_button->setMinimumWidth(scaled(96));
+    m_ui->stay_box->setMinimumHeight(scaled(34));
+    m_ui->busy_bar->setMaximumHeight(scaled(4));
 }
 
 void LoginDialog::changeEvent(QEvent* event)

@@ -2,8 +2,11 @@
 
 #include "login/LoginProblem.h"
 
+#include "base/IDpiAdapter.h"
+
 #include <QtWidgets/QDialog>
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -11,13 +14,15 @@ class LoginDialog;
 }
 
 /// Asks for pin and password. Sends nothing itself: it says what the user wants and shows what came of
-/// it. Escape, or closing it, cancels a log-in that runs, and is a rejection otherwise. GUI thread.
-class LoginDialog final : public QDialog
+/// it. Escape, or closing it, cancels a log-in that runs, and is a rejection otherwise. Follows language,
+/// theme and scale while it is shown. GUI thread.
+class LoginDialog final : public QDialog, public IDpiAdapter
 {
     Q_OBJECT
 
 public:
-    explicit LoginDialog(QWidget* parent = nullptr);
+    /// `screenHeight` says how high a window may be [px]; empty: as high as the dialog's screen has room for.
+    explicit LoginDialog(QWidget* parent = nullptr, std::function<int()> screenHeight = {});
     ~LoginDialog() override;
 
     /// The account that is proposed. With one, the password is where typing begins.
@@ -32,6 +37,8 @@ public:
     /// Shows the problem, in the language of the moment, and puts the focus where it is mended.
     void ShowProblem(const LoginProblem& problem);
     void reject() override;
+
+    void AdjustForDpi() override;
 
 Q_SIGNALS:
     /// Both texts are filled in; the pin without blanks around it.
@@ -52,6 +59,7 @@ private:
     void FocusFirstEmpty();
 
     const std::unique_ptr<Ui::LoginDialog> m_ui;
+    const std::function<int()> m_screenHeight;
     LoginProblem m_problem;
     QString m_noKeyStoreReason;
     bool m_busy = false;
