@@ -7,6 +7,10 @@ TimerDelay::TimerDelay()
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer); // the others may be early
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+        if (!m_end.hasExpired()) { // even a precise one may be early by part of a millisecond
+            m_timer.start(1);
+            return;
+        }
         const std::function<void()> shot = std::exchange(m_shot, nullptr);
         if (shot) {
             shot();
@@ -17,6 +21,7 @@ TimerDelay::TimerDelay()
 void TimerDelay::Start(int milliseconds, std::function<void()> shot)
 {
     m_shot = std::move(shot);
+    m_end = QDeadlineTimer(milliseconds, Qt::PreciseTimer);
     m_timer.start(milliseconds);
 }
 

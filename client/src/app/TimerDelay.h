@@ -2,9 +2,10 @@
 
 #include "app/IDelay.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QTimer>
 
-/// A delay in real time.
+/// A delay in real time, never shorter than asked for.
 class TimerDelay final : public IDelay
 {
 public:
@@ -15,5 +16,6 @@ public:
 
 private:
     QTimer m_timer;
+    QDeadlineTimer m_end;
     std::function<void()> m_shot;
 };
