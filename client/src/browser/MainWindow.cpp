@@ -90,6 +90,8 @@ void MainWindow::SetOpenDelayed(bool on)
 void MainWindow::SetReopening(bool on)
 {
     d->m_toLoad = on ? reopenedAtOnce : -1;
+    if (!on)
+        d->BeginWaiting();
 }
 
 void MainWindow::SetSavedFaces(const std::function<SavedFace(const QString&)>& lookUp)
@@ -158,7 +160,8 @@ void MainWindow::CloseAllTabs()
 
 bool MainWindow::IsLoading() const noexcept
 {
-    return std::any_of(d->m_tabs.begin(), d->m_tabs.end(), [](const auto& tab) { return tab->IsLoading(); });
+    return !d->m_waitingTabs.empty() ||
+           std::any_of(d->m_tabs.begin(), d->m_tabs.end(), [](const auto& tab) { return tab->IsLoading(); });
 }
 
 void MainWindow::SetTheme(Theme theme)

@@ -41,13 +41,16 @@ public:
     /// window itself loads as ever.
     void SetOpenDelayed(bool on);
 
-    /// How many tabs of a set that is being reopened load at once. Each page takes a share of a second of
-    /// the processor and a process of its own, so ten, the size of a day's work, are all there at once,
-    /// while a thousand would keep the user waiting for minutes.
+    /// How many tabs of a set that is being reopened load without being selected. Each page takes a share of
+    /// a second of the processor and a process of its own, so ten, the size of a day's work, are soon all
+    /// there, while a thousand would keep the user waiting for minutes.
     static constexpr int reopenedAtOnce = 10;
-    /// On while a set of tabs is being reopened, one opening after the other: those beyond the first
-    /// `reopenedAtOnce` stay unloaded until they are selected. Openings that are delayed anyway do not
-    /// count, and one that is to come to the front loads. Turning it on begins a new set.
+    /// How long they let the page in front go first [ms].
+    static constexpr int frontGoesFirst = 2000;
+    /// On while a set of tabs is being reopened, one opening after the other. When it is turned off, the tab
+    /// that is in front by the next turn of the event loop loads first, and then, one by one, the first
+    /// `reopenedAtOnce`; those beyond stay unloaded until they are selected. Openings that are delayed
+    /// anyway do not count, and one that is to come to the front loads. Turning it on begins a new set.
     void SetReopening(bool on);
 
     /// Looked up while it is set for each tab opened without a title, by the router URL that the tab has:

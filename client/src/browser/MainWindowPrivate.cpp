@@ -74,6 +74,8 @@ MainWindowPrivate::MainWindowPrivate(MainWindow* window, const MainWindowService
     m_geometryTimer.setSingleShot(true);
     m_geometryTimer.setInterval(GeometryDelay);
     connect(&m_geometryTimer, &QTimer::timeout, this, &MainWindowPrivate::StoreGeometry);
+    m_frontTurn.setSingleShot(true);
+    connect(&m_frontTurn, &QTimer::timeout, this, &MainWindowPrivate::LoadWaiting);
 
     m_downloads = new DownloadNotices(
         m_notices, [this](const QString& proposal) { return AskDownloadPath(proposal); }, this);
@@ -316,12 +318,14 @@ BrowserTab* MainWindowPrivate::GetCurrentTab() const
 
 void MainWindowPrivate::OpenAsked(TabOrigin origin, int index, bool activate)
 {
+    bool waits = false;
     if (m_openDelayed) {
         origin.delayed = true;
         activate = false;
     } else if (m_toLoad >= 0 && !origin.delayed && !activate) {
-        origin.delayed = m_toLoad == 0;
-        m_toLoad -= m_toLoad > 0 ? 1 : 0;
+        origin.delayed = true;
+        waits = m_toLoad > 0;
+        m_toLoad -= waits ? 1 : 0;
     }
     if (m_savedFaces && origin.title.isEmpty()) {
         const SavedFace face = m_savedFaces(BrowserTab::MakeRouterUrl(origin, origin.address));
@@ -329,17 +333,19 @@ void MainWindowPrivate::OpenAsked(TabOrigin origin, int index, bool activate)
         if (origin.iconUrl.isEmpty())
             origin.iconUrl = face.iconUrl;
     }
-    AddTab(origin, index, activate);
+    const QPointer<BrowserTab> tab = AddTab(origin, index, activate);
+    if (waits)
+        m_waitingTabs.push_back(tab);
 }
 
-int MainWindowPrivate::AddTab(const TabOrigin& origin, int index, bool activate)
+QPointer<BrowserTab> MainWindowPrivate::AddTab(const TabOrigin& origin, int index, bool activate)
 {
     auto tab = std::make_unique<BrowserTab>(origin, m_services.pages);
-    BrowserTab* const added = tab.get();
+    const QPointer<BrowserTab> added = tab.get();
     const int place = Insert(std::move(tab), index);
     added->Begin(m_pages);
     Announce(place, activate);
-    return place;
+    return added;
 }
 
 int MainWindowPrivate::Insert(std::unique_ptr<BrowserTab> tab, int index)
@@ -398,6 +404,10 @@ void MainWindowPrivate::ConnectTab(BrowserTab* tab)
         if (index < 0)
             return;
         Q_EMIT m_window->SigPageLoaded(index, QString::fromLatin1(url.toEncoded()), ok);
+        if (tab == GetCurrentTab() && m_frontTurn.isActive()) {
+            m_frontTurn.stop();
+            LoadWaiting();
+        }
         CheckIdle();
     });
     connect(tab, &BrowserTab::SigNewTabRequested, this,
@@ -619,9 +629,9 @@ void MainWindowPrivate::ReopenClosed()
         return;
     const ClosedTab closed = m_closed.takeLast();
     // A tab that never was selected comes back as it was; where it came back is shown.
-    const int place = AddTab(closed.origin, closed.index, !closed.origin.delayed);
-    if (closed.origin.delayed)
-        m_strip->Reveal(place);
+    const QPointer<BrowserTab> tab = AddTab(closed.origin, closed.index, !closed.origin.delayed);
+    if (closed.origin.delayed && tab)
+        m_strip->Reveal(IndexOf(tab));
 }
 
 void MainWindowPrivate::UpdateStrip(int index)
@@ -795,6 +805,41 @@ void MainWindowPrivate::SetFullScreen(bool on)
         m_window->setWindowState(m_beforeFullScreen);
     }
     UpdateToolbar();
+}
+
+void MainWindowPrivate::BeginWaiting()
+{
+    if (m_waitingTabs.empty())
+        return;
+    m_frontTurn.start(MainWindow::frontGoesFirst);
+    // By then whoever reopened the tabs has brought the right one to the front.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_frontTurn.isActive() && !GetCurrentTab()->HasPage()) {
+                m_frontTurn.stop();
+                LoadWaiting();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void MainWindowPrivate::LoadWaiting()
+{
+    if (m_waitingTabs.empty())
+        return;
+    BrowserTab* const tab = m_waitingTabs.front();
+    m_waitingTabs.pop_front();
+    if (IndexOf(tab) >= 0 && tab->IsDelayed()) { // a closed one may still be there
+        tab->Wake(m_pages);
+        if (QWidget* widget = tab->GetWidget())
+            m_pages->addWidget(widget);
+    }
+    // The window answers between one page and the next.
+    if (m_waitingTabs.empty())
+        CheckIdle();
+    else
+        QMetaObject::invokeMethod(this, &MainWindowPrivate::LoadWaiting, Qt::QueuedConnection);
 }
 
 void MainWindowPrivate::CheckIdle()

@@ -6,9 +6,11 @@
 
 #include "base/IDpiAdapter.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtCore/QVector>
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -45,8 +47,9 @@ public:
     /// Opens for another part of the client: what that part left out is looked up, and the tab is delayed
     /// where the window is told to.
     void OpenAsked(TabOrigin origin, int index, bool activate);
-    /// Adds the tab at a position counted as by `ITabOpener`; the tab begins here.
-    int AddTab(const TabOrigin& origin, int index, bool activate);
+    /// Adds the tab at a position counted as by `ITabOpener`; the tab begins here. Null when whoever heard of
+    /// it has closed it.
+    QPointer<BrowserTab> AddTab(const TabOrigin& origin, int index, bool activate);
     void Select(int index);
     void Close(int index);
     void Move(int from, int to);
@@ -63,6 +66,8 @@ public:
     void Retranslate();
     void AdjustForDpi() override;
     void CheckIdle();
+    void BeginWaiting();
+    void LoadWaiting();
     void StoreGeometry();
 
     MainWindow* const m_window;
@@ -72,6 +77,8 @@ public:
     int m_current = 0;
     bool m_openDelayed = false;
     int m_toLoad = -1; // of the set being reopened, how many may still load; -1: there is none
+    std::deque<QPointer<BrowserTab>> m_waitingTabs; // those, until their turn comes
+    QTimer m_frontTurn;                             // runs while they let the page in front go first
     std::function<SavedFace(const QString&)> m_savedFaces;
     bool m_wasLoading = false;
     bool m_ended = false;

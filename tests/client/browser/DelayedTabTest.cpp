@@ -340,31 +340,109 @@ TEST_F(DelayedTabTest, WhileAllIsOpenedDelayedNothingLoadsOrComesToTheFront)
     EXPECT_EQ(m_pages.pages.size(), 2);
 }
 
-TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoadAtOnce)
+TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 {
     m_window->SetReopening(true);
     OpenDelayed(QStringLiteral("https://later.example/"), QStringLiteral("Later"));
     for (int i = 0; i < 1000; ++i)
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
     OpenApp(QStringLiteral("orders"));
+    EXPECT_TRUE(m_pages.pages.isEmpty()) << "not before it is known which one is in front";
+    m_window->SetReopening(false);
+    EXPECT_TRUE(m_window->IsLoading()) << "more is to come";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return CountDelayed() == 1002 - MainWindow::reopenedAtOnce; }));
+    QCoreApplication::processEvents();
     EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce);
+    EXPECT_TRUE(m_window->IsTabDelayed(1));
+    EXPECT_FALSE(m_window->IsTabDelayed(2));
     EXPECT_FALSE(m_window->IsTabDelayed(2 + MainWindow::reopenedAtOnce - 1));
     EXPECT_TRUE(m_window->IsTabDelayed(2 + MainWindow::reopenedAtOnce));
-    EXPECT_TRUE(m_window->IsTabDelayed(1002));
+    EXPECT_EQ(m_window->GetCurrentTab(), 0);
 
+    OpenUrl(QStringLiteral("https://after.example/"));
+    EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce + 1);
+    m_window->SetReopening(true);
+    OpenUrl(QStringLiteral("https://another-set.example/"));
+    m_window->SetReopening(false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce + 2; }));
+}
+
+TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
+{
+    m_window->SetReopening(true);
+    for (int i = 0; i < 4; ++i)
+        OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    m_window->SetReopening(false);
+    m_window->SelectTab(3);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(m_pages.pages.size(), 1);
+    EXPECT_EQ(m_pages.pages[0]->loads, QList<QUrl>{QUrl(QStringLiteral("https://shop-2.example/"))});
+    const QSignalSpy idle(m_window.get(), &MainWindow::SigIdle);
+
+    m_pages.pages[0]->Finish(true);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == 4; }));
+    EXPECT_EQ(m_pages.pages[1]->loads, QList<QUrl>{QUrl(QStringLiteral("https://shop-0.example/"))});
+    EXPECT_TRUE(idle.isEmpty());
+    for (int i = 1; i < 4; ++i)
+        m_pages.pages[i]->Finish(true);
+    EXPECT_EQ(idle.count(), 1);
+    EXPECT_EQ(m_window->GetCurrentTab(), 3);
+}
+
+TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
+{
+    m_window->SetReopening(true);
+    for (int i = 0; i < 3; ++i)
+        OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    m_window->SetReopening(false);
+    m_window->SelectTab(1);
+    QCoreApplication::processEvents();
+    m_pages.pages[0]->Fail(PageFailure::Kind::NoNetwork, QUrl(QStringLiteral("https://shop-0.example/")));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::frontGoesFirst / 2));
+}
+
+TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
+{
+    m_window->SetReopening(true);
+    for (int i = 0; i < 3; ++i)
+        OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    m_window->SetReopening(false);
+    m_window->SelectTab(1);
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::frontGoesFirst * 3));
+}
+
+TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain)
+{
+    m_window->SetReopening(true);
+    for (int i = 0; i < 4; ++i)
+        OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    m_window->SetReopening(false);
+    m_window->SelectTab(1);
+    QCoreApplication::processEvents();
+    m_window->CloseTab(2);
+    m_window->SelectTab(2);
+    ASSERT_EQ(m_pages.pages.size(), 2);
+    m_pages.pages[1]->Finish(true);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return CountDelayed() == 0; }));
+    EXPECT_EQ(m_pages.pages.size(), 3);
+    for (const QPointer<FakePage>& page : qAsConst(m_pages.pages))
+        EXPECT_EQ(page->loads.size(), 1);
+}
+
+TEST_F(DelayedTabTest, OfASetBeingReopenedOneThatIsToComeToTheFrontLoadsAtOnce)
+{
+    m_window->SetReopening(true);
+    OpenUrl(QStringLiteral("https://shop.example/"));
     TabOpenInfo front;
     front.address = QStringLiteral("https://front.example/");
     front.activate = true;
     m_window->OpenUrl(front, -1);
-    EXPECT_EQ(m_window->GetCurrentTab(), 1003);
-    EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce + 1);
-
+    EXPECT_EQ(m_window->GetCurrentTab(), 2);
+    EXPECT_EQ(m_pages.pages.size(), 1);
+    EXPECT_FALSE(m_window->IsTabDelayed(2));
     m_window->SetReopening(false);
-    OpenUrl(QStringLiteral("https://after.example/"));
-    EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce + 2);
-    m_window->SetReopening(true);
-    OpenUrl(QStringLiteral("https://another-set.example/"));
-    EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce + 3);
 }
 
 TEST_F(DelayedTabTest, AnOpeningWithoutATitleGetsTheSavedFace)
