@@ -12,6 +12,7 @@ Needs a screen:  xvfb-run -a benchmarks/thousand_tabs.py --build build/release -
 """
 
 import argparse
+import atexit
 import http.server
 import os
 import shutil
@@ -65,11 +66,15 @@ class Server(http.server.ThreadingHTTPServer):
         with self.changed:
             self.loaded.clear()
 
-    def wait(self, count):
-        """The moment when so many pages had loaded; None when they have not by the deadline."""
+    def wait(self, count, page=""):
+        """The moment when so many pages, or this one so many times, had loaded; None when they have not by
+        the deadline."""
+        def hits():
+            return [moment for path, moment in self.loaded if page in ("", path)]
+
         with self.changed:
-            if self.changed.wait_for(lambda: len(self.loaded) >= count, DEADLINE):
-                return self.loaded[count - 1][1]
+            if self.changed.wait_for(lambda: len(hits()) >= count, DEADLINE):
+                return hits()[count - 1]
             return None
 
 
@@ -128,13 +133,13 @@ def end(process):
         process.wait()
 
 
-def run(server, command, environment, memory):
-    """One launch; None when the page in front did not load by the deadline."""
+def run(server, command, environment, memory, page=""):
+    """One launch; `page` is the one in front, the first to load when empty. None when the page in front did not load by the deadline."""
     server.forget()
     start = time.monotonic()
     process = subprocess.Popen(command, env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
-        at = server.wait(1)
+        at = server.wait(1, page)
         if at is None:
             return None
         cpu = cpu_seconds(process.pid)
@@ -160,6 +165,85 @@ class Window:
         with tempfile.TemporaryDirectory(dir=folder) as profile:
             command = [self.program, profile, str(count), server.url("/page")]
             return run(server, command, os.environ, memory)
+
+
+class Client:
+    """The whole client after a kill: start, log-in at a gateway, the question about the tabs, "Yes"."""
+
+    name = "whole"
+
+    def __init__(self, build):
+        self.build = os.path.abspath(build)
+
+    def command(self, profile, trace):
+        return [os.path.join(self.build, "bin", "tl-client"), "--gateway", self.address, "--profile", profile,
+                "--modules", os.path.join(self.build, "modules"), "--pin", "demo",
+                "--password-file", self.password, "--trace", trace]
+
+    def start_gateway(self, server, folder):
+        program = os.path.join(self.build, "bin", "tl-gateway")
+        database = "sqlite:" + os.path.join(folder, "gateway.sqlite")
+        self.gateway = subprocess.Popen([program, "serve", "--database", database, "--listen", "127.0.0.1:0"],
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        atexit.register(end, self.gateway)
+        self.address = self.gateway.stdout.readline().split()[-1]
+        subprocess.run([program, "demo", "--database", database, "--pages", server.url("")], check=True,
+                       stdout=subprocess.DEVNULL)
+        self.password = os.path.join(folder, "password")
+        with open(self.password, "w") as file:
+            file.write("demo\n")
+        os.chmod(self.password, 0o600)
+        atexit.register(end, subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL))
+
+    def profile(self, folder, count):
+        return os.path.join(folder, "whole-%d" % count)
+
+    def prepare(self, server, count, folder):
+        if not hasattr(self, "gateway"):
+            self.start_gateway(server, folder)
+        profile = self.profile(folder, count)
+        trace = profile + ".trace"
+        process = subprocess.Popen(self.command(profile, trace), stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        wait_for_event(trace, "ready")
+        time.sleep(3)  # what is open is on disk a second later at the latest
+        process.kill()
+        process.wait()
+        subprocess.run([os.path.join(self.build, "benchmarks", "ManyTabsProfile"),
+                        os.path.join(profile, "settings.sqlite"), "demo", str(count), server.url("/page-")],
+                       check=True)
+
+    def launch(self, server, count, folder, memory):
+        with tempfile.TemporaryDirectory(dir=folder) as place:
+            profile = os.path.join(place, "profile")
+            trace = os.path.join(place, "trace")
+            shutil.copytree(self.profile(folder, count), profile)
+            answer = threading.Thread(target=self.say_yes, args=(trace,), daemon=True)
+            answer.start()
+            return run(server, self.command(profile, trace), os.environ, memory, "/loaded/page-%d" % (count - 1))
+
+    def say_yes(self, trace):
+        if not wait_for_event(trace, "question.asked"):
+            return
+        # Again when it was not heard: the question may not have had the focus yet.
+        for _ in range(500):
+            subprocess.run(["xdotool", "key", "Return"], check=False)
+            if wait_for_event(trace, "question", 0.03):
+                return
+
+
+def wait_for_event(trace, event, patience=DEADLINE):
+    """Whether the client has written the event to its trace by then [s]."""
+    until = time.monotonic() + patience
+    while time.monotonic() < until:
+        try:
+            with open(trace) as file:
+                if '"event":"%s"' % event in file.read():
+                    return True
+        except FileNotFoundError:
+            pass
+        time.sleep(0.005)
+    return False
 
 
 class Falkon:
@@ -202,10 +286,12 @@ def main():
     parser.add_argument("--build", default="build/release")
     parser.add_argument("--runs", type=int, default=7)
     parser.add_argument("--counts", default="1,10,50,100,1000", help="unloaded tabs; the first is compared with")
+    parser.add_argument("--whole", action="store_true", help="the whole client instead of its window")
     parser.add_argument("--falkon", action="store_true")
     parser.add_argument("--falkon-counts", default="1,10,50,100")
     arguments = parser.parse_args()
-    plans = [(Window(arguments.build), [int(count) for count in arguments.counts.split(",")])]
+    kind = Client if arguments.whole else Window
+    plans = [(kind(arguments.build), [int(count) for count in arguments.counts.split(",")])]
     if arguments.falkon:
         plans.append((Falkon(), [int(count) for count in arguments.falkon_counts.split(",")]))
 
