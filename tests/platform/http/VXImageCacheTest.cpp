@@ -794,11 +794,15 @@ TEST_F(VXImageCacheTest, OneWhoIsToldMayDestroyAnotherOne)
 TEST_F(VXImageCacheTest, MayBeDestroyedInItsOwnAnswer)
 {
     server.SetStanding(Body(Pictures::Png()));
-    cache->FetchImage(Url(), &server, [this](const QImage&) { cache.reset(); });
+    auto before = answers.size(); // the other picture may have been quicker
+    cache->FetchImage(Url(), &server, [this, &before](const QImage&) {
+        before = answers.size();
+        cache.reset();
+    });
     cache->RequestImage(Url(), false);
     cache->RequestImage(Url(QStringLiteral("/other")), false);
     EXPECT_TRUE(WaitUntil([this] { return !cache; }));
-    EXPECT_TRUE(answers.empty());
+    EXPECT_EQ(answers.size(), before);
 
     MakeCache();
     QObject::connect(cache.get(), &VXImageCache::SigRequestImageFinished, &server, [this] { cache.reset(); });
