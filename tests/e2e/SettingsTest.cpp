@@ -34,7 +34,8 @@ protected:
         Edit,
         Delete,
         OpenFirst,
-        Add
+        Add,
+        HomeFirst
     };
 
     void SetUp() override
@@ -76,10 +77,27 @@ protected:
             [&](const QJsonObject& stored) { return stored.value(list).toArray().size() == count; });
     }
 
+    static bool IsHomeFirst(const QJsonObject& stored)
+    {
+        for (const QString& list : {systemItems, customItems, pluginItems}) {
+            const QJsonArray entries = stored.value(list).toArray();
+            for (const QJsonValue& entry : entries) {
+                if (entry.toObject().value(activeKey).toBool()) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    }
+
     /// How many places with a focus come before this one, counted from the list of pages.
     static int CountStops(const QJsonObject& stored, const QString& wantedList, int wantedRow, Stop wanted)
     {
-        int stops = 0;
+        // The home page's row has one while another entry is first.
+        int stops = IsHomeFirst(stored) ? 0 : 1;
+        if (wanted == Stop::HomeFirst) {
+            return stops > 0 ? stops : -1;
+        }
         for (const QString& list : {systemItems, customItems, pluginItems}) {
             const QJsonArray entries = stored.value(list).toArray();
             for (int row = 0; row < entries.size(); ++row) {
@@ -203,12 +221,7 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     ASSERT_TRUE(WaitForEntry(customItems, 2, activeKey, true));
     ASSERT_TRUE(PressPlace(customItems, 2, Stop::Delete));
     ASSERT_TRUE(WaitForCount(customItems, 2));
-    for (const QString& list : {systemItems, customItems, pluginItems}) {
-        const QJsonArray entries = GetStored().value(list).toArray();
-        for (const QJsonValue& entry : entries) {
-            EXPECT_FALSE(entry.toObject().value(activeKey).toBool());
-        }
-    }
+    EXPECT_TRUE(IsHomeFirst(GetStored()));
 
     // Up to both limits, and one more of each.
     for (int count = 2; count < limit; ++count) {
@@ -226,6 +239,10 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
         QTest::qWait(settled);
         EXPECT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Settings"))) << "no dialog beyond the limit";
     }
+    ASSERT_TRUE(PressPlace(pluginItems, 0, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(pluginItems, 0, activeKey, true));
+    ASSERT_TRUE(PressPlace(QString(), -1, Stop::HomeFirst));
+    ASSERT_TRUE(WaitForStored(&SettingsTest::IsHomeFirst));
     ASSERT_TRUE(PressPlace(pluginItems, 1, Stop::OpenFirst));
     ASSERT_TRUE(WaitForEntry(pluginItems, 1, activeKey, true));
 
