@@ -5,7 +5,10 @@
 
 #include "login/LoginDialog.h"
 
+#include "base/DpiTool.h"
+
 #include <QtCore/QPointer>
+#include <QtGui/QWindow>
 
 LoginFlow::LoginFlow(LoginService* service, KeptSession* kept, IKeyStore* keyStore, QObject* parent)
     : QObject(parent), m_service(service), m_kept(kept), m_keyStore(keyStore)
@@ -69,6 +72,9 @@ void LoginFlow::MakeDialog()
 {
     Q_EMIT SigDialogComes();
     m_dialog = std::make_unique<LoginDialog>();
+    // The scale follows the screen that the dialog is on; for that it has to have a native window.
+    m_dialog->winId();
+    DpiTool::FollowScreenOf(m_dialog->windowHandle());
     connect(m_dialog.get(), &LoginDialog::SigLogIn, this,
             [this](const QString& pin, const QString& password, bool stay) {
                 m_stay = stay;

@@ -3,10 +3,24 @@
 #include "base/DpiTool.h"
 
 #include <QtGui/QFontInfo>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 
+namespace {
+
+/// [px]: one given in points is as large by now as the first screen asks for.
+int GetUnscaledSize(const QFont& font)
+{
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    const bool inPoints = font.pixelSize() < 0 && screen;
+    return qRound(QFontInfo(font).pixelSize() /
+                  (inPoints ? DpiTool::ToScreenScale(screen->logicalDotsPerInch()) : 1));
+}
+
+} // namespace
+
 ScaleManager::ScaleManager(QObject* parent)
-    : QObject(parent), m_fontSize(qRound(QFontInfo(QApplication::font()).pixelSize() / DpiTool::GetScale()))
+    : QObject(parent), m_fontSize(GetUnscaledSize(QApplication::font()))
 {}
 
 ScaleManager::~ScaleManager() = default;

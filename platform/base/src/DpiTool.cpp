@@ -56,7 +56,12 @@ void DpiTool::SetScale(double scale)
 void DpiTool::SetScreenDpi(double dotsPerInch)
 {
     if (!std::isnan(dotsPerInch))
-        Change(screenScale, std::clamp(std::round(dotsPerInch / UsualDpi * 4) / 4, 1.0, MaxScreenScale));
+        Change(screenScale, ToScreenScale(dotsPerInch));
+}
+
+double DpiTool::ToScreenScale(double dotsPerInch) noexcept
+{
+    return std::clamp(std::round(dotsPerInch / UsualDpi * 4) / 4, 1.0, MaxScreenScale);
 }
 
 void DpiTool::FollowScreenOf(QWindow* window)

@@ -24,9 +24,12 @@ public:
     static void SetScale(double scale);
 
     /// The logical resolution [dots per inch] of the screen that the main window is on, as
-    /// `QScreen::logicalDotsPerInch` gives it. Its scale is what it has more than the usual screen, in steps
-    /// of a quarter, at least 1 and at most 4. Otherwise like `SetScale`.
+    /// `QScreen::logicalDotsPerInch` gives it. Its scale is `ToScreenScale`. Otherwise like `SetScale`.
     static void SetScreenDpi(double dotsPerInch);
+
+    /// What a screen of such a resolution [dots per inch] has more than the usual one, in steps of a quarter,
+    /// at least 1 and at most 4.
+    static double ToScreenScale(double dotsPerInch) noexcept;
 
     /// Calls `SetScreenDpi` for the screen that the window is on, now and whenever the window comes to
     /// another screen or its screen changes, for as long as the window lives. The window of the last call
