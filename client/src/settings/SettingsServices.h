@@ -22,7 +22,7 @@ struct SettingsServices
     QString language = QStringLiteral("en");
     std::function<void(const QString&)> chooseLanguage;
 
-    /// What pages stored: cookies and cache at once, the rest at the next start. `done` is called once, with
+    /// What pages stored: cookies at once, cache and the rest at the next start. `done` is called once, with
     /// whether it worked.
     std::function<void(const std::function<void(bool)>& done)> clearBrowsingData;
     /// Whether a session stays when the client ends, and ends that.

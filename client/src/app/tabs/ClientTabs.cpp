@@ -231,8 +231,7 @@ void ClientTabs::ShowMissing(int reopened, int expected)
             }
             if (reopened == expected) {
                 return tr("What was kept of the tabs of the last run is damaged in part. What could be read "
-                          "came "
-                          "back (tabs: %1).")
+                          "came back (tabs: %1).")
                     .arg(reopened);
             }
             return tr("%1 of the %2 tabs of the last run came back. All are kept under “Earlier tabs…”.")
