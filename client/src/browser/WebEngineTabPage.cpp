@@ -117,6 +117,7 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
 WebEngineTabPage::~WebEngineTabPage()
 {
     m_page->disconnect(this);
+    ++m_loadNumber; // the engine answers what is still asked while the page ends: nobody is left to tell
     delete m_view;
 }
 

@@ -47,7 +47,7 @@ private:
     void Finish(bool ok);
     void OnPermission(const QUrl& origin, QWebEnginePage::Feature feature);
     /// Asks the document whether it is the engine's own error page; `done` gets its text, or a null text
-    /// for any other document. Not called any more once another load has begun.
+    /// for any other document. Not called any more once another load has begun or the page ends.
     void Probe(const std::function<void(const QString& errorText)>& done);
 
     QWebEngineProfile* m_profile;

@@ -206,6 +206,29 @@ TEST_F(WebEngineTest, ARefusedConnectionIsExplainedAndCanBeTriedAgain)
     EXPECT_TRUE(WaitUntil([this] { return GetMessage().isEmpty(); }));
 }
 
+TEST_F(WebEngineTest, ATabMayBeClosedWhileTheReasonOfAFailureIsAskedFor)
+{
+    QTcpServer port;
+    ASSERT_TRUE(port.listen(QHostAddress::LocalHost));
+    const QUrl url(QStringLiteral("http://127.0.0.1:%1/").arg(port.serverPort()));
+    port.close();
+    Open(url);
+
+    // At once after the end of the load, so that the document has not answered yet. The engine then answers
+    // for it while the page ends.
+    bool asked = false;
+    QEventLoop loop;
+    const auto close = [&] {
+        asked = m_window->IsLoading();
+        m_window.reset();
+        loop.quit();
+    };
+    QObject::connect(GetView()->page(), &QWebEnginePage::loadFinished, &loop, close, Qt::QueuedConnection);
+    QTimer::singleShot(Deadline, &loop, &QEventLoop::quit);
+    loop.exec();
+    EXPECT_TRUE(asked) << "nothing was open any more";
+}
+
 TEST_F(WebEngineTest, AnUnknownHostIsExplained)
 {
     EXPECT_FALSE(OpenAndWait(QUrl(QStringLiteral("http://nowhere.invalid/"))));
