@@ -428,7 +428,8 @@ void ClientApplication::EndOnceWritten(EndKind kind, const QDeadlineTimer& deadl
     // A change that the user made a moment ago is on its way to the gateway.
     const bool writing = m_services->http.IsWriting() || (m_settings && m_settings->IsOpen());
     if (!m_window || !writing || deadline.hasExpired()) {
-        EndNow(kind);
+        // Meanwhile a page may have asked something.
+        NestedLoops::LeaveThen(this, [this, kind] { EndNow(kind); });
         return;
     }
     QTimer::singleShot(writePause, this, [this, kind, deadline] { EndOnceWritten(kind, deadline); });
