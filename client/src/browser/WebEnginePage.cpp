@@ -2,7 +2,6 @@
 
 #include "browser/RequestGate.h"
 
-#include <QtCore/QPointer>
 #include <QtCore/QStringList>
 #include <QtWebEngineWidgets/QWebEngineCertificateError>
 #include <QtWebEngineWidgets/QWebEngineView>
@@ -14,6 +13,18 @@ WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePag
         m_dialogs = 0;
         m_silent = false;
     });
+}
+
+void WebEnginePage::End(std::unique_ptr<WebEnginePage> page)
+{
+    if (!page->m_asking)
+        return;
+    page->m_ended = true;
+    page->m_silent = true;
+    page->m_makePage = [](WebWindowType) { return nullptr; };
+    if (page->m_dialog)
+        page->m_dialog->reject();
+    page.release(); // deletes itself
 }
 
 bool WebEnginePage::HadCertificateError(const QUrl& url) const
@@ -88,18 +99,19 @@ bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString
 {
     if (m_silent)
         return false;
+    m_asking = true;
     QWidget* const parent = view() ? view()->window() : nullptr;
-    const QPointer<WebEnginePage> alive(this);
-    const QPointer<PageDialog> dialog(new PageDialog(kind, origin, text, proposal, m_dialogs > 0, parent));
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog)
+    m_dialog = new PageDialog(kind, origin, text, proposal, m_dialogs > 0, parent);
+    const bool accepted = m_dialog->exec() == QDialog::Accepted;
+    m_asking = false;
+    if (m_ended)
+        deleteLater();
+    if (!m_dialog)
         return false; // the window went away with it
-    if (alive) {
-        ++m_dialogs;
-        m_silent = dialog->IsSilenceWanted();
-    }
+    ++m_dialogs;
+    m_silent = m_silent || m_dialog->IsSilenceWanted();
     if (accepted && answer)
-        *answer = dialog->GetInput();
-    delete dialog;
+        *answer = m_dialog->GetInput();
+    delete m_dialog;
     return accepted;
 }

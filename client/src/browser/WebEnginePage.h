@@ -2,10 +2,12 @@
 
 #include "browser/PageDialog.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QUrl>
 #include <QtWebEngineWidgets/QWebEnginePage>
 
 #include <functional>
+#include <memory>
 
 /// A page of the web engine that goes nowhere but to the web, opens no window by itself, overrides no
 /// certificate error and names the host in every dialog.
@@ -18,6 +20,10 @@ public:
 
     /// `makePage` gives the page for a window that this page opens; null: none is opened.
     WebEnginePage(QWebEngineProfile* profile, const MakePage& makePage, QObject* parent = nullptr);
+
+    /// Ends the page as its destructor does, but for one whose dialog is open: the engine waits for that
+    /// answer inside the page, which therefore dismisses the dialog and goes once the engine has returned.
+    static void End(std::unique_ptr<WebEnginePage> page);
 
     /// Whether the load of this address ended for want of a valid certificate.
     bool HadCertificateError(const QUrl& url) const;
@@ -46,4 +52,7 @@ private:
     QUrl m_certificateError;
     int m_dialogs = 0; // shown since the last load
     bool m_silent = false;
+    QPointer<PageDialog> m_dialog; // the one that is open
+    bool m_asking = false;         // the engine waits for its answer
+    bool m_ended = false;          // to go then
 };

@@ -119,6 +119,7 @@ WebEngineTabPage::~WebEngineTabPage()
     m_page->disconnect(this);
     ++m_loadNumber; // the engine answers what is still asked while the page ends: nobody is left to tell
     delete m_view;
+    WebEnginePage::End(std::move(m_page));
 }
 
 QWidget* WebEngineTabPage::GetWidget()

@@ -1,172 +1,26 @@
-#include "WebServer.h"
+#include "WebEngineFixture.h"
 
 #include "browser/DownloadNotices.h"
 #include "browser/IDownload.h"
-#include "browser/MainWindow.h"
-#include "browser/MessagePage.h"
 #include "browser/NoticeBar.h"
-#include "browser/WebEnginePageFactory.h"
+#include "browser/PageDialog.h"
 
-#include "frame-core/IBrowserTab.h"
 #include "frame-data/TabOpenInfo.h"
-#include "tab-container/TabData.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QEventLoop>
 #include <QtCore/QFile>
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWebEngineWidgets/QWebEngineView>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QPushButton>
 
 #include <gmock/gmock.h>
 
-#include <functional>
-#include <memory>
-
 namespace {
 
-constexpr int Deadline = 30000; // [ms]
-
-/// Runs a real event loop meanwhile; QTest::qWaitFor sleeps between batches of events, which stretches a
-/// page load of 50 ms to more than a second.
-bool WaitUntil(const std::function<bool()>& condition)
-{
-    QElapsedTimer clock;
-    clock.start();
-    QEventLoop loop;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
-        if (condition() || clock.elapsed() > Deadline)
-            loop.quit();
-    });
-    poll.start(5);
-    if (!condition())
-        loop.exec();
-    return condition();
-}
-
-/// Ends a process that this one started, as the system does when memory is short: without asking it.
-void EndProcess(qint64 pid)
-{
-    ASSERT_GT(pid, 0);
-#ifdef Q_OS_WIN
-    const QString program = QStringLiteral("taskkill");
-    const QStringList arguments{QStringLiteral("/F"), QStringLiteral("/PID"), QString::number(pid)};
-#else
-    const QString program = QStringLiteral("kill");
-    const QStringList arguments{QStringLiteral("-KILL"), QString::number(pid)};
-#endif
-    ASSERT_EQ(QProcess::execute(program, arguments), 0);
-}
-
-/// The engine writes to a profile's folder for a while after the profile is gone, so all folders stay
-/// until the program ends.
-QString MakeFolder()
-{
-    static const QTemporaryDir folder;
-    static int number = 0;
-    const QString name = QString::number(++number);
-    QDir(folder.path()).mkpath(name);
-    return folder.filePath(name);
-}
-
-class WebEngineTest : public ::testing::Test
-{
-protected:
-    WebEngineTest() : m_pages(std::make_unique<WebEnginePageFactory>(MakeFolder(), QStringLiteral("en")))
-    {
-        m_server.SetPage(QStringLiteral("/ok"), "<title>All well</title><body>fine</body>");
-        MainWindowServices services;
-        services.pages = m_pages.get();
-        m_window = std::make_unique<MainWindow>(services);
-        m_window->resize(900, 600);
-        m_window->show();
-    }
-    ~WebEngineTest() override
-    {
-        m_window.reset();
-        m_pages.reset();
-    }
-
-    void Open(const QUrl& url, bool activate = true)
-    {
-        TabOpenInfo info;
-        info.address = url.toString();
-        info.activate = activate;
-        m_window->OpenUrl(info, -1);
-    }
-    /// Opens the page in front and waits until it has loaded; whether it has.
-    bool OpenAndWait(const QUrl& url)
-    {
-        QSignalSpy loaded(m_window.get(), &MainWindow::SigPageLoaded);
-        Open(url);
-        return (!loaded.isEmpty() || loaded.wait(Deadline)) && loaded.first().at(2).toBool();
-    }
-    QString GetTitle(int index) const { return m_window->GetTab(index)->GetTabData()->GetTitle(); }
-    QWebEngineView* GetView() const
-    {
-        const auto views = m_window->findChildren<QWebEngineView*>();
-        for (QWebEngineView* view : views) {
-            if (view->isVisible())
-                return view;
-        }
-        return nullptr;
-    }
-    QStringList GetMessage() const
-    {
-        const auto messages = m_window->findChildren<MessagePage*>();
-        for (const MessagePage* message : messages) {
-            if (message->isVisible())
-                return {message->GetHeadline(), message->GetText(), message->GetAddress()};
-        }
-        return {};
-    }
-    void PressMessageButton()
-    {
-        const auto messages = m_window->findChildren<MessagePage*>();
-        for (MessagePage* message : messages) {
-            if (message->isVisible())
-                QTest::mouseClick(message->GetButton(), Qt::LeftButton);
-        }
-    }
-    QString GetTabNotice(const QString& id) const
-    {
-        const auto bars = m_window->findChildren<NoticeBar*>();
-        for (const NoticeBar* bar : bars) {
-            if (bar->IsShown(id))
-                return bar->GetText(id);
-        }
-        return {};
-    }
-    /// Clicks into the page as a user does.
-    void Click(const QPoint& place)
-    {
-        QWidget* target = GetView()->focusProxy();
-        ASSERT_NE(target, nullptr);
-        QTest::mouseClick(target, Qt::LeftButton, {}, place);
-    }
-    /// Runs a script in the page shown and gives its result.
-    QVariant Run(const QString& script)
-    {
-        QVariant result;
-        bool done = false;
-        GetView()->page()->runJavaScript(script, [&](const QVariant& value) {
-            result = value;
-            done = true;
-        });
-        EXPECT_TRUE(WaitUntil([&done] { return done; }));
-        return result;
-    }
-
-    WebServer m_server;
-    std::unique_ptr<WebEnginePageFactory> m_pages;
-    std::unique_ptr<MainWindow> m_window;
-};
+using WebEngineTest = WebEngineFixture;
 
 } // namespace
 
@@ -227,6 +81,28 @@ TEST_F(WebEngineTest, ATabMayBeClosedWhileTheReasonOfAFailureIsAskedFor)
     QTimer::singleShot(Deadline, &loop, &QEventLoop::quit);
     loop.exec();
     EXPECT_TRUE(asked) << "nothing was open any more";
+}
+
+TEST_F(WebEngineTest, ATabMayGoWhileItsPageWaitsForAnAnswer)
+{
+    m_server.SetPage(QStringLiteral("/alert"), "<title>asks</title><script>alert('sure?')</script>");
+    Open(m_server.GetUrl(QStringLiteral("/alert")));
+    const QPointer<QWebEnginePage> page(GetView()->page());
+    // Inside the dialog's own event loop, as a module or another tab does it.
+    bool asked = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        asked = m_window->findChild<PageDialog*>() != nullptr;
+        if (!asked)
+            return;
+        watch.stop();
+        m_window->CloseTab(1);
+    });
+    watch.start(5);
+    ASSERT_TRUE(WaitUntil([&] { return !page; })) << "the page stays for ever";
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(m_window->findChild<PageDialog*>(), nullptr) << "a question that nobody asks any more";
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/ok"))));
 }
 
 TEST_F(WebEngineTest, AnUnknownHostIsExplained)
@@ -463,21 +339,4 @@ TEST_F(WebEngineTest, TenTabsOpenedAtOnceAllLoad)
     ASSERT_TRUE(WaitUntil([this] { return !m_window->IsLoading(); }));
     for (int i = 1; i < m_window->GetTabCount(); ++i)
         EXPECT_EQ(GetTitle(i), QStringLiteral("All well"));
-}
-
-int main(int argc, char** argv)
-{
-    // No display, no graphics card, and possibly root in a container: the engine runs without its sandbox,
-    // in this test only.
-    if (qEnvironmentVariableIsEmpty("QTWEBENGINE_CHROMIUM_FLAGS"))
-        qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --no-zygote");
-    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    qputenv("QT_QUICK_BACKEND", "software");
-    // CTest asks for the list of tests without the environment that it runs them in.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    ::testing::InitGoogleMock(&argc, argv);
-    QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }
