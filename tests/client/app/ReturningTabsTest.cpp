@@ -175,6 +175,18 @@ TEST_F(ReturningTabsTest, ReopenedTabsShowTheirSavedTitlesAndIcons)
     EXPECT_EQ(CountDelayed(), 15 - MainWindow::reopenedAtOnce);
 }
 
+TEST_F(ReturningTabsTest, OfAnAddressThatIsOpenTwiceEachTabShowsItsOwnTitle)
+{
+    KeptTabs tabs = MakeTabs(2);
+    tabs.tabs.append(tabs.tabs.first());
+    tabs.tabs.last().title = QStringLiteral("The other view of it");
+    tabs.tabs.last().iconUrl = QStringLiteral("https://icons.example/other.png");
+    tabs.current = 1;
+    LeaveBehind(tabs);
+    Run([&tabs] { Reopen(tabs.tabs); }, true);
+    EXPECT_EQ(GetOpen(), tabs.tabs);
+}
+
 TEST_F(ReturningTabsTest, SavedTitlesAreForTheTabsThatComeBackOnly)
 {
     const KeptTabs tabs = MakeTabs(1);

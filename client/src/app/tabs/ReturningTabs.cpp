@@ -12,6 +12,7 @@
 
 #include <QtCore/QEvent>
 #include <QtCore/QHash>
+#include <QtCore/QQueue>
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 
@@ -37,11 +38,18 @@ void ReturningTabs::Run(bool restarted, const std::function<void()>& mainFrameSh
         m_window->SetOpenDelayed(true);
         Q_EMIT SigCareTaken();
     }
-    QHash<QString, SavedFace> faces;
+    // An address may be open more than once; its tabs come back in the order in which they were kept.
+    QHash<QString, QQueue<SavedFace>> faces;
     for (const KeptTab& tab : qAsConst(m_last.tabs)) {
-        faces.insert(tab.routerUrl, {tab.title, tab.iconUrl});
+        faces[tab.routerUrl].enqueue({tab.title, tab.iconUrl});
     }
-    m_window->SetSavedFaces([faces](const QString& routerUrl) { return faces.value(routerUrl); });
+    m_window->SetSavedFaces([faces](const QString& routerUrl) mutable {
+        const auto found = faces.find(routerUrl);
+        if (found == faces.end()) {
+            return SavedFace();
+        }
+        return found->size() > 1 ? found->dequeue() : found->head();
+    });
     m_window->SetReopening(true);
     bool asked = false;
     const QMetaObject::Connection question =
