@@ -766,6 +766,8 @@ void MainWindowPrivate::ShowTabMenu(int index, const QPoint& position)
     menu->addSeparator();
     add(tr("Close tab"), index > 0 && tab->IsClosable(), [this, alive] { Close(IndexOf(alive)); });
     add(tr("Close other tabs"), GetCount() > 2 || (index == 0 && GetCount() > 1), [this, alive] {
+        if (IndexOf(alive) < 0)
+            return; // its page closed it while the menu was open
         // First, so that not each neighbour in turn is selected, and loaded, before it goes too.
         Select(IndexOf(alive));
         for (int i = GetCount() - 1; i > 0; --i) {

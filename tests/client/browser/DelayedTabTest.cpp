@@ -88,12 +88,15 @@ protected:
         return delayed;
     }
     /// Triggers an entry of a tab's own menu.
-    void ChooseInTabMenu(int index, const QString& text)
+    void OpenTabMenu(int index)
     {
         TabButton* const button = m_window->findChild<TabStrip*>()->GetButton(index);
         ASSERT_NE(button, nullptr);
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(4, 4), button->mapToGlobal(QPoint(4, 4)));
         QApplication::sendEvent(button, &event);
+    }
+    void ChooseInMenu(const QString& text)
+    {
         const auto menus = m_window->findChildren<QMenu*>();
         for (QMenu* menu : menus) {
             const auto actions = menu->actions();
@@ -308,9 +311,20 @@ TEST_F(DelayedTabTest, ClosingTheOthersLoadsNoneOfThem)
     m_window->SelectTab(1);
     ASSERT_EQ(m_pages.pages.size(), 2);
     m_window->SelectTab(6);
-    ChooseInTabMenu(1, QStringLiteral("Close other tabs"));
+    OpenTabMenu(1);
+    ChooseInMenu(QStringLiteral("Close other tabs"));
     EXPECT_EQ(GetTitles(), QStringList({QStringLiteral("Home"), QStringLiteral("Shop 1")}));
     EXPECT_EQ(m_pages.pages.size(), 2);
+}
+
+TEST_F(DelayedTabTest, TheMenuOfATabThatIsGoneClosesNoOthers)
+{
+    OpenMany(3);
+    OpenTabMenu(2);
+    m_window->CloseTab(2); // as its page may do
+    const QStringList left = GetTitles();
+    ChooseInMenu(QStringLiteral("Close other tabs"));
+    EXPECT_EQ(GetTitles(), left);
 }
 
 TEST_F(DelayedTabTest, WhileAllIsOpenedDelayedNothingLoadsOrComesToTheFront)
