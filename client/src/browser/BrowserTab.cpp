@@ -417,6 +417,9 @@ void BrowserTab::TakePage(std::unique_ptr<ITabPage> page)
     connect(source, &ITabPage::SigUrlChanged, this, [this](const QUrl& url) {
         m_notices->Hide(QStringLiteral("blocked"));
         if (url.host() != m_address.host()) {
+            for (const QString& id : qAsConst(m_permissions))
+                m_notices->Hide(id); // who asked is gone
+            m_permissions.clear();
             m_pageIcon = QIcon();
             m_pageIconUrl.clear();
         }
@@ -696,7 +699,10 @@ void BrowserTab::AskPermission(const PermissionRequest& request)
         break;
     }
     const auto answer = request.answer;
-    const QString id = QStringLiteral("permission/%1").arg(static_cast<int>(request.kind));
+    // A page and a frame of another site in it may ask for the same; each waits for its own answer.
+    const QString id =
+        QStringLiteral("permission/%1/%2").arg(static_cast<int>(request.kind)).arg(request.origin.toString());
+    m_permissions << id;
     m_notices->Show(
         id, NoticeKind::Info, text.arg(host),
         {{tr("Allow"), [answer] { answer(true); }}, {tr("Do not allow"), [answer] { answer(false); }}},

@@ -11,6 +11,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QSharedPointer>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QUrl>
 #include <QtGui/QIcon>
 
@@ -143,6 +144,7 @@ private:
     QString m_routerUrl; // of m_address; all tabs are asked for theirs each time they are saved
     QString m_pageTitle;
     QUrl m_pageIconUrl;
+    QStringList m_permissions; // the bars in which the page asked for some
     QIcon m_pageIcon;
     QIcon m_originIcon;
     QString m_iconRequest;

@@ -160,6 +160,38 @@ TEST_F(PageEventsTest, APermissionIsAskedInABarAndDeniedWhenTheBarIsClosed)
     EXPECT_EQ(answers, QList<bool>({true, false, false}));
 }
 
+TEST_F(PageEventsTest, TwoSitesInOnePageAreAnsweredEachForItself)
+{
+    QStringList answers;
+    PermissionRequest request;
+    request.kind = PermissionRequest::Kind::Location;
+    for (const QString& host : {QStringLiteral("map.example"), QStringLiteral("frame.example")}) {
+        request.origin = QUrl(QStringLiteral("https://%1/").arg(host));
+        request.answer = [&answers, host](bool allow) {
+            answers << QStringLiteral("%1 %2").arg(host).arg(allow);
+        };
+        Q_EMIT GetPage().SigPermissionRequested(request);
+    }
+    QTest::mouseClick(GetNoticeButton(QStringLiteral("Allow")), Qt::LeftButton);
+    QTest::mouseClick(GetNoticeButton(QStringLiteral("Do not allow")), Qt::LeftButton);
+    EXPECT_EQ(answers, QStringList({QStringLiteral("map.example 1"), QStringLiteral("frame.example 0")}));
+}
+
+TEST_F(PageEventsTest, AQuestionGoesWithThePageThatAsked)
+{
+    GetPage().Arrive(QUrl(QStringLiteral("https://map.example/")), QStringLiteral("Map"));
+    PermissionRequest request;
+    request.origin = QUrl(QStringLiteral("https://map.example/"));
+    bool answered = false;
+    request.answer = [&answered](bool) { answered = true; };
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    GetPage().Arrive(QUrl(QStringLiteral("https://map.example/#here")), QStringLiteral("Map"));
+    EXPECT_NE(GetNoticeButton(QStringLiteral("Allow")), nullptr) << "the page is still there";
+    GetPage().Arrive(QUrl(QStringLiteral("https://other.example/")), QStringLiteral("Other"));
+    EXPECT_EQ(GetNoticeButton(QStringLiteral("Allow")), nullptr);
+    EXPECT_FALSE(answered) << "a refusal that nobody spoke would be remembered";
+}
+
 TEST_F(PageEventsTest, ABlockedAddressIsNamedAndThePageStays)
 {
     Q_EMIT GetPage().SigBlocked(QUrl(QStringLiteral("file:///etc/passwd")));
