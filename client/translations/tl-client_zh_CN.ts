@@ -715,4 +715,51 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>重新加载</translation>
     </message>
 </context>
+<context>
+    <name>WebEngineDownload</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>磁盘已满。</translation>
+    </message>
+    <message>
+        <source>nothing may be written to this folder.</source>
+        <translation>无法写入该文件夹。</translation>
+    </message>
+    <message>
+        <source>the name is too long.</source>
+        <translation>名称过长。</translation>
+    </message>
+    <message>
+        <source>the file is too large for this disk.</source>
+        <translation>文件过大，该磁盘无法容纳。</translation>
+    </message>
+    <message>
+        <source>a security check refused it.</source>
+        <translation>未通过安全检查。</translation>
+    </message>
+    <message>
+        <source>the file could not be written.</source>
+        <translation>无法写入文件。</translation>
+    </message>
+    <message>
+        <source>the site does not allow it.</source>
+        <translation>网站不允许。</translation>
+    </message>
+    <message>
+        <source>the connection is not safe.</source>
+        <translation>连接不安全。</translation>
+    </message>
+    <message>
+        <source>the site reported an error.</source>
+        <translation>网站报告了错误。</translation>
+    </message>
+    <message>
+        <source>the connection broke off.</source>
+        <translation>连接已中断。</translation>
+    </message>
+    <message>
+        <source>it broke off for a reason that is not known.</source>
+        <translation>下载中断，原因未知。</translation>
+    </message>
+</context>
 </TS>

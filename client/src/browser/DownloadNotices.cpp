@@ -16,7 +16,11 @@ DownloadNotices::DownloadNotices(NoticeBar* bar, const AskPath& askPath, QObject
     , m_bar(bar)
     , m_askPath(askPath)
     , m_folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation))
-{}
+{
+    // Not every system has one; a dialog would then begin in the folder that the client was started in.
+    if (!QDir(m_folder).exists())
+        m_folder = QDir::homePath();
+}
 
 void DownloadNotices::Take(IDownload* download)
 {

@@ -67,12 +67,7 @@ WebEnginePageFactory::WebEnginePageFactory(const QString& folder, const QString&
     SetLanguage(language);
 
     connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this,
-            [this](QWebEngineDownloadItem* item) {
-                auto* download = new WebEngineDownload(item); // belongs to the item
-                Q_EMIT SigDownloadRequested(download);
-                if (!download->IsAccepted())
-                    item->cancel();
-            });
+            &WebEnginePageFactory::TakeDownload);
     m_profile->setNotificationPresenter([this](std::unique_ptr<QWebEngineNotification> notification) {
         notification->show();
         Q_EMIT SigNotification(notification->origin(), notification->title(), notification->message());
@@ -94,6 +89,23 @@ bool WebEnginePageFactory::ClearData()
     // in the background with pointers into the profile, and has crashed when the user quit meanwhile.
     QFile mark(QDir(m_folder).filePath(clearMark));
     return mark.open(QIODevice::WriteOnly);
+}
+
+void WebEnginePageFactory::TakeDownload(QWebEngineDownloadItem* item)
+{
+    QPointer<WebEngineDownload>& known = m_downloads[item->id()];
+    if (known) {
+        known->GoOn(item);
+        return;
+    }
+    const QPointer<WebEngineDownload> download = new WebEngineDownload(item, this);
+    known = download;
+    connect(download, &QObject::destroyed, this, [this, id = item->id()] { m_downloads.remove(id); });
+    Q_EMIT SigDownloadRequested(download);
+    if (download && !download->IsAccepted()) {
+        download->Cancel();
+        download->deleteLater();
+    }
 }
 
 void WebEnginePageFactory::SetLanguage(const QString& language)

@@ -2,11 +2,15 @@
 
 #include "browser/IPageFactory.h"
 
+#include <QtCore/QHash>
+#include <QtCore/QPointer>
 #include <QtCore/QString>
 
 #include <memory>
 
+class QWebEngineDownloadItem;
 class QWebEngineProfile;
+class WebEngineDownload;
 
 /// Pages drawn by Qt WebEngine, all in one profile that lives in a folder of the user's own (cookies,
 /// cache, storage), so that no user sees what another left behind. Delete it after the last page and
@@ -26,6 +30,9 @@ public:
     bool ClearData() override;
 
 private:
+    void TakeDownload(QWebEngineDownloadItem* item);
+
     QString m_folder;
     std::unique_ptr<QWebEngineProfile> m_profile;
+    QHash<quint32, QPointer<WebEngineDownload>> m_downloads; // by the engine's number, while they go on
 };

@@ -60,6 +60,13 @@ TEST_F(DownloadNoticesTest, ANameThatLeadsElsewhereLosesItsWay)
     EXPECT_FALSE(m_proposal.contains(QStringLiteral("..")));
 }
 
+TEST_F(DownloadNoticesTest, WhatIsProposedIsInAFolderThatExists)
+{
+    // The home of the tests has no folder for downloads.
+    m_notices.Take(&m_download);
+    EXPECT_TRUE(QFileInfo(m_proposal).dir().exists()) << qPrintable(m_proposal);
+}
+
 TEST_F(DownloadNoticesTest, ANamelessFileGetsAName)
 {
     m_download.name = QStringLiteral("folder/");

@@ -59,12 +59,23 @@ protected:
                          "<script>for (var i = 0; i < 9; ++i) history.pushState(i, '', '#' + i)</script>");
         m_server.SetPage(QStringLiteral("/ask"), "<script>navigator.geolocation.getCurrentPosition(() => 0);"
                                                  "Notification.requestPermission()</script>");
-        m_paths = {"/ok",    "/empty",   "/gone",   "/mail",    "/opener", "/popup",
-                   "/alert", "/confirm", "/prompt", "/stay",    "/away",   "/refused",
-                   "/loop",  "/frames",  "/busy",   "/history", "/ask",    "/none"};
+        const QByteArray file =
+            "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\nContent-Length: 1000\r\n\r\nstart";
+        m_server.SetReply(QStringLiteral("/half"), file);
+        m_server.SetReply(QStringLiteral("/slow"), file, WebServer::AfterReply::Wait);
+        m_server.SetPage(QStringLiteral("/file"), "all", "200 OK",
+                         "Content-Type: application/octet-stream\r\n");
+        m_paths = {"/half",    "/slow",  "/file",   "/ok",      "/empty",   "/gone", "/mail",
+                   "/opener",  "/popup", "/alert",  "/confirm", "/prompt",  "/stay", "/away",
+                   "/refused", "/loop",  "/frames", "/busy",    "/history", "/ask",  "/none"};
+
+        qputenv("HOME", MakeFolder().toUtf8()); // where downloads go
+        MakeWindow();
 
         // Dialogs of pages wait in an event loop of their own; the user answers, or does something else.
-        QObject::connect(&m_dialogWatch, &QTimer::timeout, &m_dialogWatch, [this] { MeetDialog(); });
+        // Not in the timer's own event: what the answer brings up would wait for a timer that waits for it.
+        QObject::connect(
+            &m_dialogWatch, &QTimer::timeout, &m_dialogWatch, [this] { MeetDialog(); }, Qt::QueuedConnection);
         m_dialogWatch.start(10);
     }
 
@@ -78,7 +89,7 @@ protected:
         const int choice = Pick(6);
         if (choice == 0 && m_window)
             m_window->CloseTab(1 + Pick(qMax(1, m_window->GetTabCount() - 1)));
-        else if (choice == 1)
+        else if (choice == 1 && qobject_cast<PageDialog*>(dialog))
             EndOrReplaceWindow();
         else if (choice % 2)
             dialog->accept();

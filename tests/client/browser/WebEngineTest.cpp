@@ -15,12 +15,16 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWebEngineWidgets/QWebEngineView>
+#include <QtWidgets/QPushButton>
 
 #include <gmock/gmock.h>
 
 namespace {
 
 using WebEngineTest = WebEngineFixture;
+
+const QByteArray HalfAFile = "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\n"
+                             "Content-Length: 1000000\r\n\r\nonly this much";
 
 } // namespace
 
@@ -300,6 +304,90 @@ TEST_F(WebEngineTest, ADownloadIsAskedForAndSaved)
     EXPECT_EQ(file.readAll(), QByteArray("12345"));
     EXPECT_TRUE(WaitUntil([&] { return !finished.isEmpty(); }));
     EXPECT_TRUE(failed.isEmpty()) << "a download was taken for a page that could not be loaded";
+}
+
+TEST_F(WebEngineTest, ADownloadThatBreaksOffIsSaidAndAskedForOnce)
+{
+    m_server.SetReply(QStringLiteral("/file"), HalfAFile);
+    const QString folder = MakeFolder();
+    m_window.reset();
+    NoticeBar bar;
+    int asked = 0;
+    DownloadNotices notices(&bar, [&](const QString&) {
+        ++asked;
+        return folder + QStringLiteral("/saved.bin");
+    });
+    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, &DownloadNotices::Take);
+    auto page = m_pages->CreatePage(nullptr);
+    page->Load(m_server.GetUrl(QStringLiteral("/file")));
+    const QString said = QStringLiteral("saved.bin could not be saved: the connection broke off.");
+    EXPECT_TRUE(WaitUntil([&] { return bar.GetText(QStringLiteral("download/1")) == said; }));
+    EXPECT_EQ(asked, 1) << "the engine tries again by itself";
+    EXPECT_EQ(bar.GetCount(), 1);
+    EXPECT_FALSE(QFile::exists(folder + QStringLiteral("/saved.bin")))
+        << "half a file looks like a whole one";
+}
+
+TEST_F(WebEngineTest, ADownloadThatBrokeOffGoesOnWhereTheUserWantedIt)
+{
+    m_server.SetReply(QStringLiteral("/file"), HalfAFile);
+    const QString path = MakeFolder() + QStringLiteral("/saved.bin");
+    m_window.reset();
+    NoticeBar bar;
+    DownloadNotices notices(&bar, [&](const QString&) {
+        m_server.SetPage(QStringLiteral("/file"), "this time all of it", "200 OK",
+                         "Content-Type: application/octet-stream\r\n");
+        return path;
+    });
+    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, &DownloadNotices::Take);
+    auto page = m_pages->CreatePage(nullptr);
+    page->Load(m_server.GetUrl(QStringLiteral("/file")));
+    EXPECT_TRUE(WaitUntil(
+        [&] { return bar.GetText(QStringLiteral("download/1")) == QStringLiteral("saved.bin was saved."); }));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("this time all of it"));
+}
+
+TEST_F(WebEngineTest, ADownloadThatTheUserCancelsLeavesNothingBehind)
+{
+    m_server.SetReply(QStringLiteral("/file"), HalfAFile, WebServer::AfterReply::Wait);
+    const QString folder = MakeFolder();
+    m_window.reset();
+    NoticeBar bar;
+    bar.show();
+    DownloadNotices notices(&bar, [&](const QString&) { return folder + QStringLiteral("/saved.bin"); });
+    QPointer<IDownload> download;
+    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, [&](IDownload* requested) {
+        download = requested;
+        notices.Take(requested);
+    });
+    auto page = m_pages->CreatePage(nullptr);
+    page->Load(m_server.GetUrl(QStringLiteral("/file")));
+    ASSERT_TRUE(WaitUntil([&] { return bar.GetCount() == 1 && QDir(folder).count() > 2; }));
+    QTest::mouseClick(bar.findChild<QPushButton*>(QStringLiteral("notice_button")), Qt::LeftButton);
+    EXPECT_TRUE(WaitUntil([&] { return !download && QDir(folder).count() == 2; }));
+    EXPECT_EQ(bar.GetCount(), 0);
+}
+
+TEST_F(WebEngineTest, ADownloadThatTheUserDoesNotWantLeavesNothingBehind)
+{
+    m_server.SetPage(QStringLiteral("/file"), "12345", "200 OK",
+                     "Content-Type: application/octet-stream\r\n");
+    m_window.reset();
+    NoticeBar bar;
+    DownloadNotices notices(&bar, [](const QString&) { return QString(); });
+    QPointer<IDownload> download;
+    bool asked = false;
+    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, [&](IDownload* requested) {
+        download = requested;
+        asked = true;
+        notices.Take(requested);
+    });
+    auto page = m_pages->CreatePage(nullptr);
+    page->Load(m_server.GetUrl(QStringLiteral("/file")));
+    EXPECT_TRUE(WaitUntil([&] { return asked && !download; }));
+    EXPECT_EQ(bar.GetCount(), 0);
 }
 
 TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)

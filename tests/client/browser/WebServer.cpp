@@ -20,6 +20,13 @@ void WebServer::SetPage(const QString& path, const QByteArray& body, const QByte
                                QByteArray::number(body.size()) + "\r\n\r\n" + body);
 }
 
+void WebServer::SetReply(const QString& path, const QByteArray& reply, AfterReply after)
+{
+    m_answers.insert(path, reply);
+    if (after == AfterReply::Wait)
+        m_waiting.insert(path);
+}
+
 QUrl WebServer::GetUrl(const QString& path) const
 {
     return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
@@ -34,5 +41,6 @@ void WebServer::Answer(QTcpSocket* socket)
     m_requests << path;
     socket->write(
         m_answers.value(path, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"));
-    socket->disconnectFromHost();
+    if (!m_waiting.contains(path))
+        socket->disconnectFromHost();
 }

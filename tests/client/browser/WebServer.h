@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QHash>
+#include <QtCore/QSet>
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
 #include <QtNetwork/QTcpServer>
@@ -15,6 +16,13 @@ public:
 
     void SetPage(const QString& path, const QByteArray& body, const QByteArray& status = "200 OK",
                  const QByteArray& headers = "Content-Type: text/html; charset=utf-8\r\n");
+    enum class AfterReply
+    {
+        Close,
+        Wait // for more that never comes
+    };
+    /// A reply as it goes over the line, status line and headers included.
+    void SetReply(const QString& path, const QByteArray& reply, AfterReply after = AfterReply::Close);
     QUrl GetUrl(const QString& path) const;
     QStringList GetRequests() const { return m_requests; }
 
@@ -22,5 +30,6 @@ private:
     void Answer(QTcpSocket* socket);
 
     QHash<QString, QByteArray> m_answers; // whole replies by path
+    QSet<QString> m_waiting;              // the paths after whose reply the connection stays open
     QStringList m_requests;               // paths in the order in which they were asked for
 };
