@@ -123,6 +123,36 @@ TEST_F(WebEngineTest, AServerThatSpeaksNoTlsIsNotSafe)
     EXPECT_EQ(GetMessage().value(0), QStringLiteral("The connection is not safe"));
 }
 
+TEST_F(WebEngineTest, ACertificateThatNobodyVouchesForIsNotSafeHoweverOftenItIsTried)
+{
+    WebServer server;
+    server.UseTls();
+    server.SetPage(QStringLiteral("/login"), "<title>Your password, please</title>");
+    EXPECT_FALSE(OpenAndWait(server.GetUrl(QStringLiteral("/login"))));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The connection is not safe"));
+    EXPECT_EQ(GetMessage().value(2), server.GetUrl(QStringLiteral("/login")).toString());
+
+    QSignalSpy loaded(m_window.get(), &MainWindow::SigPageLoaded);
+    PressMessageButton();
+    ASSERT_TRUE(!loaded.isEmpty() || loaded.wait(Deadline));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("The connection is not safe"));
+    EXPECT_TRUE(server.GetRequests().isEmpty()) << "something was sent over it";
+}
+
+TEST_F(WebEngineTest, APartOfAPageWithoutAValidCertificateIsLeftOutAndThePageStays)
+{
+    WebServer server;
+    server.UseTls();
+    server.SetPage(QStringLiteral("/script"), "document.title = 'taken over'");
+    m_server.SetPage(QStringLiteral("/page"), "<title>as it is</title><script src='" +
+                                                  server.GetUrl(QStringLiteral("/script")).toEncoded() +
+                                                  "'></script>");
+    EXPECT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/page"))));
+    EXPECT_EQ(GetTitle(1), QStringLiteral("as it is"));
+    EXPECT_TRUE(GetMessage().isEmpty());
+    EXPECT_TRUE(server.GetRequests().isEmpty());
+}
+
 TEST_F(WebEngineTest, AnErrorWithAPageOfItsOwnIsShownAsThatPage)
 {
     m_server.SetPage(QStringLiteral("/gone"), "<title>Not here</title>ERR_CONNECTION_REFUSED",

@@ -1,6 +1,8 @@
 #include "WebServer.h"
 
-#include <QtNetwork/QTcpSocket>
+#include <QtCore/QFile>
+#include <QtNetwork/QSslKey>
+#include <QtNetwork/QSslSocket>
 
 WebServer::WebServer()
 {
@@ -11,6 +13,29 @@ WebServer::WebServer()
             connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
         }
     });
+}
+
+void WebServer::UseTls()
+{
+    m_tls = true;
+}
+
+void WebServer::incomingConnection(qintptr handle)
+{
+    if (!m_tls) {
+        QTcpServer::incomingConnection(handle);
+        return;
+    }
+    QFile file(QStringLiteral(TL_TEST_CERTIFICATE)); // the key stands in it, too
+    const bool open = file.open(QIODevice::ReadOnly);
+    Q_ASSERT(open);
+    const QByteArray pem = file.readAll();
+    auto* socket = new QSslSocket(this);
+    socket->setSocketDescriptor(handle);
+    socket->setLocalCertificate(QSslCertificate(pem));
+    socket->setPrivateKey(QSslKey(pem, QSsl::Rsa));
+    socket->startServerEncryption();
+    addPendingConnection(socket);
 }
 
 void WebServer::SetPage(const QString& path, const QByteArray& body, const QByteArray& status,
@@ -29,7 +54,10 @@ void WebServer::SetReply(const QString& path, const QByteArray& reply, AfterRepl
 
 QUrl WebServer::GetUrl(const QString& path) const
 {
-    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
+    return QUrl(QStringLiteral("%1://127.0.0.1:%2%3")
+                    .arg(m_tls ? QStringLiteral("https") : QStringLiteral("http"))
+                    .arg(serverPort())
+                    .arg(path));
 }
 
 void WebServer::Answer(QTcpSocket* socket)

@@ -13,6 +13,8 @@ class WebServer final : public QTcpServer
 
 public:
     WebServer();
+    /// Speaks TLS alone, with a certificate that it signed itself.
+    void UseTls();
 
     void SetPage(const QString& path, const QByteArray& body, const QByteArray& status = "200 OK",
                  const QByteArray& headers = "Content-Type: text/html; charset=utf-8\r\n");
@@ -26,10 +28,14 @@ public:
     QUrl GetUrl(const QString& path) const;
     QStringList GetRequests() const { return m_requests; }
 
+protected:
+    void incomingConnection(qintptr handle) override;
+
 private:
     void Answer(QTcpSocket* socket);
 
     QHash<QString, QByteArray> m_answers; // whole replies by path
     QSet<QString> m_waiting;              // the paths after whose reply the connection stays open
-    QStringList m_requests;               // paths in the order in which they were asked for
+    bool m_tls = false;
+    QStringList m_requests; // paths in the order in which they were asked for
 };
