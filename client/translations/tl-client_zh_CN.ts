@@ -564,6 +564,30 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>PageDialog</name>
     <message>
+        <source>Log-in at a site</source>
+        <translation>登录网站</translation>
+    </message>
+    <message>
+        <source>“%1” asks for a user name and a password.</source>
+        <translation>“%1”要求输入用户名和密码。</translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>密码</translation>
+    </message>
+    <message>
+        <source>The connection is not encrypted: others may read what you type.</source>
+        <translation>连接未加密：他人可能会看到您输入的内容。</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>登录</translation>
+    </message>
+    <message>
         <source>This page</source>
         <translation>此页面</translation>
     </message>

@@ -22,10 +22,12 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
 {
     setObjectName(QStringLiteral("page_dialog"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    const bool logIn = kind == Kind::LogIn;
     const QString host = origin.host().isEmpty() ? tr("This page") : origin.host();
-    setWindowTitle(tr("Message from a page"));
+    setWindowTitle(logIn ? tr("Log-in at a site") : tr("Message from a page"));
 
-    auto* head = new QLabel(tr("The page at “%1” says:").arg(host));
+    auto* head = new QLabel(
+        (logIn ? tr("“%1” asks for a user name and a password.") : tr("The page at “%1” says:")).arg(host));
     head->setObjectName(QStringLiteral("page_dialog_head"));
     auto* body = new QLabel(text.left(LongText));
     body->setObjectName(QStringLiteral("page_dialog_text"));
@@ -41,11 +43,26 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
     auto* column = new QVBoxLayout(this);
     column->addWidget(head);
     column->addWidget(body);
-    if (kind == Kind::Prompt) {
+    body->setVisible(!body->text().isEmpty());
+    if (kind == Kind::Prompt || logIn) {
         m_input = new QLineEdit(proposal);
-        m_input->setAccessibleName(tr("Answer"));
+        m_input->setAccessibleName(logIn ? tr("User name") : tr("Answer"));
         m_input->selectAll();
         column->addWidget(m_input);
+    }
+    if (logIn) {
+        m_password = new QLineEdit;
+        m_password->setEchoMode(QLineEdit::Password);
+        m_password->setAccessibleName(tr("Password"));
+        for (QLineEdit* field : {m_input, m_password})
+            field->setPlaceholderText(field->accessibleName());
+        column->addWidget(m_password);
+        if (origin.scheme() != QLatin1String("https")) {
+            auto* warning = new QLabel(tr("The connection is not encrypted: others may read what you type."));
+            warning->setObjectName(QStringLiteral("page_dialog_warning"));
+            warning->setWordWrap(true);
+            column->addWidget(warning);
+        }
     }
     if (offerSilence) {
         m_silence = new QCheckBox(tr("Let this page show no more messages"));
@@ -53,7 +70,7 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
     }
     m_buttons = new QDialogButtonBox(kind == Kind::Alert ? QDialogButtonBox::Ok
                                                          : QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    m_buttons->button(QDialogButtonBox::Ok)->setText(logIn ? tr("Log in") : tr("OK"));
     m_buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
     if (QPushButton* cancel = m_buttons->button(QDialogButtonBox::Cancel))
         cancel->setText(tr("Cancel"));
@@ -77,6 +94,11 @@ void PageDialog::AdjustForDpi()
 QString PageDialog::GetInput() const
 {
     return m_input ? m_input->text() : QString();
+}
+
+QString PageDialog::GetPassword() const
+{
+    return m_password ? m_password->text() : QString();
 }
 
 bool PageDialog::IsSilenceWanted() const

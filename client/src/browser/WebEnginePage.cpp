@@ -3,6 +3,7 @@
 #include "browser/RequestGate.h"
 
 #include <QtCore/QStringList>
+#include <QtNetwork/QAuthenticator>
 #include <QtWebEngineWidgets/QWebEngineCertificateError>
 #include <QtWebEngineWidgets/QWebEngineView>
 
@@ -13,6 +14,14 @@ WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePag
         m_dialogs = 0;
         m_silent = false;
     });
+    connect(this, &QWebEnginePage::authenticationRequired, this,
+            [this](const QUrl& url, QAuthenticator* login) { AskLogIn(url, login->realm(), login); });
+    connect(this, &QWebEnginePage::proxyAuthenticationRequired, this,
+            [this](const QUrl&, QAuthenticator* login, const QString& proxy) {
+                QUrl origin;
+                origin.setHost(proxy);
+                AskLogIn(origin, login->realm(), login);
+            });
 }
 
 void WebEnginePage::End(std::unique_ptr<WebEnginePage> page)
@@ -70,18 +79,19 @@ QWebEnginePage* WebEnginePage::createWindow(WebWindowType type)
 
 void WebEnginePage::javaScriptAlert(const QUrl& origin, const QString& text)
 {
-    Ask(PageDialog::Kind::Alert, origin, text, QString(), nullptr);
+    Ask(PageDialog::Kind::Alert, origin, text, QString());
 }
 
 bool WebEnginePage::javaScriptConfirm(const QUrl& origin, const QString& text)
 {
-    return Ask(PageDialog::Kind::Confirm, origin, text, QString(), nullptr);
+    return Ask(PageDialog::Kind::Confirm, origin, text, QString());
 }
 
 bool WebEnginePage::javaScriptPrompt(const QUrl& origin, const QString& text, const QString& proposal,
                                      QString* answer)
 {
-    return Ask(PageDialog::Kind::Prompt, origin, text, proposal, answer);
+    return Ask(PageDialog::Kind::Prompt, origin, text, proposal,
+               [answer](const PageDialog& dialog) { *answer = dialog.GetInput(); });
 }
 
 void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
@@ -94,8 +104,19 @@ void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level
     Q_UNUSED(source)
 }
 
+void WebEnginePage::AskLogIn(const QUrl& origin, const QString& name, QAuthenticator* login)
+{
+    const bool answered =
+        Ask(PageDialog::Kind::LogIn, origin, name, QString(), [login](const PageDialog& dialog) {
+            login->setUser(dialog.GetInput());
+            login->setPassword(dialog.GetPassword());
+        });
+    if (!answered)
+        *login = QAuthenticator(); // the engine shows what the site says to strangers
+}
+
 bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text,
-                        const QString& proposal, QString* answer)
+                        const QString& proposal, const std::function<void(const PageDialog&)>& take)
 {
     if (m_silent)
         return false;
@@ -110,8 +131,8 @@ bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString
         return false; // the window went away with it
     ++m_dialogs;
     m_silent = m_silent || m_dialog->IsSilenceWanted();
-    if (accepted && answer)
-        *answer = m_dialog->GetInput();
+    if (accepted && take)
+        take(*m_dialog);
     delete m_dialog;
     return accepted;
 }

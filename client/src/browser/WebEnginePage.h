@@ -9,6 +9,8 @@
 #include <functional>
 #include <memory>
 
+class QAuthenticator;
+
 /// A page of the web engine that goes nowhere but to the web, opens no window by itself, overrides no
 /// certificate error and names the host in every dialog.
 class WebEnginePage final : public QWebEnginePage
@@ -45,8 +47,10 @@ protected:
                                   const QString& source) override;
 
 private:
+    /// What the user answered is in `take`, called before the dialog goes.
     bool Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text, const QString& proposal,
-             QString* answer);
+             const std::function<void(const PageDialog& dialog)>& take = {});
+    void AskLogIn(const QUrl& origin, const QString& name, QAuthenticator* login);
 
     MakePage m_makePage;
     QUrl m_certificateError;

@@ -1,13 +1,14 @@
 // Shows the main window with a made-up app list, to look at it. Not a test and not installed.
 //
 //   BrowserPreview [--theme light|dark] [--language en|zh_CN] [--notices] [--delayed <count>]
-//                  [--scale <percent>[,<percent>...]] [--earlier <sets>] [--question] [--list] [<address>...]
+//                  [--scale <percent>[,<percent>...]] [--earlier <sets>] [--question] [--site-log-in]
+//                  [--list] [<address>...]
 //
-// --earlier shows the dialog of earlier tabs over the window, with as many sets, --question what a page asks,
-// and
-// --list the list of all tabs. With several scales, each is applied for two seconds and the last one stays.
-// Each address is opened in a tab; the last one comes to the front. As root it needs
-// QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card, QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu".
+// --earlier shows the dialog of earlier tabs over the window, with as many sets, --question what a page
+// asks, --site-log-in what a site asks before it shows one, and --list the list of all tabs. With several
+// scales, each is applied for two seconds and the last one stays. Each address is opened in a tab; the last
+// one comes to the front. As root it needs QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card,
+// QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu".
 
 #include "browser/EarlierTabsDialog.h"
 #include "browser/LanguageManager.h"
@@ -113,9 +114,10 @@ int main(int argc, char** argv)
     const QCommandLineOption scaleOption(QStringLiteral("scale"), QString(), QStringLiteral("percents"),
                                          QStringLiteral("100"));
     const QCommandLineOption questionOption(QStringLiteral("question"));
+    const QCommandLineOption siteLogInOption(QStringLiteral("site-log-in"));
     const QCommandLineOption listOption(QStringLiteral("list"));
     parser.addOptions({themeOption, languageOption, noticesOption, delayedOption, earlierOption, scaleOption,
-                       questionOption, listOption});
+                       questionOption, siteLogInOption, listOption});
     parser.addPositionalArgument(QStringLiteral("address"), QString());
     parser.process(application);
 
@@ -209,6 +211,11 @@ int main(int argc, char** argv)
             QStringLiteral("Which of the orders of today should be sent to the supplier, and to whom should "
                            "the invoice go?"),
             QStringLiteral("All of them"), true, &window);
+        dialog->open();
+    }
+    if (parser.isSet(siteLogInOption)) {
+        auto* dialog = new PageDialog(PageDialog::Kind::LogIn, QUrl(QStringLiteral("http://stock.example/")),
+                                      QStringLiteral("Stock of the warehouse"), QString(), false, &window);
         dialog->open();
     }
     if (parser.isSet(listOption))

@@ -65,9 +65,11 @@ protected:
         m_server.SetReply(QStringLiteral("/slow"), file, WebServer::AfterReply::Wait);
         m_server.SetPage(QStringLiteral("/file"), "all", "200 OK",
                          "Content-Type: application/octet-stream\r\n");
-        m_paths = {"/half",    "/slow",  "/file",   "/ok",      "/empty",   "/gone", "/mail",
-                   "/opener",  "/popup", "/alert",  "/confirm", "/prompt",  "/stay", "/away",
-                   "/refused", "/loop",  "/frames", "/busy",    "/history", "/ask",  "/none"};
+        m_server.SetPage(QStringLiteral("/locked"), "<title>in</title>");
+        m_server.Protect(QStringLiteral("/locked"), "ann:secret");
+        m_paths = {"/locked", "/half",   "/slow",  "/file",    "/ok",     "/empty", "/gone", "/mail",
+                   "/opener", "/popup",  "/alert", "/confirm", "/prompt", "/stay",  "/away", "/refused",
+                   "/loop",   "/frames", "/busy",  "/history", "/ask",    "/none"};
 
         qputenv("HOME", MakeFolder().toUtf8()); // where downloads go
         MakeWindow();

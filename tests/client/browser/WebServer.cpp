@@ -52,6 +52,11 @@ void WebServer::SetReply(const QString& path, const QByteArray& reply, AfterRepl
         m_waiting.insert(path);
 }
 
+void WebServer::Protect(const QString& path, const QByteArray& nameAndPassword)
+{
+    m_protected.insert(path, "Authorization: Basic " + nameAndPassword.toBase64() + "\r\n");
+}
+
 QUrl WebServer::GetUrl(const QString& path) const
 {
     return QUrl(QStringLiteral("%1://127.0.0.1:%2%3")
@@ -65,8 +70,15 @@ void WebServer::Answer(QTcpSocket* socket)
     if (!socket->canReadLine())
         return;
     const QString path = QString::fromLatin1(socket->readLine().split(' ').value(1));
-    socket->readAll();
+    const QByteArray headers = socket->readAll();
     m_requests << path;
+    if (!headers.contains(m_protected.value(path))) {
+        socket->write("HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"Orders\"\r\n"
+                      "Content-Type: text/html\r\nContent-Length: 24\r\nConnection: close\r\n\r\n"
+                      "<title>stranger</title>x");
+        socket->disconnectFromHost();
+        return;
+    }
     socket->write(
         m_answers.value(path, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"));
     if (!m_waiting.contains(path))

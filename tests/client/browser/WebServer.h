@@ -25,6 +25,8 @@ public:
     };
     /// A reply as it goes over the line, status line and headers included.
     void SetReply(const QString& path, const QByteArray& reply, AfterReply after = AfterReply::Close);
+    /// Shows the page to those alone who give this name and password.
+    void Protect(const QString& path, const QByteArray& nameAndPassword);
     QUrl GetUrl(const QString& path) const;
     QStringList GetRequests() const { return m_requests; }
 
@@ -35,7 +37,8 @@ private:
     void Answer(QTcpSocket* socket);
 
     QHash<QString, QByteArray> m_answers; // whole replies by path
-    QSet<QString> m_waiting;              // the paths after whose reply the connection stays open
+    QHash<QString, QByteArray> m_protected;
+    QSet<QString> m_waiting; // the paths after whose reply the connection stays open
     bool m_tls = false;
     QStringList m_requests; // paths in the order in which they were asked for
 };
