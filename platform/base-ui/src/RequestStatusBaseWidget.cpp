@@ -26,6 +26,20 @@ QLabel* MakeLabel(const QString& objectName, QWidget* parent)
     return label;
 }
 
+/// As setVisible, which also lays out at once. Under a parent that is not shown yet that is half the work of
+/// filling a page, and done again when the parent is shown.
+void SetVisible(QWidget* widget, bool visible)
+{
+    QLayout* const layout = widget->layout();
+    const bool later = visible && layout != nullptr && layout->isEnabled() &&
+                       widget->parentWidget() != nullptr && !widget->parentWidget()->isVisible();
+    if (later)
+        layout->setEnabled(false);
+    widget->setVisible(visible);
+    if (later)
+        layout->setEnabled(true);
+}
+
 } // namespace
 
 RequestStatusBaseWidget::RequestStatusBaseWidget(QWidget* parent)
@@ -127,10 +141,10 @@ void RequestStatusBaseWidget::Apply()
 {
     for (const QPointer<QWidget>& widget : qAsConst(m_succeedWidgets)) {
         if (!widget.isNull())
-            widget->setVisible(m_status == RequestStatus::Succeeded);
+            SetVisible(widget, m_status == RequestStatus::Succeeded);
     }
-    m_failedPanel->setVisible(m_status == RequestStatus::Failed);
-    m_loadingPanel->setVisible(m_status == RequestStatus::Loading && !m_patience->isActive());
+    SetVisible(m_failedPanel, m_status == RequestStatus::Failed);
+    SetVisible(m_loadingPanel, m_status == RequestStatus::Loading && !m_patience->isActive());
     updateGeometry();
 }
 

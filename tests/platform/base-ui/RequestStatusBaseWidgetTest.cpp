@@ -56,6 +56,39 @@ TEST_F(RequestStatusBaseWidgetTest, ShowsTheContentOnlyWhenItSucceeded)
     EXPECT_FALSE(m_content->isVisible());
 }
 
+TEST_F(RequestStatusBaseWidgetTest, ContentThatComesBeforeThePageIsShownIsLaidOutOnceItIs)
+{
+    class CountedLayout final : public QVBoxLayout
+    {
+    public:
+        using QVBoxLayout::QVBoxLayout;
+        void setGeometry(const QRect& place) override
+        {
+            ++times;
+            QVBoxLayout::setGeometry(place);
+        }
+        int times = 0;
+    };
+    m_page.hide();
+    auto* content = new QWidget;
+    auto* layout = new CountedLayout(content);
+    auto* row = new QLabel(QStringLiteral("A row of the content"));
+    layout->addWidget(row);
+    m_area->AddSucceedWidget(content);
+    m_area->SetStatus(2);
+    EXPECT_EQ(layout->times, 0) << "nobody sees it yet";
+    EXPECT_TRUE(content->isVisibleTo(&m_page));
+
+    m_page.show();
+    EXPECT_GE(layout->times, 1);
+    EXPECT_GE(row->width(), row->sizeHint().width());
+    EXPECT_TRUE(content->rect().contains(row->geometry()));
+    layout->addWidget(new QLabel(QStringLiteral("Another")));
+    const int before = layout->times;
+    QCoreApplication::sendPostedEvents();
+    EXPECT_GT(layout->times, before) << "the layout stopped working";
+}
+
 TEST_F(RequestStatusBaseWidgetTest, SaysThatItLoadsOnlyAfterAWhile)
 {
     m_area->SetStatus(2);
