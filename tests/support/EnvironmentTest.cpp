@@ -6,9 +6,11 @@
 
 TEST(TestEnvironment, HasAHomeOfItsOwn)
 {
-    EXPECT_TRUE(qgetenv("HOME").endsWith("/tests/home/TLTestEnvironmentTests"))
-        << qgetenv("HOME").constData();
-    EXPECT_EQ(qgetenv("XDG_CONFIG_HOME"), qgetenv("HOME") + "/.config");
+    const QByteArray home = "/tests/home/TLTestEnvironmentTests";
+    EXPECT_TRUE(qgetenv("XDG_CONFIG_HOME").endsWith(home + "/.config"));
+#ifndef Q_OS_WIN // where Wine keeps it to itself
+    EXPECT_TRUE(qgetenv("HOME").endsWith(home)) << qgetenv("HOME").constData();
+#endif
 }
 
 TEST(TestEnvironment, IsTheSameEverywhere)
