@@ -50,7 +50,8 @@ bool WebEngineDownload::IsAccepted() const noexcept
 
 void WebEngineDownload::GoOn(QWebEngineDownloadItem* item)
 {
-    m_item->disconnect(this);
+    if (m_item)
+        m_item->disconnect(this);
     Take(item);
     Start();
 }

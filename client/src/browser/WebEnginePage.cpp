@@ -26,13 +26,15 @@ WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePag
 
 void WebEnginePage::End(std::unique_ptr<WebEnginePage> page)
 {
-    if (!page->m_asking)
+    if (page->m_open.isEmpty())
         return;
     page->m_ended = true;
     page->m_silent = true;
     page->m_makePage = [](WebWindowType) { return nullptr; };
-    if (page->m_dialog)
-        page->m_dialog->reject();
+    for (const QPointer<PageDialog>& dialog : qAsConst(page->m_open)) {
+        if (dialog)
+            dialog->reject();
+    }
     page.release(); // deletes itself
 }
 
@@ -120,19 +122,19 @@ bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString
 {
     if (m_silent)
         return false;
-    m_asking = true;
     QWidget* const parent = view() ? view()->window() : nullptr;
-    m_dialog = new PageDialog(kind, origin, text, proposal, m_dialogs > 0, parent);
-    const bool accepted = m_dialog->exec() == QDialog::Accepted;
-    m_asking = false;
-    if (m_ended)
+    const QPointer<PageDialog> dialog(new PageDialog(kind, origin, text, proposal, m_dialogs > 0, parent));
+    m_open.append(dialog);
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    m_open.removeLast();
+    if (m_ended && m_open.isEmpty())
         deleteLater();
-    if (!m_dialog)
+    if (!dialog)
         return false; // the window went away with it
     ++m_dialogs;
-    m_silent = m_silent || m_dialog->IsSilenceWanted();
+    m_silent = m_silent || dialog->IsSilenceWanted();
     if (accepted && take)
-        take(*m_dialog);
-    delete m_dialog;
+        take(*dialog);
+    delete dialog;
     return accepted;
 }

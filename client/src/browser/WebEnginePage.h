@@ -4,6 +4,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QUrl>
+#include <QtCore/QVector>
 #include <QtWebEngineWidgets/QWebEnginePage>
 
 #include <functional>
@@ -56,7 +57,7 @@ private:
     QUrl m_certificateError;
     int m_dialogs = 0; // shown since the last load
     bool m_silent = false;
-    QPointer<PageDialog> m_dialog; // the one that is open
-    bool m_asking = false;         // the engine waits for its answer
-    bool m_ended = false;          // to go then
+    // The innermost last; the engine waits for all of them.
+    QVector<QPointer<PageDialog>> m_open;
+    bool m_ended = false; // to go when the last has been answered
 };
