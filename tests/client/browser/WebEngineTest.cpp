@@ -1,8 +1,5 @@
 #include "WebEngineFixture.h"
 
-#include "browser/DownloadNotices.h"
-#include "browser/IDownload.h"
-#include "browser/NoticeBar.h"
 #include "browser/PageDialog.h"
 
 #include "frame-data/TabOpenInfo.h"
@@ -15,58 +12,12 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWebEngineWidgets/QWebEngineView>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
 #include <gmock/gmock.h>
 
 namespace {
 
 using WebEngineTest = WebEngineFixture;
-
-const QByteArray HalfAFile = "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\n"
-                             "Content-Length: 1000000\r\n\r\nonly this much";
-
-class WebEngineLogInTest : public WebEngineFixture
-{
-protected:
-    WebEngineLogInTest()
-    {
-        m_server.SetPage(QStringLiteral("/orders"), "<title>Your orders</title>");
-        m_server.Protect(QStringLiteral("/orders"), "ann:secret");
-        QObject::connect(
-            &m_watch, &QTimer::timeout, &m_watch, [this] { Answer(); }, Qt::QueuedConnection);
-        m_watch.start(5);
-    }
-
-    /// Types the next of the names and passwords into the dialog; without one, Escape.
-    void Answer()
-    {
-        auto* dialog = m_window->findChild<PageDialog*>();
-        if (!dialog)
-            return;
-        ++m_asked;
-        const auto labels = dialog->findChildren<QLabel*>();
-        for (const QLabel* label : labels)
-            m_texts << label->text();
-        if (m_answers.isEmpty()) {
-            QTest::keyClick(dialog, Qt::Key_Escape);
-            return;
-        }
-        const QStringList answer = m_answers.takeFirst().split(QLatin1Char(':'));
-        const auto fields = dialog->findChildren<QLineEdit*>();
-        ASSERT_EQ(fields.size(), 2);
-        QTest::keyClicks(fields.at(0), answer.at(0));
-        QTest::keyClicks(fields.at(1), answer.at(1));
-        QTest::keyClick(fields.at(1), Qt::Key_Return);
-    }
-
-    QTimer m_watch;
-    QStringList m_answers;
-    QStringList m_texts;
-    int m_asked = 0;
-};
 
 } // namespace
 
@@ -193,34 +144,6 @@ TEST_F(WebEngineTest, APartOfAPageWithoutAValidCertificateIsLeftOutAndThePageSta
     EXPECT_EQ(GetTitle(1), QStringLiteral("as it is"));
     EXPECT_TRUE(GetMessage().isEmpty());
     EXPECT_TRUE(server.GetRequests().isEmpty());
-}
-
-TEST_F(WebEngineLogInTest, NameAndPasswordOpenThePage)
-{
-    m_answers = QStringList{QStringLiteral("ann:secret")};
-    EXPECT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/orders"))));
-    EXPECT_EQ(GetTitle(1), QStringLiteral("Your orders"));
-    EXPECT_EQ(m_asked, 1);
-    EXPECT_TRUE(m_texts.contains(QStringLiteral("“127.0.0.1” asks for a user name and a password.")));
-    EXPECT_TRUE(m_texts.contains(QStringLiteral("Orders")));
-    EXPECT_TRUE(m_texts.join(QLatin1Char(' ')).contains(QStringLiteral("not encrypted")));
-}
-
-TEST_F(WebEngineLogInTest, AWrongPasswordIsAskedForAgain)
-{
-    m_answers = QStringList{QStringLiteral("ann:wrong"), QStringLiteral("ann:secret")};
-    EXPECT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/orders"))));
-    EXPECT_EQ(GetTitle(1), QStringLiteral("Your orders"));
-    EXPECT_EQ(m_asked, 2);
-}
-
-TEST_F(WebEngineLogInTest, WhoDoesNotAnswerSeesWhatStrangersSee)
-{
-    QSignalSpy loaded(m_window.get(), &MainWindow::SigPageLoaded);
-    Open(m_server.GetUrl(QStringLiteral("/orders")));
-    ASSERT_TRUE(!loaded.isEmpty() || loaded.wait(Deadline));
-    EXPECT_TRUE(WaitUntil([this] { return GetTitle(1) == QStringLiteral("stranger"); }));
-    EXPECT_EQ(m_asked, 1);
 }
 
 TEST_F(WebEngineTest, AnErrorWithAPageOfItsOwnIsShownAsThatPage)
@@ -380,114 +303,6 @@ TEST_F(WebEngineTest, APopUpThatNobodyAskedForIsNotOpened)
     ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/pushy"))));
     EXPECT_TRUE(WaitUntil([this] { return GetTitle(1) == QStringLiteral("blocked"); }));
     EXPECT_EQ(m_window->GetTabCount(), 2);
-}
-
-TEST_F(WebEngineTest, ADownloadIsAskedForAndSaved)
-{
-    m_server.SetPage(QStringLiteral("/file"), "12345", "200 OK",
-                     "Content-Type: application/octet-stream\r\nContent-Disposition: attachment; "
-                     "filename=numbers.bin\r\n");
-    // The window's own question is a dialog; here the first receiver answers for the user.
-    const QString path = MakeFolder() + QStringLiteral("/saved.bin");
-    m_window.reset();
-    NoticeBar bar;
-    DownloadNotices notices(&bar, [&path](const QString&) { return path; });
-    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, &DownloadNotices::Take);
-    auto page = m_pages->CreatePage(nullptr);
-    QSignalSpy failed(page.get(), &ITabPage::SigFailed);
-    QSignalSpy finished(page.get(), &ITabPage::SigLoadFinished);
-    page->Load(m_server.GetUrl(QStringLiteral("/file")));
-    EXPECT_TRUE(WaitUntil(
-        [&] { return bar.GetText(QStringLiteral("download/1")) == QStringLiteral("saved.bin was saved."); }));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("12345"));
-    EXPECT_TRUE(WaitUntil([&] { return !finished.isEmpty(); }));
-    EXPECT_TRUE(failed.isEmpty()) << "a download was taken for a page that could not be loaded";
-}
-
-TEST_F(WebEngineTest, ADownloadThatBreaksOffIsSaidAndAskedForOnce)
-{
-    m_server.SetReply(QStringLiteral("/file"), HalfAFile);
-    const QString folder = MakeFolder();
-    m_window.reset();
-    NoticeBar bar;
-    int asked = 0;
-    DownloadNotices notices(&bar, [&](const QString&) {
-        ++asked;
-        return folder + QStringLiteral("/saved.bin");
-    });
-    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, &DownloadNotices::Take);
-    auto page = m_pages->CreatePage(nullptr);
-    page->Load(m_server.GetUrl(QStringLiteral("/file")));
-    const QString said = QStringLiteral("saved.bin could not be saved: the connection broke off.");
-    EXPECT_TRUE(WaitUntil([&] { return bar.GetText(QStringLiteral("download/1")) == said; }));
-    EXPECT_EQ(asked, 1) << "the engine tries again by itself";
-    EXPECT_EQ(bar.GetCount(), 1);
-    EXPECT_FALSE(QFile::exists(folder + QStringLiteral("/saved.bin")))
-        << "half a file looks like a whole one";
-}
-
-TEST_F(WebEngineTest, ADownloadThatBrokeOffGoesOnWhereTheUserWantedIt)
-{
-    m_server.SetReply(QStringLiteral("/file"), HalfAFile);
-    const QString path = MakeFolder() + QStringLiteral("/saved.bin");
-    m_window.reset();
-    NoticeBar bar;
-    DownloadNotices notices(&bar, [&](const QString&) {
-        m_server.SetPage(QStringLiteral("/file"), "this time all of it", "200 OK",
-                         "Content-Type: application/octet-stream\r\n");
-        return path;
-    });
-    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, &DownloadNotices::Take);
-    auto page = m_pages->CreatePage(nullptr);
-    page->Load(m_server.GetUrl(QStringLiteral("/file")));
-    EXPECT_TRUE(WaitUntil(
-        [&] { return bar.GetText(QStringLiteral("download/1")) == QStringLiteral("saved.bin was saved."); }));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("this time all of it"));
-}
-
-TEST_F(WebEngineTest, ADownloadThatTheUserCancelsLeavesNothingBehind)
-{
-    m_server.SetReply(QStringLiteral("/file"), HalfAFile, WebServer::AfterReply::Wait);
-    const QString folder = MakeFolder();
-    m_window.reset();
-    NoticeBar bar;
-    bar.show();
-    DownloadNotices notices(&bar, [&](const QString&) { return folder + QStringLiteral("/saved.bin"); });
-    QPointer<IDownload> download;
-    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, [&](IDownload* requested) {
-        download = requested;
-        notices.Take(requested);
-    });
-    auto page = m_pages->CreatePage(nullptr);
-    page->Load(m_server.GetUrl(QStringLiteral("/file")));
-    ASSERT_TRUE(WaitUntil([&] { return bar.GetCount() == 1 && QDir(folder).count() > 2; }));
-    QTest::mouseClick(bar.findChild<QPushButton*>(QStringLiteral("notice_button")), Qt::LeftButton);
-    EXPECT_TRUE(WaitUntil([&] { return !download && QDir(folder).count() == 2; }));
-    EXPECT_EQ(bar.GetCount(), 0);
-}
-
-TEST_F(WebEngineTest, ADownloadThatTheUserDoesNotWantLeavesNothingBehind)
-{
-    m_server.SetPage(QStringLiteral("/file"), "12345", "200 OK",
-                     "Content-Type: application/octet-stream\r\n");
-    m_window.reset();
-    NoticeBar bar;
-    DownloadNotices notices(&bar, [](const QString&) { return QString(); });
-    QPointer<IDownload> download;
-    bool asked = false;
-    QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &notices, [&](IDownload* requested) {
-        download = requested;
-        asked = true;
-        notices.Take(requested);
-    });
-    auto page = m_pages->CreatePage(nullptr);
-    page->Load(m_server.GetUrl(QStringLiteral("/file")));
-    EXPECT_TRUE(WaitUntil([&] { return asked && !download; }));
-    EXPECT_EQ(bar.GetCount(), 0);
 }
 
 TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)
