@@ -58,8 +58,8 @@ TEST_F(VXSettingManagerFailureTest, WriteThatNeverSeemsToEndIsWaitedForOnceAndOn
     EXPECT_EQ(m_failed.count(), 1) << "told once";
     // The value that was waited for gets to the disk all the same.
     EXPECT_TRUE(QTest::qWaitFor([this] { return CountRows() == 1; }, 60000));
+    m_store.Close(); // which ends the last write, too
     RawDatabase(m_file).Run(QStringLiteral("DROP TRIGGER slow"));
-    m_store.Close();
     ASSERT_TRUE(m_store.Open(m_file));
     EXPECT_EQ(m_store.GetUserValue(Section(), Field(1)), Value(1, 7));
     EXPECT_EQ(m_failed.count(), 1);
