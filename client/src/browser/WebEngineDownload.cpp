@@ -10,10 +10,8 @@ WebEngineDownload::WebEngineDownload(QWebEngineDownloadItem* item, QObject* pare
 
 WebEngineDownload::~WebEngineDownload()
 {
-    for (const auto& item : qAsConst(m_items)) {
-        if (item)
-            item->deleteLater();
-    }
+    for (const auto& item : qAsConst(m_items))
+        delete item;
 }
 
 QString WebEngineDownload::GetFileName() const

@@ -74,7 +74,11 @@ WebEnginePageFactory::WebEnginePageFactory(const QString& folder, const QString&
     });
 }
 
-WebEnginePageFactory::~WebEnginePageFactory() = default;
+WebEnginePageFactory::~WebEnginePageFactory()
+{
+    // While the profile still knows them: those that have just ended wait for the event loop to be deleted.
+    qDeleteAll(findChildren<WebEngineDownload*>(QString(), Qt::FindDirectChildrenOnly));
+}
 
 std::unique_ptr<ITabPage> WebEnginePageFactory::CreatePage(QWidget* parent)
 {
