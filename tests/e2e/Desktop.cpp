@@ -7,24 +7,29 @@ Desktop::Desktop(const QString& display) : m_display(display) {}
 
 bool Desktop::WaitForWindow(qint64 processId) const
 {
-    const QByteArray wanted = QByteArray::number(processId);
-    return QTest::qWaitFor(
-        [this, &wanted] {
-            // No window at all is an error of the tool, and nothing to talk about while it is waited for.
-            QByteArray active;
-            return Run({QStringLiteral("getactivewindow"), QStringLiteral("getwindowpid")}, &active) &&
-                   active.trimmed() == wanted;
-        },
-        30000);
+    return WaitForKeyboard(QStringLiteral("getwindowpid"), QByteArray::number(processId), 30000);
 }
 
 bool Desktop::WaitForTitle(const QString& title, int timeout) const
 {
+    return WaitForKeyboard(QStringLiteral("getwindowname"), title.toUtf8(), timeout);
+}
+
+bool Desktop::WaitForKeyboard(const QString& property, const QByteArray& wanted, int timeout) const
+{
+    // The window manager names a window active a moment before the X server sends the keys there, and a
+    // window may have the keys that is not active yet: keys are safe once both say the same.
     return QTest::qWaitFor(
-        [this, &title] {
-            QByteArray active;
-            return Run({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}, &active) &&
-                   QString::fromUtf8(active).trimmed() == title;
+        [this, &property, &wanted] {
+            // No window at all is an error of the tool, and nothing to talk about while it is waited for.
+            for (const QString& window :
+                 {QStringLiteral("getactivewindow"), QStringLiteral("getwindowfocus")}) {
+                QByteArray found;
+                if (!Run({window, property}, &found) || found.trimmed() != wanted) {
+                    return false;
+                }
+            }
+            return true;
         },
         timeout);
 }

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] bool Press(const QStringList& keys) const;
 
 private:
+    bool WaitForKeyboard(const QString& property, const QByteArray& wanted, int timeout) const;
     bool Run(const QStringList& arguments, QByteArray* output = nullptr) const;
 
     QString m_display;
