@@ -59,9 +59,17 @@ TEST_F(VXSettingManagerProcessTest, KilledAtAnyMomentNothingIsLostThatWasSaidToB
     for (int round = 0; round < m_rounds && !HasFailure(); ++round) {
         SCOPED_TRACE(round);
         SettingsStoreProcess process({m_file, QStringLiteral("work"), QString::number(nextStep)});
+        QStringList lines;
+        if (round % 2 == 0) {
+            // However slow the machine is: half of the processes get something done, the others may be
+            // killed before.
+            lines << process.ReadLine() << process.ReadLine();
+            ASSERT_EQ(lines.first(), QStringLiteral("open"));
+        }
         process.LetRun(m_random.bounded(200));
         process.Kill();
-        for (const QString& line : process.ReadRest()) {
+        lines += process.ReadRest();
+        for (const QString& line : qAsConst(lines)) {
             if (line == QLatin1String("open"))
                 continue;
             bool ok = false;
@@ -78,7 +86,7 @@ TEST_F(VXSettingManagerProcessTest, KilledAtAnyMomentNothingIsLostThatWasSaidToB
         for (const int found : steps)
             nextStep = qMax(nextStep, found + 1);
     }
-    EXPECT_GT(acknowledged, m_rounds) << "the processes got something done";
+    EXPECT_GE(acknowledged, m_rounds / 2) << "the processes got something done";
 }
 
 TEST_F(VXSettingManagerProcessTest, KilledWhileTheFileIsMadeOrBroughtUpToDateNothingIsLost)
