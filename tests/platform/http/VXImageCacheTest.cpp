@@ -550,17 +550,20 @@ TEST_F(VXImageCacheTest, ABodyAtTheLimitIsTakenAndOneByteMoreIsNot)
 
 TEST_F(VXImageCacheTest, AServerThatNeverAnswersIsGivenUpAndTheOthersGoOn)
 {
-    limits.timeout = 100;
+    limits.timeout = 4000;
     limits.downloads = 1;
     MakeCache();
-    server.Enqueue(ScriptedReply::Of(ScriptedReply::Kind::Never));
+    ScriptedHttpServer silent;
+    silent.SetStanding(ScriptedReply::Of(ScriptedReply::Kind::Never));
     server.SetStanding(Body(Pictures::Png()));
-    cache->RequestImage(Url(QStringLiteral("/never")), false);
+    const QString never = silent.GetUrl(QStringLiteral("/never")).toString();
+    cache->RequestImage(never, false);
     cache->RequestImage(Url(QStringLiteral("/good")), false);
     ASSERT_TRUE(WaitUntil([this] { return answers.size() == 2; }));
+    EXPECT_EQ(answers[0].url, never);
     EXPECT_FALSE(answers[0].succeeded);
-    EXPECT_TRUE(answers[1].succeeded);
     EXPECT_EQ(answers[1].url, Url(QStringLiteral("/good")));
+    EXPECT_TRUE(answers[1].succeeded);
 }
 
 TEST_F(VXImageCacheTest, AsManyDownloadsAsAllowedRunAtOnce)
