@@ -10,6 +10,8 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
+#include <utility>
+
 namespace {
 
 QEvent::Type InputIsOver()
@@ -76,6 +78,7 @@ InputHold::~InputHold() = default;
 void InputHold::SetPage(QWidget* page)
 {
     m_page = page;
+    m_pageNumber += page != nullptr ? 1 : 0;
 }
 
 void InputHold::SetBlocked(bool blocked)
@@ -113,11 +116,22 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event)
     if (m_delivering > 0)
         return false; // its turn has come, or it comes of one whose turn has come
     if (m_calls.isEmpty() && !m_blocked && m_kept.empty()) {
+        if (!isKey) {
+            const auto& mouse = static_cast<const QMouseEvent&>(*event);
+            const bool isPassedOn = IsPassedOn(widget, mouse);
+            m_last = widget;
+            m_lastTime = mouse.timestamp();
+            m_lastType = mouse.type();
+            if (!isPassedOn && !TakeMouse(widget, mouse.type())) {
+                event->accept();
+                return true;
+            }
+        }
         BeginInput();
         return false;
     }
     Keep(widget, event);
-    if (!isKey && event->type() != QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::MouseButtonPress)
         GiveFocus(widget);
     event->accept();
     return true;
@@ -172,9 +186,42 @@ bool InputHold::IsInInput() const
     return m_inputLevel >= 0 && QThread::currentThread()->loopLevel() == m_inputLevel;
 }
 
+/// Whether a part of the page has left the event to this one, which it is in.
+bool InputHold::IsPassedOn(const QWidget* widget, const QMouseEvent& event) const
+{
+    return m_last != nullptr && widget->isAncestorOf(m_last) && m_lastType == event.type() &&
+           m_lastTime == event.timestamp();
+}
+
+/// Whether the event, whose turn it is, may go to `widget`. A double click may meet a row that has come under
+/// the mouse since its first half, and is not meant for that.
+bool InputHold::TakeMouse(QWidget* widget, QEvent::Type type)
+{
+    if (type == QEvent::MouseButtonRelease)
+        return !std::exchange(m_releaseDropped, false);
+    m_releaseDropped = type == QEvent::MouseButtonDblClick && widget != m_pressed;
+    if (type == QEvent::MouseButtonPress)
+        m_pressed = widget;
+    return !m_releaseDropped;
+}
+
+QWidget* InputHold::FindTarget(const Kept& kept) const
+{
+    // A key goes to what has the focus in the page when its turn comes, and out of the page only where a
+    // Tab before it has led: the user may have gone on to another page meanwhile.
+    QWidget* const focus = kept.isKey ? QApplication::focusWidget() : nullptr;
+    if (focus != nullptr && (IsPartOfPage(focus) || (m_tabbed && focus->window() == m_page->window())))
+        return focus;
+    if (IsPartOfPage(kept.target))
+        return kept.target;
+    // In a page that is the same, what looks the same is another entry.
+    return kept.page != m_pageNumber ? kept.place.FindIn(m_page) : nullptr;
+}
+
 void InputHold::Keep(QWidget* widget, const QEvent* event)
 {
-    m_kept.push_back({CopyOf(*event), widget, WidgetPlace(m_page, widget), IsKey(event->type())});
+    m_kept.push_back(
+        {CopyOf(*event), widget, WidgetPlace(m_page, widget), m_pageNumber, IsKey(event->type())});
     Announce();
 }
 
@@ -185,16 +232,14 @@ void InputHold::Deliver()
     while (!m_kept.empty() && m_calls.isEmpty() && !m_blocked && m_page != nullptr) {
         const Kept kept = std::move(m_kept.front());
         m_kept.pop_front();
-        // A key goes to what has the focus in the page when its turn comes, and out of the page only where a
-        // Tab before it has led: the user may have gone on to another page meanwhile.
-        QWidget* target = kept.isKey ? QApplication::focusWidget() : nullptr;
-        if (target == nullptr ||
-            !(IsPartOfPage(target) || (m_tabbed && target->window() == m_page->window())))
-            target = IsPartOfPage(kept.target) ? kept.target.data() : kept.place.FindIn(m_page);
-        const bool isRelease =
-            kept.event->type() == QEvent::MouseButtonRelease || kept.event->type() == QEvent::KeyRelease;
+        QWidget* const target = FindTarget(kept);
+        const bool isPress = kept.event->type() == QEvent::MouseButtonPress ||
+                             kept.event->type() == QEvent::MouseButtonDblClick ||
+                             kept.event->type() == QEvent::KeyPress;
+        if (!kept.isKey && !TakeMouse(target, kept.event->type()))
+            continue;
         if (target == nullptr) {
-            if (!isRelease)
+            if (isPress && !IsTab(*kept.event) && kept.page != m_pageNumber)
                 Q_EMIT SigInputLost();
             continue;
         }

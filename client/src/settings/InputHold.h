@@ -11,12 +11,14 @@
 #include <memory>
 
 class HttpCallWatch;
+class QMouseEvent;
 class QWidget;
 
 /// While a change that the user made on a page is on its way, keeps the mouse and keys that go to the page,
 /// and delivers them in order when the answer is there; the first of them that makes another change has the
 /// rest wait again. A change is a call that may change something and starts while the page deals with input.
-/// GUI thread.
+/// Input for what the user's own earlier input has taken away is dropped, and so is the second half of a
+/// double click that meets something else than the first. GUI thread.
 class InputHold final : public QObject
 {
     Q_OBJECT
@@ -49,7 +51,7 @@ Q_SIGNALS:
     void SigChangeFailed(const QString& code, const QString& description);
     /// Nothing is on its way any more. What waits is delivered after this, unless it blocks.
     void SigAnswered();
-    /// Input was kept for a part of the page that is no longer there.
+    /// Input was kept for a part of the page that is no longer there since the page was made anew.
     void SigInputLost();
 
 protected:
@@ -62,6 +64,7 @@ private:
         std::unique_ptr<QEvent> event;
         QPointer<QWidget> target;
         WidgetPlace place;
+        int page; ///< the number of the page that it was meant for
         bool isKey;
     };
 
@@ -70,6 +73,9 @@ private:
     bool EndInputIfOver();
     void EndInput();
     bool IsInInput() const;
+    bool IsPassedOn(const QWidget* widget, const QMouseEvent& event) const;
+    bool TakeMouse(QWidget* widget, QEvent::Type type);
+    QWidget* FindTarget(const Kept& kept) const;
     void Keep(QWidget* widget, const QEvent* event);
     void Deliver();
     void Announce();
@@ -78,10 +84,16 @@ private:
     void TakeEnd(quint64 call);
 
     QPointer<QWidget> m_page;
+    int m_pageNumber = 0; ///< counts the pages
     std::deque<Kept> m_kept;
     QSet<quint64> m_calls; ///< the changes on their way
     int m_inputLevel = -1; ///< of the event loop in which the page deals with input; -1: it does not
     int m_delivering = 0;
+    QPointer<QWidget> m_pressed;            ///< where the last press went that reached the page
+    QPointer<QWidget> m_last;               ///< where the last mouse event came by on its way up the page
+    ulong m_lastTime = 0;                   ///< of that event
+    QEvent::Type m_lastType = QEvent::None; ///< likewise
+    bool m_releaseDropped = false;          ///< the next release belongs to a press that was dropped
     bool m_blocked = false;
     bool m_tabbed = false; ///< of what waited, a Tab has been delivered
     bool m_wasBusy = false;

@@ -21,6 +21,8 @@
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QVBoxLayout>
 
+#include <utility>
+
 namespace {
 
 constexpr int typingPause = 250; // [ms] after which a search word counts as typed
@@ -78,7 +80,7 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpCallWatch
                 m_code = code;
                 m_description = description;
             });
-    connect(&m_hold, &InputHold::SigInputLost, m_status, &SaveStatus::SetLost);
+    connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::TakeInputLost);
     connect(m_status, &SaveStatus::SigLoadAgain, this, [this] { MakeSoon(Reason::LoadAgain); });
     connect(calls, &HttpCallWatch::SigStarted, this, &SettingsPageArea::TakeStart);
     connect(calls, &HttpCallWatch::SigEnded, this, &SettingsPageArea::TakeEnd);
@@ -181,34 +183,49 @@ void SettingsPageArea::Make()
     new AccessibleNames(m_page);
     new ReadableLabels(m_page);
     m_hold.SetPage(m_page);
-    if (loses)
+    if (loses) {
+        m_saved = false;
         m_status->SetLost();
-    else if (m_reason != Reason::First)
+    } else if (m_reason != Reason::First) {
         m_status->Reset();
+    }
     if (m_loading.isEmpty())
         ReleaseSoon();
 }
 
 void SettingsPageArea::TakeSaved()
 {
-    if (m_hold.HasKept())
-        m_status->Reset(); // the outcome of what waits is what counts
+    m_saved = m_hold.HasKept();
+    if (m_saved)
+        m_status->Reset(); // the outcome of what waits is what counts, if it has one
     else
         m_status->SetSaved();
 }
 
 void SettingsPageArea::TakeFailed()
 {
+    m_saved = false;
     m_status->SetFailed(m_code, m_description);
     m_code.clear();
     m_description.clear();
 }
 
+void SettingsPageArea::TakeInputLost()
+{
+    m_saved = false;
+    // A change that stands on the page unsaved is not gone, and weighs more.
+    if (!IsUnsaved())
+        m_status->SetLost();
+}
+
 void SettingsPageArea::TakeBusy(bool busy)
 {
     m_status->SetBusy(busy);
-    if (!busy)
-        Q_EMIT SigSettled();
+    if (busy)
+        return;
+    if (std::exchange(m_saved, false))
+        m_status->SetSaved();
+    Q_EMIT SigSettled();
 }
 
 void SettingsPageArea::TakeStart(quint64 call, bool)

@@ -69,6 +69,7 @@ private:
     void Make();
     void TakeSaved();
     void TakeFailed();
+    void TakeInputLost();
     void TakeBusy(bool busy);
     void TakeStart(quint64 call, bool changes);
     void TakeEnd(quint64 call);
@@ -93,4 +94,5 @@ private:
     std::optional<WidgetPlace> m_focusPlace; ///< where the focus was in the page before
     Reason m_reason = Reason::First;
     bool m_making = false;
+    bool m_saved = false; ///< a change is saved, and what waited then has had no outcome yet
 };

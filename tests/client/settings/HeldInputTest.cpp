@@ -15,6 +15,8 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
 
+#include <functional>
+
 namespace {
 
 constexpr int slow = 800; // [ms]
@@ -305,6 +307,132 @@ TEST_F(HeldInputTest, ClosingTwiceWaitsForNothing)
     EXPECT_FALSE(dialog->isVisible());
     gateway.Answer();
     EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0\ngamma\t0"));
+}
+
+TEST_F(HeldInputTest, AClickThatWaitedForARowThatAnEarlierClickDeletesIsDroppedWithoutANotice)
+{
+    Open();
+    Tick(0);
+    Page()->GetRow(2)->remove->show();
+    QTest::mouseClick(Page()->GetRow(2)->remove, Qt::LeftButton);
+    Tick(2);
+    gateway.Answer();
+    ASSERT_EQ(gateway.GetWaiting(), 1) << "the row is deleted";
+    gateway.Answer();
+    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
+    EXPECT_TRUE(NoticeText().isEmpty()) << qPrintable(NoticeText());
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+}
+
+TEST_F(HeldInputTest, AClickThatWaitedForADeletedRowDoesNotGoToAnotherOfTheSameContent)
+{
+    gateway.stored = QStringLiteral("alpha\t0\nbeta\t0\nbeta\t0");
+    Open();
+    Tick(0);
+    Page()->GetRow(2)->remove->show();
+    QTest::mouseClick(Page()->GetRow(2)->remove, Qt::LeftButton);
+    Tick(2);
+    gateway.Answer();
+    gateway.Answer();
+    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
+}
+
+TEST_F(HeldInputTest, WhatIsDroppedAfterAFailureLeavesTheFailureInSight)
+{
+    Open();
+    Tick(0);
+    Page()->GetRow(2)->remove->show();
+    QTest::mouseClick(Page()->GetRow(2)->remove, Qt::LeftButton);
+    Tick(2);
+    gateway.Answer();
+    gateway.failures = 1;
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved."))) << qPrintable(NoticeText());
+    AnswerQuestion(QStringLiteral("Keep open"));
+    dialog->close();
+    EXPECT_EQ(questions, 1);
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(HeldInputTest, WhatIsLostWithThePageLeavesALaterFailureInSight)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    Tick(2);
+    DpiTool::SetScale(1.5);
+    gateway.Answer();
+    gateway.stored = QStringLiteral("alpha\t1\nbeta\t0"); // another machine has removed the last row
+    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
+    gateway.failures = 1;
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved."))) << qPrintable(NoticeText());
+}
+
+/// A second press so soon after the first that it counts as a double click, wherever the first one went.
+void PressTwice(QWidget* first, const std::function<QWidget*()>& second)
+{
+    QTest::mouseClick(first, Qt::LeftButton);
+    QTest::mouseDClick(second(), Qt::LeftButton);
+    QTest::mouseRelease(second(), Qt::LeftButton);
+}
+
+TEST_F(HeldInputTest, ADoubleClickOnDeleteDeletesOneRow)
+{
+    Open();
+    for (int i = 0; i < 3; ++i)
+        Page()->GetRow(i)->remove->show();
+    PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });
+    AnswerAll();
+    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
+    EXPECT_EQ(gateway.writes, 1);
+    EXPECT_TRUE(NoticeText().isEmpty());
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+    // The next click is one again.
+    QTest::mouseClick(Page()->GetRow(0)->remove, Qt::LeftButton);
+    AnswerAll();
+    EXPECT_EQ(gateway.stored, QStringLiteral("gamma\t0"));
+}
+
+TEST_F(HeldInputTest, ADoubleClickOnDeleteThatWaitedDeletesOneRow)
+{
+    Open();
+    for (int i = 0; i < 3; ++i)
+        Page()->GetRow(i)->remove->show();
+    Tick(2);
+    // While this is on its way no row goes, so the second press is on the same one.
+    PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });
+    AnswerAll();
+    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t1"));
+    EXPECT_EQ(gateway.writes, 2);
+    EXPECT_TRUE(NoticeText().isEmpty()) << qPrintable(NoticeText());
+}
+
+TEST_F(HeldInputTest, ADoubleClickThatMeetsAnotherRowWithNothingOnItsWayDoesNothing)
+{
+    Open();
+    PressTwice(Page()->GetRow(0)->label, [this] { return Page()->GetRow(1)->box; });
+    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_FALSE(Page()->GetRow(1)->box->isChecked());
+}
+
+TEST_F(HeldInputTest, ADoubleClickOnABoxTicksAndUnticksIt)
+{
+    Open();
+    QWidget* const box = Page()->GetRow(0)->box;
+    const QPoint place(8, 8);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(box, Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseRelease(box, Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_EQ(gateway.writes, 1);
+    gateway.Answer();
+    EXPECT_EQ(gateway.writes, 2);
+    AnswerAll();
+    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t0\nbeta\t0\ngamma\t0"));
 }
 
 } // namespace
