@@ -32,6 +32,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -69,7 +70,7 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     m_factories += factories;
     if (m_services.chooseLanguage) {
         m_services.chooseLanguage = [this, chosen = m_services.chooseLanguage](const QString& language) {
-            ChooseSafely([this, chosen, language] {
+            ChooseSafely(Choice::Language, [this, chosen, language] {
                 m_services.language = language;
                 chosen(language);
             });
@@ -77,7 +78,7 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     }
     if (m_services.chooseScale) {
         m_services.chooseScale = [this, chosen = m_services.chooseScale](int scale) {
-            ChooseSafely([this, chosen, scale] {
+            ChooseSafely(Choice::Scale, [this, chosen, scale] {
                 m_services.scale = scale;
                 chosen(scale);
             });
@@ -197,12 +198,12 @@ void SettingsDialog::reject()
         m_closing = true; // as soon as everything is answered
         return;
     }
-    if (!m_closing && !m_atEnd && IsUnsaved()) {
+    if (!m_closing) {
         const QPointer<SettingsDialog> self(this);
-        const auto answer = PackagedMsgBox::question(
-            tr("A change could not be saved. It is lost when you close the settings."), this,
-            QMessageBox::Discard | QMessageBox::Cancel, {tr("Close anyway"), tr("Keep open")});
-        if (!self || answer != QMessageBox::Discard)
+        const bool may =
+            MayDropUnsaved(tr("A change could not be saved. It is lost when you close the settings."),
+                           {tr("Close anyway"), tr("Keep open")});
+        if (!self || !may || !isVisible())
             return;
     }
     Close();
@@ -356,35 +357,54 @@ SettingsPageArea* SettingsDialog::AreaOf(int entry)
     return area;
 }
 
-void SettingsDialog::ChooseSafely(const std::function<void()>& choose)
+void SettingsDialog::ChooseSafely(Choice choice, const std::function<void()>& choose)
 {
-    if (IsUnsaved()) {
-        const QPointer<SettingsDialog> self(this);
-        const auto answer = PackagedMsgBox::question(
-            tr("A change could not be saved. It is lost when the pages are shown anew for this choice."),
-            this, QMessageBox::Discard | QMessageBox::Cancel, {tr("Continue"), tr("Cancel")});
-        if (answer != QMessageBox::Discard) {
-            m_own->ShowChoices();
-            return;
-        }
-    }
-    m_choice = choose;
+    m_choices[choice] = choose;
     TakeSettled();
 }
 
 void SettingsDialog::TakeSettled()
 {
-    if (IsBusy())
+    if (IsBusy() || m_asking)
         return;
-    if (m_choice) {
-        const std::function<void()> choose = std::move(m_choice);
-        m_choice = {};
-        choose();
-    }
+    const QPointer<SettingsDialog> self(this);
     if (m_closing) {
         m_closing = false;
         reject(); // asks about what could not be saved
+        return;   // a choice that waits comes with the end of the dialog, or in its turn
     }
+    if (m_choices.empty())
+        return;
+    const bool may = MayDropUnsaved(
+        tr("A change could not be saved. It is lost when the pages are shown anew for this choice."),
+        {tr("Continue"), tr("Cancel")});
+    if (!self)
+        return;
+    const auto choices = std::exchange(m_choices, {});
+    if (!may) {
+        m_own->ShowChoices();
+        return;
+    }
+    for (const auto& [choice, choose] : choices) {
+        if (self)
+            choose();
+    }
+}
+
+bool SettingsDialog::MayDropUnsaved(const QString& question, const QStringList& buttons)
+{
+    if (m_atEnd || !IsUnsaved())
+        return true;
+    const QPointer<SettingsDialog> self(this);
+    m_asking = true;
+    const auto answer =
+        PackagedMsgBox::question(question, this, QMessageBox::Discard | QMessageBox::Cancel, buttons);
+    if (!self)
+        return false;
+    m_asking = false;
+    // What was settled or wanted meanwhile has waited for the answer.
+    QMetaObject::invokeMethod(this, &SettingsDialog::TakeSettled, Qt::QueuedConnection);
+    return answer == QMessageBox::Discard;
 }
 
 bool SettingsDialog::IsBusy() const
@@ -410,7 +430,13 @@ void SettingsDialog::Close()
             area->deleteLater();
     }
     m_areas.fill(nullptr);
+    const QPointer<SettingsDialog> self(this);
+    const auto choices = std::exchange(m_choices, {});
     TLBaseDialog::reject();
+    for (const auto& [choice, choose] : choices) {
+        if (self)
+            choose();
+    }
 }
 
 void SettingsDialog::Adjust()

@@ -8,6 +8,7 @@
 #include <QtCore/QVector>
 
 #include <functional>
+#include <map>
 #include <memory>
 
 class ClientSettingFactory;
@@ -56,13 +57,21 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// Those that the pages are shown anew for.
+    enum class Choice
+    {
+        Language,
+        Scale
+    };
+
     void Receive(TLBaseDialog* opened);
     void Load();
     void Search();
     void SelectPage();
     SettingsPageArea* AreaOf(int entry);
-    void ChooseSafely(const std::function<void()>& choose);
+    void ChooseSafely(Choice choice, const std::function<void()>& choose);
     void TakeSettled();
+    bool MayDropUnsaved(const QString& question, const QStringList& buttons);
     bool IsBusy() const;
     bool IsUnsaved() const;
     void Close();
@@ -78,9 +87,10 @@ private:
     QLabel* m_nothing;
     QStackedWidget* m_stack;
     QVector<SettingsPageEntry> m_entries;
-    int m_current = -1;                 ///< the entry that is shown
-    QVector<SettingsPageArea*> m_areas; ///< by entry; null until first shown
-    std::function<void()> m_choice;     ///< waits until everything is settled
-    bool m_closing = false;             ///< as soon as everything is settled
+    int m_current = -1;                                ///< the entry that is shown
+    QVector<SettingsPageArea*> m_areas;                ///< by entry; null until first shown
+    std::map<Choice, std::function<void()>> m_choices; ///< wait until everything is settled
+    bool m_closing = false;                            ///< as soon as everything is settled
     bool m_atEnd = false;
+    bool m_asking = false; ///< about what could not be saved
 };

@@ -205,4 +205,129 @@ TEST_F(SaveStatusTest, ClosingAsksBeforeItDropsAnUnsavedChange)
     EXPECT_EQ(questions, 2);
 }
 
+TEST_F(SaveStatusTest, AChosenScaleThatWaitsForAWriteThatFailsAsksBeforeItDropsTheChange)
+{
+    Open();
+    Tick(0);
+    Choose(QStringLiteral("Appearance"));
+    auto* const scale = dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
+    scale->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    AnswerQuestion(QStringLiteral("Cancel"));
+    gateway.failures = 1;
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return questions == 1; }));
+    ASSERT_TRUE(WaitUntil([scale] { return scale->currentText() == QStringLiteral("100 %"); }));
+    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
+    EXPECT_EQ(factory.made, 1);
+    Choose(QStringLiteral("Opening at start"));
+    EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved.")));
+}
+
+TEST_F(SaveStatusTest, AChosenScaleThatWaitsForAWriteThatFailsIsAppliedWhenTheUserSaysSo)
+{
+    Open();
+    Tick(0);
+    Choose(QStringLiteral("Appearance"));
+    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    AnswerQuestion(QStringLiteral("Continue"));
+    gateway.failures = 1;
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !choices.isEmpty(); }));
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+}
+
+TEST_F(SaveStatusTest, AScaleAndALanguageThatWaitAreBothApplied)
+{
+    Open();
+    Tick(0);
+    Choose(QStringLiteral("Appearance"));
+    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    Choose(QStringLiteral("Language"));
+    dialog->findChild<QComboBox*>(QStringLiteral("language_combo"))->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    EXPECT_TRUE(choices.isEmpty());
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return choices.size() == 2; })) << qPrintable(choices.join(u' '));
+}
+
+TEST_F(SaveStatusTest, TheDialogMayGoWhileItAsksAboutAChoice)
+{
+    Open();
+    Tick(0);
+    Choose(QStringLiteral("Appearance"));
+    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    gateway.failures = 1;
+    gateway.Answer();
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &gateway, [this] {
+        if (QApplication::activeModalWidget() != nullptr)
+            dialog.reset();
+    });
+    timer.start(10);
+    EXPECT_TRUE(WaitUntil([this] { return dialog == nullptr; }));
+    EXPECT_TRUE(choices.isEmpty());
+}
+
+TEST_F(SaveStatusTest, ClosingOverAWriteThatFailsAsksOnceAndAppliesTheChoiceThatWaits)
+{
+    Open();
+    Tick(0);
+    Choose(QStringLiteral("Appearance"));
+    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    dialog->close();
+    AnswerQuestion(QStringLiteral("Close anyway"));
+    gateway.failures = 1;
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+}
+
+TEST_F(SaveStatusTest, TheEndOfTheClientAsksNothingForAChoiceThatWaits)
+{
+    Open();
+    Tick(0);
+    Choose(QStringLiteral("Appearance"));
+    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Down);
+    dialog->CloseAtEnd();
+    gateway.failures = 1;
+    AnswerQuestion(QStringLiteral("Cancel"));
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
+    EXPECT_EQ(questions, 0);
+    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+}
+
+TEST_F(SaveStatusTest, SavedShowsAlsoWhenWhatWaitedWasNoChange)
+{
+    Open();
+    Tick(0);
+    Press(Qt::Key_Tab);
+    gateway.Answer();
+    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
+}
+
+TEST_F(SaveStatusTest, SavedDoesNotShowWhenWhatWaitedCouldNotBeSaved)
+{
+    Open();
+    Tick(0);
+    Tick(1);
+    Press(Qt::Key_Tab);
+    gateway.Answer();
+    gateway.failures = 1;
+    gateway.Answer();
+    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_EQ(SaveLine()->text(), QString());
+    EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved.")));
+}
+
 } // namespace
