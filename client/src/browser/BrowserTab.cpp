@@ -19,6 +19,13 @@ namespace {
 
 constexpr int LongestIconUrl = 2048; // that is kept with a tab [characters]
 
+/// Not so for what a page made by itself (blob:), which is gone with it.
+bool IsOfTheWeb(const QUrl& address)
+{
+    return address.isValid() &&
+           (address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https"));
+}
+
 } // namespace
 
 BrowserTab::BrowserTab(const TabOrigin& origin, IPageFactory* pages, QObject* parent)
@@ -58,7 +65,7 @@ QString BrowserTab::MakeRouterUrl(const TabOrigin& origin, const QUrl& address)
         return VXRouterProtocol(QStringLiteral("tl://plugin/open"))
             .With(QStringLiteral("code"), origin.serviceCode)
             .GetUrl();
-    if (!address.isValid())
+    if (!IsOfTheWeb(address))
         return {};
     return VXRouterProtocol(QStringLiteral("tl://browser/open"))
         .With(QStringLiteral("url"), QString::fromLatin1(address.adjusted(QUrl::RemoveUserInfo).toEncoded()))
@@ -72,7 +79,7 @@ TabOrigin BrowserTab::GetOrigin() const
     const QString iconUrl = GetIconUrl();
     if (iconUrl != origin.appIconUrl)
         origin.iconUrl = iconUrl;
-    if (m_address.isValid()) {
+    if (IsOfTheWeb(m_address)) {
         origin.address = m_address;
         origin.trouble = TabOrigin::Trouble::None;
     }
@@ -661,7 +668,8 @@ void BrowserTab::SetAddress(const QUrl& address)
     if (address == m_address)
         return;
     m_address = address;
-    m_routerUrl = MakeRouterUrl(m_origin, address);
+    if (IsOfTheWeb(address))
+        m_routerUrl = MakeRouterUrl(m_origin, address);
 }
 
 void BrowserTab::UpdateData()

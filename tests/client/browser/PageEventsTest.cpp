@@ -242,3 +242,16 @@ TEST_F(PageEventsTest, AReceiverMayCloseTheTabThatIsAnnounced)
     EXPECT_EQ(m_window->GetTabCount(), 1);
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.CountAlive() == 0; }));
 }
+
+TEST_F(PageEventsTest, WhatAPageMadeByItselfDoesNotTakeThePlaceOfItsAddress)
+{
+    const QString routerUrl = GetRouterUrl(1);
+    GetPage().Arrive(QUrl(QStringLiteral("blob:https://a.example/0f3c")), QStringLiteral("Invoice"));
+    EXPECT_EQ(GetRouterUrl(1), routerUrl) << "a blob is gone with the page, and the tab could not come back";
+    m_window->CloseTab(1);
+    QTest::keyClick(m_window.get(), Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_EQ(m_window->GetTabCount(), 2);
+    EXPECT_EQ(GetRouterUrl(1), routerUrl);
+    GetPage(1).Arrive(QUrl(QStringLiteral("https://a.example/y")), QStringLiteral("Y"));
+    EXPECT_NE(GetRouterUrl(1), routerUrl);
+}
