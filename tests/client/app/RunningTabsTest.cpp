@@ -149,6 +149,35 @@ TEST_F(RunningTabsTest, AfterOneThatWasOvertakenTheNextIsWritten)
     EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
 }
 
+TEST_F(RunningTabsTest, SameTabsAreWrittenOnce)
+{
+    KeptTabs tabs = MakeTabs(3);
+    m_running.Keep(tabs);
+    FinishEverything();
+    tabs.when = tabs.when.addSecs(60);
+    m_running.Keep(tabs);
+    FinishEverything();
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
+    tabs.current = 0;
+    m_running.Keep(tabs);
+    FinishEverything();
+    EXPECT_EQ(RunningTabs::GetText(), KeptTabsText::Write(tabs)) << "another one is in front";
+    tabs.tabs[1].title += QLatin1Char('!');
+    m_running.Keep(tabs);
+    FinishEverything();
+    EXPECT_EQ(RunningTabs::GetText(), KeptTabsText::Write(tabs));
+}
+
+TEST_F(RunningTabsTest, SameTabsAreWrittenAgainAfterTheyWereCleared)
+{
+    m_running.Keep(MakeTabs(3));
+    FinishEverything();
+    m_running.Clear();
+    m_running.Keep(MakeTabs(3));
+    FinishEverything();
+    EXPECT_EQ(RunningTabs::GetText(), TextOf(3));
+}
+
 TEST_F(RunningTabsTest, NoTabsClearWhatWasKept)
 {
     m_running.KeepNow(MakeTabs(1));

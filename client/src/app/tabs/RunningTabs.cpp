@@ -36,6 +36,10 @@ QString RunningTabs::GetText()
 
 void RunningTabs::Keep(const KeptTabs& tabs)
 {
+    if (m_last && m_last->current == tabs.current && m_last->tabs == tabs.tabs) {
+        return; // pages tell of much that is nothing new
+    }
+    m_last = tabs;
     m_waiting = tabs;
     m_hasWaiting = true;
     if (!m_writing) {
@@ -79,6 +83,7 @@ void RunningTabs::Write()
 void RunningTabs::Drop()
 {
     ++m_round;
+    m_last.reset();
     m_waiting = {};
     m_hasWaiting = false;
 }

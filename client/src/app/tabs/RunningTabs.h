@@ -5,6 +5,8 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
+#include <optional>
+
 /// The client's own record of the tabs that are open, per user, in the settings store. Beside it stand the
 /// records of modules, of which the client knows nothing. Writing the text happens on a thread of the pool;
 /// nothing of it waits for the disk. GUI thread.
@@ -20,7 +22,8 @@ public:
     /// (`KeptTabsText::Read`).
     static QString GetText();
 
-    /// Returns at once. Of several that come while one is being written only the last one is.
+    /// Returns at once. Of several that come while one is being written only the last one is; the same tabs
+    /// once more are not, so that `KeptTabs::when` is the time of the last change.
     void Keep(const KeptTabs& tabs);
     /// Returns with the text handed to the settings store, which still has to bring it to disk.
     void KeepNow(const KeptTabs& tabs);
@@ -31,6 +34,7 @@ private:
     void Write();
     void Drop();
 
+    std::optional<KeptTabs> m_last; // what came last
     KeptTabs m_waiting;
     bool m_hasWaiting = false;
     bool m_writing = false;
