@@ -252,4 +252,11 @@
         <translation>重新启动客户端(&amp;R)</translation>
     </message>
 </context>
+<context>
+    <name>ClientApplication</name>
+    <message>
+        <source>The client could not be started again. Start it by hand.</source>
+        <translation>无法重新启动客户端。请手动启动。</translation>
+    </message>
+</context>
 </TS>

@@ -122,7 +122,8 @@ bool ClientProcess::IsRunning() const
             running = qint64(event.value(QStringLiteral("pid")).toDouble()) != m_firstProcess;
         } else if (name == QLatin1String("exit")) {
             const QString kind = event.value(QStringLiteral("kind")).toString();
-            running = kind == QLatin1String("restart") || kind == QLatin1String("log out");
+            running = kind == QLatin1String("restart") || kind == QLatin1String("log out") ||
+                      kind == QLatin1String("refused");
         }
     }
     return running;

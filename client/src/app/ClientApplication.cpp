@@ -60,6 +60,11 @@ QString FirstLine(const QString& file)
     return QString::fromUtf8(line);
 }
 
+bool EndsSession(EndKind kind)
+{
+    return kind == EndKind::LogOut || kind == EndKind::Refused;
+}
+
 bool IsAboutSession(const QByteArray& method)
 {
     return method != "dsm.tl.pc.user.login" && method != "dsm.tl.pc.user.logout";
@@ -128,9 +133,9 @@ int ClientApplication::Run()
         });
     }
     const int code = QCoreApplication::exec();
-    if (!m_ending) {
-        m_ending = true; // the event loop was ended from outside, as at the end of a Windows session
-        EndNow(EndKind::SystemEnd);
+    if (!m_ended) {
+        TakeSystemEnd(); // the event loop was ended from outside
+        EndNow();
     }
     m_questions.reset();
     m_loginFlow.reset();
@@ -144,14 +149,17 @@ int ClientApplication::Run()
 
 bool ClientApplication::StartSuccessor(QString* problem) const
 {
+    if (m_systemEnds) {
+        return true; // it would start into the end of everything
+    }
     const QString program = QCoreApplication::applicationFilePath();
     const QStringList arguments = QCoreApplication::arguments();
     if (m_handover && m_handover->StartProcess(program, ClientOptions::ForRestart(arguments))) {
         return true;
     }
-    const bool wanted = m_endKind == EndKind::LogOut || m_endKind == EndKind::Restart;
+    const bool wanted = EndsSession(m_endKind) || m_endKind == EndKind::Restart;
     if (wanted && !QProcess::startDetached(program, ClientOptions::ForFreshStart(arguments))) {
-        *problem = QStringLiteral("The client could not be started again. Start it by hand.");
+        *problem = m_startProblem;
         return false;
     }
     return true;
@@ -161,7 +169,15 @@ void ClientApplication::Build()
 {
     m_traceWriter.AddSecret(m_gatewaySettings.appSecret);
     m_systemEnd = std::make_unique<SystemEndWatch>();
-    connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEnd, this, [this] { End(EndKind::SystemEnd); });
+    connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEndPlanned, this,
+            &ClientApplication::KeepTabsOnDisk);
+    connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEnd, this, [this] {
+        TakeSystemEnd();
+        End(EndKind::SystemEnd);
+    });
+    // Where the system ends the process right after this, as Windows does, nothing that follows comes to
+    // pass.
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &ClientApplication::KeepTabsOnDisk);
 
     m_questions = std::make_unique<QuestionWatch>();
     m_trace.Watch(m_questions.get());
@@ -312,7 +328,7 @@ void ClientApplication::TakeRefusal()
     if (m_frameMade || m_window) {
         // Modules may know the user: only a fresh process is sure to be nobody's.
         ClientMemory::SetSessionEnd(m_refusal);
-        End(EndKind::LogOut);
+        End(EndKind::Refused);
         return;
     }
     const QString pin = m_session.pin;
@@ -412,6 +428,7 @@ void ClientApplication::End(EndKind kind)
         return;
     }
     m_ending = true;
+    m_endKind = kind;
     m_userInformation->Stop();
     if (m_tabs) {
         m_tabs->TakeEnding();
@@ -420,34 +437,52 @@ void ClientApplication::End(EndKind kind)
         m_settings->Close();
     }
     // A question of a module may be open: its code must be left before the module can go.
-    NestedLoops::LeaveThen(this, [this, kind] { EndOnceWritten(kind, QDeadlineTimer(writeLimit)); });
+    NestedLoops::LeaveThen(this, [this] { EndOnceWritten(QDeadlineTimer(writeLimit)); });
 }
 
-void ClientApplication::EndOnceWritten(EndKind kind, const QDeadlineTimer& deadline)
+void ClientApplication::TakeSystemEnd()
+{
+    m_systemEnds = true;
+    // What the user chose a moment ago stands, but for a restart: there is nothing to go on in.
+    if (!m_ended && (!m_ending || m_endKind == EndKind::Restart)) {
+        m_endKind = EndKind::SystemEnd;
+    }
+}
+
+void ClientApplication::KeepTabsOnDisk()
+{
+    if (m_tabs && !m_ended) {
+        m_tabs->KeepOnDisk();
+    }
+}
+
+void ClientApplication::EndOnceWritten(const QDeadlineTimer& deadline)
 {
     // A change that the user made a moment ago is on its way to the gateway.
     const bool writing = m_services->http.IsWriting() || (m_settings && m_settings->IsOpen());
     if (!m_window || !writing || deadline.hasExpired()) {
         // Meanwhile a page may have asked something.
-        NestedLoops::LeaveThen(this, [this, kind] { EndNow(kind); });
+        NestedLoops::LeaveThen(this, [this] { EndNow(); });
         return;
     }
-    QTimer::singleShot(writePause, this, [this, kind, deadline] { EndOnceWritten(kind, deadline); });
+    QTimer::singleShot(writePause, this, [this, deadline] { EndOnceWritten(deadline); });
 }
 
-void ClientApplication::EndNow(EndKind kind)
+void ClientApplication::EndNow()
 {
-    m_endKind = kind;
+    m_ended = true;
+    const EndKind kind = m_endKind;
+    m_startProblem = tr("The client could not be started again. Start it by hand.");
     m_settings.reset();
     // A restart without its tabs leaves as little behind as a quit.
     const EndKind forTabs = kind == EndKind::Restart && !m_openTabsAgain ? EndKind::Quit : kind;
     if (m_tabs) {
         m_tabs->BeforeEnd(forTabs, m_ignoreUrl);
     }
-    if (kind == EndKind::LogOut) {
+    if (EndsSession(kind)) {
         m_lifeCycle.LogOut();
     }
-    if (kind == EndKind::SystemEnd) {
+    if (kind == EndKind::SystemEnd || kind == EndKind::Refused) {
         m_lifeCycle.PassOverMainFrameQuit();
     } else {
         m_lifeCycle.MainFrameQuit();
@@ -468,7 +503,7 @@ void ClientApplication::EndNow(EndKind kind)
     m_services->router.SetModules({});
     m_services->http.DropCalls();
     m_loader.Unload();
-    if (kind == EndKind::LogOut) {
+    if (EndsSession(kind)) {
         EndSession();
         return;
     }

@@ -75,8 +75,10 @@ private:
     bool TakeRestartRoute(const VXRouterProtocol& route);
     void AskForRestart(bool openTabs, const QString& ignoreUrl);
     void End(EndKind kind);
-    void EndOnceWritten(EndKind kind, const QDeadlineTimer& deadline);
-    void EndNow(EndKind kind);
+    void TakeSystemEnd();
+    void KeepTabsOnDisk();
+    void EndOnceWritten(const QDeadlineTimer& deadline);
+    void EndNow();
     void EndSession();
     void Finish();
 
@@ -108,8 +110,11 @@ private:
     QString m_refusal; // the code with which the gateway refused the session
     int m_exitCode = 0;
     bool m_frameMade = false;
-    bool m_ending = false;
+    bool m_ending = false;     // an end was decided on
+    bool m_ended = false;      // it has come
+    bool m_systemEnds = false; // the system wants the process gone
     EndKind m_endKind = EndKind::Quit;
+    QString m_startProblem;       // in the user's language, which is gone when it is needed
     bool m_restarted = false;     // this process took over from one that restarted itself
     bool m_openTabsAgain = false; // what a restart asks for
     QString m_ignoreUrl;          // the tab that it leaves out

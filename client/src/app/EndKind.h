@@ -4,7 +4,8 @@
 enum class EndKind
 {
     Quit,     ///< the user closed the main window or the log-in dialog
-    LogOut,   ///< the user, or the gateway, ended the session: a fresh process shows the log-in dialog
+    LogOut,   ///< the user ended the session: a fresh process shows the log-in dialog
+    Refused,  ///< the gateway ended the session: likewise; tabs are kept
     Restart,  ///< a fresh process takes over session and tabs
     SystemEnd ///< the system ends the session: shutdown, SIGTERM, SIGHUP, WM_ENDSESSION; tabs are kept
 };

@@ -112,10 +112,9 @@ bool SessionHandover::StartProcess(const QString& program, const QStringList& ar
         return false;
     }
     process->write(ToText(QDateTime::currentDateTimeUtc()));
-    while (process->bytesToWrite() > 0) {
-        if (!process->waitForBytesWritten(writeTimeout)) {
-            return false;
-        }
+    // What does not take the session comes up at the log-in dialog; a second process beside it would not
+    // help.
+    while (process->bytesToWrite() > 0 && process->waitForBytesWritten(writeTimeout)) {
     }
     process->closeWriteChannel();
     return true;

@@ -32,7 +32,7 @@ public:
     /// Reads from this process's standard input; empty when nothing usable comes within `readTimeout`, and
     /// at once when somebody sits at the other end. Once per process.
     static std::optional<SessionHandover> Take();
-    /// Starts `program`, which `Take`s this, and leaves it running when this process ends. False when it
-    /// could not be started or did not get everything.
+    /// Starts `program`, which `Take`s this, and leaves it running when this process ends. One that does not
+    /// take it in time comes up at the log-in dialog. False when no process could be started.
     bool StartProcess(const QString& program, const QStringList& arguments) const;
 };

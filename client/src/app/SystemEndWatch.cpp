@@ -5,8 +5,9 @@
 
 SystemEndWatch::SystemEndWatch(QObject* parent) : QObject(parent)
 {
+    QGuiApplication::setFallbackSessionManagementEnabled(false);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this,
-            [this](QSessionManager&) { Q_EMIT SigSystemEnd(); });
+            [this](QSessionManager&) { Q_EMIT SigSystemEndPlanned(); });
     StartSignals();
 }
 

@@ -29,6 +29,8 @@ QString GetName(EndKind kind)
     switch (kind) {
     case EndKind::LogOut:
         return Key("log out");
+    case EndKind::Refused:
+        return Key("refused");
     case EndKind::Restart:
         return Key("restart");
     case EndKind::SystemEnd:

@@ -6,6 +6,7 @@
 #include <QtGui/QFont>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
 
 #include <cstdio>
 #include <optional>
@@ -65,6 +66,7 @@ int RunClient()
     // Last of all: the profile is closed, and the new process has it for itself.
     if (!client.StartSuccessor(&problem)) {
         Say(stderr, QStringLiteral("tl-client: ") + problem);
+        QMessageBox::critical(nullptr, QCoreApplication::applicationName(), problem);
     }
     return code;
 }

@@ -249,6 +249,37 @@ TEST_F(ClientTabsTest, SystemEndBringsTheRecordUpToDateAndOnDisk)
     EXPECT_EQ(GetKept().tabs.size(), 4);
 }
 
+TEST_F(ClientTabsTest, SessionThatTheGatewayRefusesLeavesTheTabsToTheNextLogIn)
+{
+    ShowThree();
+    OpenUrl(QStringLiteral("https://late.example/"));
+    End(EndKind::Refused);
+    m_window->CloseAllTabs();
+    m_tabs.reset();
+    RunQueuedEvents();
+    EXPECT_EQ(m_told, QStringList{updateUrl}) << "nobody chose this end, and what is kept is cleaned";
+    EXPECT_EQ(GetKeptUrls(), (QStringList{UrlOf("a"), UrlOf("b"), UrlOf("c"), UrlOf("late")}));
+}
+
+TEST_F(ClientTabsTest, WhatIsBroughtToDiskInBetweenIsKeptOnAfterwards)
+{
+    ShowThree();
+    m_tabs->KeepOnDisk();
+    EXPECT_EQ(m_told, QStringList{updateUrl});
+    ASSERT_TRUE(m_store.KillAndReopen());
+    EXPECT_EQ(GetKept().tabs.size(), 3);
+    OpenUrl(QStringLiteral("https://late.example/"));
+    EXPECT_TRUE(WaitUntil([] { return GetKept().tabs.size() == 4; })) << "the session went on after all";
+}
+
+TEST_F(ClientTabsTest, BeforeTheWindowIsReadyNothingIsBroughtToDisk)
+{
+    LeaveBehind(MakeTabs(3));
+    m_tabs->KeepOnDisk();
+    EXPECT_TRUE(m_told.isEmpty());
+    EXPECT_EQ(GetKept(), MakeTabs(3));
+}
+
 TEST_F(ClientTabsTest, RestartKeepsTheTabsAndThenCleans)
 {
     ShowThree();
@@ -308,7 +339,8 @@ TEST_F(ClientTabsTest, RestartLeavesEveryTabOfTheIgnoredAddressOut)
 TEST_F(ClientTabsTest, EndBeforeTheWindowWasReadyTouchesNothing)
 {
     LeaveBehind(MakeTabs(3));
-    for (const EndKind kind : {EndKind::Quit, EndKind::LogOut, EndKind::Restart, EndKind::SystemEnd}) {
+    for (const EndKind kind :
+         {EndKind::Quit, EndKind::LogOut, EndKind::Refused, EndKind::Restart, EndKind::SystemEnd}) {
         m_tabs = std::make_unique<ClientTabs>(m_window.get(), &m_questions, &m_notices, PictureLoader());
         m_tabs->TakeEnding();
         End(kind);
@@ -319,7 +351,8 @@ TEST_F(ClientTabsTest, EndBeforeTheWindowWasReadyTouchesNothing)
 
 TEST_F(ClientTabsTest, EndWhileTheUserIsAskedKeepsTheTabs)
 {
-    for (const EndKind kind : {EndKind::Quit, EndKind::LogOut, EndKind::Restart, EndKind::SystemEnd}) {
+    for (const EndKind kind :
+         {EndKind::Quit, EndKind::LogOut, EndKind::Refused, EndKind::Restart, EndKind::SystemEnd}) {
         LeaveBehind(MakeTabs(3));
         m_tabs = std::make_unique<ClientTabs>(m_window.get(), &m_questions, &m_notices, PictureLoader());
         QuestionAnswer escape(Qt::Key_Escape); // as the end closes what is open

@@ -66,7 +66,8 @@ TEST_F(TraceRecorderTest, QuestionIsWrittenBeforeItsAnswer)
 
 TEST_F(TraceRecorderTest, EachKindOfEndHasAName)
 {
-    for (const EndKind kind : {EndKind::Quit, EndKind::LogOut, EndKind::Restart, EndKind::SystemEnd}) {
+    for (const EndKind kind :
+         {EndKind::Quit, EndKind::LogOut, EndKind::Refused, EndKind::Restart, EndKind::SystemEnd}) {
         m_recorder.WriteExit(kind);
     }
     QStringList kinds;
@@ -75,8 +76,9 @@ TEST_F(TraceRecorderTest, EachKindOfEndHasAName)
         EXPECT_TRUE(event.value(QStringLiteral("orderly")).toBool());
         kinds.append(event.value(QStringLiteral("kind")).toString());
     }
-    EXPECT_EQ(kinds, (QStringList{QStringLiteral("quit"), QStringLiteral("log out"),
-                                  QStringLiteral("restart"), QStringLiteral("system end")}));
+    EXPECT_EQ(kinds,
+              (QStringList{QStringLiteral("quit"), QStringLiteral("log out"), QStringLiteral("refused"),
+                           QStringLiteral("restart"), QStringLiteral("system end")}));
 }
 
 TEST_F(TraceRecorderTest, LogInSaysWhereItCameFrom)

@@ -78,6 +78,12 @@ QVector<EarlierTabSet> ReadEarlierSets()
     return sets;
 }
 
+/// Whether the next log-in is to offer the tabs: the user did not choose this end.
+bool LeavesTabs(EndKind kind)
+{
+    return kind == EndKind::SystemEnd || kind == EndKind::Refused;
+}
+
 void OpenAgain(const QVector<EarlierTab>& tabs)
 {
     for (const EarlierTab& tab : tabs) {
@@ -130,24 +136,33 @@ void ClientTabs::TakeEnding()
     m_returning.Cancel();
 }
 
+void ClientTabs::KeepOnDisk()
+{
+    if (!m_watch.IsRunning()) {
+        return; // the tabs of the run before may still have to be offered
+    }
+    VXRouterProtocol(updateUrl).Execute();
+    m_running.KeepNow(GetOpenTabs());
+    // Whoever ends the session may end this process the moment it looks idle.
+    VXSettingManager::Instance()->Flush();
+}
+
 void ClientTabs::BeforeEnd(EndKind kind, const QString& ignoreUrl)
 {
     const bool kept = m_watch.IsRunning();
+    if (LeavesTabs(kind)) {
+        KeepOnDisk();
+    }
     m_watch.Stop();
     m_guard.TakeEnd();
-    if (!kept) {
-        return; // the tabs of the run before may still have to be offered
-    }
-    if (kind == EndKind::Restart) {
+    if (kept && kind == EndKind::Restart) {
         KeepForRestart(ignoreUrl);
-    } else if (kind == EndKind::SystemEnd) {
-        KeepForSystemEnd();
     }
 }
 
 void ClientTabs::AfterMainFrameQuit(EndKind kind)
 {
-    if (!m_shown || kind == EndKind::SystemEnd) {
+    if (!m_shown || LeavesTabs(kind)) {
         return;
     }
     VXRouterProtocol(cleanUrl).Execute();
@@ -177,14 +192,6 @@ void ClientTabs::KeepForRestart(const QString& ignoreUrl)
     }
     tabs.tabs.erase(std::remove_if(tabs.tabs.begin(), tabs.tabs.end(), isIgnored), tabs.tabs.end());
     m_running.KeepNow(tabs);
-}
-
-void ClientTabs::KeepForSystemEnd()
-{
-    VXRouterProtocol(updateUrl).Execute();
-    m_running.KeepNow(GetOpenTabs());
-    // Whoever ends the session may end this process the moment it looks idle.
-    VXSettingManager::Instance()->Flush();
 }
 
 KeptTabs ClientTabs::GetOpenTabs() const

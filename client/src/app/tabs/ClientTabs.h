@@ -42,6 +42,9 @@ public:
     /// The client is about to end and closes what stands in the way: a question that is open in
     /// `mainFrameShow` is not answered thereby, and its tabs are kept.
     void TakeEnding();
+    /// Brings all records of the open tabs to disk, and goes on. Returns when they are there, after the
+    /// store's patience at the latest.
+    void KeepOnDisk();
     /// Before the modules' main frame quits. `ignoreUrl` is the router URL of the tab that a restart leaves
     /// out, empty for none.
     void BeforeEnd(EndKind kind, const QString& ignoreUrl);
@@ -51,7 +54,6 @@ public:
 private:
     void Keep();
     void KeepForRestart(const QString& ignoreUrl);
-    void KeepForSystemEnd();
     void ShowEarlierTabs();
     void ShowMissing(int reopened, int expected);
     void ShowCare();

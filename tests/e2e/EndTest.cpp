@@ -1,0 +1,135 @@
+#include "ClientTest.h"
+#include "Desktop.h"
+#include "Programs.h"
+#include "TabState.h"
+
+#include <QtCore/QDirIterator>
+#include <QtCore/QSaveFile>
+#include <QtCore/QUrlQuery>
+
+/// Ends that nobody at the screen chose, and ends that are overtaken by another.
+class EndTest : public ClientTest
+{
+protected:
+    QStringList GetTabs() const { return TabState::After(m_client->GetEvents()); }
+    QString GetKindOfLastEnd() const
+    {
+        const QVector<QJsonObject> ends = m_client->GetEvents(QStringLiteral("exit"));
+        return ends.isEmpty() ? QString() : ends.last().value(QStringLiteral("kind")).toString();
+    }
+    bool WaitForTabs(const QStringList& tabs)
+    {
+        return m_client->WaitFor(
+            [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; });
+    }
+
+    /// Logs in with a further module, which does what `Execute` wants.
+    void LogInWithExecutingModule()
+    {
+        const QString modules = m_folder.filePath(QStringLiteral("modules"));
+        ASSERT_TRUE(QDir().mkpath(modules));
+        for (const QString& folder :
+             {Programs::Modules(), QStringLiteral(TL_FIXTURE_MODULE_DIR "/ExecutingModule")}) {
+            for (QDirIterator files(folder, QDir::Files); files.hasNext();) {
+                const QString file = files.next();
+                ASSERT_TRUE(QFile::copy(file, modules + QLatin1Char('/') + files.fileName()))
+                    << qPrintable(file);
+            }
+        }
+        m_client->SetEnvironment(QStringLiteral("TL_FIXTURE_EXECUTE"), GetExecuteFile());
+        m_client->SetEnvironment(QStringLiteral("TL_FIXTURE_LOG"), GetLogFile());
+        LogIn({QStringLiteral("--modules"), modules});
+        ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
+        ASSERT_TRUE(WaitForTabInFront(m_expected.openFirst));
+    }
+    /// Has a module execute a router URL.
+    void Execute(const QString& url) const
+    {
+        QSaveFile file(GetExecuteFile()); // there as a whole or not at all
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(url.toUtf8());
+        ASSERT_TRUE(file.commit());
+    }
+    /// What was executed, each once the call had returned.
+    QString GetExecuted() const
+    {
+        QFile file(GetLogFile());
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+private:
+    QString GetExecuteFile() const { return m_folder.filePath(QStringLiteral("execute")); }
+    QString GetLogFile() const { return m_folder.filePath(QStringLiteral("executed")); }
+};
+
+TEST_F(EndTest, SessionThatTheGatewayRefusesAsksForThePasswordAndThenOffersTheTabs)
+{
+    LogInAndOpen();
+    const QStringList tabs = GetTabs();
+    ASSERT_FALSE(m_gateway
+                     ->Command({QStringLiteral("user"), QStringLiteral("password"), QStringLiteral("demo")},
+                               "another one\n")
+                     .isNull());
+    const Desktop desktop(m_screen.GetDisplay());
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    // The module's page in the settings reads what is stored.
+    ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+comma")}));
+    ASSERT_TRUE(desktop.WaitForTitle(QStringLiteral("Settings")));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("Down"), QStringLiteral("Down")}));
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
+    EXPECT_EQ(GetKindOfLastEnd(), QStringLiteral("refused"));
+
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(desktop.Type(QStringLiteral("another one")));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
+    EXPECT_TRUE(WaitForTabs(tabs)) << GetTabs().join(QLatin1Char('\n')).toStdString();
+    ASSERT_TRUE(m_client->Quit());
+}
+
+TEST_F(EndTest, ClientThatIsKilledWhileItRestartsLeavesItsTabsAmongTheEarlierOnes)
+{
+    LogInAndOpen();
+    const Desktop desktop(m_screen.GetDisplay());
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("r")}));
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
+    m_client->Kill();
+
+    LogInAndOpen();
+    EXPECT_TRUE(WaitForNotice(QStringLiteral("Earlier tabs")));
+    ASSERT_TRUE(m_client->Quit());
+}
+
+TEST_F(EndTest, ModuleMayAskForARestartThatLeavesOneTabOut)
+{
+    LogInWithExecutingModule();
+    QStringList tabs = GetTabs();
+    ASSERT_GE(tabs.size(), 3);
+    const QString ignored = tabs.takeAt(1);
+    QUrlQuery query;
+    query.addQueryItem(QStringLiteral("ignore"),
+                       QString::fromLatin1(QUrl::toPercentEncoding(ignored.toUpper())));
+    const QString url = QStringLiteral("tl://client/restart?") + query.toString(QUrl::FullyEncoded);
+    Execute(url);
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
+    EXPECT_TRUE(WaitForTabs(tabs)) << GetTabs().join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(GetExecuted(), url + QLatin1Char('\n')) << "it happened before the call returned";
+    EXPECT_EQ(GetKindOfLastEnd(), QStringLiteral("restart"));
+    EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty());
+    ASSERT_TRUE(m_client->Quit());
+}
+
+TEST_F(EndTest, ModuleMayAskForARestartThatBringsNoTabsBack)
+{
+    LogInWithExecutingModule();
+    Execute(QStringLiteral("tl://client/restart?tabs=0"));
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 2));
+    EXPECT_TRUE(GetTabs().isEmpty()) << GetTabs().join(QLatin1Char('\n')).toStdString();
+    ASSERT_TRUE(m_client->Quit());
+    LogInAndOpen();
+    EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty())
+        << "it left something to offer";
+    ASSERT_TRUE(m_client->Quit());
+}
