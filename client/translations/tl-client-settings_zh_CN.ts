@@ -276,6 +276,10 @@
             <source>OK</source>
             <translation>确定</translation>
         </message>
+        <message>
+            <source>The gateway cannot be reached. This is the last known configuration; it can be changed once the gateway answers.</source>
+            <translation>无法连接网关。当前显示的是上次的配置，网关恢复响应后才能更改。</translation>
+        </message>
     </context>
     <context>
         <name>SettingsDialog</name>

@@ -1,6 +1,9 @@
 #include "settings/HttpCallWatch.h"
 
+#include "settings/KeptReads.h"
+
 #include "http/IHttpResponse.h"
+#include "http/IHttpResponseBase.h"
 #include "http/IResponseCacheMethod.h"
 
 #include <QtCore/QPointer>
@@ -8,7 +11,10 @@
 #include <utility>
 
 HttpCallWatch::HttpCallWatch(QObject* parent)
-    : QObject(parent), m_next(IHttpManager::Instance()), m_provided(this)
+    : QObject(parent)
+    , m_next(IHttpManager::Instance())
+    , m_provided(this)
+    , m_reads(std::make_shared<KeptReads>())
 {}
 
 HttpCallWatch::~HttpCallWatch() = default;
@@ -19,11 +25,21 @@ void HttpCallWatch::Send(const QSharedPointer<IHttpRequest>& request,
 {
     const quint64 call = ++m_lastCall;
     const auto* const kept = dynamic_cast<const IResponseCacheMethod*>(response.data());
-    Q_EMIT SigStarted(call, kept == nullptr || !kept->IsAutoCache());
-    const auto ended = [self = QPointer<HttpCallWatch>(this), call, response,
-                        completion = std::move(finished)] {
+    const bool changes = kept == nullptr || !kept->IsAutoCache();
+    m_wanted = false;
+    Q_EMIT SigStarted(call, changes);
+    const bool isKept = m_wanted && !changes;
+    const int start = isKept ? m_reads->TakeStart(request) : 0;
+    const auto ended = [self = QPointer<HttpCallWatch>(this), reads = m_reads, call, changes, isKept, start,
+                        request, response, completion = std::move(finished)] {
+        const bool succeeded = response->IsSuccess();
+        const auto* const json = qobject_cast<const IHttpResponseBase*>(response.data());
+        const bool fromKept = json != nullptr && json->IsFromCache();
+        if (isKept && succeeded && !fromKept)
+            reads->TakeAnswer(request, start);
         if (self) {
-            const bool succeeded = response->IsSuccess();
+            if (fromKept)
+                Q_EMIT self->SigServedFromKept(call);
             Q_EMIT self->SigAnswered(call, succeeded, response->GetErrorCode(),
                                      succeeded ? QString() : response->GetErrorDesc());
         }
@@ -31,6 +47,13 @@ void HttpCallWatch::Send(const QSharedPointer<IHttpRequest>& request,
             completion(); // may end the watch
         if (self)
             Q_EMIT self->SigEnded(call);
+        if (changes && succeeded)
+            reads->TakeChange();
     };
     m_next->Send(request, response, ended, timeout, attempts);
+}
+
+void HttpCallWatch::SetOpen(bool open)
+{
+    m_reads->SetOpen(open);
 }

@@ -113,6 +113,11 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event)
     // Escape closes the dialog, which waits by itself for what is on its way.
     if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
         return false;
+    if (!m_page->isEnabled()) {
+        // What watches a widget sees its input also while it is disabled.
+        event->accept();
+        return true;
+    }
     if (m_delivering > 0)
         return false; // its turn has come, or it comes of one whose turn has come
     if (m_calls.isEmpty() && !m_blocked && m_kept.empty()) {
@@ -207,6 +212,8 @@ bool InputHold::TakeMouse(QWidget* widget, QEvent::Type type)
 
 QWidget* InputHold::FindTarget(const Kept& kept) const
 {
+    if (!m_page->isEnabled())
+        return nullptr;
     // A key goes to what has the focus in the page when its turn comes, and out of the page only where a
     // Tab before it has led: the user may have gone on to another page meanwhile.
     QWidget* const focus = kept.isKey ? QApplication::focusWidget() : nullptr;

@@ -18,7 +18,7 @@ class QWidget;
 /// and delivers them in order when the answer is there; the first of them that makes another change has the
 /// rest wait again. A change is a call that may change something and starts while the page deals with input.
 /// Input for what the user's own earlier input has taken away is dropped, and so is the second half of a
-/// double click that meets something else than the first. GUI thread.
+/// double click that meets something else than the first. A disabled page gets no input at all. GUI thread.
 class InputHold final : public QObject
 {
     Q_OBJECT
@@ -40,6 +40,8 @@ public:
     bool IsInFlight() const noexcept { return !m_calls.isEmpty(); }
     /// Whether code of the page is running on account of input, such as while it has a dialog open.
     bool IsPageDealing() const noexcept { return m_inputLevel >= 0 || m_delivering > 0; }
+    /// Whether the page's code for input is running right now, not in an event loop that it waits in.
+    bool IsInInput() const;
     /// Whether input waits.
     bool HasKept() const noexcept { return !m_kept.empty(); }
     /// Forgets what waits.
@@ -72,7 +74,6 @@ private:
     void BeginInput();
     bool EndInputIfOver();
     void EndInput();
-    bool IsInInput() const;
     bool IsPassedOn(const QWidget* widget, const QMouseEvent& event) const;
     bool TakeMouse(QWidget* widget, QEvent::Type type);
     QWidget* FindTarget(const Kept& kept) const;

@@ -126,6 +126,16 @@ void SaveStatus::SetLost()
     Announce(m_notice);
 }
 
+void SaveStatus::SetStale(bool stale)
+{
+    if (!stale && !m_stale)
+        return;
+    m_stale = stale;
+    Update();
+    if (stale)
+        Announce(m_notice);
+}
+
 void SaveStatus::Reset()
 {
     m_kind = Kind::Quiet;
@@ -167,9 +177,14 @@ void SaveStatus::Update()
                "and change it again."));
         m_button->setText(tr("OK"));
         m_button->setToolTip(QString());
+    } else if (m_stale) {
+        m_text->setText(tr("The gateway cannot be reached. This is the last known configuration; it can be "
+                           "changed once the gateway answers."));
+        m_button->setText(tr("Load again"));
+        m_button->setToolTip(QString());
     }
     m_notice->setAccessibleName(m_text->text());
-    m_notice->setVisible(m_kind == Kind::Failed || m_kind == Kind::Lost);
+    m_notice->setVisible(m_kind == Kind::Failed || m_kind == Kind::Lost || m_stale);
 }
 
 void SaveStatus::Fade()

@@ -35,14 +35,16 @@ public:
     void SetFailed(const QString& code, const QString& description);
     /// Changes that were not saved, or not made, are gone with the page as it was.
     void SetLost();
-    /// As if nothing had happened.
+    /// Whether the page shows the last known configuration only. Said where nothing else is to be said.
+    void SetStale(bool stale);
+    /// As if nothing had happened to the changes.
     void Reset();
 
     /// Whether a change on the page is not saved and none is on its way.
     bool IsUnsaved() const noexcept { return m_kind == Kind::Failed; }
 
 Q_SIGNALS:
-    /// The user wants the page as it is stored, without the change that could not be saved.
+    /// The user wants the page as it is stored, without a change that could not be saved.
     void SigLoadAgain();
 
 protected:
@@ -65,6 +67,7 @@ private:
     QString m_code;
     QString m_description;
     bool m_slow = false;
+    bool m_stale = false;
     QLabel* m_line;
     QGraphicsOpacityEffect* m_opacity;
     QPropertyAnimation* m_fade;

@@ -163,6 +163,14 @@ void SettingsDialog::UpdateEvents()
     m_own->ShowEvents();
 }
 
+void SettingsDialog::LoadAgain()
+{
+    for (SettingsPageArea* const area : qAsConst(m_areas)) {
+        if (area != nullptr)
+            area->LoadIfStale();
+    }
+}
+
 void SettingsDialog::ShowPage(SettingWidgetId id)
 {
     m_search->clear();
@@ -280,6 +288,7 @@ void SettingsDialog::Load()
 {
     m_closing = false;
     m_atEnd = false;
+    m_calls->SetOpen(true);
     qDeleteAll(m_areas);
     m_areas.clear();
     m_entries = SettingsCatalog::Build(m_factories, m_own.get());
@@ -430,6 +439,7 @@ void SettingsDialog::Close()
             area->deleteLater();
     }
     m_areas.fill(nullptr);
+    m_calls->SetOpen(false);
     const QPointer<SettingsDialog> self(this);
     const auto choices = std::exchange(m_choices, {});
     TLBaseDialog::reject();

@@ -40,6 +40,9 @@ public:
     /// Something has been recorded: the page that shows it reads it again.
     void UpdateEvents();
 
+    /// The gateway answers again: pages that show the last known list only are made anew.
+    void LoadAgain();
+
     /// Shows the page if it exists now.
     void ShowPage(SettingWidgetId id);
 

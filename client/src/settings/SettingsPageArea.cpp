@@ -81,8 +81,18 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpCallWatch
                 m_description = description;
             });
     connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::TakeInputLost);
-    connect(m_status, &SaveStatus::SigLoadAgain, this, [this] { MakeSoon(Reason::LoadAgain); });
-    connect(calls, &HttpCallWatch::SigStarted, this, &SettingsPageArea::TakeStart);
+    connect(m_status, &SaveStatus::SigLoadAgain, this, [this] {
+        if (IsUnsaved())
+            MakeSoon(Reason::LoadAgain);
+        else
+            LoadIfStale();
+    });
+    connect(calls, &HttpCallWatch::SigStarted, this, [this, calls](quint64 call, bool changes) {
+        TakeStart(call, changes);
+        if (m_reads.contains(call))
+            calls->KeepUpToDate();
+    });
+    connect(calls, &HttpCallWatch::SigServedFromKept, this, &SettingsPageArea::TakeServedFromKept);
     connect(calls, &HttpCallWatch::SigEnded, this, &SettingsPageArea::TakeEnd);
     Adjust();
     Make();
@@ -100,6 +110,12 @@ void SettingsPageArea::SetKeyword(const QString& keyword)
     // The rows of a page hear of the word only when they are made.
     if (!m_entry.own)
         m_keywordTimer->start();
+}
+
+void SettingsPageArea::LoadIfStale()
+{
+    if (m_stale)
+        MakeSoon(Reason::Surroundings);
 }
 
 void SettingsPageArea::FollowSurroundings()
@@ -159,6 +175,8 @@ void SettingsPageArea::Make()
     if (m_page != nullptr && focus != nullptr && m_page->isAncestorOf(focus))
         m_focusPlace = WidgetPlace(m_page, focus);
     m_loading.clear();
+    m_reads.clear();
+    m_stale = false;
     m_madeKeyword = m_keyword;
     m_hold.SetPage(nullptr);
     delete m_page;
@@ -186,11 +204,13 @@ void SettingsPageArea::Make()
     if (loses) {
         m_saved = false;
         m_status->SetLost();
-    } else if (m_reason != Reason::First) {
+    } else if (m_reason == Reason::LoadAgain) {
         m_status->Reset();
     }
-    if (m_loading.isEmpty())
+    if (m_loading.isEmpty()) {
+        m_status->SetStale(false);
         ReleaseSoon();
+    }
 }
 
 void SettingsPageArea::TakeSaved()
@@ -228,15 +248,30 @@ void SettingsPageArea::TakeBusy(bool busy)
     Q_EMIT SigSettled();
 }
 
-void SettingsPageArea::TakeStart(quint64 call, bool)
+void SettingsPageArea::TakeStart(quint64 call, bool changes)
 {
     if (m_making)
         m_loading.insert(call);
+    if (!changes && (m_making || m_hold.IsInInput()))
+        m_reads.insert(call);
+}
+
+void SettingsPageArea::TakeServedFromKept(quint64 call)
+{
+    if (!m_reads.contains(call) || m_page == nullptr)
+        return;
+    // The page writes its lists whole, and these are older than what is stored.
+    m_stale = true;
+    m_page->setEnabled(false);
 }
 
 void SettingsPageArea::TakeEnd(quint64 call)
 {
-    if (m_loading.remove(call) && m_loading.isEmpty() && !m_makeTimer->isActive())
+    const bool wasRead = m_reads.remove(call);
+    const bool wasLoading = m_loading.remove(call);
+    if (wasRead && m_loading.isEmpty())
+        m_status->SetStale(m_stale); // until then what was said of the page before stays
+    if (wasLoading && m_loading.isEmpty() && !m_makeTimer->isActive())
         ReleaseSoon();
 }
 

@@ -37,6 +37,8 @@ public:
 
     /// What the user looks for; empty: nothing.
     void SetKeyword(const QString& keyword);
+    /// Makes a page anew that shows what was kept, for want of the gateway.
+    void LoadIfStale();
     /// Where the page does not follow the scale or the language by itself, makes it anew.
     void FollowSurroundings();
 
@@ -72,6 +74,7 @@ private:
     void TakeInputLost();
     void TakeBusy(bool busy);
     void TakeStart(quint64 call, bool changes);
+    void TakeServedFromKept(quint64 call);
     void TakeEnd(quint64 call);
     void ReleaseSoon();
     void Release();
@@ -93,6 +96,8 @@ private:
     QSet<quint64> m_loading;                 ///< what the page asked for while it was made
     std::optional<WidgetPlace> m_focusPlace; ///< where the focus was in the page before
     Reason m_reason = Reason::First;
+    QSet<quint64> m_reads; ///< what the page reads: this, and what it asks for on account of input
+    bool m_stale = false;  ///< the page shows what was kept, and can be changed by nobody
     bool m_making = false;
     bool m_saved = false; ///< a change is saved, and what waited then has had no outcome yet
 };

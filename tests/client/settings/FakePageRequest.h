@@ -11,6 +11,7 @@ public:
     QString GetApiUrl() const override { return QStringLiteral("http://127.0.0.1:1/"); }
     QByteArray GetApiBody() override { return m_content; }
     QByteArray GetMethodName() const override { return m_name; }
+    QString GetCacheKey() const override { return QString::fromLatin1(m_name); }
 
 private:
     QByteArray m_name;

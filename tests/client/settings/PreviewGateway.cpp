@@ -2,6 +2,7 @@
 
 #include "http-module/IHttpRequestDsm.h"
 #include "http/IHttpResponse.h"
+#include "http/IResponseCacheMethod.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -86,6 +87,7 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
     else if (isWrite && m_list == QLatin1String("slow"))
         delay = slow;
     QTimer::singleShot(delay, this, [this, request, response, finished, isWrite] {
+        const bool isStale = !isWrite && m_list == QLatin1String("stale");
         const bool fails = isWrite ? failures-- > 0 : m_list == QLatin1String("failed");
         if (fails) {
             response->SetNetworkError(1, QStringLiteral("Connection refused"));
@@ -101,7 +103,10 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
                 {QStringLiteral("message"), QString()},
                 {QStringLiteral("requestId"), QStringLiteral("preview")},
                 {QStringLiteral("data"), isWrite ? QJsonValue(true) : QJsonValue(m_configuration)}};
-            response->SetData(QJsonDocument(reply).toJson());
+            if (isStale)
+                dynamic_cast<IResponseCacheMethod&>(*response).SetCacheData(QJsonDocument(reply).toJson());
+            else
+                response->SetData(QJsonDocument(reply).toJson());
         }
         finished();
     });

@@ -13,7 +13,8 @@ class PreviewGateway final : public QObject, public IHttpManager
 
 public:
     /// "empty": no entries. "full": all kinds. "many": and no room for another web address. "failed": reads
-    /// fail. "loading": nothing is ever answered. "slow": full, and every write takes its time.
+    /// fail. "stale": and what was kept serves. "loading": nothing is ever answered. "slow": full, and every
+    /// write takes its time.
     explicit PreviewGateway(const QString& list);
     ~PreviewGateway() override;
 

@@ -2,7 +2,7 @@
 // pictures of it. No gateway: a made-up one answers in the process. Not a test and not installed.
 //
 //   SettingsPreview [--theme light|dark] [--language en|zh_CN] [--scale 200] [--page 10,60] [--search word]
-//                   [--list empty|full|many|failed|loading|slow] [--do action,...] [--picture file]
+//                   [--list empty|full|many|failed|stale|loading|slow] [--do action,...] [--picture file]
 //                   [--modules folder]
 //
 // Actions, one after the other: hover:N, tick:N and edit:N (row N of the page), click:name, focus:name,

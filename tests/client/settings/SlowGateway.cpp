@@ -2,6 +2,7 @@
 
 #include "http/IHttpRequest.h"
 #include "http/IHttpResponse.h"
+#include "http/IResponseCacheMethod.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -13,7 +14,9 @@ namespace {
 
 QByteArray Reply(const QString& code, const QString& value)
 {
-    return QJsonDocument(QJsonObject{{QStringLiteral("code"), code}, {QStringLiteral("value"), value}})
+    return QJsonDocument(QJsonObject{{QStringLiteral("code"), code},
+                                     {QStringLiteral("value"), value},
+                                     {QStringLiteral("data"), QJsonObject()}})
         .toJson();
 }
 
@@ -38,17 +41,25 @@ void SlowGateway::Answer()
 {
     const Call call = std::move(m_calls.front());
     m_calls.pop_front();
+    auto* const keeping = dynamic_cast<IResponseCacheMethod*>(call.response.data());
+    const bool mayKeep = keeping != nullptr && keeping->IsAutoCache();
     if (failures > 0) {
         --failures;
-        if (failureCode.isEmpty())
+        if (failureCode.isEmpty()) {
             call.response->SetNetworkError(1, QStringLiteral("connection refused"));
-        else
+            if (mayKeep && !kept.isEmpty())
+                keeping->SetCacheData(kept);
+        } else {
             call.response->SetData(Reply(failureCode, QString()));
+        }
     } else if (call.request->GetMethodName() == "read") {
         call.response->SetData(Reply(QStringLiteral("0"), stored));
+        if (mayKeep && keeping->CanSaveToCache())
+            kept = keeping->GetCacheData();
     } else {
         stored = QString::fromUtf8(call.body);
         call.response->SetData(Reply(QStringLiteral("0"), QString()));
     }
-    call.finished();
+    if (call.finished)
+        call.finished();
 }
