@@ -1,9 +1,12 @@
 #include "ClientTest.h"
 
 #include "Desktop.h"
+#include "StoredSettings.h"
+#include "TabState.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
+#include <QtTest/QTest>
 
 QString EventName(const QJsonObject& event)
 {
@@ -37,6 +40,73 @@ void ClientTest::LogInAndOpen()
     LogIn();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
     ASSERT_TRUE(WaitForTabInFront(m_expected.openFirst));
+}
+
+bool ClientTest::WaitForKept()
+{
+    constexpr int patience = 60000; // [ms]
+    return QTest::qWaitFor(
+        [this] {
+            QDateTime start;
+            int selected = 0;
+            const QVector<QJsonObject> events = m_client->GetEvents();
+            for (const QJsonObject& event : events) {
+                if (EventName(event) == QLatin1String("start")) {
+                    start = QDateTime::fromString(event.value(QStringLiteral("time")).toString(),
+                                                  Qt::ISODateWithMs);
+                } else if (EventName(event) == QLatin1String("tab.selected")) {
+                    selected = event.value(QStringLiteral("index")).toInt();
+                }
+            }
+            const QStringList tabs = TabState::After(events);
+            const KeptRecord clients = ReadClientsRecord();
+            return clients.when > start && clients.routerUrls == tabs && clients.current == selected - 1 &&
+                   ReadModulesRecord().routerUrls == tabs;
+        },
+        patience);
+}
+
+ClientTest::KeptRecord ClientTest::ReadModulesRecord() const
+{
+    KeptRecord record;
+    const QString text =
+        StoredSettings(GetProfile())
+            .GetUserValue(QStringLiteral("demo"), QStringLiteral("USER_SETTING_RECOVER_SECTION"),
+                          QStringLiteral("USER_SETTING_RECOVER_FIELD1"));
+    const QJsonArray items =
+        QJsonDocument::fromJson(text.toUtf8()).object().value(QStringLiteral("tabRecoverItems")).toArray();
+    for (const QJsonValue& item : items) {
+        record.routerUrls << item.toObject().value(QStringLiteral("routerUrl")).toString();
+    }
+    return record;
+}
+
+ClientTest::KeptRecord ClientTest::ReadClientsRecord() const
+{
+    KeptRecord record;
+    const QString text =
+        StoredSettings(GetProfile())
+            .GetUserValue(QStringLiteral("demo"), QStringLiteral("CLIENT"), QStringLiteral("RUNNING_TABS"));
+    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line : lines) {
+        const QJsonObject object = QJsonDocument::fromJson(line.toUtf8()).object();
+        if (object.contains(QStringLiteral("url"))) {
+            record.routerUrls << object.value(QStringLiteral("url")).toString();
+        } else {
+            record.current = object.value(QStringLiteral("current")).toInt(-1);
+            record.when =
+                QDateTime::fromString(object.value(QStringLiteral("when")).toString(), Qt::ISODateWithMs);
+        }
+    }
+    return record;
+}
+
+QJsonObject ClientTest::GetLoginReply() const
+{
+    return QJsonDocument::fromJson(m_front->GetLastReply(QStringLiteral("dsm.tl.pc.user.login")))
+        .object()
+        .value(QStringLiteral("data"))
+        .toObject();
 }
 
 bool ClientTest::AnswerQuestion(const QString& key)

@@ -5,6 +5,7 @@
 #include "core/TLGlobalData.h"
 #include "settings-store/VXSettingManager.h"
 
+#include <QtCore/QDataStream>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -14,10 +15,10 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 
 namespace {
 
-constexpr int promise = 1000; // [ms] after which a kill costs nothing
 constexpr int thousand = 1000;
 
 const QString recoverSection = QStringLiteral("USER_SETTING_RECOVER_SECTION");
@@ -47,6 +48,7 @@ struct Damage
 {
     const char* name;
     std::function<QByteArray(QByteArray)> apply;
+    std::optional<bool> told; ///< whether the user hears of it; open when it depends on what was hit
 };
 
 QByteArray FlipBytes(QByteArray bytes)
@@ -62,18 +64,29 @@ QByteArray FlipBytes(QByteArray bytes)
 }
 
 const Damage damages[] = {
-    {"CutInHalf", [](const QByteArray& bytes) { return bytes.left(bytes.size() / 2); }},
-    {"Emptied", [](const QByteArray&) { return QByteArray(); }},
-    {"BytesFlipped", FlipBytes},
-    {"NoiseInstead", [](const QByteArray& bytes) { return FlipBytes(QByteArray(bytes.size() + 100, '7')); }},
-    {"Doubled", [](const QByteArray& bytes) { return bytes + bytes; }},
+    {"CutInHalf", [](const QByteArray& bytes) { return bytes.left(bytes.size() / 2); }, true},
+    {"Emptied", [](const QByteArray&) { return QByteArray(); }, false}, // as if nothing had been kept
+    {"BytesFlipped", FlipBytes, std::nullopt},
+    {"NoiseInstead", [](const QByteArray& bytes) { return FlipBytes(QByteArray(bytes.size() + 100, '7')); },
+     true},
+    {"Doubled", [](const QByteArray& bytes) { return bytes + bytes; }, true},
     {"HugeCounts",
      [](QByteArray bytes) {
          // In the client's lines, in JSON and, as base64, at the head of a stream.
          bytes.replace("\"count\":", "\"count\":99999999");
          return bytes.startsWith('{') ? bytes : QByteArray::fromHex("7fffffff00000040").toBase64();
-     }},
+     },
+     true},
 };
+
+/// The record of a restart as the module writes it.
+QString MakeRestartRecord(const QStringList& routerUrls, const QString& belongType)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << routerUrls << belongType;
+    return QString::fromLatin1(bytes.toBase64());
+}
 
 std::string NameOfDamage(const ::testing::TestParamInfo<Damage>& parameter)
 {
@@ -101,8 +114,51 @@ protected:
     void RunUntilKilled()
     {
         LogInAndOpen();
-        QTest::qWait(promise);
+        ASSERT_TRUE(WaitForKept());
+        m_tabs = TabState::After(m_client->GetEvents());
+        m_belongType = GetLoginReply().value(QStringLiteral("belongType")).toString();
+        ASSERT_FALSE(m_belongType.isEmpty());
         m_client->Kill();
+    }
+
+    /// Beside what lies there after a kill: the record of a restart, an earlier set of tabs, and a client
+    /// that died after it reopened tabs.
+    void FillAllValues()
+    {
+        WithStore([this](VXSettingManager& store) {
+            const QString running = store.GetUserValue(clientSection, QStringLiteral("RUNNING_TABS"));
+            const QVector<QPair<StoredValue, QString>> values{
+                {{restartSection, restartField}, MakeRestartRecord(m_tabs, m_belongType)},
+                {{clientSection, QStringLiteral("EARLIER_TABS")}, QStringLiteral(R"([{"fate":1,"slot":0}])")},
+                {{clientSection, QStringLiteral("EARLIER_TABS_0")}, running},
+                {{clientSection, QStringLiteral("REOPEN_DEATHS")}, QStringLiteral("1")}};
+            for (const auto& [value, text] : values) {
+                ASSERT_TRUE(store.SetUserValueSync(value.section, value.field, text));
+            }
+        });
+    }
+
+    /// Starts the client as one that restarts itself does, with the session of the log-in before.
+    void StartAsAfterRestart()
+    {
+        const QDateTime now = QDateTime::currentDateTimeUtc();
+        const QJsonObject handover{
+            {QStringLiteral("version"), 1},
+            {QStringLiteral("written"), now.toString(Qt::ISODateWithMs)},
+            {QStringLiteral("pin"), QStringLiteral("demo")},
+            {QStringLiteral("belongType"), m_belongType},
+            {QStringLiteral("accessToken"), GetLoginReply().value(QStringLiteral("accessToken"))},
+            {QStringLiteral("expiresAt"), QString()},
+            {QStringLiteral("openTabs"), true}};
+        m_client->Start(
+            {QStringLiteral("--gateway"), m_front->GetAddress(), QStringLiteral("--take-session")},
+            QJsonDocument(handover).toJson(QJsonDocument::Compact) + '\n');
+    }
+
+    bool WaitForTabs(const QStringList& tabs)
+    {
+        return m_client->WaitFor(
+            [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; });
     }
 
     /// The client comes up, with or without a question, and goes on to work.
@@ -120,32 +176,78 @@ protected:
             ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
         }
         ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
+        m_back = TabState::After(m_client->GetEvents());
         ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), 1));
         ASSERT_TRUE(m_client->Quit());
     }
 
+    QStringList m_tabs; ///< that stood when the client was killed
+    QStringList m_back; ///< that stood when the next one was ready
+    QString m_belongType;
     bool m_asked = false;
 };
 
 TEST_P(DamageTest, ClientStandsDamageToEveryStoredValueAtOnce)
 {
-    RunUntilKilled();
-    LogIn(); // once more, so that there are earlier tabs, too
-    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
-    m_client->Kill();
+    ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
+    ASSERT_NO_FATAL_FAILURE(FillAllValues());
     WithStore([](VXSettingManager& store) {
         for (const StoredValue& value : AllValues()) {
             const QByteArray text = store.GetUserValue(value.section, value.field).toUtf8();
-            const QByteArray damaged = GetParam().apply(text.isEmpty() ? QByteArray("1") : text);
+            ASSERT_FALSE(text.isEmpty()) << value.field.toStdString();
+            const QByteArray damaged = GetParam().apply(text);
             ASSERT_TRUE(store.SetUserValueSync(value.section, value.field, QString::fromUtf8(damaged)));
         }
     });
-    ExpectUsable();
+    const QStringList readable = ReadModulesRecord().routerUrls;
+    ASSERT_NO_FATAL_FAILURE(ExpectUsable());
+    EXPECT_EQ(m_asked, !readable.isEmpty()) << "what can be read is offered";
+    if (readable == m_tabs) {
+        EXPECT_EQ(m_back, m_tabs);
+    }
+    if (GetParam().told) {
+        EXPECT_EQ(HasNotice(QStringLiteral("tabs-missing")), *GetParam().told);
+    }
+}
+
+TEST_P(DamageTest, ClientStandsADamagedRecordOfARestartAndTheTabsAreNotLost)
+{
+    ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
+    const QByteArray whole = MakeRestartRecord(m_tabs, m_belongType).toUtf8();
+    WithStore([&whole](VXSettingManager& store) {
+        ASSERT_TRUE(
+            store.SetUserValueSync(restartSection, restartField, QString::fromUtf8(GetParam().apply(whole))));
+    });
+    StartAsAfterRestart();
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1))
+        << m_client->GetErrorOutput().toStdString();
+    const QVector<QJsonObject> logins = m_client->GetEvents(QStringLiteral("login"));
+    ASSERT_EQ(logins.size(), 1);
+    EXPECT_TRUE(logins.first().value(QStringLiteral("restart")).toBool()) << "the record was not read";
+    EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty());
+
+    const QStringList back = TabState::After(m_client->GetEvents());
+    EXPECT_EQ(HasNotice(QStringLiteral("tabs-missing")), back != m_tabs)
+        << back.join(QLatin1Char('\n')).toStdString();
+    if (back == m_tabs) {
+        EXPECT_TRUE(m_client->Quit());
+        return;
+    }
+    // What did not come back is found under the earlier tabs.
+    const Desktop desktop(m_screen.GetDisplay());
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("e")}));
+    ASSERT_TRUE(desktop.WaitForTitle(QStringLiteral("Earlier tabs")));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("space")}));
+    ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
+    EXPECT_TRUE(WaitForTabs(back + m_tabs));
+    EXPECT_TRUE(m_client->Quit());
 }
 
 TEST_P(DamageTest, ClientStandsDamageToTheStoreFileAndKeepsTheOriginal)
 {
-    RunUntilKilled();
+    ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
     // The log beside the file would make good for what happens to it.
     WithStore([](VXSettingManager&) {});
     QFile file(GetStoreFile());
@@ -174,7 +276,7 @@ class ManyTabsTest : public DamageTest
 
 TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
 {
-    RunUntilKilled();
+    ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
     QJsonObject record;
     WithStore([this, &record](VXSettingManager& store) {
         record = QJsonDocument::fromJson(store.GetUserValue(recoverSection, recoverField).toUtf8()).object();
@@ -216,7 +318,7 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
     ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+w")}));
     tabs.removeLast();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.closed"), 1));
-    QTest::qWait(promise);
+    ASSERT_TRUE(WaitForKept());
     EXPECT_LT(m_client->GetEvents(QStringLiteral("page.loaded")).size(), 20) << "most of them never loaded";
     m_client->Kill();
 

@@ -83,7 +83,7 @@ void FaultyGateway::Handle(QTcpSocket* socket, const QByteArray& body)
     ++m_calls[method];
     switch (m_faults.value(method, m_faults.value(QString(), Fault::None))) {
     case Fault::None:
-        PassOn(socket, body);
+        PassOn(socket, method, body);
         break;
     case Fault::Close:
         socket->abort();
@@ -106,15 +106,17 @@ void FaultyGateway::Handle(QTcpSocket* socket, const QByteArray& body)
     }
 }
 
-void FaultyGateway::PassOn(QTcpSocket* socket, const QByteArray& body)
+void FaultyGateway::PassOn(QTcpSocket* socket, const QString& method, const QByteArray& body)
 {
     QNetworkRequest request(m_gateway);
     request.setHeader(QNetworkRequest::ContentTypeHeader,
                       QStringLiteral("application/x-www-form-urlencoded"));
     QNetworkReply* reply = m_network.post(request, body);
-    connect(reply, &QNetworkReply::finished, socket, [socket, reply] {
+    connect(reply, &QNetworkReply::finished, socket, [this, socket, method, reply] {
+        const QByteArray answer = reply->readAll();
+        m_replies.insert(method, answer);
         Reply(socket, reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), "application/json",
-              reply->readAll());
+              answer);
         reply->deleteLater();
     });
 }

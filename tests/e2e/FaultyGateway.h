@@ -38,12 +38,14 @@ public:
     [[nodiscard]] bool Reopen();
     /// How often a method was called, faults included.
     int GetCallCount(const QString& method) const { return m_calls.value(method); }
+    /// What the gateway itself last answered to a method.
+    QByteArray GetLastReply(const QString& method) const { return m_replies.value(method); }
 
 private:
     void TakeConnection();
     void TakeBytes(QTcpSocket* socket);
     void Handle(QTcpSocket* socket, const QByteArray& body);
-    void PassOn(QTcpSocket* socket, const QByteArray& body);
+    void PassOn(QTcpSocket* socket, const QString& method, const QByteArray& body);
     static void Reply(QTcpSocket* socket, int status, const QByteArray& type, const QByteArray& body);
 
     QUrl m_gateway;
@@ -53,5 +55,6 @@ private:
     QHash<QTcpSocket*, QByteArray> m_received;
     QHash<QString, Fault> m_faults;
     QHash<QString, int> m_calls;
+    QHash<QString, QByteArray> m_replies;
     QByteArray m_answer;
 };
