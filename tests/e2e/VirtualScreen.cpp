@@ -4,11 +4,12 @@
 
 VirtualScreen::VirtualScreen()
 {
-    // The X server picks a free number and writes it to the descriptor once it takes connections.
+    // The X server picks a free number and writes it to the descriptor once it takes connections. It repeats
+    // no key (-r): on a busy machine a key seems to be held for long.
     m_server.start(QStringLiteral("Xvfb"),
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("1440x900x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp")});
+                   {QStringLiteral("-r"), QStringLiteral("-displayfd"), QStringLiteral("1"),
+                    QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1440x900x24"),
+                    QStringLiteral("-nolisten"), QStringLiteral("tcp")});
     QByteArray number;
     const bool started = QTest::qWaitFor(
         [this, &number] {
