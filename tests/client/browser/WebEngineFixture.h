@@ -42,6 +42,8 @@ protected:
     /// Opens the page in front and waits until it has loaded; whether it has.
     bool OpenAndWait(const QUrl& url);
     QString GetTitle(int index) const;
+    /// Waits for a tab's title: the engine may tell it after the end of the load.
+    testing::AssertionResult WaitForTitle(int index, const QString& title) const;
     /// The view in front; null when it shows no page.
     QWebEngineView* GetView() const;
     /// Headline, text and address of the message in front; empty when there is none.

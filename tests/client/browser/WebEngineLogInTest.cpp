@@ -57,7 +57,7 @@ TEST_F(WebEngineLogInTest, NameAndPasswordOpenThePage)
 {
     m_answers = QStringList{QStringLiteral("ann:secret")};
     EXPECT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/orders"))));
-    EXPECT_EQ(GetTitle(1), QStringLiteral("Your orders"));
+    EXPECT_TRUE(WaitForTitle(1, QStringLiteral("Your orders")));
     EXPECT_EQ(m_asked, 1);
     EXPECT_TRUE(m_texts.contains(QStringLiteral("“127.0.0.1” asks for a user name and a password.")));
     EXPECT_TRUE(m_texts.contains(QStringLiteral("Orders")));
@@ -68,7 +68,7 @@ TEST_F(WebEngineLogInTest, AWrongPasswordIsAskedForAgain)
 {
     m_answers = QStringList{QStringLiteral("ann:wrong"), QStringLiteral("ann:secret")};
     EXPECT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/orders"))));
-    EXPECT_EQ(GetTitle(1), QStringLiteral("Your orders"));
+    EXPECT_TRUE(WaitForTitle(1, QStringLiteral("Your orders")));
     EXPECT_EQ(m_asked, 2);
 }
 
