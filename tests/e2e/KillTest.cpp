@@ -39,8 +39,13 @@ QVector<Standing> ReadStandings(const QVector<QJsonObject>& events)
             const QString time = event.value(QStringLiteral("time")).toString();
             start = QDateTime::fromString(time, Qt::ISODateWithMs).toMSecsSinceEpoch() - elapsed;
         }
-        if (state.Take(event)) {
-            standings.append({start + elapsed, state.GetRouterUrls()});
+        if (!state.Take(event)) {
+            continue;
+        }
+        QStringList tabs = state.GetRouterUrls();
+        tabs.removeAll(QString()); // a start tab holds no page that could be kept
+        if (standings.isEmpty() || standings.last().tabs != tabs) {
+            standings.append({start + elapsed, tabs});
         }
     }
     return standings;
