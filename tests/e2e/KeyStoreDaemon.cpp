@@ -1,5 +1,7 @@
 #include "KeyStoreDaemon.h"
 
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtTest/QTest>
 
 namespace {
@@ -59,13 +61,61 @@ KeyStoreDaemon::KeyStoreDaemon(const QString& folder)
                    question.readAllStandardOutput().contains("boolean true");
         },
         20000);
-    if (ready) {
+    if (ready && StartMonitor(QString::fromUtf8(address.trimmed()))) {
         m_address = QString::fromUtf8(address.trimmed());
     }
 }
 
+bool KeyStoreDaemon::WaitForAnswers()
+{
+    return QTest::qWaitFor(
+        [this] {
+            m_seen += m_monitor.readAllStandardOutput();
+            return IsAnswered();
+        },
+        60000);
+}
+
+bool KeyStoreDaemon::StartMonitor(const QString& address)
+{
+    m_monitor.start(QStringLiteral("dbus-monitor"), {QStringLiteral("--address"), address});
+    // It has lost its name on the bus once it is nothing but a monitor.
+    return QTest::qWaitFor(
+        [this] {
+            m_seen += m_monitor.readAllStandardOutput();
+            return m_seen.contains("member=NameLost") || m_monitor.state() == QProcess::NotRunning;
+        },
+        20000);
+}
+
+bool KeyStoreDaemon::IsAnswered() const
+{
+    static const QRegularExpression call(QStringLiteral(
+        R"(^method call .*sender=(\S+) .*serial=(\d+) .*interface=org\.freedesktop\.Secret\.\w+; member=(\w+))"));
+    static const QRegularExpression answer(
+        QStringLiteral(R"(^(?:method return|error) .*destination=(\S+) .*reply_serial=(\d+))"));
+    bool looked = false;
+    QSet<QPair<QString, QString>> waiting;
+    const QList<QByteArray> lines = m_seen.split('\n');
+    for (const QByteArray& bytes : lines) {
+        const QString line = QString::fromUtf8(bytes);
+        const QRegularExpressionMatch asked = call.match(line);
+        if (asked.hasMatch()) {
+            looked = looked || asked.captured(3) == QLatin1String("SearchItems");
+            waiting.insert({asked.captured(1), asked.captured(2)});
+            continue;
+        }
+        const QRegularExpressionMatch answered = answer.match(line);
+        if (answered.hasMatch()) {
+            waiting.remove({answered.captured(1), answered.captured(2)});
+        }
+    }
+    return looked && waiting.isEmpty();
+}
+
 KeyStoreDaemon::~KeyStoreDaemon()
 {
+    End(m_monitor);
     End(m_store);
     End(m_bus);
 }

@@ -16,9 +16,17 @@ public:
 
     /// The value for DBUS_SESSION_BUS_ADDRESS; empty when bus or key store did not start.
     QString GetBusAddress() const { return m_address; }
+    /// Waits until somebody has looked for a secret, and has an answer to all that was asked; false when that
+    /// does not happen within a minute.
+    [[nodiscard]] bool WaitForAnswers();
 
 private:
+    bool StartMonitor(const QString& address);
+    bool IsAnswered() const;
+
     QProcess m_bus;
     QProcess m_store;
+    QProcess m_monitor;
+    QByteArray m_seen; ///< by the monitor: all that went over the bus
     QString m_address;
 };

@@ -1,6 +1,7 @@
 #include "ClientTest.h"
 #include "Desktop.h"
 #include "KeyStoreDaemon.h"
+#include "StoredSettings.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
@@ -46,6 +47,18 @@ constexpr char ForbiddenAddresses[] =
 {"activeItem":false,"checked":true,"itemId":"b","name":"","systemItem":false,"type":0,"url":"file:///etc/passwd"},
 {"activeItem":true,"checked":true,"itemId":"c","name":"","systemItem":false,"type":0,"url":"PAGE"}],"pluginItems":[
 {"activeItem":false,"checked":true,"itemId":"d","name":"","systemItem":false,"type":1,"url":"no-such-app"}]}})json";
+
+/// In the part of the window where the page is.
+int CountColours(const QImage& picture)
+{
+    QSet<QRgb> colours;
+    for (int y = picture.height() / 3; y < picture.height(); y += 2) {
+        for (int x = 0; x < picture.width(); x += 2) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    return colours.size();
+}
 
 std::string NameOfReply(const ::testing::TestParamInfo<FaultyGateway::Fault>& parameter)
 {
@@ -137,22 +150,27 @@ TEST_F(LoginTest, TraceNamesTheModuleAndHoldsNoSecrets)
 TEST_F(LoginTest, ScreenshotShowsTheWindowWithThePageInFront)
 {
     const QString file = m_folder.filePath(QStringLiteral("screenshot.png"));
-    m_client->StartWithLogin(
-        m_front->GetAddress(), QStringLiteral("demo"), "demo\n",
-        {QStringLiteral("--screenshot"), file, QStringLiteral("--quit-after"), QStringLiteral("15000")});
-    ASSERT_TRUE(m_client->WaitForEnd(60000));
-    EXPECT_EQ(m_client->GetExitCode(), 0);
-    const QImage picture(file);
-    ASSERT_FALSE(picture.isNull());
-    EXPECT_GE(picture.width(), 800);
+    LogIn({QStringLiteral("--screenshot"), file});
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("page.loaded"), m_expected.urls.size()));
     // A window whose page was not painted is one flat area; a painted one has many colours.
-    QSet<QRgb> colours;
-    for (int y = picture.height() / 3; y < picture.height(); y += 2) {
-        for (int x = 0; x < picture.width(); x += 2) {
-            colours.insert(picture.pixel(x, y));
-        }
-    }
-    EXPECT_GT(colours.size(), 20);
+    EXPECT_TRUE(QTest::qWaitFor([&file] { return CountColours(QImage(file)) > 20; }, 60000))
+        << CountColours(QImage(file)) << " colours";
+    EXPECT_GE(QImage(file).width(), 800);
+    EXPECT_TRUE(m_client->Quit());
+    EXPECT_EQ(m_client->GetExitCode(), 0);
+}
+
+TEST_F(LoginTest, QuitAfterATimeEndsInGoodOrderAndLeavesAPicture)
+{
+    const QString file = m_folder.filePath(QStringLiteral("screenshot.png"));
+    LogIn({QStringLiteral("--screenshot"), file, QStringLiteral("--quit-after"), QStringLiteral("20000")});
+    ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
+    ASSERT_TRUE(m_client->WaitForEnd(120000));
+    EXPECT_EQ(m_client->GetExitCode(), 0);
+    const QVector<QJsonObject> exits = m_client->GetEvents(QStringLiteral("exit"));
+    ASSERT_EQ(exits.size(), 1);
+    EXPECT_TRUE(exits[0].value(QStringLiteral("orderly")).toBool());
+    EXPECT_FALSE(QImage(file).isNull());
 }
 
 TEST_F(LoginTest, WrongPasswordIsRefusedAndNothingOpens)
@@ -194,7 +212,7 @@ TEST_F(LoginTest, KeptSessionOpensTheLastKnownConfigurationWithoutAnyGateway)
 {
     const QString home = m_folder.filePath(QStringLiteral("keys"));
     ASSERT_TRUE(QDir().mkpath(home));
-    const KeyStoreDaemon keys(home);
+    KeyStoreDaemon keys(home);
     ASSERT_FALSE(keys.GetBusAddress().isEmpty()) << "no session bus with a key store";
     m_client->SetEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), keys.GetBusAddress());
     m_client->SetEnvironment(QStringLiteral("XDG_RUNTIME_DIR"), home);
@@ -205,11 +223,20 @@ TEST_F(LoginTest, KeptSessionOpensTheLastKnownConfigurationWithoutAnyGateway)
                      QStringLiteral("demo")});
     const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(keys.WaitForAnswers()) << "the dialog did not look for the key store";
     ASSERT_TRUE(desktop.Type(QStringLiteral("demo")));
     ASSERT_TRUE(desktop.Press(
         {QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("space")})); // "Stay signed in"
     ASSERT_TRUE(desktop.Press({QStringLiteral("Return")}));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
+    const StoredSettings stored(GetProfile());
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&stored] {
+            return stored.GetGlobalValue(QStringLiteral("CLIENT_KEPT_SESSION"), QStringLiteral("PIN")) ==
+                   QStringLiteral("demo");
+        },
+        60000))
+        << "the session was not kept";
     ASSERT_TRUE(m_client->Quit());
 
     m_front->Shut();
@@ -237,9 +264,13 @@ TEST_F(LoginTest, LockThatAKilledClientLeftEmptyKeepsNobodyOut)
 TEST_F(LoginTest, SecondClientOnAProfileSaysSoAndEnds)
 {
     LogInAndOpen();
-    ClientProcess second(m_screen.GetDisplay(), m_folder.path());
-    second.StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "demo\n");
-    ASSERT_TRUE(second.WaitForEnd(30000));
+    // With files of its own, but for the profile: the last one given counts.
+    const QString folder = m_folder.filePath(QStringLiteral("second"));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ClientProcess second(m_screen.GetDisplay(), folder);
+    second.StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "demo\n",
+                          {QStringLiteral("--profile"), GetProfile()});
+    ASSERT_TRUE(second.WaitForEnd(60000));
     EXPECT_EQ(second.GetExitCode(), 2);
     EXPECT_TRUE(second.GetErrorOutput().contains("another client has it open"))
         << second.GetErrorOutput().toStdString();
