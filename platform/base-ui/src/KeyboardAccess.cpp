@@ -210,18 +210,32 @@ void KeyboardAccess::KeepInRow(QWidget* widget)
 {
     // A button that hides itself with the focus in it sends the focus on to the next row, though the user
     // is not done with this one.
-    const QPointer<QWidget> row =
-        m_lastFocus != nullptr && m_lastFocus->isHidden() ? RowOf(m_lastFocus) : nullptr;
+    const QPointer<QWidget> before = m_lastFocus;
+    const QPointer<QWidget> row = before != nullptr && !before->isVisible() ? RowOf(before) : nullptr;
     m_lastFocus = widget;
-    if (row == nullptr || row == RowOf(widget) || !row->isVisible())
+    if (row == nullptr || !row->isVisible())
+        return;
+    // What the row hides together with the button, it shows under the mouse again.
+    const bool comesBack = m_byKeyboard && !before->isHidden();
+    if (!comesBack && row == RowOf(widget))
         return;
     QMetaObject::invokeMethod(
-        this,
-        [this, row] {
-            if (row != nullptr && m_root->isAncestorOf(row))
-                FocusFirstOf(row);
-        },
+        this, [this, row, before, comesBack] { BringBack(row, comesBack ? before : nullptr); },
         Qt::QueuedConnection);
+}
+
+void KeyboardAccess::BringBack(QWidget* row, QWidget* button)
+{
+    if (row == nullptr || !m_root->isAncestorOf(row) || !row->isVisible())
+        return;
+    if (button != nullptr) {
+        m_row = row;
+        SendEnter(row);
+    }
+    if (button != nullptr && CanHaveFocusNow(button))
+        button->setFocus(Qt::OtherFocusReason);
+    else
+        FocusFirstOf(row);
 }
 
 void KeyboardAccess::FocusFirstOf(QWidget* row)

@@ -34,6 +34,46 @@ protected:
     void leaveEvent(QEvent*) override { button->hide(); }
 };
 
+/// A row with two buttons that show only under the mouse, the first of them in a panel.
+class PanelRow final : public QWidget
+{
+public:
+    explicit PanelRow(QWidget* parent)
+        : QWidget(parent)
+        , box(new QCheckBox(this))
+        , panel(new QWidget(this))
+        , edit(new QPushButton(panel))
+        , first(new QPushButton(this))
+    {
+        auto* inner = new QHBoxLayout(panel);
+        inner->addWidget(edit);
+        auto* layout = new QHBoxLayout(this);
+        layout->addWidget(box);
+        layout->addWidget(panel);
+        layout->addWidget(first);
+        panel->hide();
+        first->hide();
+    }
+
+    QCheckBox* box;
+    QWidget* panel;
+    QPushButton* edit;
+    QPushButton* first;
+    bool offersFirst = true;
+
+protected:
+    void enterEvent(QEvent*) override
+    {
+        panel->show();
+        first->setVisible(offersFirst);
+    }
+    void leaveEvent(QEvent*) override
+    {
+        panel->hide();
+        first->hide();
+    }
+};
+
 /// Counts the presses of a label as a form does that takes it for a button.
 class PressCounter final : public QObject
 {
@@ -62,8 +102,10 @@ protected:
             column->addWidget(rows.last());
         }
         column->addWidget(add);
-        access = new KeyboardAccess(
-            &form, [](const QWidget* widget) { return dynamic_cast<const Row*>(widget) != nullptr; });
+        access = new KeyboardAccess(&form, [](const QWidget* widget) {
+            return dynamic_cast<const Row*>(widget) != nullptr ||
+                   dynamic_cast<const PanelRow*>(widget) != nullptr;
+        });
         form.setGeometry(200, 200, 300, 300); // not where the mouse is
         form.show();
         form.activateWindow();
@@ -245,6 +287,41 @@ TEST_F(KeyboardAccessTest, AButtonThatHidesItselfLeavesTheFocusInItsRow)
     ASSERT_TRUE(rows[1]->button->hasFocus());
     Press(Qt::Key_Space);
     EXPECT_TRUE(QTest::qWaitFor([this] { return rows[1]->box->hasFocus(); }, 5000));
+}
+
+TEST_F(KeyboardAccessTest, AButtonWhosePanelHidesComesBackWithTheFocus)
+{
+    for (const bool offersFirst : {true, false}) { // where the focus goes by itself: in the row, out of it
+        PanelRow row(&form);
+        row.offersFirst = offersFirst;
+        column->insertWidget(0, &row);
+        row.show();
+        row.box->setFocus(Qt::TabFocusReason);
+        Press(Qt::Key_Tab);
+        ASSERT_TRUE(row.edit->hasFocus());
+        row.panel->hide(); // as a row does that shows other data
+        ASSERT_FALSE(row.edit->hasFocus());
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(row.edit->isVisible());
+        EXPECT_TRUE(row.edit->hasFocus());
+        // And it shows no longer than the focus stays.
+        add->setFocus(Qt::TabFocusReason);
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(row.edit->isVisible());
+    }
+}
+
+TEST_F(KeyboardAccessTest, AButtonWhosePanelHidesUnderTheMouseIsNotShownAgain)
+{
+    PanelRow row(&form);
+    column->insertWidget(0, &row);
+    row.show();
+    row.panel->show();
+    row.edit->setFocus(Qt::MouseFocusReason);
+    row.panel->hide();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(row.edit->isVisible());
+    EXPECT_TRUE(row.box->hasFocus());
 }
 
 TEST_F(KeyboardAccessTest, WhenTheLastRowGoesTheRowBeforeHasTheFocus)

@@ -16,11 +16,12 @@ class QWidget;
 /// - A label that takes the focus without text to select in it (the theme says so, by
 ///   `qproperty-focusPolicy`) counts as a button: Enter and Space press the mouse on it, and screen readers
 ///   see a button.
-/// - A row shows what it shows under the mouse also while the keyboard's focus is in it, and lets the focus in
-///   when only what it shows then can have it.
+/// - A row shows what it shows under the mouse also while the keyboard's focus is in it, and lets the
+///   focus in when only what it shows then can have it.
 /// - Tab goes in reading order, as the layouts have it, whatever the order of making was.
 /// - When a row goes away with the focus in it, the focus goes to the row in its place; when only the button
-///   that has it hides, the focus stays in the row.
+///   that has it hides, the focus stays in the row, and when the row hides what it shows under the mouse, it
+///   shows that again and the button has the focus.
 /// A child of `root`, in force for as long as it lives. GUI thread.
 class TL_BASE_UI_EXPORT KeyboardAccess final : public QObject
 {
@@ -48,6 +49,7 @@ private:
     QVector<QWidget*> GetRows() const;
     void TakeFocus(QWidget* widget);
     void KeepInRow(QWidget* widget);
+    void BringBack(QWidget* row, QWidget* button);
     void FocusFirstOf(QWidget* row);
     void Reveal(QWidget* row);
     void Conceal();
