@@ -8,6 +8,7 @@
 #include <QtCore/QChildEvent>
 #include <QtCore/QVariant>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -25,8 +26,15 @@ const QWidget* RowOf(const QWidget* widget, const QWidget* page)
     return nullptr;
 }
 
+/// What the page itself calls the row's check box, which is whole, or else what its first label shows.
 QString EntryOf(const QWidget* row)
 {
+    const QList<QCheckBox*> boxes = row->findChildren<QCheckBox*>();
+    for (const QCheckBox* const box : boxes) {
+        const QString name = box->accessibleName();
+        if (!name.isEmpty() && name != box->property(ours).toString())
+            return name;
+    }
     const QList<QLabel*> labels = row->findChildren<QLabel*>();
     for (const QLabel* const label : labels) {
         QString text = label->accessibleName().isEmpty() ? ShownText::Of(label) : label->accessibleName();

@@ -198,6 +198,30 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
     qApp->setStyleSheet(QString());
 }
 
+TEST_F(ModulePageTest, AfterAnEditByKeyboardTheFocusIsOnTheSameButton)
+{
+    TLUrlUtils::SetVXDomains({QStringLiteral("shop.example")});
+    In(4, "checkBox")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(In(4, "edit_button")->hasFocus());
+    QTimer::singleShot(0, dialog.get(), [] {
+        QWidget* const form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        auto* const field = form->findChild<QLineEdit*>(QStringLiteral("content_edit"));
+        field->setText(QStringLiteral("https://new.shop.example/"));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    EXPECT_TRUE(WaitUntil([this] {
+        return In(4, "edit_button")->hasFocus() && In(4, "edit_button")->isVisible();
+    })) << qPrintable(QApplication::focusWidget()->objectName());
+    EXPECT_TRUE(In(4, "delete_button")->isVisible());
+    EXPECT_TRUE(WaitUntil([this] { return gateway.writes == 1; }));
+    TLUrlUtils::SetVXDomains({});
+}
+
 TEST_F(ModulePageTest, TheKeyboardAlonePutsTheHomePageFirst)
 {
     ASSERT_TRUE(In(3, "active_widget")->isVisible()) << "another entry is first";
@@ -246,6 +270,22 @@ TEST_F(ModulePageTest, CheckBoxesAreNamedByTheirEntries)
     EXPECT_EQ(nameOf(1), QStringLiteral("Order centre"));
     EXPECT_EQ(nameOf(3), QStringLiteral("https://www.shop.example/orders/today"));
     EXPECT_EQ(nameOf(7), QStringLiteral("客服工作台"));
+}
+
+TEST_F(ModulePageTest, ButtonsAreNamedByWhatTheyDoToWhichEntry)
+{
+    const auto nameOf = [this](int row, const char* button) {
+        return QAccessible::queryAccessibleInterface(In(row, button))->text(QAccessible::Name);
+    };
+    ASSERT_TRUE(WaitUntil([&nameOf] { return nameOf(6, "active_button").contains(u':'); }));
+    EXPECT_EQ(nameOf(3, "edit_button"), QStringLiteral("Edit https://www.shop.example/orders/today"));
+    EXPECT_EQ(nameOf(7, "delete_button"), QStringLiteral("Delete 客服工作台"));
+    EXPECT_EQ(nameOf(1, "active_button"), QStringLiteral("Open first: Order centre"));
+    // Not as much of it as fits.
+    EXPECT_TRUE(nameOf(4, "edit_button").endsWith(QStringLiteral("&currency=cny")))
+        << qPrintable(nameOf(4, "edit_button"));
+    EXPECT_EQ(In(3, "edit_button")->toolTip(), QStringLiteral("Edit"));
+    EXPECT_EQ(In(3, "delete_button")->toolTip(), QStringLiteral("Delete"));
 }
 
 } // namespace
