@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int maximumLength = 8192; // [UTF-16 code units]
+constexpr int maximumStored = 2048; // [code points]
 
 // Characters that have no place in an address, whatever a parser would make of them: they serve to
 // show one address and open another.
@@ -91,7 +92,7 @@ bool TLUrlUtils::IsVXUrl(const QString& address)
     if (std::any_of(address.cbegin(), address.cend(), IsControl))
         return false;
     const QUrl url = ToWebUrl(address);
-    if (url.isEmpty())
+    if (url.isEmpty() || address.toUcs4().size() > maximumStored)
         return false;
 
     const QString text = address.trimmed();

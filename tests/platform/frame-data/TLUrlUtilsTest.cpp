@@ -223,9 +223,21 @@ TEST_F(TLUrlUtilsDomains, InternationalDomainsAreTakenInLettersAndInPunycode)
     EXPECT_TRUE(IsVX("https://shop.xn--bcher-kva.example/"));
 }
 
-TEST_F(TLUrlUtilsDomains, TextOfTenThousandCharactersIsRefused)
+TEST_F(TLUrlUtilsDomains, AnAddressMayHave2048CodePoints)
 {
-    EXPECT_FALSE(TLUrlUtils::IsVXUrl(Text("https://vx.example/") + QString(10000, QLatin1Char('a'))));
+    const QString base = Text("https://vx.example/");
+    const QString longest = base + QString(2048 - base.size(), QLatin1Char('a'));
+    EXPECT_TRUE(TLUrlUtils::IsVXUrl(longest));
+    EXPECT_FALSE(TLUrlUtils::IsVXUrl(longest + QLatin1Char('a')));
+    // Kept with what stands around it.
+    EXPECT_FALSE(TLUrlUtils::IsVXUrl(longest + QLatin1Char(' ')));
+    // One that takes two units of UTF-16 counts once.
+    const QString wide = QString::fromUtf8("\xF0\x9F\x9B\x92");
+    ASSERT_EQ(wide.size(), 2);
+    EXPECT_TRUE(TLUrlUtils::IsVXUrl(base + wide.repeated(2048 - base.size())));
+    EXPECT_FALSE(TLUrlUtils::IsVXUrl(base + wide.repeated(2049 - base.size())));
+    // What need not be stored may be longer.
+    EXPECT_FALSE(TLUrlUtils::ToWebUrl(longest + QLatin1Char('a')).isEmpty());
 }
 
 TEST_F(TLUrlUtilsDomains, NothingIsTakenWithoutDomains)

@@ -22,7 +22,8 @@ public:
     /// Whether `ToWebUrl` takes the address and its host is one of the domains or a subdomain of one. The
     /// host has to be written as it is, in letters or in punycode: what only becomes one of the domains when
     /// it is normalised (full-width letters and dots, percent signs) is refused, and so are control
-    /// characters around the address. GUI thread.
+    /// characters around the address. White space around it included, it has at most 2,048 code points: no
+    /// longer one can be stored. GUI thread.
     static bool IsVXUrl(const QString& address);
 
     /// The domains of the company, in letters or in punycode; what is no domain is left out. None until they
