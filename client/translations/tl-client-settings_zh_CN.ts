@@ -261,6 +261,10 @@
             <translation>未保存。%1更改会保留在此页面，并随您的下一次更改一起提交。</translation>
         </message>
         <message>
+            <source>Not saved. %1 Nothing on this page can be saved until you change or delete that entry.</source>
+            <translation>未保存。%1在您更改或删除该条目之前，此页面上的内容都无法保存。</translation>
+        </message>
+        <message>
             <source>Load again</source>
             <translation>重新加载</translation>
         </message>

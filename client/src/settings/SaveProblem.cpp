@@ -18,3 +18,10 @@ QString SaveProblem::Describe(const QString& code, const QString& description)
         return tr("The gateway refused it: %1").arg(description);
     return tr("The gateway's answer could not be understood.");
 }
+
+bool SaveProblem::IsOfContent(const QString& code)
+{
+    // Below are key, sign, clock and method, which no entry is to blame for, and 1012 is the address.
+    const int number = code.toInt();
+    return number >= 1008 && number <= 1999 && number != 1012;
+}

@@ -167,8 +167,11 @@ void SaveStatus::Update()
         m_stay->start();
 
     if (m_kind == Kind::Failed) {
-        m_text->setText(tr("Not saved. %1 The change stays on this page and goes out with your next one.")
-                            .arg(SaveProblem::Describe(m_code, m_description)));
+        const QString text =
+            SaveProblem::IsOfContent(m_code)
+                ? tr("Not saved. %1 Nothing on this page can be saved until you change or delete that entry.")
+                : tr("Not saved. %1 The change stays on this page and goes out with your next one.");
+        m_text->setText(text.arg(SaveProblem::Describe(m_code, m_description)));
         m_button->setText(tr("Load again"));
         m_button->setToolTip(tr("Drops the change and shows what is stored"));
     } else if (m_kind == Kind::Lost) {

@@ -82,10 +82,18 @@ TEST_F(SaveStatusTest, TheReasonIsThatOfTheGateway)
     Tick(0);
     gateway.Answer();
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("refused it: said no"))) << qPrintable(NoticeText());
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("until you change or delete that entry")));
+    EXPECT_FALSE(NoticeText().contains(QStringLiteral("goes out with your next one")));
     gateway.failureCode = QStringLiteral("2003");
     Tick(0);
     gateway.Answer();
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("session"))) << qPrintable(NoticeText());
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("goes out with your next one")));
+    gateway.failures = 1;
+    gateway.failureCode = QStringLiteral("1006"); // the clocks differ, which is not the entry's fault
+    Tick(0);
+    gateway.Answer();
+    EXPECT_TRUE(NoticeText().contains(QStringLiteral("goes out with your next one")));
 }
 
 TEST_F(SaveStatusTest, AFailureHalfwayThroughAQuickSeriesIsMadeUpForByTheRest)
