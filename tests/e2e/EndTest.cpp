@@ -4,6 +4,8 @@
 #include "TabState.h"
 
 #include <QtCore/QDirIterator>
+#include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSaveFile>
 #include <QtCore/QUrlQuery>
 
@@ -132,4 +134,26 @@ TEST_F(EndTest, ModuleMayAskForARestartThatBringsNoTabsBack)
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty())
         << "it left something to offer";
     ASSERT_TRUE(m_client->Quit());
+}
+
+TEST(ClientLibrariesTest, NoLibraryOfThePlatformGoesWithTheLastModule)
+{
+    const auto getLibraries = [](const QString& file) {
+        QProcess tool;
+        tool.start(QStringLiteral("readelf"), {QStringLiteral("--dynamic"), QStringLiteral("--wide"), file});
+        tool.waitForFinished();
+        static const QRegularExpression library(QStringLiteral("NEEDED.*\\[(lib\\w+)\\.so"));
+        QStringList libraries;
+        for (auto found = library.globalMatch(QString::fromUtf8(tool.readAllStandardOutput()));
+             found.hasNext();) {
+            libraries.append(found.next().captured(1));
+        }
+        return libraries.filter(QStringLiteral("TLPlatform"));
+    };
+    const QStringList held = getLibraries(Programs::Client());
+    const QStringList used = getLibraries(Programs::Modules() + QStringLiteral("/libPlatformAutoRun.so"));
+    EXPECT_GT(used.size(), 5);
+    for (const QString& library : used) {
+        EXPECT_TRUE(held.contains(library)) << library.toStdString();
+    }
 }

@@ -27,6 +27,7 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QTimer>
 
@@ -43,8 +44,16 @@ QStringList ModuleFolders(const QString& chosen)
     if (!chosen.isEmpty()) {
         return {chosen};
     }
+    // As unpacked from a zip, as built, as installed. Only the first that is there: beside the folder of a
+    // zip there may be anything.
     const QDir program(QCoreApplication::applicationDirPath());
-    return {program.filePath(QStringLiteral("../modules")), program.filePath(QStringLiteral("modules"))};
+    for (const char* const folder : {"modules", "../modules", "../" TL_MODULE_INSTALL_DIR}) {
+        const QString path = program.filePath(QLatin1String(folder));
+        if (QFileInfo(path).isDir()) {
+            return {path};
+        }
+    }
+    return {};
 }
 
 QString FirstLine(const QString& file)
@@ -502,6 +511,7 @@ void ClientApplication::EndNow()
     m_lifeCycle.ExitApp();
     m_services->router.SetModules({});
     m_services->http.DropCalls();
+    m_services->images.DropRequests();
     m_loader.Unload();
     if (EndsSession(kind)) {
         EndSession();

@@ -127,8 +127,10 @@ std::optional<ClientOptions> ClientOptions::Parse(const QStringList& arguments, 
     if (isSet("gateway")) {
         problems << CheckGateway(value("gateway"), &options.gateway);
     }
-    options.profile = isSet("profile") ? value("profile")
-                                       : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    // Not where folders may be on a network share, as Windows' roaming ones: the settings store needs a disk.
+    options.profile = isSet("profile")
+                          ? value("profile")
+                          : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     problems << CheckProfile(options.profile);
     options.profile = QDir(options.profile).absolutePath();
     options.modules = value("modules");

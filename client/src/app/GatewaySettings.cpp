@@ -52,7 +52,12 @@ GatewaySettings GatewaySettings::Load(const QStringList& files, const QProcessEn
 QStringList GatewaySettings::DefaultFiles()
 {
     QStringList files{QDir(QCoreApplication::applicationDirPath()).filePath(fileName)};
+#ifdef Q_OS_WIN
+    // In the folder that is for all users there any of them may put a file.
+    const QStringList folders{QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)};
+#else
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::AppConfigLocation);
+#endif
     for (const QString& folder : folders) {
         files.append(QDir(folder).filePath(fileName));
     }

@@ -3,6 +3,7 @@
 #include "app/GuardedCall.h"
 
 #include "frame-core/IBusinessModule.h"
+#include "image-module/ImageLabel.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QJsonArray>
@@ -18,6 +19,10 @@ namespace {
 Q_LOGGING_CATEGORY(logModules, "tl.client.modules")
 
 const QString interfaceId = QStringLiteral(IBusinessModule_iid);
+
+// Modules come and go; the libraries of the platform stay. The client uses all of them but this one, which
+// would go with the last module that does, while code of it may still be in a queue.
+[[maybe_unused]] const QMetaObject* const volatile held = &ImageLabel::staticMetaObject;
 
 QString InterfaceName(const QString& id)
 {

@@ -11,12 +11,27 @@
 #include <cstdio>
 #include <optional>
 
+#ifdef Q_OS_WIN
+#include <io.h>
+#endif
+
 namespace {
 
 void Say(std::FILE* stream, const QString& text)
 {
     // Nothing can be said about a stream that takes nothing.
     static_cast<void>(std::fputs(qUtf8Printable(text + QLatin1Char('\n')), stream));
+}
+
+/// Where nobody reads what is written, as in a program of Windows without a console, a box says it.
+void SayProblem(const QString& problem)
+{
+    Say(stderr, QStringLiteral("tl-client: ") + problem);
+#ifdef Q_OS_WIN
+    if (::_fileno(stderr) < 0) {
+        QMessageBox::critical(nullptr, QCoreApplication::applicationName(), problem);
+    }
+#endif
 }
 
 /// Help and version are for somebody at a terminal, who may have no display. Empty: go on.
@@ -54,12 +69,12 @@ int RunClient()
         }
     }
     if (!problem.isEmpty()) {
-        Say(stderr, QStringLiteral("tl-client: ") + problem);
+        SayProblem(problem);
         return ClientApplication::UnusableOptions;
     }
     ClientApplication client(*options, gateway);
     if (!client.Prepare(&problem)) {
-        Say(stderr, QStringLiteral("tl-client: ") + problem);
+        SayProblem(problem);
         return ClientApplication::UnusableOptions;
     }
     const int code = client.Run();
@@ -79,6 +94,11 @@ int main(int argc, char** argv)
         return *answered;
     }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+#ifdef Q_OS_WIN
+    // A monitor at 150 % is drawn at 150 %, pages included. Elsewhere the scale may come from what the
+    // monitor says of its size, which is no round number, and Qt rounds it.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+#endif
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QCoreApplication::setApplicationName(QStringLiteral("tl-client"));

@@ -30,6 +30,11 @@ void VXImageCache::FetchImage(const QString& url, QObject* context, std::functio
     d->Fetch(url, context, std::move(done));
 }
 
+void VXImageCache::DropRequests()
+{
+    d->DropRequests();
+}
+
 VXImageCache* VXImageCache::Instance()
 {
     if (provided) {

@@ -52,15 +52,31 @@ void VXImageCache::Private::Fetch(const QString& url, QObject* context,
     Waiter waiter{context, std::move(done)};
     const Remembered* const known = m_memory.object(url);
     if (known && IsFresh(known->fetched) && m_asked.count(url) == 0) {
-        const auto answer = [waiter = std::move(waiter), image = known->image] {
-            if (waiter.context) {
-                waiter.done(image);
-            }
-        };
-        QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+        m_known.emplace_back(std::move(waiter), known->image);
+        QMetaObject::invokeMethod(this, &Private::AnswerKnown, Qt::QueuedConnection);
         return;
     }
     Ask(url).waiters.push_back(std::move(waiter));
+}
+
+void VXImageCache::Private::AnswerKnown()
+{
+    if (m_known.empty()) {
+        return; // dropped meanwhile
+    }
+    const auto [waiter, image] = std::move(m_known.front());
+    m_known.pop_front();
+    if (waiter.context) {
+        waiter.done(image); // may end the cache
+    }
+}
+
+void VXImageCache::Private::DropRequests()
+{
+    m_known.clear();
+    for (auto& [url, asked] : m_asked) {
+        asked.waiters.clear();
+    }
 }
 
 VXImageCache::Private::Asked& VXImageCache::Private::Ask(const QString& url)

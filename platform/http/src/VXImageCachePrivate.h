@@ -16,6 +16,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// The way of a request: looked up in the folder, fetched when that is not enough, decoded and kept, and
@@ -30,6 +31,7 @@ public:
 
     void Request(const QString& url, bool refresh);
     void Fetch(const QString& url, QObject* context, std::function<void(const QImage&)> done);
+    void DropRequests();
 
 private:
     struct Waiter
@@ -51,6 +53,8 @@ private:
         qint64 fetched; // [ms since 1970, UTC]
     };
 
+    /// One of those who asked for what the memory has.
+    void AnswerKnown();
     /// What is asked for at the address; looking for it begins when nobody asked before.
     Asked& Ask(const QString& url);
     void OnLookedUp(const QString& url, const ImageFolder::Picture& picture);
@@ -73,6 +77,7 @@ private:
     QHash<QString, qint64> m_failed; // when [ms since 1970, UTC]
     QNetworkAccessManager m_network;
     std::map<QString, Asked> m_asked;
+    std::deque<std::pair<Waiter, QImage>> m_known; // asked for and in the memory, to be answered in order
     std::deque<QString> m_toDownload;
     int m_downloads = 0; // at this moment
 

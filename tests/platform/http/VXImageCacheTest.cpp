@@ -783,6 +783,27 @@ TEST_F(VXImageCacheTest, NobodyIsCalledForAContextThatIsGone)
     EXPECT_FALSE(called);
 }
 
+TEST_F(VXImageCacheTest, LetsGoOfWhatCallersGaveWhenTheirRequestsAreDropped)
+{
+    server.Enqueue(Body(Pictures::Png()));
+    ASSERT_FALSE(Fetch(Url(QStringLiteral("/known"))).isNull());
+    server.SetStanding(ScriptedReply::Of(ScriptedReply::Kind::Never));
+    const auto given = std::make_shared<int>(0);
+    const auto done = [given](const QImage&) { ++*given; };
+    for (const char* const path : {"/known", "/on-its-way", "/on-its-way"}) {
+        cache->FetchImage(Url(QLatin1String(path)), cache.get(), done);
+    }
+    cache->FetchImage(QStringLiteral("file:///x"), cache.get(), done);
+    ASSERT_EQ(given.use_count(), 6);
+    cache->DropRequests();
+    EXPECT_EQ(given.use_count(), 2) << "code that is unloaded now would be called when these go";
+
+    // Everything else goes on.
+    EXPECT_FALSE(Fetch(Url(QStringLiteral("/known"))).isNull());
+    EXPECT_TRUE(Fetch(QStringLiteral("file:///y")).isNull());
+    EXPECT_EQ(*given, 0);
+}
+
 TEST_F(VXImageCacheTest, OneWhoIsToldMayDestroyAnotherOne)
 {
     server.Enqueue(Body(Pictures::Png()));

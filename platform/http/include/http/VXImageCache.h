@@ -39,6 +39,10 @@ public:
     /// is gone by then. Not inside this call; no signal.
     void FetchImage(const QString& url, QObject* context, std::function<void(const QImage&)> done);
 
+    /// Lets go of what callers gave with what they asked for so far: nobody hears of it any more. For a
+    /// client that is about to unload the code of its callers.
+    void DropRequests();
+
     /// What the client provides through `Provided<VXImageCache>`; while nothing is, one with a temporary
     /// folder. Never null.
     static VXImageCache* Instance();
