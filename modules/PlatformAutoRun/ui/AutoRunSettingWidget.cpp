@@ -472,7 +472,7 @@ void AutoRunSettingWidget::EditCustomItem(AutoRunBaseItem* row)
     const QPointer<AutoRunSettingWidget> guard(this);
     const QPointer<AutoRunBaseItem> edited(row);
     if (FillIn<AutoRunEditWidget>(entry, tr("Edit Url")) && guard) {
-        TakeEdited(edited, entry);
+        TakeEdited(edited, AutoRunBaseItem::KindCustom, entry);
     }
 }
 
@@ -485,18 +485,22 @@ void AutoRunSettingWidget::EditPluginItem(AutoRunBaseItem* row)
     const QPointer<AutoRunSettingWidget> guard(this);
     const QPointer<AutoRunBaseItem> edited(row);
     if (FillIn<AutoRunPluginEditWidget>(entry, tr("Edit App"), GetPluginKeys()) && guard) {
-        TakeEdited(edited, entry);
+        TakeEdited(edited, AutoRunBaseItem::KindPlugin, entry);
     }
 }
 
-void AutoRunSettingWidget::TakeEdited(AutoRunBaseItem* row, const AutoRunInfoEntityPtr& entry)
+void AutoRunSettingWidget::TakeEdited(AutoRunBaseItem* row, int kind, const AutoRunInfoEntityPtr& entry)
 {
     if (row == nullptr) {
-        // A read or a change of the scale made the rows anew while the dialog was open.
-        const auto again =
-            std::find_if(m_rows.cbegin(), m_rows.cend(), [&entry](const AutoRunBaseItem* each) {
-                return each->GetItemId() == entry->itemId;
+        // A change of the scale made the rows anew from the same entries, or a read from new ones, while the
+        // dialog was open.
+        auto again = std::find_if(m_rows.cbegin(), m_rows.cend(),
+                                  [&entry](const AutoRunBaseItem* each) { return each->GetData() == entry; });
+        if (again == m_rows.cend() && !entry->itemId.isEmpty()) {
+            again = std::find_if(m_rows.cbegin(), m_rows.cend(), [kind, &entry](const AutoRunBaseItem* each) {
+                return each->GetItemKind() == kind && each->GetItemId() == entry->itemId;
             });
+        }
         if (again == m_rows.cend()) {
             return; // the entry is not in the list any more
         }

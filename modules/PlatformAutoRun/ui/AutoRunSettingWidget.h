@@ -78,9 +78,9 @@ private:
     void SaveConfig();
     void EditCustomItem(AutoRunBaseItem* row);
     void EditPluginItem(AutoRunBaseItem* row);
-    /// Takes over what a dialog wrote into `entry`, which the row had when the dialog opened; null: the row
-    /// is gone since.
-    void TakeEdited(AutoRunBaseItem* row, const AutoRunInfoEntityPtr& entry);
+    /// Takes over what a dialog wrote into `entry`, which the row of this kind had when the dialog opened;
+    /// null: the row is gone since.
+    void TakeEdited(AutoRunBaseItem* row, int kind, const AutoRunInfoEntityPtr& entry);
 
     std::unique_ptr<Ui::AutoRunSettingWidget> m_ui;
     bool m_busy = false; ///< the page's own read or write is under way

@@ -21,6 +21,7 @@
 #include "http/IHttpRequest.h"
 
 #include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 #include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -70,6 +71,12 @@ protected:
             names.append(combo->itemText(i));
         }
         return names;
+    }
+    static QByteArray WithoutId(QByteArray entry)
+    {
+        QJsonObject object = QJsonDocument::fromJson(entry).object();
+        object.insert(QStringLiteral("itemId"), QString());
+        return QJsonDocument(object).toJson();
     }
     static QString Text(const AutoRunBaseItem* row) { return Find<QLabel>(*row, "text_label")->text(); }
     /// A read under the page's identity, as a second page starts one, that ends with this.
@@ -736,6 +743,44 @@ TEST_F(AutoRunSettingEditTest, EditOfAnEntryThatIsGoneSinceWritesNothing)
     const QStringList shown{QStringLiteral("home+!"), QStringLiteral("custom:https://vx.example/2")};
     EXPECT_EQ(Shown(), shown);
     EXPECT_EQ(http.GetCallCount(), 2) << "two reads and no write";
+}
+
+TEST_F(AutoRunSettingEditTest, EditNeverLandsInARowOfAnotherKind)
+{
+    for (const bool hasId : {true, false}) {
+        SCOPED_TRACE(hasId);
+        const QByteArray web = Web("same", "https://vx.example/1");
+        const QByteArray system = System("same");
+        OpenPage("", hasId ? web : WithoutId(web));
+        const int calls = http.GetCallCount();
+        EditUrl("https://vx.example/1", [&](AutoRunEditWidget* dialog) {
+            TLAutoRunLogic::Instance()->RequestAutoRun(AutoRunIdentifiers::SettingPageIdentity());
+            AnswerConfiguration(hasId ? system : WithoutId(system), Web("other", "https://vx.example/2"),
+                                QByteArray());
+            EnterUrl(dialog, good);
+        });
+        QList<AutoRunInfoEntityPtr> cached;
+        TLAutoRunLogic::Instance()->GetAutoRunList(cached);
+        ASSERT_EQ(cached.size(), 2);
+        EXPECT_NE(cached.first()->url, good);
+        EXPECT_NE(cached.last()->url, good);
+        EXPECT_EQ(http.GetCallCount(), calls + 1) << "a read and no write";
+        ClosePage();
+    }
+}
+
+TEST_F(AutoRunSettingEditTest, EditOfOneOfManyWithoutAnIdComesBackToItsOwnRow)
+{
+    OpenPage("", WithoutId(Web("w1", "https://vx.example/1")) + ',' +
+                     WithoutId(Web("w2", "https://vx.example/2")));
+    EditUrl("https://vx.example/2", [](AutoRunEditWidget* dialog) {
+        DpiTool::SetScale(2); // which makes the rows anew from the same entries
+        EnterUrl(dialog, good);
+    });
+    const QStringList shown{QStringLiteral("home+!"), QStringLiteral("custom:https://vx.example/1"),
+                            QStringLiteral("custom:https://vx.example/good")};
+    EXPECT_EQ(Shown(), shown);
+    EXPECT_EQ(Written(LastCall()), shown.mid(1));
 }
 
 TEST_F(AutoRunSettingEditTest, ReadThatEndsWhileTheAddDialogIsOpenKeepsBoth)
