@@ -37,10 +37,8 @@ QWidget* AutoRunPluginItem::GetIconWidget()
         m_iconLabel->SetPixmapParam(size, size, radius, radius);
         m_iconLabel->SetPluginMask(mask);
     }
-    const QString url = GetIconUrl();
-    if (!url.isEmpty()) {
-        m_iconLabel->SetImage(url, QString());
-    }
+    // An app without a picture shows none, whatever app the row had before.
+    m_iconLabel->SetImage(GetIconUrl(), QString());
     return m_iconLabel;
 }
 

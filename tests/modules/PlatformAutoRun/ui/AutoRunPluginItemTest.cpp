@@ -123,6 +123,21 @@ TEST_F(AutoRunPluginItemTest, ShowsTheAppsPictureWithRoundedCornersAndThenAnothe
     EXPECT_TRUE(WaitUntil([icon] { return Middle(icon) == QColor(Qt::green); }));
 }
 
+TEST_F(AutoRunPluginItemTest, ThePictureGoesWithTheAppThatHadOne)
+{
+    server.SetStanding(Picture(Qt::blue));
+    apps->SetPlugins({App(QStringLiteral("Orders"), QStringLiteral("orders"), server.GetUrl().toString()),
+                      App(QStringLiteral("Stock"), QStringLiteral("stock"), QString())});
+    AutoRunPluginItem row;
+    row.SetData(Entry(QStringLiteral("Orders"), QStringLiteral("orders")));
+    QWidget* const icon = row.GetIconWidget();
+    ASSERT_TRUE(WaitUntil([icon] { return Middle(icon) == QColor(Qt::blue); }));
+    row.GetData()->url = QStringLiteral("stock");
+    row.SetData(row.GetData());
+    EXPECT_EQ(Middle(icon).alpha(), 0);
+    EXPECT_EQ(row.GetIconWidget(), icon);
+}
+
 TEST_F(AutoRunPluginItemTest, IconOfAnotherScaleHasTheRoundingOfFourAndTheMaskOfEight)
 {
     DpiTool::SetScale(2);
