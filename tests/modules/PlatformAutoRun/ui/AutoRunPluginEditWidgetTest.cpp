@@ -541,9 +541,21 @@ TEST_F(AutoRunPluginEditWidgetTest, AnswersNobodyAskedForAndFailedOnesChangeNoth
 
 TEST_F(AutoRunPluginEditWidgetTest, AnswersAfterItsEndAreNotReceived)
 {
+    apps->SetPlugins({App(QStringLiteral("A"), QStringLiteral("a"), Icon(1))});
     Open(Entry(QString()));
+    const QString blue = Picture(Qt::blue);
+    // While the dialog is on its way out: its own part is gone, and its widgets go.
+    bool isAnswered = false;
+    QColor icon;
+    auto* const model = Combo()->model();
+    QObject::connect(Find(*dialog, "content_label"), &QObject::destroyed, &images, [&] {
+        isAnswered = true;
+        Q_EMIT images.SigRequestImageFinished(true, Icon(1), blue);
+    });
+    QObject::connect(model, &QAbstractItemModel::dataChanged, &images, [&icon] { icon = Qt::blue; });
     dialog.reset();
-    Q_EMIT images.SigRequestImageFinished(true, Icon(1), Picture(Qt::blue));
+    EXPECT_TRUE(isAnswered);
+    EXPECT_FALSE(icon.isValid());
 }
 
 TEST_F(AutoRunPluginEditWidgetTest, IsChineseInAChineseClientAndFollowsTheLanguage)

@@ -6,6 +6,7 @@
 #include "GetAutoRunRequest.h"
 #include "TLAutoRunLogic.h"
 #include "ui/AutoRunAddWidget.h"
+#include "ui/AutoRunPluginAddWidget.h"
 #include "ui/AutoRunSettingWidget.h"
 
 #include "base-ui/RequestStatusBaseWidget.h"
@@ -351,6 +352,27 @@ TEST_F(AutoRunSettingWidgetTest, AnyMouseButtonOnALinkStartsItsFlowOncePerPressA
     Click(Label("custom_count_label"));
     Click(Label("top_label"));
     EXPECT_EQ(monitor.events.size(), 3) << "nothing else starts it";
+
+    PressCounter reachedBelow;
+    Find(*page, "plugin_list_widget")->installEventFilter(&reachedBelow);
+    flows = 0;
+    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        const DialogUser<AutoRunPluginAddWidget> user([&flows](AutoRunPluginAddWidget* dialog) {
+            ++flows;
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        Press("add_plugin_label", button);
+        EXPECT_EQ(reachedBelow.count, flows);
+    }
+    EXPECT_EQ(flows, 3);
+    EXPECT_EQ(monitor.events.mid(3), (QStringList{QStringLiteral("Home_Openingsetting_AddService"),
+                                                  QStringLiteral("Home_Openingsetting_AddService"),
+                                                  QStringLiteral("Home_Openingsetting_AddService")}));
+    QTest::mouseRelease(Label("add_plugin_label"), Qt::LeftButton);
+    QTest::keyClick(Label("add_plugin_label"), Qt::Key_Space);
+    Click(Label("plugin_count_label"));
+    Click(Label("plugin_title_label"));
+    EXPECT_EQ(monitor.events.size(), 6) << "nothing else starts it";
 }
 
 TEST_F(AutoRunSettingWidgetTest, KeywordBeforeTheRowsIsHighlightedInEveryRow)
