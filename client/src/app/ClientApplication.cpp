@@ -376,6 +376,7 @@ void ClientApplication::MakeWindow()
         Qt::QueuedConnection);
     m_settings = std::make_unique<ClientSettings>(window, m_window->GetPages(), m_appearance.get(),
                                                   m_services.get(), m_kept.get(), m_loader.GetModules());
+    connect(m_watch.get(), &GatewayWatch::SigFound, m_settings.get(), &ClientSettings::LoadAgain);
     m_window->AddRestartAction();
     m_tabs =
         std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);

@@ -68,6 +68,13 @@ bool ClientSettings::IsOpen() const
     return m_dialog && m_dialog->isVisible();
 }
 
+void ClientSettings::LoadAgain()
+{
+    if (m_dialog) {
+        m_dialog->LoadAgain();
+    }
+}
+
 void ClientSettings::Close()
 {
     if (m_dialog) {

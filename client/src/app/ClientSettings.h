@@ -32,6 +32,8 @@ public:
 
     void Show();
     bool IsOpen() const;
+    /// The gateway answers again: what stands there as last known is read anew.
+    void LoadAgain();
     /// Once every change has been answered; asked again, at once.
     void Close();
 
