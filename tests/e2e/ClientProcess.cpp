@@ -16,10 +16,19 @@
 
 namespace {
 
+/// For what takes no time unless the machine has none.
+constexpr int patience = 60000; // [ms]
+
 QByteArray ReadAll(const QString& name)
 {
     QFile file(name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Also one that is nobody's child: what is left of it has no command line.
+bool IsGone(qint64 processId)
+{
+    return ReadAll(QStringLiteral("/proc/%1/cmdline").arg(processId)).isEmpty();
 }
 
 } // namespace
@@ -92,21 +101,24 @@ void ClientProcess::StartWithLogin(const QString& gateway, const QString& pin, c
 bool ClientProcess::Stop()
 {
     Signal(false);
-    return WaitForEnd(20000);
+    return WaitForEnd(patience);
 }
 
 bool ClientProcess::Quit()
 {
     const Desktop desktop(m_display);
     return desktop.WaitForWindow(GetProcessId()) && desktop.Press({QStringLiteral("ctrl+q")}) &&
-           WaitForEnd(20000);
+           WaitForEnd(patience);
 }
 
 void ClientProcess::Kill()
 {
+    const qint64 processId = GetProcessId();
     Signal(true);
     m_killed = true;
-    m_process.waitForFinished(5000);
+    m_process.waitForFinished(patience);
+    // The next one wants the profile for itself.
+    static_cast<void>(QTest::qWaitFor([processId] { return IsGone(processId); }, patience));
 }
 
 bool ClientProcess::IsRunning() const

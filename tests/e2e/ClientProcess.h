@@ -29,9 +29,9 @@ public:
                         const QStringList& arguments = {});
 
     /// Ends the client as the end of the system's session does (SIGTERM); false when it does not end within
-    /// 20 s.
+    /// a minute.
     bool Stop();
-    /// Ends it as a person does who quits (Ctrl+Q); false when it does not end within 20 s.
+    /// Ends it as a person does who quits (Ctrl+Q); false when it does not end within a minute.
     bool Quit();
     /// Ends it at once, wherever it is.
     void Kill();

@@ -7,7 +7,7 @@ Desktop::Desktop(const QString& display) : m_display(display) {}
 
 bool Desktop::WaitForWindow(qint64 processId) const
 {
-    return WaitForKeyboard(QStringLiteral("getwindowpid"), QByteArray::number(processId), 30000);
+    return WaitForKeyboard(QStringLiteral("getwindowpid"), QByteArray::number(processId), 60000);
 }
 
 bool Desktop::WaitForTitle(const QString& title, int timeout) const
@@ -56,7 +56,7 @@ bool Desktop::Run(const QStringList& arguments, QByteArray* output) const
     QProcess tool;
     tool.setProcessEnvironment(environment);
     tool.start(QStringLiteral("xdotool"), arguments);
-    if (!tool.waitForFinished(30000)) {
+    if (!tool.waitForFinished(60000)) {
         tool.kill();
         tool.waitForFinished(5000);
         return false;

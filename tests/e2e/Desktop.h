@@ -10,10 +10,10 @@ class Desktop final
 public:
     explicit Desktop(const QString& display);
 
-    /// Waits until a window of the process has the keyboard; false when that does not happen within 30 s.
+    /// Waits until a window of the process has the keyboard; false when that does not happen within a minute.
     [[nodiscard]] bool WaitForWindow(qint64 processId) const;
     /// Waits until the window with the keyboard has this title [ms].
-    [[nodiscard]] bool WaitForTitle(const QString& title, int timeout = 30000) const;
+    [[nodiscard]] bool WaitForTitle(const QString& title, int timeout = 60000) const;
     [[nodiscard]] bool Type(const QString& text) const;
     /// The same as fast as the client takes it.
     [[nodiscard]] bool TypeFast(const QString& text) const;

@@ -27,7 +27,7 @@ bool GatewayProcess::Start()
             output += m_process.readAllStandardOutput();
             return output.endsWith('\n') || m_process.state() == QProcess::NotRunning;
         },
-        20000);
+        60000);
     if (!ended || !output.endsWith('\n')) {
         return false;
     }
@@ -41,7 +41,7 @@ bool GatewayProcess::Stop()
         return true;
     }
     m_process.terminate();
-    if (!m_process.waitForFinished(15000)) {
+    if (!m_process.waitForFinished(60000)) {
         m_process.kill();
         m_process.waitForFinished(5000);
         return false;
@@ -56,7 +56,7 @@ QByteArray GatewayProcess::Command(const QStringList& arguments, const QByteArra
     command.start(Programs::Gateway(), arguments + QStringList{QStringLiteral("--database"), m_database});
     command.write(input);
     command.closeWriteChannel();
-    if (!command.waitForFinished(30000) || command.exitStatus() != QProcess::NormalExit ||
+    if (!command.waitForFinished(60000) || command.exitStatus() != QProcess::NormalExit ||
         command.exitCode() != 0) {
         return QByteArray();
     }

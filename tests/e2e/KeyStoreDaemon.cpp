@@ -28,7 +28,7 @@ KeyStoreDaemon::KeyStoreDaemon(const QString& folder)
             address += m_bus.readAllStandardOutput();
             return address.endsWith('\n') || m_bus.state() == QProcess::NotRunning;
         },
-        20000);
+        60000);
     if (!ended || !address.endsWith('\n')) {
         return;
     }
@@ -60,7 +60,7 @@ KeyStoreDaemon::KeyStoreDaemon(const QString& folder)
             return question.waitForFinished(5000) &&
                    question.readAllStandardOutput().contains("boolean true");
         },
-        20000);
+        60000);
     if (ready && StartMonitor(QString::fromUtf8(address.trimmed()))) {
         m_address = QString::fromUtf8(address.trimmed());
     }
@@ -85,7 +85,7 @@ bool KeyStoreDaemon::StartMonitor(const QString& address)
             m_seen += m_monitor.readAllStandardOutput();
             return m_seen.contains("member=NameLost") || m_monitor.state() == QProcess::NotRunning;
         },
-        20000);
+        60000);
 }
 
 bool KeyStoreDaemon::IsAnswered() const

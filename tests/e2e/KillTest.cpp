@@ -141,7 +141,7 @@ protected:
             Act(desktop);
         }
         killer.join();
-        EXPECT_TRUE(m_client->WaitForEnd(10000));
+        EXPECT_TRUE(m_client->WaitForEnd(60000));
         return killed;
     }
 
@@ -151,7 +151,7 @@ protected:
         LogIn();
         const Desktop desktop(m_screen.GetDisplay());
         if (!AnswerQuestion(QStringLiteral("Return")) ||
-            !m_client->WaitForEvents(QStringLiteral("ready"), 1, 20000) ||
+            !m_client->WaitForEvents(QStringLiteral("ready"), 1) ||
             !desktop.WaitForWindow(m_client->GetProcessId())) {
             return {};
         }

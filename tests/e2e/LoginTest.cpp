@@ -163,7 +163,7 @@ TEST_F(LoginTest, ScreenshotShowsTheWindowWithThePageInFront)
 TEST_F(LoginTest, QuitAfterATimeEndsInGoodOrderAndLeavesAPicture)
 {
     const QString file = m_folder.filePath(QStringLiteral("screenshot.png"));
-    LogIn({QStringLiteral("--screenshot"), file, QStringLiteral("--quit-after"), QStringLiteral("20000")});
+    LogIn({QStringLiteral("--screenshot"), file, QStringLiteral("--quit-after"), QStringLiteral("30000")});
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
     ASSERT_TRUE(m_client->WaitForEnd(120000));
     EXPECT_EQ(m_client->GetExitCode(), 0);
@@ -176,10 +176,10 @@ TEST_F(LoginTest, QuitAfterATimeEndsInGoodOrderAndLeavesAPicture)
 TEST_F(LoginTest, WrongPasswordIsRefusedAndNothingOpens)
 {
     m_client->StartWithLogin(m_front->GetAddress(), QStringLiteral("demo"), "wrong\n",
-                             {QStringLiteral("--quit-after"), QStringLiteral("20000")});
+                             {QStringLiteral("--quit-after"), QStringLiteral("30000")});
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("login"), 1));
     EXPECT_FALSE(m_client->GetEvents(QStringLiteral("login"))[0].value(QStringLiteral("ok")).toBool());
-    ASSERT_TRUE(m_client->WaitForEnd(60000));
+    ASSERT_TRUE(m_client->WaitForEnd(120000));
     EXPECT_EQ(m_client->GetExitCode(), 3);
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("tab.opened")).isEmpty());
 }

@@ -89,10 +89,9 @@ protected:
     }
     bool WaitForRestarted(int starts, const QStringList& tabs)
     {
-        return m_client->WaitForEvents(QStringLiteral("start"), starts, 30000) &&
+        return m_client->WaitForEvents(QStringLiteral("start"), starts) &&
                m_client->WaitFor(
-                   [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; },
-                   30000);
+                   [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; });
     }
 };
 

@@ -16,7 +16,7 @@ VirtualScreen::VirtualScreen()
             number += m_server.readAllStandardOutput();
             return number.endsWith('\n') || m_server.state() == QProcess::NotRunning;
         },
-        20000);
+        60000);
     if (started && number.endsWith('\n')) {
         m_display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
