@@ -11,6 +11,7 @@
 #include "browser/NoticeBar.h"
 #include "browser/ScaledWidget.h"
 #include "browser/SymbolicIcon.h"
+#include "browser/TabButton.h"
 #include "browser/TabListPopup.h"
 #include "browser/TabStrip.h"
 
@@ -372,8 +373,9 @@ void MainWindowPrivate::Announce(int index, bool activate)
     if (QWidget* widget = tab->GetWidget())
         m_pages->addWidget(widget);
     UpdateActions();
-    Q_EMIT m_window->SigTabOpened(index, QString::fromLatin1(tab->GetAddress().toEncoded()),
-                                  tab->GetRouterUrl(), tab->GetType(), tab->IsDelayed());
+    Q_EMIT m_window->SigTabOpened(
+        index, QString::fromLatin1(tab->GetAddress().adjusted(QUrl::RemoveUserInfo).toEncoded()),
+        tab->GetRouterUrl(), tab->GetType(), tab->IsDelayed());
     const int now = IndexOf(tab); // a receiver may have opened, moved or closed tabs
     if (activate && now >= 0)
         Select(now);
@@ -403,7 +405,8 @@ void MainWindowPrivate::ConnectTab(BrowserTab* tab)
         const int index = IndexOf(tab);
         if (index < 0)
             return;
-        Q_EMIT m_window->SigPageLoaded(index, QString::fromLatin1(url.toEncoded()), ok);
+        Q_EMIT m_window->SigPageLoaded(
+            index, QString::fromLatin1(url.adjusted(QUrl::RemoveUserInfo).toEncoded()), ok);
         if (tab == GetCurrentTab() && m_frontTurn.isActive()) {
             m_frontTurn.stop();
             LoadWaiting();
@@ -437,8 +440,15 @@ void MainWindowPrivate::TakeNewTab(BrowserTab* opener,
     TabOrigin origin;
     auto tab = std::make_unique<BrowserTab>(origin, m_services.pages);
     tab->Begin(m_pages, std::move(*offer));
-    const int place = Insert(std::move(tab), IndexOf(opener) + 1);
-    Announce(place, kind == ITabPage::NewTabKind::Foreground);
+    BrowserTab* const child = tab.get();
+    const bool inFront = kind == ITabPage::NewTabKind::Foreground;
+    int place = IndexOf(opener) + 1;
+    while (!inFront && place < GetCount() && m_openers.value(GetTab(place)) == opener)
+        ++place; // what one page opens aside stands in the order in which it was opened
+    place = Insert(std::move(tab), place);
+    Announce(place, inFront);
+    if (IndexOf(child) >= 0)
+        m_openers.insert(child, opener);
 }
 
 void MainWindowPrivate::FetchIcons()
@@ -507,10 +517,17 @@ void MainWindowPrivate::OpenApp(const QString& serviceCode)
 
 void MainWindowPrivate::Select(int index)
 {
+    Show(index, !m_strip->isAncestorOf(m_window->focusWidget()));
+}
+
+void MainWindowPrivate::Show(int index, bool focusContent)
+{
     BrowserTab* const tab = GetTab(index);
     if (!tab)
         return;
     const bool changed = index != m_current;
+    if (changed)
+        m_openers.clear(); // whoever goes on elsewhere is not brought back
     if (changed && m_fullScreen)
         GetCurrentTab()->LeaveFullScreen();
     m_current = index;
@@ -521,11 +538,10 @@ void MainWindowPrivate::Select(int index)
     if (QWidget* widget = tab->GetWidget()) {
         if (m_pages->indexOf(widget) < 0)
             m_pages->addWidget(widget);
-        const bool stripHasFocus = m_strip->isAncestorOf(m_window->focusWidget());
         m_pages->setCurrentWidget(widget);
         if (tab->IsStartPage())
             m_address->StartTyping();
-        else if (changed && !stripHasFocus)
+        else if (changed && focusContent)
             tab->FocusContent();
     } else {
         m_pages->setCurrentWidget(m_waiting);
@@ -553,6 +569,15 @@ void MainWindowPrivate::Close(int index)
     }
 
     const bool wasCurrent = index == m_current;
+    // Asked now: the focus goes on by itself when what has it goes.
+    const bool focusContent = !m_strip->isAncestorOf(m_window->focusWidget());
+    const BrowserTab* const opener = m_openers.take(tab);
+    for (auto it = m_openers.begin(); it != m_openers.end();) {
+        if (it.value() == tab)
+            it = m_openers.erase(it);
+        else
+            ++it;
+    }
     std::unique_ptr<BrowserTab> closed = std::move(m_tabs[static_cast<std::size_t>(index)]);
     m_tabs.erase(m_tabs.begin() + index);
     if (index < m_current || m_current >= GetCount())
@@ -568,9 +593,13 @@ void MainWindowPrivate::Close(int index)
     closed.release()->deleteLater();
 
     if (wasCurrent) {
-        const int next = m_current;
+        const int next = opener && IndexOf(opener) >= 0 ? IndexOf(opener) : m_current;
         m_current = -1; // so that it counts as a change
-        Select(next);
+        Show(next, focusContent);
+        if (!focusContent) {
+            if (TabButton* const button = m_strip->GetButton(m_current))
+                button->setFocus(Qt::OtherFocusReason);
+        }
     }
     UpdateActions();
     Q_EMIT m_window->SigTabClosed(index);
@@ -602,6 +631,7 @@ void MainWindowPrivate::CloseAll()
     if (m_fullScreen)
         SetFullScreen(false);
     m_closed.clear();
+    m_openers.clear();
     while (GetCount() > 1) {
         m_strip->Remove(GetCount() - 1);
         m_tabs.back()->disconnect(this);

@@ -6,6 +6,7 @@
 
 #include "base/IDpiAdapter.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtCore/QVector>
@@ -51,6 +52,8 @@ public:
     /// it has closed it.
     QPointer<BrowserTab> AddTab(const TabOrigin& origin, int index, bool activate);
     void Select(int index);
+    /// `focusContent`: the keyboard goes to the page.
+    void Show(int index, bool focusContent);
     void Close(int index);
     void Move(int from, int to);
     void CloseAll();
@@ -151,6 +154,8 @@ private:
     void RestoreGeometry();
 
     QVector<ClosedTab> m_closed;
+    /// By which tab those were opened that a page opened since the user last went to another tab.
+    QHash<const BrowserTab*, const BrowserTab*> m_openers;
     Qt::WindowStates m_beforeFullScreen = Qt::WindowNoState;
     bool m_fullScreen = false;
 };

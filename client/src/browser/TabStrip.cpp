@@ -241,8 +241,11 @@ bool TabStrip::HandleMouse(int index, QEvent* event)
             return true;
         if (m_dragged < 0 &&
             (mouse->globalPos() - m_pressPosition).manhattanLength() >= QApplication::startDragDistance()) {
+            TabButton* const pressed = GetButton(m_pressed);
+            if (!pressed)
+                return true; // scrolled out of sight meanwhile
             m_dragged = m_pressed;
-            m_entries.at(m_dragged).button->raise();
+            pressed->raise();
         }
         if (m_dragged > 0)
             DragTo(m_viewport->mapFromGlobal(mouse->globalPos()).x() - m_grip);
@@ -516,10 +519,10 @@ void TabStrip::DragTo(int x)
 void TabStrip::EndDrag()
 {
     m_edgeScroll.stop();
+    m_pressed = -1;
     if (m_dragged < 0)
         return;
     m_dragged = -1;
-    m_pressed = -1;
     ArrangeScrolled();
 }
 

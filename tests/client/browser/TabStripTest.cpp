@@ -42,6 +42,14 @@ protected:
         QTest::mouseRelease(button, Qt::LeftButton, {}, grip);
     }
 
+    /// The page asks for a tab with a page of its own.
+    void Offer(int page, ITabPage::NewTabKind kind, const char* host)
+    {
+        auto offer = std::make_shared<std::unique_ptr<ITabPage>>(m_pages.CreatePage(nullptr));
+        Q_EMIT m_pages.pages.at(page)->SigNewTabRequested(offer, kind);
+        m_pages.pages.last()->Arrive(QUrl(QStringLiteral("https://%1/").arg(QLatin1String(host))), QString());
+    }
+
     TabStrip* m_strip;
 };
 
@@ -117,6 +125,75 @@ TEST_F(TabStripTest, DraggingReordersAndAnnouncesIt)
     EXPECT_EQ(moved.size(), 2);
     EXPECT_LT(m_strip->GetButton(1)->x(), m_strip->GetButton(2)->x());
     EXPECT_LT(m_strip->GetButton(2)->x(), m_strip->GetButton(3)->x());
+}
+
+TEST_F(TabStripTest, ATabThatGoesWhileAnotherIsPressedEndsTheDrag)
+{
+    OpenThree();
+    TabButton* const button = m_strip->GetButton(3);
+    QTest::mousePress(button, Qt::LeftButton, {}, QPoint(20, 18));
+    m_window->CloseTab(1);
+    const QStringList titles = GetTitles();
+    QMouseEvent move(QEvent::MouseMove, QPoint(-200, 18), button->mapToGlobal(QPoint(-200, 18)), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(button, &move);
+    EXPECT_EQ(GetTitles(), titles);
+    QTest::mouseRelease(button, Qt::LeftButton, {}, QPoint(-200, 18));
+}
+
+TEST_F(TabStripTest, TabsThatAPageOpensAsideStandInTheirOrder)
+{
+    OpenThree();
+    m_window->SelectTab(1);
+    Offer(0, ITabPage::NewTabKind::Background, "first.example");
+    Offer(0, ITabPage::NewTabKind::Background, "second.example");
+    EXPECT_EQ(GetTitles().mid(1, 3),
+              (QStringList{QStringLiteral("a.example"), QStringLiteral("first.example"),
+                           QStringLiteral("second.example")}));
+    m_window->SelectTab(3);
+    m_window->SelectTab(1);
+    Offer(0, ITabPage::NewTabKind::Background, "third.example");
+    EXPECT_EQ(GetTitles().at(2), QStringLiteral("third.example")) << "the user was elsewhere meanwhile";
+}
+
+TEST_F(TabStripTest, APopUpThatClosesBringsItsOpenerBack)
+{
+    OpenThree();
+    m_window->SelectTab(1);
+    Offer(0, ITabPage::NewTabKind::Foreground, "pay.example");
+    ASSERT_EQ(m_window->GetCurrentTab(), 2);
+    Q_EMIT m_pages.pages.last()->SigCloseRequested();
+    EXPECT_EQ(m_window->GetCurrentTab(), 1);
+
+    Offer(0, ITabPage::NewTabKind::Foreground, "pay.example");
+    m_window->SelectTab(4);
+    m_window->SelectTab(2);
+    m_window->CloseTab(2);
+    EXPECT_EQ(m_window->GetCurrentTab(), 2) << "the user had gone elsewhere, and the next one follows";
+
+    m_window->SelectTab(1);
+    Offer(0, ITabPage::NewTabKind::Foreground, "pay.example");
+    m_window->CloseTab(1);
+    ASSERT_EQ(m_window->GetCurrentTab(), 1);
+    m_window->CloseTab(1);
+    EXPECT_EQ(m_window->GetCurrentTab(), 1) << "its opener is gone";
+}
+
+TEST_F(TabStripTest, AfterATabIsClosedTheKeyboardStaysWhereItWas)
+{
+    OpenThree();
+    m_window->SelectTab(3);
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    m_pages.pages.at(2)->GetWidget()->setFocus();
+    QTest::keyClick(m_window.get(), Qt::Key_W, Qt::ControlModifier);
+    ASSERT_EQ(m_window->GetCurrentTab(), 2);
+    EXPECT_EQ(QApplication::focusWidget(), m_pages.pages.at(1)->GetWidget()) << "in the page";
+
+    m_strip->GetButton(2)->setFocus();
+    QTest::keyClick(m_window.get(), Qt::Key_W, Qt::ControlModifier);
+    ASSERT_EQ(m_window->GetCurrentTab(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), m_strip->GetButton(1)) << "among the tabs";
 }
 
 TEST_F(TabStripTest, ASmallMoveOfTheHandIsAClickAndNoDrag)
