@@ -32,6 +32,12 @@ double GetRoomScale(int screenHeight)
     return qMin(scale, qMax(1.0, (screenHeight - textHeight * scale) / roomHeight));
 }
 
+/// Plain text that is no markup, whatever it looks like: it may come from elsewhere.
+QString ToToolTip(const QString& text)
+{
+    return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
+
 // The theme's rules depend on it.
 void SetKind(QWidget* widget, const QString& kind)
 {
@@ -227,12 +233,12 @@ void LoginDialog::UpdateTexts()
     m_ui->show_password_button->setText(shown ? tr("Hide") : tr("Show"));
     m_ui->show_password_button->setToolTip(shown ? tr("Hide the password") : tr("Show the password"));
     m_ui->login_button->setText(m_busy ? tr("Logging in…") : tr("Log in"));
-    m_ui->stay_box->setToolTip(m_noKeyStoreReason);
+    m_ui->stay_box->setToolTip(ToToolTip(m_noKeyStoreReason));
     m_ui->login_message->setText(LoginTexts::Describe(m_problem));
     const bool isFault = m_problem.kind != LoginProblem::Kind::SessionExpired &&
                          m_problem.kind != LoginProblem::Kind::SessionRefused;
     SetKind(m_ui->login_message, isFault ? QStringLiteral("error") : QStringLiteral("warning"));
-    m_ui->login_message->setToolTip(m_problem.detail);
+    m_ui->login_message->setToolTip(ToToolTip(m_problem.detail));
     m_ui->login_message->setVisible(m_problem.kind != LoginProblem::Kind::None);
 }
 

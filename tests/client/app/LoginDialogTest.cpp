@@ -193,7 +193,7 @@ TEST_F(LoginDialogTest, WithoutAKeyStoreTheBoxIsOffAndSaysWhy)
     m_dialog.SetStaySignedInAvailable(false, QStringLiteral("There is no key store."));
     EXPECT_FALSE(box->isEnabled());
     EXPECT_FALSE(box->isChecked());
-    EXPECT_EQ(box->toolTip(), QStringLiteral("There is no key store."));
+    EXPECT_EQ(box->toolTip(), QStringLiteral("<p>There is no key store.</p>"));
     m_dialog.SetBusy(true);
     m_dialog.SetBusy(false);
     EXPECT_FALSE(box->isEnabled());

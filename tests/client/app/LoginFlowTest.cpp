@@ -329,7 +329,7 @@ TEST_F(LoginFlowTest, NoKeyStoreSwitchesTheBoxOff)
     m_keyStore.available = false;
     ShowDialog();
     EXPECT_FALSE(Find<QCheckBox>("stay_box")->isEnabled());
-    EXPECT_EQ(Find<QCheckBox>("stay_box")->toolTip(), QStringLiteral("There is no key store here."));
+    EXPECT_EQ(Find<QCheckBox>("stay_box")->toolTip(), QStringLiteral("<p>There is no key store here.</p>"));
 }
 
 TEST_F(LoginFlowTest, ClosedDialogGivesUp)
