@@ -37,7 +37,7 @@ TEST_F(VXSettingManagerFailureTest, WriteThatNeverSeemsToEndIsWaitedForOnceAndOn
     constexpr int bound = 5000;     // [ms]
     constexpr int nothing = 4000;   // what a busy machine may make of no time at all [ms]
     constexpr int tolerance = 5000; // [ms]
-    constexpr int factor = 3;       // so that there is work left when a busy machine has waited too long
+    constexpr int enough = 12500;   // work, so that some is left when a busy machine has waited too long [ms]
     constexpr int rounds = 5;
     ASSERT_TRUE(m_store.Open(m_file));
     {
@@ -53,7 +53,7 @@ TEST_F(VXSettingManagerFailureTest, WriteThatNeverSeemsToEndIsWaitedForOnceAndOn
             other.Run(count.arg(probe));
             quickest = std::min(quickest, GetProcessorTime() - before);
         }
-        const qint64 work = probe * bound * factor / std::max(quickest, qint64(1));
+        const qint64 work = probe * enough / std::max(quickest, qint64(1));
         other.Run(QStringLiteral("CREATE TRIGGER slow AFTER INSERT ON setting WHEN NEW.value = '%1' "
                                  "BEGIN SELECT (%2); END")
                       .arg(Value(1, 5), count.arg(work)));
@@ -74,7 +74,7 @@ TEST_F(VXSettingManagerFailureTest, WriteThatNeverSeemsToEndIsWaitedForOnceAndOn
     EXPECT_TRUE(WaitForFailures(1));
     EXPECT_EQ(m_failed.count(), 1) << "told once";
     // The value that was waited for gets to the disk all the same.
-    EXPECT_TRUE(QTest::qWaitFor([this] { return CountRows() == 1; }, 120000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return CountRows() == 1; }, 150000));
     m_store.Close(); // which ends the last write, too
     RawDatabase(m_file).Run(QStringLiteral("DROP TRIGGER slow"));
     ASSERT_TRUE(m_store.Open(m_file));
