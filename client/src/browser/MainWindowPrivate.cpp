@@ -86,7 +86,8 @@ MainWindowPrivate::MainWindowPrivate(MainWindow* window, const MainWindowService
                 [this](const QUrl& origin, const QString& title, const QString& text) {
                     m_notices->Show(
                         QStringLiteral("notification/") + origin.host(), NoticeKind::Info,
-                        QStringLiteral("%1: %2 %3").arg(origin.host(), title.left(100), text.left(300)));
+                        QStringLiteral("%1: %2 %3")
+                            .arg(AddressInput::ToDisplayHost(origin), title.left(100), text.left(300)));
                 });
     }
     if (m_services.apps)

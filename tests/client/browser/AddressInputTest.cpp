@@ -43,3 +43,26 @@ TEST(AddressInput, ShowsNoUserInfo)
               QStringLiteral("https://a.example/x"));
     EXPECT_EQ(AddressInput::ToDisplay(QUrl()), QString());
 }
+
+TEST(AddressInput, HostsThatReadLikeOthersAreShownInAscii)
+{
+    // The first letter is a Cyrillic one.
+    const QUrl lookAlike(QString::fromUtf8("https://\xd0\xb0pple.com/\xc3\xa4"));
+    EXPECT_EQ(AddressInput::ToDisplayHost(lookAlike), QStringLiteral("xn--pple-43d.com"));
+    EXPECT_TRUE(AddressInput::ToDisplay(lookAlike).startsWith(QStringLiteral("https://xn--pple-43d.com/")));
+    const QUrl wholly(QString::fromUtf8("https://\xd1\x81\xd0\xb0\xd1\x85.com/"));
+    EXPECT_TRUE(AddressInput::ToDisplayHost(wholly).startsWith(QStringLiteral("xn--")));
+    // A Latin letter that looks like a plain g.
+    const QUrl latin(QString::fromUtf8("https://\xc9\xa1ood.com/"));
+    EXPECT_TRUE(AddressInput::ToDisplayHost(latin).startsWith(QStringLiteral("xn--")));
+}
+
+TEST(AddressInput, HostsThatReadLikeNoOthersStayReadable)
+{
+    for (const char* const host : {"plain.example", "m\xc3\xbcnchen.com", "\xe8\x8c\xb6\xe5\x8f\xb6.com"}) {
+        const QUrl url(QStringLiteral("https://%1/").arg(QString::fromUtf8(host)));
+        EXPECT_EQ(AddressInput::ToDisplayHost(url), QString::fromUtf8(host));
+        EXPECT_EQ(AddressInput::ToDisplay(url), QStringLiteral("https://%1/").arg(QString::fromUtf8(host)));
+    }
+    EXPECT_EQ(AddressInput::ToDisplayHost(QUrl()), QString());
+}
