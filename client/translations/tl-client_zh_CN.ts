@@ -564,6 +564,26 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>PageDialog</name>
     <message>
+        <source>Leave the page?</source>
+        <translation>离开此页面？</translation>
+    </message>
+    <message>
+        <source>Leave the page at “%1”?</source>
+        <translation>要离开“%1”的页面吗？</translation>
+    </message>
+    <message>
+        <source>Changes that you made there may not be saved.</source>
+        <translation>您在其中所做的更改可能不会保存。</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>离开</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>留下</translation>
+    </message>
+    <message>
         <source>Log-in at a site</source>
         <translation>登录网站</translation>
     </message>

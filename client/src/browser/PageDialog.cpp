@@ -24,12 +24,18 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     const bool logIn = kind == Kind::LogIn;
     const QString host = origin.host().isEmpty() ? tr("This page") : origin.host();
-    setWindowTitle(logIn ? tr("Log-in at a site") : tr("Message from a page"));
+    const bool leave = kind == Kind::Leave;
+    setWindowTitle(logIn   ? tr("Log-in at a site")
+                   : leave ? tr("Leave the page?")
+                           : tr("Message from a page"));
 
-    auto* head = new QLabel(
-        (logIn ? tr("“%1” asks for a user name and a password.") : tr("The page at “%1” says:")).arg(host));
+    auto* head = new QLabel((logIn   ? tr("“%1” asks for a user name and a password.")
+                             : leave ? tr("Leave the page at “%1”?")
+                                     : tr("The page at “%1” says:"))
+                                .arg(host));
     head->setObjectName(QStringLiteral("page_dialog_head"));
-    auto* body = new QLabel(text.left(LongText));
+    auto* body =
+        new QLabel(leave ? tr("Changes that you made there may not be saved.") : text.left(LongText));
     body->setObjectName(QStringLiteral("page_dialog_text"));
     for (QLabel* label : {head, body}) {
         label->setTextFormat(Qt::PlainText);
@@ -70,10 +76,10 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
     }
     m_buttons = new QDialogButtonBox(kind == Kind::Alert ? QDialogButtonBox::Ok
                                                          : QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    m_buttons->button(QDialogButtonBox::Ok)->setText(logIn ? tr("Log in") : tr("OK"));
+    m_buttons->button(QDialogButtonBox::Ok)->setText(logIn ? tr("Log in") : leave ? tr("Leave") : tr("OK"));
     m_buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
     if (QPushButton* cancel = m_buttons->button(QDialogButtonBox::Cancel))
-        cancel->setText(tr("Cancel"));
+        cancel->setText(leave ? tr("Stay") : tr("Cancel"));
     column->addWidget(m_buttons);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -2,17 +2,37 @@
 
 #include "browser/RequestGate.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 #include <QtNetwork/QAuthenticator>
 #include <QtWebEngineWidgets/QWebEngineCertificateError>
 #include <QtWebEngineWidgets/QWebEngineView>
 
+namespace {
+
+/// What the engine asks about a page that does not want to be left; in the user's language, like any text of
+/// Qt. A page may ask the same in its own name.
+QString UnloadText()
+{
+    return QCoreApplication::translate("QWebEnginePage", "Are you sure you want to leave this page? "
+                                                         "Changes that you made may not be saved.");
+}
+
+bool IsSameSite(const QUrl& a, const QUrl& b)
+{
+    return a.scheme() == b.scheme() && a.host() == b.host() && a.port() == b.port();
+}
+
+} // namespace
+
 WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePage, QObject* parent)
     : QWebEnginePage(profile, parent), m_makePage(makePage)
 {
-    connect(this, &QWebEnginePage::urlChanged, this, [this] {
-        m_dialogs = 0;
-        m_silent = false;
+    connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
+        // A page changes its own address as often as it likes.
+        if (!IsSameSite(url, m_shown))
+            BeginAnew();
+        m_shown = url;
     });
     connect(this, &QWebEnginePage::authenticationRequired, this,
             [this](const QUrl& url, QAuthenticator* login) { AskLogIn(url, login->realm(), login); });
@@ -29,13 +49,31 @@ void WebEnginePage::End(std::unique_ptr<WebEnginePage> page)
     if (page->m_open.isEmpty())
         return;
     page->m_ended = true;
-    page->m_silent = true;
     page->m_makePage = [](WebWindowType) { return nullptr; };
     for (const QPointer<PageDialog>& dialog : qAsConst(page->m_open)) {
         if (dialog)
             dialog->reject();
     }
     page.release(); // deletes itself
+}
+
+void WebEnginePage::NoteInput()
+{
+    m_touched = true;
+}
+
+void WebEnginePage::BeginAnew()
+{
+    m_dialogs = 0;
+    m_silent = false;
+}
+
+void WebEnginePage::triggerAction(WebAction action, bool checked)
+{
+    NoteInput();
+    if (action == Reload || action == ReloadAndBypassCache)
+        BeginAnew();
+    QWebEnginePage::triggerAction(action, checked);
 }
 
 bool WebEnginePage::HadCertificateError(const QUrl& url) const
@@ -86,7 +124,12 @@ void WebEnginePage::javaScriptAlert(const QUrl& origin, const QString& text)
 
 bool WebEnginePage::javaScriptConfirm(const QUrl& origin, const QString& text)
 {
-    return Ask(PageDialog::Kind::Confirm, origin, text, QString());
+    if (text != UnloadText())
+        return Ask(PageDialog::Kind::Confirm, origin, text, QString());
+    const bool leaves = Ask(PageDialog::Kind::Leave, url(), QString(), QString());
+    if (!leaves)
+        Q_EMIT SigStays();
+    return leaves;
 }
 
 bool WebEnginePage::javaScriptPrompt(const QUrl& origin, const QString& text, const QString& proposal,
@@ -120,10 +163,18 @@ void WebEnginePage::AskLogIn(const QUrl& origin, const QString& name, QAuthentic
 bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text,
                         const QString& proposal, const std::function<void(const PageDialog&)>& take)
 {
-    if (m_silent)
+    if (m_ended)
         return false;
+    // Nobody who does nothing leaves: the question that follows nothing is the page's own, or comes of it.
+    const bool leave = kind == PageDialog::Kind::Leave;
+    const bool wanted = kind == PageDialog::Kind::LogIn || (leave && m_touched);
+    if (m_silent && !wanted)
+        return leave;
+    if (leave)
+        m_touched = false;
     QWidget* const parent = view() ? view()->window() : nullptr;
-    const QPointer<PageDialog> dialog(new PageDialog(kind, origin, text, proposal, m_dialogs > 0, parent));
+    const QPointer<PageDialog> dialog(
+        new PageDialog(kind, origin, text, proposal, m_dialogs > 0 && !wanted, parent));
     m_open.append(dialog);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     m_open.removeLast();
@@ -131,7 +182,8 @@ bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString
         deleteLater();
     if (!dialog)
         return false; // the window went away with it
-    ++m_dialogs;
+    if (!wanted)
+        ++m_dialogs;
     m_silent = m_silent || dialog->IsSilenceWanted();
     if (accepted && take)
         take(*dialog);

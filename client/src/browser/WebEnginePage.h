@@ -28,11 +28,20 @@ public:
     /// answer inside the page, which therefore dismisses the dialog and goes once the engine has returned.
     static void End(std::unique_ptr<WebEnginePage> page);
 
+    /// The user does something with the page: types or clicks into it, or sends it elsewhere.
+    void NoteInput();
+    /// The user loads an address or reloads: what was chosen for the page shown until now no longer holds.
+    void BeginAnew();
+    void triggerAction(WebAction action, bool checked = false) override;
+
     /// Whether the load of this address ended for want of a valid certificate.
     bool HadCertificateError(const QUrl& url) const;
     void ForgetCertificateError();
 
 Q_SIGNALS:
+    /// The user was asked whether to leave the page, and stays. The engine waits for the receivers to return
+    /// and must find the page alive then.
+    void SigStays();
     void SigExternalRequested(const QUrl& url);
     void SigBlocked(const QUrl& url);
 
@@ -55,8 +64,10 @@ private:
 
     MakePage m_makePage;
     QUrl m_certificateError;
-    int m_dialogs = 0; // shown since the last load
-    bool m_silent = false;
+    QUrl m_shown;
+    int m_dialogs = 0;      // shown since the last load
+    bool m_silent = false;  // of alert, confirm and prompt
+    bool m_touched = false; // by the user, since a question about leaving was last shown
     // The innermost last; the engine waits for all of them.
     QVector<QPointer<PageDialog>> m_open;
     bool m_ended = false; // to go when the last has been answered

@@ -2,12 +2,35 @@
 
 #include "browser/RequestGate.h"
 
+#include <QtCore/QChildEvent>
 #include <QtGui/QContextMenuEvent>
 #include <QtWebEngineWidgets/QWebEngineContextMenuData>
 #include <QtWebEngineWidgets/QWebEngineHistory>
 #include <QtWidgets/QMenu>
 
 WebEngineView::WebEngineView(QWidget* parent) : QWebEngineView(parent) {}
+
+void WebEngineView::childEvent(QChildEvent* event)
+{
+    // The engine's own widget takes the input; each renderer brings another.
+    if (event->added() && event->child()->isWidgetType())
+        event->child()->installEventFilter(this);
+    QWebEngineView::childEvent(event);
+}
+
+bool WebEngineView::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+        Q_EMIT SigInput();
+        break;
+    default:
+        break;
+    }
+    return QWebEngineView::eventFilter(watched, event);
+}
 
 void WebEngineView::contextMenuEvent(QContextMenuEvent* event)
 {

@@ -10,6 +10,12 @@ class WebEngineView final : public QWebEngineView
 public:
     explicit WebEngineView(QWidget* parent = nullptr);
 
+Q_SIGNALS:
+    /// The user typed or clicked into the page.
+    void SigInput();
+
 protected:
+    void childEvent(QChildEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 };
