@@ -58,6 +58,12 @@ bool IsAddressAsTitle(const QString& title, const QUrl& url)
            (title.startsWith(url.host()) || title.contains(QLatin1String("://")));
 }
 
+/// Whether the one is a place in the document of the other.
+bool IsPlaceIn(const QUrl& document, const QUrl& url)
+{
+    return url.hasFragment() && url.matches(document, QUrl::RemoveFragment);
+}
+
 } // namespace
 
 WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
@@ -77,9 +83,17 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
         if (!RequestGate::IsWeb(url) && !url.isEmpty() && url.scheme() != QLatin1String("about") &&
             url.scheme() != QLatin1String("blob"))
             return;
-        m_pending.clear();
-        Q_EMIT SigUrlChanged(url);
+        const bool there = m_announced && IsPlaceIn(m_shown, url) &&
+                           url.fragment(QUrl::FullyEncoded) == m_pending.fragment(QUrl::FullyEncoded);
+        m_shown = url;
+        if (!m_announced || there)
+            m_pending.clear();
+        if (!m_pending.isValid())
+            Q_EMIT SigUrlChanged(url);
         Q_EMIT SigHistoryChanged();
+        // The engine says neither start nor end of what leads to another place in the same document.
+        if (there)
+            Withdraw(true);
     });
     connect(page, &QWebEnginePage::titleChanged, this, [this](const QString& title) {
         Q_EMIT SigTitleChanged(IsAddressAsTitle(title, m_page->url()) ? QString() : title);
@@ -112,6 +126,17 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
     });
     connect(m_page.get(), &WebEnginePage::SigExternalRequested, this, &ITabPage::SigExternalRequested);
     connect(m_page.get(), &WebEnginePage::SigBlocked, this, &ITabPage::SigBlocked);
+    connect(m_page.get(), &WebEnginePage::SigStays, this, [this] {
+        const int loadNumber = m_loadNumber;
+        QMetaObject::invokeMethod(
+            this,
+            [this, loadNumber] {
+                if (m_announced && m_loadNumber == loadNumber)
+                    Withdraw(false);
+            },
+            Qt::QueuedConnection);
+    });
+    connect(m_view, &WebEngineView::SigInput, m_page.get(), &WebEnginePage::NoteInput);
 }
 
 WebEngineTabPage::~WebEngineTabPage()
@@ -138,6 +163,8 @@ void WebEngineTabPage::Load(const QUrl& url)
     OnStarted();
     m_announced = true;
     m_pending = url;
+    m_page->BeginAnew();
+    m_page->NoteInput();
     m_page->load(url);
 }
 
@@ -149,6 +176,8 @@ void WebEngineTabPage::Reload()
 void WebEngineTabPage::Stop()
 {
     m_page->triggerAction(QWebEnginePage::Stop);
+    if (m_announced)
+        Withdraw(false);
 }
 
 void WebEngineTabPage::Back()
@@ -279,6 +308,7 @@ void WebEngineTabPage::OnFinished(bool ok)
         failure.kind = m_page->HadCertificateError(failure.url) ? PageFailure::Kind::Certificate
                                                                 : KindOf(failure.detail);
         m_failed = true;
+        m_pending.clear(); // the page from before is gone
         Q_EMIT SigFailed(failure);
         Finish(false);
     });
@@ -289,9 +319,22 @@ void WebEngineTabPage::Finish(bool ok)
     if (!m_loading)
         return;
     m_loading = false;
+    const bool left = !m_pending.isValid();
     m_pending.clear();
+    if (!left && m_shown.isValid()) {
+        // The page from before stays: of another one only the address had been told.
+        Q_EMIT SigUrlChanged(m_shown);
+        Q_EMIT SigTitleChanged(GetTitle());
+        Q_EMIT SigIconChanged(m_page->iconUrl(), m_page->icon());
+    }
     Q_EMIT SigHistoryChanged();
     Q_EMIT SigLoadFinished(ok);
+}
+
+void WebEngineTabPage::Withdraw(bool ok)
+{
+    m_announced = false;
+    Finish(ok);
 }
 
 void WebEngineTabPage::OnPermission(const QUrl& origin, QWebEnginePage::Feature feature)
