@@ -7,6 +7,7 @@
 #include <QtCore/QProcess>
 #include <QtTest/QTest>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -17,6 +18,9 @@ const QString pluginItems = QStringLiteral("pluginItems");
 const QString urlKey = QStringLiteral("url");
 const QString checkedKey = QStringLiteral("checked");
 const QString activeKey = QStringLiteral("activeItem");
+
+const QString getMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
+const QString setMethod = QStringLiteral("dsm.tl.pc.auto.run.set");
 
 constexpr int limit = 5; // own addresses, and apps
 
@@ -126,10 +130,19 @@ protected:
         return -1;
     }
 
+    /// How often the page has told of this.
+    int CountReports(const QString& id) const
+    {
+        const QVector<QJsonObject> reports = m_client->GetEvents(QStringLiteral("monitor"));
+        return int(std::count_if(reports.begin(), reports.end(), [&id](const QJsonObject& report) {
+            return report.value(QStringLiteral("id")).toString() == id;
+        }));
+    }
+
     /// Opens the settings at the page, which they remember.
     bool OpenSettings(bool first = false)
     {
-        const int reads = m_front->GetCallCount(QStringLiteral("dsm.tl.pc.auto.run.get"));
+        const int reads = m_front->GetCallCount(getMethod);
         if (!m_desktop->WaitForWindow(m_client->GetProcessId()) ||
             !m_desktop->Press({QStringLiteral("ctrl+comma")}) ||
             !m_desktop->WaitForTitle(QStringLiteral("Settings"))) {
@@ -138,9 +151,7 @@ protected:
         if (first && !m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Down")})) {
             return false;
         }
-        return QTest::qWaitFor(
-            [this, reads] { return m_front->GetCallCount(QStringLiteral("dsm.tl.pc.auto.run.get")) > reads; },
-            10000);
+        return QTest::qWaitFor([this, reads] { return m_front->GetCallCount(getMethod) > reads; }, 10000);
     }
     /// Goes to a place of the page in fresh settings and presses it.
     bool PressPlace(const QString& list, int row, Stop place)
@@ -234,11 +245,21 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add App")));
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
     ASSERT_TRUE(WaitForCount(pluginItems, limit));
+    const QJsonObject full = GetStored();
+    const int writes = m_front->GetCallCount(setMethod);
     for (const QString& list : {customItems, pluginItems}) {
+        const QString event = list == customItems ? QStringLiteral("Home_Openingsetting_Addpage")
+                                                  : QStringLiteral("Home_Openingsetting_AddService");
+        const int reported = CountReports(event);
         ASSERT_TRUE(PressPlace(list, -1, Stop::Add));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return CountReports(event) > reported; }, 10000))
+            << "the press is reported before the limit counts";
         QTest::qWait(settled);
-        EXPECT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Settings"))) << "no dialog beyond the limit";
+        EXPECT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Settings"), 0)) << "no dialog beyond the limit";
+        EXPECT_EQ(CountReports(event), reported + 1);
     }
+    EXPECT_EQ(GetStored(), full);
+    EXPECT_EQ(m_front->GetCallCount(setMethod), writes);
     ASSERT_TRUE(PressPlace(pluginItems, 0, Stop::OpenFirst));
     ASSERT_TRUE(WaitForEntry(pluginItems, 0, activeKey, true));
     ASSERT_TRUE(PressPlace(QString(), -1, Stop::HomeFirst));
@@ -277,4 +298,49 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     }
     EXPECT_EQ(opened, m_expected.urls);
     EXPECT_TRUE(m_client->Quit());
+}
+
+TEST_F(SettingsTest, WhatWasChosenOpensAtTheNextLogInAlsoWithoutTheGateway)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(PressPlace(systemItems, 0, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(systemItems, 0, checkedKey, false));
+    const int reads = m_front->GetCallCount(getMethod);
+    ASSERT_TRUE(CloseSettings());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(getMethod) > reads; }, 10000))
+        << "what is kept is older than what was chosen";
+    ASSERT_TRUE(m_desktop->WaitForWindow(m_client->GetProcessId()));
+    ASSERT_TRUE(m_client->WaitFor([](const QVector<QJsonObject>& events) {
+        const auto last = std::find_if(events.rbegin(), events.rend(), [](const QJsonObject& event) {
+            return event.value(QStringLiteral("method")).toString() == setMethod;
+        });
+        return std::any_of(events.rbegin(), last, [](const QJsonObject& event) {
+            return event.value(QStringLiteral("method")).toString() == getMethod;
+        });
+    }));
+    ASSERT_TRUE(m_client->Quit());
+
+    for (const QString& method : {getMethod, setMethod}) {
+        m_front->SetFault(method, FaultyGateway::Fault::Close);
+    }
+    m_expected = Expected();
+    ReadExpectation();
+    LogInAndOpen();
+    QStringList opened;
+    const QVector<QJsonObject> events = m_client->GetEvents(QStringLiteral("tab.opened"));
+    for (const QJsonObject& event : events) {
+        opened << event.value(urlKey).toString();
+    }
+    EXPECT_EQ(opened, m_expected.urls);
+
+    // The page shows the last known list and takes no change.
+    const int writes = m_front->GetCallCount(setMethod);
+    ASSERT_TRUE(OpenSettings());
+    QTest::qWait(settled);
+    ASSERT_TRUE(m_desktop->Press({QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("space")}));
+    QTest::qWait(settled);
+    EXPECT_EQ(m_front->GetCallCount(setMethod), writes);
+    EXPECT_FALSE(GetEntry(systemItems, 0).value(checkedKey).toBool());
+    EXPECT_TRUE(m_client->Stop());
 }
