@@ -272,6 +272,29 @@ TEST_F(ModulePageTest, CheckBoxesAreNamedByTheirEntries)
     EXPECT_EQ(nameOf(7), QStringLiteral("客服工作台"));
 }
 
+TEST_F(ModulePageTest, ThePageOfTheLastKnownListTakesNoChange)
+{
+    dialog->close();
+    gateway.stale = true;
+    dialog->show();
+    ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 8; }));
+    EXPECT_FALSE(Page()->isEnabled());
+    EXPECT_FALSE(In(2, "checkBox")->isEnabled());
+    EXPECT_TRUE(dialog->findChild<QWidget*>(QStringLiteral("settings_notice"))->isVisible());
+    for (const char* const name : {"add_label", "add_plugin_label"})
+        QTest::mousePress(Page()->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
+    QTest::mousePress(In(2, "text_label"), Qt::LeftButton);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_FALSE(In(2, "checkBox")->property("checked").toBool());
+
+    gateway.stale = false;
+    dialog->LoadAgain();
+    ASSERT_TRUE(WaitUntil([this] { return Page() != nullptr && Page()->isEnabled() && Rows().size() == 8; }));
+    Tick(2);
+    EXPECT_TRUE(WaitUntil([this] { return IsChecked("systemItems", 1); }));
+    EXPECT_EQ(gateway.writes, 1);
+}
+
 TEST_F(ModulePageTest, ButtonsAreNamedByWhatTheyDoToWhichEntry)
 {
     const auto nameOf = [this](int row, const char* button) {

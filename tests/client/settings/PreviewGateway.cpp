@@ -62,7 +62,7 @@ void FillUp(QJsonObject* configuration)
 
 } // namespace
 
-PreviewGateway::PreviewGateway(const QString& list) : m_list(list)
+PreviewGateway::PreviewGateway(const QString& list) : stale(list == QLatin1String("stale")), m_list(list)
 {
     if (list == QLatin1String("empty"))
         return;
@@ -87,7 +87,6 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
     else if (isWrite && m_list == QLatin1String("slow"))
         delay = slow;
     QTimer::singleShot(delay, this, [this, request, response, finished, isWrite] {
-        const bool isStale = !isWrite && m_list == QLatin1String("stale");
         const bool fails = isWrite ? failures-- > 0 : m_list == QLatin1String("failed");
         if (fails) {
             response->SetNetworkError(1, QStringLiteral("Connection refused"));
@@ -103,7 +102,7 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
                 {QStringLiteral("message"), QString()},
                 {QStringLiteral("requestId"), QStringLiteral("preview")},
                 {QStringLiteral("data"), isWrite ? QJsonValue(true) : QJsonValue(m_configuration)}};
-            if (isStale)
+            if (!isWrite && stale)
                 dynamic_cast<IResponseCacheMethod&>(*response).SetCacheData(QJsonDocument(reply).toJson());
             else
                 response->SetData(QJsonDocument(reply).toJson());

@@ -26,6 +26,7 @@ public:
     int failures = 0;   ///< so many writes fail from now on
     int writeDelay = 0; ///< [ms]; 0: the usual one
     int writes = 0;     ///< so far
+    bool stale;         ///< for want of the gateway what was kept serves
 
 private:
     QString m_list;
