@@ -280,6 +280,9 @@ void KeyboardAccess::SendLeave(QWidget* row)
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &leave);
     row->update();
+    // What hides now hides because the user has left it.
+    if (m_lastFocus != nullptr && row->isAncestorOf(m_lastFocus) && !m_lastFocus->isVisible())
+        m_lastFocus = nullptr;
 }
 
 void KeyboardAccess::OrderTabs()

@@ -324,6 +324,43 @@ TEST_F(KeyboardAccessTest, AButtonWhosePanelHidesUnderTheMouseIsNotShownAgain)
     EXPECT_TRUE(row.box->hasFocus());
 }
 
+TEST_F(KeyboardAccessTest, AClickElsewhereTakesTheFocusFromAButtonThatThenHides)
+{
+    PanelRow row(&form);
+    column->insertWidget(0, &row);
+    row.show();
+    for (QPushButton* const button : {row.edit, row.first, rows[0]->button}) {
+        auto* const box = button == rows[0]->button ? rows[0]->box : row.box;
+        box->setFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 3 && !button->hasFocus(); ++i)
+            Press(Qt::Key_Tab);
+        ASSERT_TRUE(button->hasFocus());
+        QTest::mousePress(rows[2]->box, Qt::LeftButton);
+        rows[2]->box->setFocus(Qt::MouseFocusReason); // as the window does for a click
+        QTest::mouseRelease(rows[2]->box, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(button->isVisible());
+        EXPECT_TRUE(rows[2]->box->hasFocus());
+    }
+}
+
+TEST_F(KeyboardAccessTest, AfterAClickThatTakesNoFocusTabDoesNotGoBackToAButtonThatHid)
+{
+    PanelRow row(&form);
+    column->insertWidget(0, &row);
+    row.show();
+    row.box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab);
+    ASSERT_TRUE(row.edit->hasFocus());
+    QTest::mouseClick(&form, Qt::LeftButton, Qt::NoModifier, form.rect().bottomRight() - QPoint(1, 1));
+    ASSERT_FALSE(row.edit->isVisible());
+    QCoreApplication::processEvents();
+    rows[1]->box->setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(rows[1]->button->hasFocus());
+}
+
 TEST_F(KeyboardAccessTest, WhenTheLastRowGoesTheRowBeforeHasTheFocus)
 {
     rows[2]->box->setFocus(Qt::TabFocusReason);
