@@ -31,6 +31,10 @@
 <context>
     <name>BrowserTab</name>
     <message>
+        <source>%1 wants to save several files.</source>
+        <translation>%1 想要保存多个文件。</translation>
+    </message>
+    <message>
         <source>Home</source>
         <translation>首页</translation>
     </message>

@@ -15,6 +15,9 @@
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 constexpr int LongestIconUrl = 2048; // that is kept with a tab [characters]
@@ -230,7 +233,8 @@ void BrowserTab::Begin(QWidget* parent, std::unique_ptr<ITabPage> page)
     m_delayed = false;
     MakeContainer(parent);
     TakePage(std::move(page));
-    SetAddress(m_page->GetUrl());
+    m_shown = m_page->GetUrl();
+    SetAddress(m_shown);
     m_pageTitle = m_page->GetTitle();
     UpdateData();
 }
@@ -423,13 +427,15 @@ void BrowserTab::TakePage(std::unique_ptr<ITabPage> page)
     ITabPage* const source = m_page.get();
     connect(source, &ITabPage::SigUrlChanged, this, [this](const QUrl& url) {
         m_notices->Hide(QStringLiteral("blocked"));
-        if (url.host() != m_address.host()) {
-            for (const QString& id : qAsConst(m_permissions))
-                m_notices->Hide(id); // who asked is gone
-            m_permissions.clear();
+        // A link of its own may ask for another program and change the place in the page.
+        if (!url.matches(m_shown, QUrl::RemoveFragment))
+            m_notices->Hide(QStringLiteral("external"));
+        if (url.scheme() != m_shown.scheme() || url.authority() != m_shown.authority()) {
+            DropQuestions();
             m_pageIcon = QIcon();
             m_pageIconUrl.clear();
         }
+        m_shown = url;
         if (url.isValid() && url.scheme() != QLatin1String("about"))
             SetAddress(url);
         UpdateData();
@@ -472,6 +478,8 @@ void BrowserTab::TakePage(std::unique_ptr<ITabPage> page)
         Q_EMIT SigLoaded(m_address, ok);
     });
     connect(source, &ITabPage::SigRendererDied, this, [this] {
+        DropQuestions();
+        m_notices->Hide(QStringLiteral("external"));
         ShowMessage(Message::RendererDied);
         UpdateData();
         Q_EMIT SigStateChanged();
@@ -705,16 +713,41 @@ void BrowserTab::AskPermission(const PermissionRequest& request)
     case PermissionRequest::Kind::MouseLock:
         text = tr("%1 wants to hide the mouse pointer.");
         break;
+    case PermissionRequest::Kind::SeveralDownloads:
+        text = tr("%1 wants to save several files.");
+        break;
     }
-    const auto answer = request.answer;
     // A page and a frame of another site in it may ask for the same; each waits for its own answer.
     const QString id =
         QStringLiteral("permission/%1/%2").arg(static_cast<int>(request.kind)).arg(request.origin.toString());
-    m_permissions << id;
-    m_notices->Show(
-        id, NoticeKind::Info, text.arg(host),
-        {{tr("Allow"), [answer] { answer(true); }}, {tr("Do not allow"), [answer] { answer(false); }}},
-        [answer] { answer(false); });
+    m_permissions << qMakePair(id, request);
+    m_notices->Show(id, NoticeKind::Info, text.arg(host),
+                    {{tr("Allow"), [this, id] { AnswerPermission(id, true); }},
+                     {tr("Do not allow"), [this, id] { AnswerPermission(id, false); }}},
+                    [this, id] { AnswerPermission(id, false); });
+}
+
+void BrowserTab::AnswerPermission(const QString& id, bool allow)
+{
+    // Who asks again before the answer is there gets one, too.
+    const auto asked = m_permissions;
+    const auto isOfBar = [&id](const auto& question) { return question.first == id; };
+    m_permissions.erase(std::remove_if(m_permissions.begin(), m_permissions.end(), isOfBar),
+                        m_permissions.end());
+    for (const auto& question : asked) {
+        if (isOfBar(question))
+            question.second.answer(allow);
+    }
+}
+
+void BrowserTab::DropQuestions()
+{
+    const auto asked = std::exchange(m_permissions, {});
+    for (const auto& question : asked) {
+        m_notices->Hide(question.first);
+        if (question.second.withdraw)
+            question.second.withdraw();
+    }
 }
 
 void BrowserTab::AskExternal(const QUrl& url)

@@ -8,11 +8,12 @@
 #include "frame-core/IBrowserTab.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QPair>
 #include <QtCore/QPointer>
 #include <QtCore/QSharedPointer>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 #include <QtCore/QUrl>
+#include <QtCore/QVector>
 #include <QtGui/QIcon>
 
 #include <memory>
@@ -135,16 +136,20 @@ private:
     void SetAddress(const QUrl& address);
     void UpdateData();
     void AskPermission(const PermissionRequest& request);
+    void AnswerPermission(const QString& id, bool allow);
+    /// What a page that is gone had asked.
+    void DropQuestions();
     void AskExternal(const QUrl& url);
 
     TabOrigin m_origin;
     IPageFactory* m_pages;
     QSharedPointer<TabData> m_data;
     QUrl m_address;
+    QUrl m_shown;        // as the page said last; the address may be one that was only typed
     QString m_routerUrl; // of m_address; all tabs are asked for theirs each time they are saved
     QString m_pageTitle;
     QUrl m_pageIconUrl;
-    QStringList m_permissions; // the bars in which the page asked for some
+    QVector<QPair<QString, PermissionRequest>> m_permissions; // not answered yet, by their bars
     QIcon m_pageIcon;
     QIcon m_originIcon;
     QString m_iconRequest;

@@ -16,12 +16,15 @@ struct PermissionRequest
         Camera,
         CameraAndMicrophone,
         ScreenCapture,
-        MouseLock
+        MouseLock,
+        SeveralDownloads
     };
 
     Kind kind = Kind::Location;
     QUrl origin;
     std::function<void(bool allow)> answer; ///< harmless when called late or twice
+    /// Called instead when the page that asked is gone: nothing is remembered. May be empty.
+    std::function<void()> withdraw;
 };
 
 Q_DECLARE_METATYPE(PermissionRequest)

@@ -3,8 +3,10 @@
 #include "browser/MessagePage.h"
 #include "browser/NoticeBar.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 
@@ -26,9 +28,17 @@ protected:
         }
         return nullptr;
     }
+    void TypeAddress(const QString& address)
+    {
+        QTest::keyClick(m_window.get(), Qt::Key_L, Qt::ControlModifier);
+        auto* bar = m_window->findChild<QLineEdit*>(QStringLiteral("address_bar"));
+        QTest::keyClicks(bar, address);
+        QTest::keyClick(bar, Qt::Key_Return);
+    }
     /// The visible notice button with this text.
     QPushButton* GetNoticeButton(const QString& text)
     {
+        QCoreApplication::processEvents(); // buttons that replace others show with the next turn
         const auto buttons = m_window->findChildren<QPushButton*>(QStringLiteral("notice_button"));
         for (QPushButton* button : buttons) {
             if (button->isVisible() && button->text() == text)
@@ -190,6 +200,49 @@ TEST_F(PageEventsTest, AQuestionGoesWithThePageThatAsked)
     GetPage().Arrive(QUrl(QStringLiteral("https://other.example/")), QStringLiteral("Other"));
     EXPECT_EQ(GetNoticeButton(QStringLiteral("Allow")), nullptr);
     EXPECT_FALSE(answered) << "a refusal that nobody spoke would be remembered";
+}
+
+TEST_F(PageEventsTest, AQuestionGoesAlsoWhenTheUserTypesAnotherAddress)
+{
+    GetPage().Arrive(QUrl(QStringLiteral("https://map.example/")), QStringLiteral("Map"));
+    PermissionRequest request;
+    request.kind = PermissionRequest::Kind::Camera;
+    request.origin = QUrl(QStringLiteral("https://map.example/"));
+    int answers = 0;
+    int withdrawals = 0;
+    request.answer = [&answers](bool) { ++answers; };
+    request.withdraw = [&withdrawals] { ++withdrawals; };
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    TypeAddress(QStringLiteral("https://other.example/"));
+    EXPECT_NE(GetNoticeButton(QStringLiteral("Allow")), nullptr) << "the page is still there";
+    GetPage().Arrive(QUrl(QStringLiteral("https://other.example/")), QStringLiteral("Other"));
+    EXPECT_EQ(GetNoticeButton(QStringLiteral("Allow")), nullptr);
+    EXPECT_EQ(withdrawals, 2) << "the engine waits for an answer";
+    EXPECT_EQ(answers, 0);
+
+    // Answered is answered.
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    QTest::mouseClick(GetNoticeButton(QStringLiteral("Allow")), Qt::LeftButton);
+    EXPECT_EQ(answers, 2);
+    GetPage().Arrive(QUrl(QStringLiteral("https://map.example/")), QStringLiteral("Map"));
+    EXPECT_EQ(withdrawals, 2);
+
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    Q_EMIT GetPage().SigRendererDied();
+    EXPECT_EQ(GetNoticeButton(QStringLiteral("Allow")), nullptr);
+    EXPECT_EQ(withdrawals, 3);
+}
+
+TEST_F(PageEventsTest, AQuestionAboutAnotherProgramGoesWithThePage)
+{
+    GetPage().Arrive(QUrl(QStringLiteral("https://a.example/contact")), QStringLiteral("Contact"));
+    Q_EMIT GetPage().SigExternalRequested(QUrl(QStringLiteral("mailto:a@b.example")));
+    GetPage().Arrive(QUrl(QStringLiteral("https://a.example/contact#")), QStringLiteral("Contact"));
+    EXPECT_NE(GetNoticeButton(QStringLiteral("Open")), nullptr) << "the page is still there";
+    GetPage().Arrive(QUrl(QStringLiteral("https://a.example/home")), QStringLiteral("Home"));
+    EXPECT_EQ(GetNoticeButton(QStringLiteral("Open")), nullptr);
 }
 
 TEST_F(PageEventsTest, ABlockedAddressIsNamedAndThePageStays)
