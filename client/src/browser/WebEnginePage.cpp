@@ -26,7 +26,10 @@ bool IsSameSite(const QUrl& a, const QUrl& b)
 } // namespace
 
 WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePage, QObject* parent)
-    : QWebEnginePage(profile, parent), m_makePage(makePage)
+    : QWebEnginePage(profile, parent)
+    , m_makePage(makePage)
+    , m_downloadTurn([this](const QUrl& url, const QString& name) { download(url, name); },
+                     [this] { Q_EMIT SigSeveralDownloads(); })
 {
     connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
         // A page changes its own address as often as it likes.
@@ -60,12 +63,14 @@ void WebEnginePage::End(std::unique_ptr<WebEnginePage> page)
 void WebEnginePage::NoteInput()
 {
     m_touched = true;
+    m_downloadTurn.NoteInput();
 }
 
 void WebEnginePage::BeginAnew()
 {
     m_dialogs = 0;
     m_silent = false;
+    m_downloadTurn.Reset();
 }
 
 void WebEnginePage::triggerAction(WebAction action, bool checked)
@@ -74,6 +79,11 @@ void WebEnginePage::triggerAction(WebAction action, bool checked)
     if (action == Reload || action == ReloadAndBypassCache)
         BeginAnew();
     QWebEnginePage::triggerAction(action, checked);
+}
+
+WebEngineDownloadTurn& WebEnginePage::GetDownloadTurn() noexcept
+{
+    return m_downloadTurn;
 }
 
 bool WebEnginePage::HadCertificateError(const QUrl& url) const

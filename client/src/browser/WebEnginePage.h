@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browser/PageDialog.h"
+#include "browser/WebEngineDownloadTurn.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QUrl>
@@ -33,6 +34,7 @@ public:
     /// The user loads an address or reloads: what was chosen for the page shown until now no longer holds.
     void BeginAnew();
     void triggerAction(WebAction action, bool checked = false) override;
+    WebEngineDownloadTurn& GetDownloadTurn() noexcept;
 
     /// Whether the load of this address ended for want of a valid certificate.
     bool HadCertificateError(const QUrl& url) const;
@@ -44,6 +46,10 @@ Q_SIGNALS:
     void SigStays();
     void SigExternalRequested(const QUrl& url);
     void SigBlocked(const QUrl& url);
+    /// A load turned into a download, about which the user was asked, or is not to be asked.
+    void SigDownloadTaken();
+    /// The page wants to save more files than the user may be asked about. Answered to `GetDownloadTurn`.
+    void SigSeveralDownloads();
 
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
@@ -63,6 +69,7 @@ private:
     void AskLogIn(const QUrl& origin, const QString& name, QAuthenticator* login);
 
     MakePage m_makePage;
+    WebEngineDownloadTurn m_downloadTurn;
     QUrl m_certificateError;
     QUrl m_shown;
     int m_dialogs = 0;      // shown since the last load

@@ -2,6 +2,7 @@
 
 #include "browser/RequestGate.h"
 #include "browser/WebEngineDownload.h"
+#include "browser/WebEnginePage.h"
 #include "browser/WebEngineTabPage.h"
 
 #include <QtCore/QDir>
@@ -105,11 +106,20 @@ void WebEnginePageFactory::TakeDownload(QWebEngineDownloadItem* item)
     const QPointer<WebEngineDownload> download = new WebEngineDownload(item, this);
     known = download;
     connect(download, &QObject::destroyed, this, [this, id = item->id()] { m_downloads.remove(id); });
-    Q_EMIT SigDownloadRequested(download);
-    if (download && !download->IsAccepted()) {
+    // The page may go while the user is asked.
+    const QPointer<WebEnginePage> page(qobject_cast<WebEnginePage*>(item->page()));
+    const bool mayAsk = !page || page->GetDownloadTurn().Begin(item->url(), item->downloadFileName());
+    if (mayAsk)
+        Q_EMIT SigDownloadRequested(download);
+    const bool accepted = download && download->IsAccepted();
+    if (download && !accepted) {
         download->Cancel();
         download->deleteLater();
     }
+    if (page && mayAsk)
+        page->GetDownloadTurn().End(accepted);
+    if (page)
+        Q_EMIT page->SigDownloadTaken();
 }
 
 void WebEnginePageFactory::SetLanguage(const QString& language)

@@ -107,6 +107,7 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
                     return;
                 ++m_loadNumber;
                 m_announced = false;
+                m_staying = false;
                 m_failed = true;
                 Finish(false);
                 Q_EMIT SigRendererDied();
@@ -126,16 +127,16 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
     });
     connect(m_page.get(), &WebEnginePage::SigExternalRequested, this, &ITabPage::SigExternalRequested);
     connect(m_page.get(), &WebEnginePage::SigBlocked, this, &ITabPage::SigBlocked);
-    connect(m_page.get(), &WebEnginePage::SigStays, this, [this] {
-        const int loadNumber = m_loadNumber;
-        QMetaObject::invokeMethod(
-            this,
-            [this, loadNumber] {
-                if (m_announced && m_loadNumber == loadNumber)
-                    Withdraw(false);
-            },
-            Qt::QueuedConnection);
-    });
+    connect(m_page.get(), &WebEnginePage::SigStays, this, &WebEngineTabPage::OnStays);
+    connect(m_page.get(), &WebEnginePage::SigSeveralDownloads, this, &WebEngineTabPage::AskSeveralDownloads);
+    // Later, as the engine is still with the page.
+    connect(
+        m_page.get(), &WebEnginePage::SigDownloadTaken, this,
+        [this] {
+            if (m_opened && m_page->history()->count() == 0)
+                Q_EMIT SigCloseRequested(); // opened for the download alone
+        },
+        Qt::QueuedConnection);
     connect(m_view, &WebEngineView::SigInput, m_page.get(), &WebEnginePage::NoteInput);
 }
 
@@ -165,7 +166,8 @@ void WebEngineTabPage::Load(const QUrl& url)
     m_pending = url;
     m_page->BeginAnew();
     m_page->NoteInput();
-    m_page->load(url);
+    if (!m_staying)
+        m_page->load(url);
 }
 
 void WebEngineTabPage::Reload()
@@ -246,6 +248,7 @@ QWebEnginePage* WebEngineTabPage::GetEnginePage() const noexcept
 QWebEnginePage* WebEngineTabPage::MakeWindow(QWebEnginePage::WebWindowType type)
 {
     auto made = std::make_unique<WebEngineTabPage>(m_profile, nullptr);
+    made->m_opened = true;
     QWebEnginePage* const enginePage = made->GetEnginePage();
     const auto offer = std::make_shared<std::unique_ptr<ITabPage>>(std::move(made));
     Q_EMIT SigNewTabRequested(offer, type == QWebEnginePage::WebBrowserBackgroundTab
@@ -331,10 +334,48 @@ void WebEngineTabPage::Finish(bool ok)
     Q_EMIT SigLoadFinished(ok);
 }
 
+void WebEngineTabPage::OnStays()
+{
+    // Until the page has taken note of the answer, the engine drops whatever load it is given with the one
+    // that was asked about. What the page runs now, it runs after that.
+    m_staying = true;
+    const QPointer<WebEngineTabPage> alive(this);
+    const int loadNumber = m_loadNumber;
+    m_page->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
+                          [alive, loadNumber](const QVariant&) {
+                              if (!alive || !alive->m_staying)
+                                  return;
+                              alive->m_staying = false;
+                              if (!alive->m_announced)
+                                  return;
+                              if (alive->m_loadNumber == loadNumber)
+                                  alive->Withdraw(false);
+                              else
+                                  alive->m_page->load(alive->m_pending);
+                          });
+}
+
 void WebEngineTabPage::Withdraw(bool ok)
 {
     m_announced = false;
     Finish(ok);
+}
+
+void WebEngineTabPage::AskSeveralDownloads()
+{
+    const QPointer<WebEnginePage> page(m_page.get());
+    PermissionRequest request;
+    request.kind = PermissionRequest::Kind::SeveralDownloads;
+    request.origin = m_page->url();
+    request.answer = [page](bool allow) {
+        if (page)
+            page->GetDownloadTurn().Answer(allow);
+    };
+    request.withdraw = [page] {
+        if (page)
+            page->GetDownloadTurn().Reset();
+    };
+    Q_EMIT SigPermissionRequested(request);
 }
 
 void WebEngineTabPage::OnPermission(const QUrl& origin, QWebEnginePage::Feature feature)
@@ -372,6 +413,10 @@ void WebEngineTabPage::OnPermission(const QUrl& origin, QWebEnginePage::Feature 
                                        allow ? QWebEnginePage::PermissionGrantedByUser
                                              : QWebEnginePage::PermissionDeniedByUser);
     };
+    // The engine remembers a refusal of these, which nobody spoke. The others wait in a line, and who does
+    // not get an answer holds up those behind.
+    if (feature != QWebEnginePage::Notifications && feature != QWebEnginePage::Geolocation)
+        request.withdraw = [answer = request.answer] { answer(false); };
     Q_EMIT SigPermissionRequested(request);
 }
 

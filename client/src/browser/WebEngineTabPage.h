@@ -45,8 +45,10 @@ private:
     void OnProgress(int percent);
     void OnFinished(bool ok);
     void Finish(bool ok);
+    void OnStays();
     /// Ends a load that was announced and that the engine will not start.
     void Withdraw(bool ok);
+    void AskSeveralDownloads();
     void OnPermission(const QUrl& origin, QWebEnginePage::Feature feature);
     /// Asks the document whether it is the engine's own error page; `done` gets its text, or a null text
     /// for any other document. Not called any more once another load has begun or the page ends.
@@ -58,7 +60,9 @@ private:
     QUrl m_shown;
     QUrl m_pending; // being loaded, not shown yet
     int m_loadNumber = 0;
+    bool m_opened = false; // by another page
     bool m_loading = false;
     bool m_announced = false; // a load was announced that the engine has not started, and may never start
+    bool m_staying = false;   // the user does not leave the page, which does not know it yet
     bool m_failed = false;    // the last thing announced was a failure
 };

@@ -8,8 +8,11 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QPushButton>
 
 namespace {
@@ -45,6 +48,30 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    /// A page that wants to save the files of these addresses, one each 5 ms, over and over again.
+    void LoadInsistent(const QString& addresses)
+    {
+        m_server.SetPage(Path, "12345", "200 OK", Header);
+        m_server.SetPage(
+            QStringLiteral("/insistent"),
+            "<title>page</title><body><a id=a download></a><script>var i = 0, all = [" + addresses.toUtf8() +
+                "]; setInterval(() => { a.href = all[i++ % all.length]; a.click(); document.title = i }, 5)"
+                "</script>");
+        QObject::connect(m_page.get(), &ITabPage::SigPermissionRequested, &m_context,
+                         [this](const PermissionRequest& request) {
+                             EXPECT_EQ(request.kind, PermissionRequest::Kind::SeveralDownloads);
+                             m_several << request.answer;
+                         });
+        m_page->GetWidget()->show();
+        m_page->Load(m_server.GetUrl(QStringLiteral("/insistent")));
+    }
+    /// Lets the page insist for a while.
+    void LetInsist()
+    {
+        const int from = m_page->GetTitle().toInt();
+        EXPECT_TRUE(WaitUntil([&] { return m_page->GetTitle().toInt() > from + 20; }));
+    }
+
     const QString m_folder = MakeFolder();
     QString m_answer = m_folder + QStringLiteral("/saved.bin"); // empty: the user does not want it
     std::function<void()> m_whenAsked;
@@ -57,7 +84,9 @@ protected:
                                   return m_answer;
                               }};
     QPointer<IDownload> m_download;
+    QVector<std::function<void(bool)>> m_several; // the questions whether several may be saved
     std::unique_ptr<ITabPage> m_page;
+    QObject m_context; // goes before what its receivers look at
 };
 
 } // namespace
@@ -114,4 +143,67 @@ TEST_F(WebEngineDownloadTest, ThatTheUserDoesNotWantLeavesNothingBehind)
     Load();
     EXPECT_TRUE(WaitUntil([this] { return !m_proposals.isEmpty() && !m_download; }));
     EXPECT_EQ(m_bar.GetCount(), 0);
+}
+
+TEST_F(WebEngineDownloadTest, NoneIsAskedForAfterANoUntilTheUserDoesSomething)
+{
+    m_answer.clear();
+    LoadInsistent(QStringLiteral("'/file'"));
+    ASSERT_TRUE(WaitUntil([this] { return !m_proposals.isEmpty(); }));
+    LetInsist();
+    EXPECT_EQ(m_proposals.size(), 1) << "the user is held in one dialog after another";
+    ASSERT_TRUE(WaitUntil([this] { return !m_several.isEmpty(); }));
+
+    m_several.first()(false);
+    LetInsist();
+    EXPECT_EQ(m_proposals.size(), 1);
+    EXPECT_EQ(m_several.size(), 1) << "a No that holds for nothing";
+
+    QTest::mouseClick(m_page->GetWidget()->focusProxy(), Qt::LeftButton);
+    EXPECT_TRUE(WaitUntil([this] { return m_proposals.size() == 2; })) << "what the user clicks for is asked";
+    LetInsist();
+    EXPECT_EQ(m_proposals.size(), 2);
+}
+
+TEST_F(WebEngineDownloadTest, SeveralAreSavedWhenTheUserAllowsIt)
+{
+    m_server.SetPage(QStringLiteral("/second"), "67890", "200 OK", Header);
+    m_whenAsked = [this] {
+        const bool wanted = m_proposals.size() == 2 || m_proposals.size() == 3;
+        m_answer = wanted ? m_folder + QStringLiteral("/%1.bin").arg(m_proposals.size()) : QString();
+    };
+    LoadInsistent(QStringLiteral("'/file', '/second'"));
+    ASSERT_TRUE(WaitUntil([this] { return !m_several.isEmpty(); }));
+    m_several.first()(true);
+    EXPECT_TRUE(WaitUntil([this] { return m_proposals.size() == 4; }));
+    LetInsist();
+    EXPECT_EQ(m_proposals.size(), 4) << "a No ends it";
+    EXPECT_TRUE(WaitUntil([this] { return QDir(m_folder).entryList(QDir::Files).size() == 2; }));
+}
+
+TEST_F(WebEngineDownloadTest, TheTabThatWasOpenedForItGoes)
+{
+    m_page.reset();
+    MakeWindow();
+    m_server.SetPage(Path, "12345", "200 OK", Header);
+    m_server.SetPage(QStringLiteral("/links"),
+                     "<title>links</title><body style='margin:0'>"
+                     "<a href='/file' target=_blank style='display:block;height:300px'>save</a>");
+    ASSERT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/links"))));
+    // The window asks, too, after the first receiver has answered.
+    QTimer watch;
+    QObject::connect(
+        &watch, &QTimer::timeout, &watch,
+        [] {
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                dialog->reject();
+        },
+        Qt::QueuedConnection);
+    watch.start(5);
+    QSignalSpy opened(m_window.get(), &MainWindow::SigTabOpened);
+    Click(QPoint(50, 50));
+    ASSERT_TRUE(WaitUntil([this] { return !m_proposals.isEmpty(); }));
+    EXPECT_TRUE(WaitUntil([this] { return m_window->GetTabCount() == 2; })) << "an empty tab stays in front";
+    EXPECT_EQ(opened.size(), 1);
+    EXPECT_EQ(m_window->GetCurrentTab(), 1);
 }
