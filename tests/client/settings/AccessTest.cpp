@@ -77,7 +77,8 @@ TEST_F(AccessTest, ANameThatThePageGivesStays)
     FakeSettingsRow* const row = Page()->GetRow(1);
     row->box->setAccessibleName(QStringLiteral("My own"));
     row->label->setText(QStringLiteral("other"));
-    ASSERT_TRUE(WaitUntil([row] { return NameOf(row->remove) == QStringLiteral("Delete other"); }));
+    // A label may show only as much of the entry as fits.
+    ASSERT_TRUE(WaitUntil([row] { return NameOf(row->remove) == QStringLiteral("Delete My own"); }));
     EXPECT_EQ(NameOf(row->box), QStringLiteral("My own"));
 }
 
