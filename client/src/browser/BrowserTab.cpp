@@ -364,6 +364,14 @@ void BrowserTab::LeaveFullScreen()
         m_page->LeaveFullScreen();
 }
 
+void BrowserTab::RequestClose()
+{
+    if (m_page && m_message == Message::None)
+        m_page->RequestClose();
+    else
+        Q_EMIT SigCloseRequested();
+}
+
 QString BrowserTab::TakeIconRequest()
 {
     QString request = m_iconRequest;

@@ -92,6 +92,9 @@ public:
     void CloseFind();
     void SetZoom(double factor);
     void LeaveFullScreen();
+    /// The user wants to close the tab. `SigCloseRequested` says that it may go, mostly before this returns;
+    /// a page with something to lose asks the user first.
+    void RequestClose();
 
     /// The address of a picture to be fetched for `SetIcon`; empty when there is none, or once it was
     /// taken.

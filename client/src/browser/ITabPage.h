@@ -52,6 +52,10 @@ public:
     virtual double GetZoom() const = 0;
     virtual void LeaveFullScreen() = 0;
 
+    /// The user wants to close the page. Answered by `SigCloseRequested`, at once or when the page, which may
+    /// ask the user, has agreed or is not heard of; by nothing when the user stays.
+    virtual void RequestClose() { Q_EMIT SigCloseRequested(); }
+
 Q_SIGNALS:
     void SigUrlChanged(const QUrl& url);
     void SigTitleChanged(const QString& title);
@@ -74,7 +78,7 @@ Q_SIGNALS:
     /// nobody does, it is deleted after the signal.
     void SigNewTabRequested(const std::shared_ptr<std::unique_ptr<ITabPage>>& page,
                             ITabPage::NewTabKind kind);
-    /// The page asks to be closed (it is one that a page opened).
+    /// The page asks to be closed (it is one that a page opened), or answers `RequestClose`.
     void SigCloseRequested();
     void SigPermissionRequested(const PermissionRequest& request);
     /// The page leads to an address that another program handles (mailto: and the like).

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr int CloseLimit = 1000; // for a page to say whether it may be closed [ms]
+
 PageFailure::Kind KindOf(const QString& code)
 {
     static const struct
@@ -113,6 +115,14 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
                 Q_EMIT SigRendererDied();
             });
     connect(page, &QWebEnginePage::windowCloseRequested, this, &ITabPage::SigCloseRequested);
+    m_closing.setSingleShot(true);
+    m_closing.setInterval(CloseLimit);
+    connect(&m_closing, &QTimer::timeout, this, [this] {
+        if (m_page->IsAsking())
+            m_closing.start(); // the user takes their time
+        else
+            Q_EMIT SigCloseRequested();
+    });
     connect(page, &QWebEnginePage::linkHovered, this, &ITabPage::SigLinkHovered);
     connect(page, &QWebEnginePage::findTextFinished, this,
             [this](const QWebEngineFindTextResult& result) { Q_EMIT SigFound(result.numberOfMatches()); });
@@ -240,6 +250,14 @@ void WebEngineTabPage::LeaveFullScreen()
     m_page->triggerAction(QWebEnginePage::ExitFullScreen);
 }
 
+void WebEngineTabPage::RequestClose()
+{
+    if (m_closing.isActive())
+        return;
+    m_closing.start();
+    m_page->triggerAction(QWebEnginePage::RequestClose);
+}
+
 QWebEnginePage* WebEngineTabPage::GetEnginePage() const noexcept
 {
     return m_page.get();
@@ -339,6 +357,7 @@ void WebEngineTabPage::OnStays()
     // Until the page has taken note of the answer, the engine drops whatever load it is given with the one
     // that was asked about. What the page runs now, it runs after that.
     m_staying = true;
+    m_closing.stop();
     const QPointer<WebEngineTabPage> alive(this);
     const int loadNumber = m_loadNumber;
     m_page->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,

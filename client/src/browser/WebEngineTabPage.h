@@ -3,6 +3,7 @@
 #include "browser/ITabPage.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtWebEngineWidgets/QWebEnginePage>
 
 #include <functional>
@@ -36,6 +37,7 @@ public:
     void SetZoom(double factor) override;
     double GetZoom() const override;
     void LeaveFullScreen() override;
+    void RequestClose() override;
 
     QWebEnginePage* GetEnginePage() const noexcept;
 
@@ -58,7 +60,8 @@ private:
     std::unique_ptr<WebEnginePage> m_page;
     QPointer<WebEngineView> m_view;
     QUrl m_shown;
-    QUrl m_pending; // being loaded, not shown yet
+    QUrl m_pending;   // being loaded, not shown yet
+    QTimer m_closing; // the time that the page has to answer whether it may be closed
     int m_loadNumber = 0;
     bool m_opened = false; // by another page
     bool m_loading = false;

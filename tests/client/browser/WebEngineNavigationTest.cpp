@@ -213,6 +213,7 @@ TEST_F(WebEngineNavigationTest, APageThatMaySayNoMoreMayStillBeLoggedInto)
     m_server.Protect(QStringLiteral("/orders"), "ann:secret");
     ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
     Silence();
+    m_accept = false;
     RunHere(QStringLiteral("location = '/orders'"));
     EXPECT_TRUE(WaitUntil([this] { return m_asked == QStringList{QStringLiteral("Orders")}; }));
 }
@@ -235,4 +236,39 @@ TEST_F(WebEngineNavigationTest, SilenceLastsUntilTheUserLoadsOrAnotherSiteIsTher
     RunHere(QStringLiteral("location = '%1'").arg(other.GetUrl(QStringLiteral("/")).toString()));
     ASSERT_TRUE(WaitUntil([this] { return m_page->GetTitle() == QStringLiteral("other"); }));
     Silence();
+}
+
+TEST_F(WebEngineNavigationTest, APageWithSomethingToLoseAsksBeforeItIsClosed)
+{
+    QSignalSpy closed(m_page.get(), &ITabPage::SigCloseRequested);
+    FillForm();
+    m_accept = false;
+    m_page->RequestClose();
+    ASSERT_TRUE(WaitUntil([this] { return !m_asked.isEmpty(); }));
+    EXPECT_EQ(m_asked, QStringList{m_leave});
+    EXPECT_EQ(RunHere(QStringLiteral("document.querySelector('input').value")), QStringLiteral("abc"));
+    EXPECT_TRUE(closed.isEmpty());
+
+    m_accept = true;
+    m_page->RequestClose();
+    EXPECT_TRUE(WaitUntil([&] { return !closed.isEmpty(); }));
+    EXPECT_EQ(m_asked.size(), 2);
+}
+
+TEST_F(WebEngineNavigationTest, APageWithNothingToLoseOrToSayIsClosed)
+{
+    QSignalSpy closed(m_page.get(), &ITabPage::SigCloseRequested);
+    ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
+    m_page->RequestClose();
+    EXPECT_TRUE(WaitUntil([&] { return closed.size() == 1; }));
+
+    m_page = m_pages->CreatePage(nullptr);
+    QSignalSpy busyClosed(m_page.get(), &ITabPage::SigCloseRequested);
+    m_server.SetPage(QStringLiteral("/busy"),
+                     "<body onbeforeunload=\"return 'stay'\"><script>for (;;) {}</script>");
+    m_page->Load(m_server.GetUrl(QStringLiteral("/busy")));
+    ASSERT_TRUE(WaitUntil([this] { return GetEngine()->url().path() == QStringLiteral("/busy"); }));
+    m_page->RequestClose();
+    EXPECT_TRUE(WaitUntil([&] { return !busyClosed.isEmpty(); })) << "a page that hangs cannot be closed";
+    EXPECT_TRUE(m_asked.isEmpty());
 }
