@@ -114,7 +114,10 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
                 Finish(false);
                 Q_EMIT SigRendererDied();
             });
-    connect(page, &QWebEnginePage::windowCloseRequested, this, &ITabPage::SigCloseRequested);
+    connect(page, &QWebEnginePage::windowCloseRequested, this, [this] {
+        m_closing.stop();
+        Q_EMIT SigCloseRequested();
+    });
     m_closing.setSingleShot(true);
     m_closing.setInterval(CloseLimit);
     connect(&m_closing, &QTimer::timeout, this, [this] {
@@ -182,23 +185,25 @@ void WebEngineTabPage::Load(const QUrl& url)
 
 void WebEngineTabPage::Reload()
 {
+    Withdraw(false);
     m_page->triggerAction(QWebEnginePage::Reload);
 }
 
 void WebEngineTabPage::Stop()
 {
     m_page->triggerAction(QWebEnginePage::Stop);
-    if (m_announced)
-        Withdraw(false);
+    Withdraw(false);
 }
 
 void WebEngineTabPage::Back()
 {
+    Withdraw(false);
     m_page->triggerAction(QWebEnginePage::Back);
 }
 
 void WebEngineTabPage::Forward()
 {
+    Withdraw(false);
     m_page->triggerAction(QWebEnginePage::Forward);
 }
 
@@ -376,6 +381,8 @@ void WebEngineTabPage::OnStays()
 
 void WebEngineTabPage::Withdraw(bool ok)
 {
+    if (!m_announced)
+        return;
     m_announced = false;
     Finish(ok);
 }

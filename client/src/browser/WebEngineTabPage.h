@@ -48,7 +48,8 @@ private:
     void OnFinished(bool ok);
     void Finish(bool ok);
     void OnStays();
-    /// Ends a load that was announced and that the engine will not start.
+    /// Ends a load that was announced, if there is one: the engine will not start it. Should it do so all the
+    /// same, it is a load like those that pages begin by themselves.
     void Withdraw(bool ok);
     void AskSeveralDownloads();
     void OnPermission(const QUrl& origin, QWebEnginePage::Feature feature);
