@@ -164,7 +164,7 @@ void MainWindowPrivate::MakeWidgets()
     m_hover->hide();
 
     connect(m_strip, &TabStrip::SigSelectRequested, this, &MainWindowPrivate::Select);
-    connect(m_strip, &TabStrip::SigCloseRequested, this, &MainWindowPrivate::Close);
+    connect(m_strip, &TabStrip::SigCloseRequested, this, &MainWindowPrivate::RequestClose);
     connect(m_strip, &TabStrip::SigMoveRequested, this, &MainWindowPrivate::Move);
     connect(m_strip, &TabStrip::SigNewTabRequested, this, &MainWindowPrivate::OpenStartTab);
     connect(m_strip, &TabStrip::SigListRequested, this, &MainWindowPrivate::ShowTabList);
@@ -199,7 +199,7 @@ void MainWindowPrivate::MakeActions()
 {
     m_newTab = AddAction({QKeySequence(Qt::CTRL + Qt::Key_T)}, [this] { OpenStartTab(); });
     m_closeTab = AddAction({QKeySequence(Qt::CTRL + Qt::Key_W), QKeySequence(Qt::CTRL + Qt::Key_F4)},
-                           [this] { Close(m_current); });
+                           [this] { RequestClose(m_current); });
     m_reopenTab = AddAction({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_T)}, [this] { ReopenClosed(); });
     m_find = AddAction({QKeySequence(Qt::CTRL + Qt::Key_F)}, [this] { GetCurrentTab()->OpenFind(); });
     m_zoomIn = AddAction({QKeySequence(Qt::CTRL + Qt::Key_Plus), QKeySequence(Qt::CTRL + Qt::Key_Equal)},
@@ -554,6 +554,13 @@ void MainWindowPrivate::Show(int index, bool focusContent)
         Q_EMIT m_window->SigTabSelected(index);
 }
 
+void MainWindowPrivate::RequestClose(int index)
+{
+    BrowserTab* const tab = GetTab(index);
+    if (tab && index > 0 && !m_ended)
+        tab->RequestClose();
+}
+
 void MainWindowPrivate::Close(int index)
 {
     BrowserTab* const tab = GetTab(index);
@@ -795,7 +802,7 @@ void MainWindowPrivate::ShowTabMenu(int index, const QPoint& position)
             alive->Reload();
     });
     menu->addSeparator();
-    add(tr("Close tab"), index > 0 && tab->IsClosable(), [this, alive] { Close(IndexOf(alive)); });
+    add(tr("Close tab"), index > 0 && tab->IsClosable(), [this, alive] { RequestClose(IndexOf(alive)); });
     add(tr("Close other tabs"), GetCount() > 2 || (index == 0 && GetCount() > 1), [this, alive] {
         if (IndexOf(alive) < 0)
             return; // its page closed it while the menu was open
@@ -803,7 +810,7 @@ void MainWindowPrivate::ShowTabMenu(int index, const QPoint& position)
         Select(IndexOf(alive));
         for (int i = GetCount() - 1; i > 0; --i) {
             if (GetTab(i) != alive && GetTab(i)->IsClosable())
-                Close(i);
+                RequestClose(i);
         }
     });
     menu->addSeparator();

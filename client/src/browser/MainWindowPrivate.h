@@ -54,6 +54,8 @@ public:
     void Select(int index);
     /// `focusContent`: the keyboard goes to the page.
     void Show(int index, bool focusContent);
+    /// The user wants it closed; a page with something to lose asks first.
+    void RequestClose(int index);
     void Close(int index);
     void Move(int from, int to);
     void CloseAll();
