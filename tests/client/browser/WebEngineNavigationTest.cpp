@@ -186,6 +186,17 @@ TEST_F(WebEngineNavigationTest, AStoppedLoadLeavesThePageWithItsAddress)
     EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
 }
 
+TEST_F(WebEngineNavigationTest, AStepBackTakesThePlaceOfALoadThatHasNotBegun)
+{
+    FillForm(); // whose page is asked first, so that the load has not begun
+    RunHere(QStringLiteral("history.pushState(1, '', '#more')"));
+    ASSERT_TRUE(WaitUntil([this] { return m_told.hasFragment(); }));
+    m_page->Load(m_server.GetUrl(QStringLiteral("/ok")));
+    m_page->Back();
+    EXPECT_TRUE(WaitUntil([this] { return IsAtRest() && m_told == GetEngine()->url(); }));
+    EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
+}
+
 TEST_F(WebEngineNavigationTest, APageThatMaySayNoMoreStillAsksBeforeItIsLeft)
 {
     FillForm();
