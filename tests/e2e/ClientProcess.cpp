@@ -149,13 +149,15 @@ qint64 ClientProcess::GetProcessId() const
 
 void ClientProcess::Signal(bool kill)
 {
-    if (IsFirstProcessRunning()) {
+    // Of two, such as at a restart, it is the one that came last that counts; the other is about to end.
+    const qint64 processId = GetProcessId();
+    if (processId == m_firstProcess) {
         kill ? m_process.kill() : m_process.terminate();
         return;
     }
 #ifdef Q_OS_UNIX
     if (IsRunning()) {
-        ::kill(static_cast<pid_t>(GetProcessId()), kill ? SIGKILL : SIGTERM);
+        ::kill(static_cast<pid_t>(processId), kill ? SIGKILL : SIGTERM);
     }
 #endif
 }
