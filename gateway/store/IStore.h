@@ -40,6 +40,10 @@ public:
     IStore& operator=(const IStore&) = delete;
     virtual ~IStore() = default;
 
+    // Finishes the waiting writes; later ones are refused (5001). Called by the destructor of every store,
+    // too.
+    virtual void Close() = 0;
+
     [[nodiscard]] virtual std::optional<UserRecord> FindUser(const std::string& pin) = 0;
     [[nodiscard]] virtual std::vector<UserRecord> ListUsers() = 0;
     [[nodiscard]] virtual std::optional<TokenRecord> FindToken(const std::string& hash) = 0;

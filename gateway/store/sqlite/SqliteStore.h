@@ -37,8 +37,7 @@ public:
     // Finishes the waiting writes and moves the write-ahead log into the file.
     ~SqliteStore() override;
 
-    // Does what the destructor does, earlier; later writes are refused (5001).
-    void Close();
+    void Close() override;
 
     [[nodiscard]] std::optional<UserRecord> FindUser(const std::string& pin) override;
     [[nodiscard]] std::vector<UserRecord> ListUsers() override;

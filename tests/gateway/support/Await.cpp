@@ -13,7 +13,7 @@ std::optional<Refusal> Await(const std::function<void(IStore::WriteDone done)>& 
     const auto promise = std::make_shared<std::promise<std::optional<Refusal>>>();
     auto answer = promise->get_future();
     start([promise](const std::optional<Refusal>& refusal) { promise->set_value(refusal); });
-    if (answer.wait_for(std::chrono::seconds(30)) != std::future_status::ready) {
+    if (answer.wait_for(std::chrono::seconds(120)) != std::future_status::ready) {
         throw std::runtime_error("a write was not answered");
     }
     return answer.get();

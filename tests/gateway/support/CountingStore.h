@@ -15,6 +15,8 @@ public:
     std::atomic<int> reads{0};
     std::atomic<int> writes{0};
 
+    void Close() override { m_store.Close(); }
+
     std::optional<UserRecord> FindUser(const std::string& pin) override { return Read().FindUser(pin); }
     std::vector<UserRecord> ListUsers() override { return Read().ListUsers(); }
     std::optional<TokenRecord> FindToken(const std::string& hash) override { return Read().FindToken(hash); }
