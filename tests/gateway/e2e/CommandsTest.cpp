@@ -58,7 +58,7 @@ TEST_F(Commands, UserIsAddedListedAndCanLogIn)
     AddAnna();
     EXPECT_EQ(Run({"user", "list"}).out, "anna\tmerchant\n");
     ExpectDone(Run({"key", "set", "tl-client"}, "tl-client-development-secret\r\n"));
-    const ServingProgram program(file);
+    const ServingProgram program("sqlite:" + file);
     RemoteUser anna(program.Port(), "anna", "merchant");
     EXPECT_THROW(anna.Login("pass"), std::runtime_error);
     EXPECT_NO_THROW(anna.Login("pass word"));
@@ -83,7 +83,7 @@ TEST_F(Commands, UserNeedsAPasswordAndAPinWithoutControls)
 TEST_F(Commands, ChangedPasswordEndsTheLoginsAndUnknownUserIsAnError)
 {
     ExpectDone(Run({"demo", "--pages", "http://127.0.0.1:1"}));
-    const ServingProgram program(file);
+    const ServingProgram program("sqlite:" + file);
     RemoteUser demo(program.Port(), "demo", "merchant");
     demo.Login("demo");
     EXPECT_EQ(demo.Get().at("code"), "0");
@@ -149,7 +149,7 @@ TEST_F(Commands, ImportThatBreaksALimitOrIsNoJsonNamesTheFileAndThePath)
 TEST_F(Commands, CatalogueAndSwitchesReachTheClient)
 {
     ExpectDone(Run({"demo", "--pages", "http://127.0.0.1:1"}));
-    const ServingProgram program(file);
+    const ServingProgram program("sqlite:" + file);
     RemoteUser demo(program.Port(), "demo", "merchant");
     demo.Login("demo");
     const std::string apps = folder.Write(
@@ -190,7 +190,7 @@ TEST_F(Commands, WrongCatalogueAndWrongSwitchAreErrors)
 
 TEST_F(Commands, DemoIsReadyForTheClientAndASecondRunResetsIt)
 {
-    const ServingProgram program(file, {"--demo-pages"});
+    const ServingProgram program("sqlite:" + file, {"--demo-pages"});
     const std::string base = "http://127.0.0.1:" + std::to_string(program.Port());
     ExpectDone(Run({"demo", "--pages", base + "/"}));
     RemoteUser demo(program.Port(), "demo", "merchant");
@@ -220,7 +220,7 @@ TEST_F(Commands, DemoNeedsAnAddressOfPages)
 
 TEST_F(Commands, KeyThatIsSetWhileTheGatewayServesIsKnownWhenTheCommandEnds)
 {
-    const ServingProgram program(file);
+    const ServingProgram program("sqlite:" + file);
     AddAnna();
     {
         RemoteUser anna(program.Port(), "anna", "merchant");
@@ -233,7 +233,7 @@ TEST_F(Commands, KeyThatIsSetWhileTheGatewayServesIsKnownWhenTheCommandEnds)
 
 TEST_F(Commands, DemoPagesAreServedOnlyWhenAskedFor)
 {
-    const ServingProgram program(file);
+    const ServingProgram program("sqlite:" + file);
     HttpClient browser(program.Port());
     browser.Write("GET /demo/orders HTTP/1.1\r\nHost: x\r\n\r\n");
     EXPECT_EQ(browser.Read().status, 404);
@@ -241,7 +241,7 @@ TEST_F(Commands, DemoPagesAreServedOnlyWhenAskedFor)
 
 TEST_F(Commands, WrongDatabaseUrlIsAClearError)
 {
-    for (const std::string url : {"gateway.db", "postgresql://host/db", "sqlite:"}) {
+    for (const std::string url : {"gateway.db", "db://host/db", "sqlite:"}) {
         const ProgramResult result = RunProgram({"user", "list", "--database", url});
         ExpectError(result, "sqlite:");
     }

@@ -49,7 +49,7 @@ protected:
                     .exitCode,
                 0);
         }
-        program = std::make_unique<ServingProgram>(file);
+        program = std::make_unique<ServingProgram>("sqlite:" + file);
         for (int user = 0; user < Users; ++user) {
             writers.emplace_back([this, user] { WriteUntilTheEnd(user); });
         }
@@ -150,7 +150,7 @@ TEST_F(End, GatewayStartsAgainAfterAKill)
     program->Kill();
     program->Wait();
     JoinWriters();
-    const ServingProgram again(file);
+    const ServingProgram again("sqlite:" + file);
     RemoteUser remote(again.Port(), Pin(0), "m");
     remote.Login("pw");
     EXPECT_EQ(remote.Get().at("code"), "0");

@@ -18,6 +18,8 @@ public:
 
     // Throws std::runtime_error when the password is refused.
     void Login(const std::string& password);
+    // Uses the access token of another connection of the same user.
+    void TakeLoginOf(const RemoteUser& other) { m_token = other.m_token; }
     // Sends a signed request and gives the whole reply. Throws when the connection ends before it is there.
     boost::json::value Call(const std::string& method, const std::string& businessJson);
     boost::json::value Get();

@@ -16,11 +16,10 @@ struct ServingProgram::Process
     bp::child child;
 };
 
-ServingProgram::ServingProgram(const std::string& databaseFile, const std::vector<std::string>& more)
+ServingProgram::ServingProgram(const std::string& databaseUrl, const std::vector<std::string>& more)
     : m_process(std::make_unique<Process>())
 {
-    std::vector<std::string> arguments = {"serve", "--database", "sqlite:" + databaseFile, "--listen",
-                                          "127.0.0.1:0"};
+    std::vector<std::string> arguments = {"serve", "--database", databaseUrl, "--listen", "127.0.0.1:0"};
     arguments.insert(arguments.end(), more.begin(), more.end());
     m_process->child =
         bp::child(bp::exe(TL_GATEWAY_PROGRAM), bp::args(arguments),

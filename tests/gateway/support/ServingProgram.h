@@ -15,7 +15,7 @@ class ServingProgram final
 {
 public:
     // Returns when the program says that it listens. Throws when it ends before.
-    explicit ServingProgram(const std::string& databaseFile, const std::vector<std::string>& more = {});
+    explicit ServingProgram(const std::string& databaseUrl, const std::vector<std::string>& more = {});
     ServingProgram(const ServingProgram&) = delete;
     ServingProgram& operator=(const ServingProgram&) = delete;
     ~ServingProgram();
