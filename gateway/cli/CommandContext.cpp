@@ -4,8 +4,7 @@
 #include "envelope/Text.h"
 #include "methods/Caller.h"
 #include "methods/LoginMethod.h"
-#include "store/StoreUrl.h"
-#include "store/sqlite/SqliteStore.h"
+#include "store/OpenStore.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -25,10 +24,9 @@ constexpr std::uintmax_t MaxFileSize = 16777216;
 
 std::unique_ptr<IStore> CommandContext::OpenStore(Database database) const
 {
-    SqliteStore::Options options;
-    options.file = SqliteFileOfUrl(databaseUrl);
+    OpenStoreOptions options;
     options.mustExist = database == Database::MustExist;
-    return std::make_unique<SqliteStore>(std::move(options), logger);
+    return TLGateway::OpenStore(databaseUrl, options, logger);
 }
 
 std::string CommandContext::ReadSecretLine(const std::string& what) const

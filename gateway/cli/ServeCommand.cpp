@@ -12,8 +12,8 @@
 #include "methods/PluginListMethod.h"
 #include "server/AppKeyWatcher.h"
 #include "server/HttpServer.h"
+#include "store/OpenStore.h"
 #include "store/StoreUrl.h"
-#include "store/sqlite/SqliteStore.h"
 
 #include <CLI/CLI.hpp>
 #include <spdlog/logger.h>
@@ -63,13 +63,12 @@ void Serve(const CommandContext& context, const ServeOptions& options)
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // whoever reads the log may end before the gateway does
 #endif
 
-    SqliteStore::Options storeOptions;
-    storeOptions.file = SqliteFileOfUrl(context.databaseUrl);
+    OpenStoreOptions storeOptions;
     storeOptions.checkIntegrity = true;
-    SqliteStore store(storeOptions, context.logger);
+    const std::unique_ptr<IStore> store = OpenStore(context.databaseUrl, storeOptions, context.logger);
 
     AppKeyRing keys;
-    const AppKeyWatcher keyWatcher(store, keys, context.logger);
+    const AppKeyWatcher keyWatcher(*store, keys, context.logger);
     const PasswordHasher hasher;
     std::optional<DemoPages> pages;
     if (options.hasDemoPages) {
@@ -79,15 +78,15 @@ void Serve(const CommandContext& context, const ServeOptions& options)
     WorkerPool hashers(HashThreads, WaitingLogins);
     WorkerPool workers(static_cast<std::size_t>(options.threads), WaitingRequests);
     MethodRegistry methods;
-    AddMethods(methods, store, hasher, hashers, static_cast<UnixTime>(options.tokenLifetime) * 3600);
-    GatewayService service(keys, methods, store, &SystemTime, context.logger);
+    AddMethods(methods, *store, hasher, hashers, static_cast<UnixTime>(options.tokenLifetime) * 3600);
+    GatewayService service(keys, methods, *store, &SystemTime, context.logger);
     HttpRouter router(service, workers, pages ? &*pages : nullptr);
 
     HttpServer::Options serverOptions;
     serverOptions.address = address.host;
     serverOptions.port = address.port;
     HttpServer server(serverOptions, router, context.logger);
-    context.logger->info("serving database {}", storeOptions.file);
+    context.logger->info("serving database {}", WithoutPassword(context.databaseUrl));
     context.out << "tl-gateway listening on http://" << address.HostForUrl() << ':' << server.Port()
                 << std::endl;
     server.Run(true);
@@ -95,7 +94,7 @@ void Serve(const CommandContext& context, const ServeOptions& options)
     // Answers may still be on their way to the server: it stays until nobody can give one.
     workers.Close();
     hashers.Close();
-    store.Close();
+    store->Close();
     context.logger->info("stopped");
 }
 

@@ -26,7 +26,11 @@ namespace TLGateway {
 // Writes are queued and done in the order in which they were asked for. `done` is called exactly once, on a
 // thread of the store, with nothing when the write is on disk, or with the refusal: 5001 (the queue is full
 // or the store is closing), 5002 (the store failed), or what the write itself refused. When `done` is called
-// with a refusal nothing of the write is stored. `done` must not throw and must not wait for another write.
+// with a refusal nothing of the write is stored; the one exception is a store that closes while its server
+// has not yet said whether it stored the write, and the refusal says so. `done` must not throw and must not
+// wait for another write.
+//
+// Other gateways may use the same database at the same time.
 class IStore
 {
 public:

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "store/postgres/PostgresQuery.h"
+#include "store/postgres/PostgresTarget.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+struct pg_conn;
+
+namespace TLGateway {
+
+// One connection to a server and its prepared statements. One thread at a time. Every operation throws
+// PostgresError, and none waits for ever: neither for a lock, nor for a slow statement, nor for a server that
+// has fallen silent.
+class PostgresConnection final
+{
+public:
+    struct Limits
+    {
+        std::chrono::milliseconds lock{5000};       // for a lock that another session holds
+        std::chrono::milliseconds statement{10000}; // until the server gives up, locks included
+        std::chrono::milliseconds answer{15000};    // until the connection is given up
+    };
+
+    // Connects. What is named without a schema is in the gateway's own from then on.
+    PostgresConnection(const PostgresTarget& target, const Limits& limits);
+    PostgresConnection(const PostgresConnection&) = delete;
+    PostgresConnection& operator=(const PostgresConnection&) = delete;
+    ~PostgresConnection();
+
+    // Runs one or more statements that give no rows. Gives what the server says of the last ("COMMIT").
+    std::string Execute(const char* sql);
+
+    // The statement is prepared once per text.
+    [[nodiscard]] PostgresQuery Query(std::string_view sql);
+
+    // The first column of the first row, or an empty text.
+    [[nodiscard]] std::string SingleValue(std::string_view sql);
+
+    // False once an operation has thrown an error that says so.
+    [[nodiscard]] bool IsUsable() const noexcept;
+    [[nodiscard]] bool IsInTransaction() const noexcept;
+    // A number as in 150018.
+    [[nodiscard]] int ServerVersion() const noexcept;
+    [[nodiscard]] std::string ServerEncoding() const;
+
+private:
+    friend class PostgresQuery;
+
+    struct Closed
+    {
+        void operator()(pg_conn* connection) const noexcept;
+    };
+
+    [[nodiscard]] PostgresResult RunPrepared(const PostgresQuery& query);
+    void SetLimits();
+    void CheckSent(int isSent);
+    [[nodiscard]] PostgresResult AwaitResult();
+    // Waits until the socket can be read, or written when that is wanted, too.
+    void AwaitSocket(bool alsoToWrite, std::chrono::steady_clock::time_point deadline);
+    [[noreturn]] void ThrowLost(const std::string& message, const std::string& state = {});
+
+    const Limits m_limits;
+    std::unique_ptr<pg_conn, Closed> m_connection;             // null once it is lost
+    std::unordered_map<std::string, std::string> m_statements; // names by text
+};
+
+} // namespace TLGateway

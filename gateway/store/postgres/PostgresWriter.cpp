@@ -1,0 +1,365 @@
+#include "store/postgres/PostgresWriter.h"
+
+#include "envelope/Refused.h"
+#include "envelope/Signing.h"
+#include "envelope/Text.h"
+#include "store/postgres/PostgresAdvice.h"
+
+#include <boost/json/array.hpp>
+#include <boost/json/serialize.hpp>
+#include <spdlog/logger.h>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <utility>
+
+namespace TLGateway {
+
+namespace {
+
+// Bounds how long the first write of a batch waits for the others; and beyond 64 savepoints in a transaction
+// the server gets slower for all its sessions.
+constexpr std::size_t MaxBatch = 64;
+constexpr int MaxAttempts = 5;
+// When a batch has to be done write by write, those that were not begun by then are refused.
+constexpr std::chrono::seconds OneByOneLimit{10};
+constexpr std::chrono::milliseconds DoubtInterval{250};
+constexpr std::size_t NameSize = 16;
+
+const Refusal StoreFailure = {ErrorCode::StoreFailed, "the store failed; the gateway's log has the details"};
+const Refusal OutcomeUnknown = {ErrorCode::StoreFailed,
+                                "it is not known whether this is stored; the gateway's log has the details"};
+const Refusal QueueFull = {ErrorCode::Busy, "too many writes are waiting; try again"};
+const Refusal ShuttingDown = {ErrorCode::Busy, "the gateway is shutting down; try again"};
+
+// Two transactions that wait for each other, one of which the server has ended.
+bool IsConflict(const PostgresError& error)
+{
+    return error.State() == "40P01" || error.State() == "40001";
+}
+
+} // namespace
+
+PostgresWriter::PostgresWriter(Connect connect, Options options, std::shared_ptr<spdlog::logger> logger)
+    : m_connect(std::move(connect))
+    , m_options(std::move(options))
+    , m_logger(std::move(logger))
+    , m_name(ToHex(RandomBytes(NameSize)))
+    , m_thread(&PostgresWriter::Work, this)
+{}
+
+PostgresWriter::~PostgresWriter()
+{
+    Close();
+}
+
+void PostgresWriter::Submit(std::string what, std::string pin, Write write, Done done)
+{
+    std::unique_lock lock(m_mutex);
+    if (m_closingSince || m_queue.size() >= m_options.queueLimit) {
+        const Refusal& refusal = m_closingSince ? ShuttingDown : QueueFull;
+        lock.unlock();
+        done(refusal);
+        return;
+    }
+    m_queue.push_back({std::move(what), std::move(pin), std::move(write), std::move(done), std::nullopt});
+    lock.unlock();
+    m_wake.notify_one();
+}
+
+void PostgresWriter::Close()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_closingSince) {
+            return;
+        }
+        m_closingSince = std::chrono::steady_clock::now();
+    }
+    m_wake.notify_one();
+    m_thread.join();
+    if (!m_connection) {
+        return;
+    }
+    try {
+        m_connection->Query("DELETE FROM write_receipt WHERE writer = $1").BindText(m_name).Run();
+    } catch (const PostgresError& error) {
+        // Nothing is lost: a gateway that starts later removes it.
+        m_logger->warn(
+            "{}", DescribeForOperator("removing the receipt of this gateway", m_options.database, error));
+    }
+    m_connection.reset();
+}
+
+void PostgresWriter::Work()
+{
+    for (;;) {
+        std::vector<Job> batch;
+        {
+            std::unique_lock lock(m_mutex);
+            m_wake.wait(lock, [this] { return m_closingSince || !m_queue.empty(); });
+            if (m_queue.empty()) {
+                return;
+            }
+            const auto count = static_cast<std::ptrdiff_t>(std::min(m_queue.size(), MaxBatch));
+            batch.assign(std::make_move_iterator(m_queue.begin()),
+                         std::make_move_iterator(m_queue.begin() + count));
+            m_queue.erase(m_queue.begin(), m_queue.begin() + count);
+        }
+        RunBatch(batch);
+        for (Job& job : batch) {
+            job.done(job.refusal);
+        }
+    }
+}
+
+void PostgresWriter::RunBatch(std::vector<Job>& batch)
+{
+    Jobs jobs;
+    for (Job& job : batch) {
+        jobs.push_back(&job);
+    }
+    std::optional<PostgresError> error = RunTransaction(jobs);
+    if (!error) {
+        return;
+    }
+    if (jobs.size() == 1) {
+        Fail(batch.front(), *error);
+    } else if (!error->IsConnectionLost()) {
+        // One of them may be to blame.
+        const auto deadline = std::chrono::steady_clock::now() + OneByOneLimit;
+        for (Job& job : batch) {
+            if (!error || (!error->IsConnectionLost() && std::chrono::steady_clock::now() < deadline)) {
+                error = RunTransaction({&job});
+            }
+            if (error) {
+                Fail(job, *error);
+            }
+        }
+    } else {
+        for (Job& job : batch) {
+            job.refusal = StoreFailure;
+        }
+        m_logger->error(
+            "{}", DescribeForOperator(std::to_string(batch.size()) + " writes", m_options.database, *error));
+    }
+    if (error && error->IsConnectionLost()) {
+        RefuseWaiting();
+    }
+}
+
+// Nothing of the jobs is stored when there is an error.
+std::optional<PostgresError> PostgresWriter::RunTransaction(const Jobs& jobs)
+{
+    for (int attempt = 1;; ++attempt) {
+        const bool wasConnected = m_connection != nullptr;
+        try {
+            RunOnce(jobs);
+            return std::nullopt;
+        } catch (const PostgresError& error) {
+            RollBack();
+            // A connection that was there before may have been lost long ago, for example when the server was
+            // started again. A new one that is lost at once is another matter.
+            const bool isWorthAnother = IsConflict(error) || (error.IsConnectionLost() && wasConnected);
+            if (attempt == MaxAttempts || !isWorthAnother) {
+                return error;
+            }
+        }
+    }
+}
+
+void PostgresWriter::RunOnce(const Jobs& jobs)
+{
+    for (Job* job : jobs) {
+        job->refusal.reset();
+    }
+    PostgresConnection& connection = Connected();
+    connection.Execute("BEGIN ISOLATION LEVEL READ COMMITTED");
+    connection
+        .Query("INSERT INTO write_receipt (writer, number, written_at) VALUES ($1, $2, now()) "
+               "ON CONFLICT (writer) DO UPDATE SET number = excluded.number, written_at = now()")
+        .BindText(m_name)
+        .BindInteger(++m_transactions)
+        .Run();
+    LockUsers(jobs);
+    if (jobs.size() == 1) {
+        RunOnlyJob(*jobs.front());
+    } else {
+        RunUnderSavepoints(jobs);
+    }
+    const bool isAllRefused =
+        std::all_of(jobs.begin(), jobs.end(), [](const Job* job) { return job->refusal.has_value(); });
+    if (isAllRefused) {
+        connection.Execute("ROLLBACK");
+    } else {
+        Commit(jobs);
+    }
+}
+
+// All at once and in one order, so that two gateways never wait for each other crosswise.
+void PostgresWriter::LockUsers(const Jobs& jobs)
+{
+    std::set<std::string> pins;
+    for (const Job* job : jobs) {
+        if (!job->pin.empty()) {
+            pins.insert(ToPostgresText(job->pin));
+        }
+    }
+    if (pins.empty()) {
+        return;
+    }
+    const boost::json::array list(pins.begin(), pins.end());
+    PostgresQuery query = m_connection->Query(
+        "SELECT 1 FROM gateway_user WHERE pin IN (SELECT json_array_elements_text($1::json)) "
+        "ORDER BY pin FOR NO KEY UPDATE OF gateway_user");
+    static_cast<void>(query.BindText(boost::json::serialize(list)).Step());
+}
+
+void PostgresWriter::RunOnlyJob(Job& job)
+{
+    try {
+        job.write(*m_connection);
+    } catch (const Refused& refused) {
+        job.refusal = refused.Reason();
+    } catch (const PostgresError&) {
+        throw;
+    } catch (const std::exception& error) {
+        job.refusal = {ErrorCode::Internal, "internal error"};
+        m_logger->error("database {}: {} failed: {}", m_options.database, job.what, error.what());
+    }
+}
+
+// Throws PostgresError only when the whole transaction is lost.
+void PostgresWriter::RunUnderSavepoints(const Jobs& jobs)
+{
+    PostgresConnection& connection = *m_connection;
+    bool isFirst = true;
+    for (Job* job : jobs) {
+        connection.Execute(std::exchange(isFirst, false) ? "SAVEPOINT job" : "RELEASE job; SAVEPOINT job");
+        try {
+            RunOnlyJob(*job);
+        } catch (const PostgresError& error) {
+            if (IsConflict(error) || error.IsConnectionLost() || !connection.IsInTransaction()) {
+                throw;
+            }
+            Fail(*job, error);
+        }
+        if (job->refusal) {
+            connection.Execute("ROLLBACK TO job");
+        }
+    }
+}
+
+void PostgresWriter::Commit(const Jobs& jobs)
+{
+    std::optional<bool> isCommitted;
+    try {
+        // Without a bound: a commit that the server gives up while it waits for its standby counts as done
+        // there, though the standby may not have it.
+        if (m_connection->Execute("SET LOCAL statement_timeout = 0; COMMIT") == "COMMIT") {
+            return;
+        }
+        isCommitted = false;
+    } catch (const PostgresError& error) {
+        if (!error.IsConnectionLost()) {
+            throw;
+        }
+        m_logger->error("{} Whether the writes are stored is asked for as soon as the server answers.",
+                        DescribeForOperator("committing " + std::to_string(jobs.size()) + " write(s)",
+                                            m_options.database, error));
+        m_connection.reset();
+        isCommitted = AskWhetherCommitted();
+    }
+    m_logger->warn("database {}: {} write(s) {}", m_options.database, jobs.size(),
+                   !isCommitted   ? "may be stored or not: the server did not answer before the end"
+                   : *isCommitted ? "are stored, as the server says"
+                                  : "are not stored, as the server says");
+    // Not tried again when they are not stored: that may be long ago, and others may have written since.
+    for (Job* job : jobs) {
+        if (!isCommitted.value_or(false) && !job->refusal) {
+            job->refusal = isCommitted ? StoreFailure : OutcomeUnknown;
+        }
+    }
+}
+
+// Asks until the server answers; nothing when the gateway ends before. The statement waits for a transaction
+// that is still under way on the server, so what it finds is final. The number of a transaction by which the
+// server itself knows it would not do: after a crash, or on a standby that takes over, another one may have
+// got it.
+std::optional<bool> PostgresWriter::AskWhetherCommitted()
+{
+    for (;;) {
+        try {
+            PostgresQuery query = Connected().Query("INSERT INTO write_receipt (writer, number, written_at) "
+                                                    "VALUES ($1, 0, now()) ON CONFLICT (writer) DO UPDATE "
+                                                    "SET written_at = now() RETURNING number");
+            return query.BindText(m_name).Step() && query.Integer(0) == m_transactions;
+        } catch (const PostgresError& error) {
+            m_logger->debug("{}",
+                            DescribeForOperator("asking for the last commit", m_options.database, error));
+            m_connection.reset();
+        }
+        // They would wait for the same server.
+        RefuseWaiting();
+        if (!MayStayInDoubt()) {
+            return std::nullopt;
+        }
+    }
+}
+
+// Waits a little; false when the writer has been closing for too long.
+bool PostgresWriter::MayStayInDoubt()
+{
+    std::unique_lock lock(m_mutex);
+    m_wake.wait_for(lock, DoubtInterval);
+    return !m_closingSince || std::chrono::steady_clock::now() - *m_closingSince < m_options.doubtAtClose;
+}
+
+void PostgresWriter::RefuseWaiting()
+{
+    std::deque<Job> waiting;
+    {
+        const std::lock_guard lock(m_mutex);
+        waiting.swap(m_queue);
+    }
+    if (!waiting.empty()) {
+        m_logger->error("database {}: {} waiting write(s) refused", m_options.database, waiting.size());
+    }
+    for (Job& job : waiting) {
+        job.done(StoreFailure);
+    }
+}
+
+PostgresConnection& PostgresWriter::Connected()
+{
+    if (!m_connection) {
+        m_connection = m_connect();
+    }
+    return *m_connection;
+}
+
+void PostgresWriter::RollBack() noexcept
+{
+    if (!m_connection) {
+        return;
+    }
+    try {
+        if (m_connection->IsInTransaction()) {
+            m_connection->Execute("ROLLBACK");
+        }
+    } catch (const PostgresError& error) {
+        m_logger->error("{}", DescribeForOperator("rolling back", m_options.database, error));
+    }
+    if (!m_connection->IsUsable()) {
+        m_connection.reset();
+    }
+}
+
+void PostgresWriter::Fail(Job& job, const PostgresError& error)
+{
+    job.refusal = StoreFailure;
+    m_logger->error("{}", DescribeForOperator(job.what, m_options.database, error));
+}
+
+} // namespace TLGateway
