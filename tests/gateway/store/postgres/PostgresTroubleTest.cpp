@@ -132,6 +132,23 @@ protected:
         }
     }
 
+    void TearDown() override
+    {
+        // Also when the test ended early, with the server gone.
+        Server().Thaw();
+        JoinWriters();
+    }
+
+    void JoinWriters()
+    {
+        isEnding = true;
+        for (Writer& writer : writers) {
+            if (writer.thread.joinable()) {
+                writer.thread.join();
+            }
+        }
+    }
+
     void WriteUntilTheEnd(std::size_t i)
     {
         for (int n = 0; !isEnding; ++n) {
@@ -162,10 +179,7 @@ protected:
 
     void End()
     {
-        isEnding = true;
-        for (Writer& writer : writers) {
-            writer.thread.join();
-        }
+        JoinWriters();
         store->Close();
         PostgresStore other(options, log.Logger());
         for (std::size_t i = 0; i < Writers; ++i) {
