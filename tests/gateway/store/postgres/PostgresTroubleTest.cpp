@@ -122,11 +122,16 @@ protected:
 
     void Begin()
     {
-        OpenStore();
-        for (std::size_t i = 0; i < Writers; ++i) {
-            const UserRecord record{Pin(i), "m", "h"};
-            ASSERT_FALSE(Await([&](auto done) { store->AddUser(record, done); }));
+        {
+            PostgresStore::Options patient;
+            patient.url = url;
+            PostgresStore adding(patient, log.Logger());
+            for (std::size_t i = 0; i < Writers; ++i) {
+                const UserRecord record{Pin(i), "m", "h"};
+                ASSERT_FALSE(Await([&](auto done) { adding.AddUser(record, done); }));
+            }
         }
+        OpenStore();
         for (std::size_t i = 0; i < Writers; ++i) {
             writers[i].thread = std::thread([this, i] { WriteUntilTheEnd(i); });
         }
@@ -240,9 +245,7 @@ TEST_F(PostgresUnderWrites, EndedSessionsAreMadeAnewAndEveryAnswerIsTrue)
 
 TEST_F(PostgresUnderWrites, FrozenServerIsNotWaitedForForEver)
 {
-    options.limits = {std::chrono::milliseconds(500), std::chrono::milliseconds(1000),
-                      std::chrono::milliseconds(1500)};
-    options.url += "&connect_timeout=2";
+    options.limits = {std::chrono::seconds(1), std::chrono::seconds(2), std::chrono::seconds(3)};
     Begin();
     EXPECT_TRUE(AreMoreStored(20));
     server.Freeze();
@@ -307,7 +310,7 @@ TEST_F(PostgresTrouble, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOthe
 TEST_F(PostgresTrouble, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForEver)
 {
     PostgresConnection::Limits short_;
-    short_.answer = std::chrono::milliseconds(1000);
+    short_.answer = std::chrono::seconds(3);
     PostgresConnection silent(PostgresTarget(url), short_);
     silent.Execute("BEGIN; SELECT FROM gateway_user WHERE pin = 'anna' FOR UPDATE");
     OpenStore();
