@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
+#include <QtCore/QThread>
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QMenu>
@@ -14,9 +15,9 @@
 
 namespace {
 
-/// Runs `open` inside an event loop that stands for the application's own, and tells whether it had
-/// returned when the action was called.
-bool LeavesBeforeTheAction(const std::function<void()>& open)
+/// Runs `open`, which opens `depth` event loops one in another, inside one that stands for the application's
+/// own, and tells whether it had returned when the action was called.
+bool LeavesBeforeTheAction(const std::function<void()>& open, int depth = 1)
 {
     QObject context;
     QEventLoop application;
@@ -26,12 +27,18 @@ bool LeavesBeforeTheAction(const std::function<void()>& open)
         open();
         returned = true;
     });
-    QTimer::singleShot(50, &context, [&] {
+    QTimer opened;
+    QObject::connect(&opened, &QTimer::timeout, &context, [&] {
+        if (QThread::currentThread()->loopLevel() <= depth) {
+            return;
+        }
+        opened.stop();
         NestedLoops::LeaveThen(&context, [&] {
             leftFirst = returned;
             application.quit();
         });
     });
+    opened.start(5);
     application.exec();
     return leftFirst;
 }
@@ -57,14 +64,16 @@ TEST(NestedLoopsTest, QuestionIsClosedAndItsCodeReturnsFirst)
 
 TEST(NestedLoopsTest, DialogsInADialogAreClosedFromTheInnermost)
 {
-    EXPECT_TRUE(LeavesBeforeTheAction([] {
-        QDialog outer;
-        QTimer::singleShot(0, &outer, [&outer] {
-            QDialog inner(&outer);
-            EXPECT_EQ(inner.exec(), QDialog::Rejected);
-        });
-        EXPECT_EQ(outer.exec(), QDialog::Rejected);
-    }));
+    EXPECT_TRUE(LeavesBeforeTheAction(
+        [] {
+            QDialog outer;
+            QTimer::singleShot(0, &outer, [&outer] {
+                QDialog inner(&outer);
+                EXPECT_EQ(inner.exec(), QDialog::Rejected);
+            });
+            EXPECT_EQ(outer.exec(), QDialog::Rejected);
+        },
+        2));
 }
 
 TEST(NestedLoopsTest, OpenMenuIsClosed)
