@@ -72,6 +72,7 @@ TEST_P(StoreTest, ConcurrentWritesOfManyUsersKeepTheOrderOfEach)
     }
     std::atomic<int> answered{0};
     std::vector<std::thread> threads;
+    threads.reserve(users);
     for (int user = 0; user < users; ++user) {
         threads.emplace_back([&, user] {
             for (int i = 1; i <= each; ++i) {

@@ -108,6 +108,7 @@ TEST_F(PostgresStoreTest, TwoStoresOnOneDatabaseLoseNoEdit)
 TEST_F(PostgresStoreTest, OfManyWhoAddOneUserExactlyOneSucceeds)
 {
     std::vector<std::unique_ptr<PostgresStore>> stores;
+    stores.reserve(4);
     for (int i = 0; i < 4; ++i) {
         stores.push_back(Open(url));
     }
@@ -115,6 +116,7 @@ TEST_F(PostgresStoreTest, OfManyWhoAddOneUserExactlyOneSucceeds)
         std::atomic<int> added{0};
         std::atomic<int> refused{0};
         std::vector<std::thread> threads;
+        threads.reserve(stores.size());
         for (const auto& store : stores) {
             threads.emplace_back([&] {
                 const UserRecord record{"user" + std::to_string(round), "m", "h"};
@@ -157,6 +159,7 @@ TEST_F(PostgresStoreTest, FailedLoginsAndTokensAreThoseOfAllStores)
 TEST_F(PostgresStoreTest, StoresInEachOthersWayAllGetThrough)
 {
     std::vector<std::unique_ptr<PostgresStore>> stores;
+    stores.reserve(3);
     for (int i = 0; i < 3; ++i) {
         stores.push_back(Open(url));
     }
@@ -219,6 +222,7 @@ TEST_F(PostgresStoreTest, ReadersBeyondTheConnectionsWaitTheirTurn)
     PostgresStore store(options, log.Logger());
     ASSERT_FALSE(Await([&](auto done) { store.AddUser({"anna", "m", "h"}, done); }));
     std::vector<std::thread> threads;
+    threads.reserve(10);
     for (int i = 0; i < 10; ++i) {
         threads.emplace_back([&] {
             for (int n = 0; n < 30; ++n) {

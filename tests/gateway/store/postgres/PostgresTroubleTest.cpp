@@ -24,7 +24,6 @@
 namespace TLGateway {
 
 using testing::AllOf;
-using testing::AnyOf;
 using testing::HasSubstr;
 
 class PostgresTrouble : public testing::Test
@@ -443,6 +442,7 @@ TEST_F(PostgresInDoubt, WritesOfABatchShareOneFate)
             [](const std::optional<Refusal>& refusal) { EXPECT_FALSE(refusal); });
         isBlocked.get_future().wait();
         std::vector<Answer> answers;
+        answers.reserve(10);
         for (int i = 0; i < 10; ++i) {
             answers.push_back(Add("anna", std::to_string(static_cast<int>(how) * 100 + i)));
         }
