@@ -81,11 +81,6 @@ void WebEnginePage::triggerAction(WebAction action, bool checked)
     QWebEnginePage::triggerAction(action, checked);
 }
 
-bool WebEnginePage::IsAsking() const noexcept
-{
-    return !m_open.isEmpty();
-}
-
 WebEngineDownloadTurn& WebEnginePage::GetDownloadTurn() noexcept
 {
     return m_downloadTurn;

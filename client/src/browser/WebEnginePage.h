@@ -34,8 +34,6 @@ public:
     /// The user loads an address or reloads: what was chosen for the page shown until now no longer holds.
     void BeginAnew();
     void triggerAction(WebAction action, bool checked = false) override;
-    /// Whether the user is being asked something by the page.
-    bool IsAsking() const noexcept;
     WebEngineDownloadTurn& GetDownloadTurn() noexcept;
 
     /// Whether the load of this address ended for want of a valid certificate.

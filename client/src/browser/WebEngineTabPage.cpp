@@ -9,10 +9,12 @@
 #include <QtWebEngineWidgets/QWebEngineFullScreenRequest>
 #include <QtWebEngineWidgets/QWebEngineHistory>
 #include <QtWebEngineWidgets/QWebEngineScript>
+#include <QtWidgets/QApplication>
 
 namespace {
 
-constexpr int CloseLimit = 1000; // for a page to say whether it may be closed [ms]
+constexpr int CloseTick = 100; // [ms]
+constexpr int CloseTicks = 10; // for a page to say whether it may be closed
 
 PageFailure::Kind KindOf(const QString& code)
 {
@@ -118,13 +120,14 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
         m_closing.stop();
         Q_EMIT SigCloseRequested();
     });
-    m_closing.setSingleShot(true);
-    m_closing.setInterval(CloseLimit);
+    m_closing.setInterval(CloseTick);
     connect(&m_closing, &QTimer::timeout, this, [this] {
-        if (m_page->IsAsking())
-            m_closing.start(); // the user takes their time
-        else
-            Q_EMIT SigCloseRequested();
+        // While the user takes their time, with this page or another, the engine does not hear of any.
+        m_closeTicks = QApplication::activeModalWidget() ? 0 : m_closeTicks + 1;
+        if (m_closeTicks < CloseTicks)
+            return;
+        m_closing.stop();
+        Q_EMIT SigCloseRequested();
     });
     connect(page, &QWebEnginePage::linkHovered, this, &ITabPage::SigLinkHovered);
     connect(page, &QWebEnginePage::findTextFinished, this,
@@ -259,6 +262,7 @@ void WebEngineTabPage::RequestClose()
 {
     if (m_closing.isActive())
         return;
+    m_closeTicks = 0;
     m_closing.start();
     m_page->triggerAction(QWebEnginePage::RequestClose);
 }

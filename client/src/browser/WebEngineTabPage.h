@@ -62,7 +62,8 @@ private:
     QPointer<WebEngineView> m_view;
     QUrl m_shown;
     QUrl m_pending;   // being loaded, not shown yet
-    QTimer m_closing; // the time that the page has to answer whether it may be closed
+    QTimer m_closing; // while the page has not answered whether it may be closed
+    int m_closeTicks = 0;
     int m_loadNumber = 0;
     bool m_opened = false; // by another page
     bool m_loading = false;

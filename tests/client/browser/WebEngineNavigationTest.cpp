@@ -3,6 +3,7 @@
 #include "browser/PageDialog.h"
 #include "browser/WebEngineTabPage.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -85,6 +86,11 @@ protected:
             auto* dialog = qobject_cast<PageDialog*>(window);
             if (!dialog || !dialog->isVisible())
                 continue;
+            if (!m_thinking.isValid())
+                m_thinking.start();
+            if (!m_thinking.hasExpired(m_thinkTime))
+                return;
+            m_thinking.invalidate();
             m_asked << dialog->findChild<QLabel*>(QStringLiteral("page_dialog_text"))->text();
             auto* silence = dialog->findChild<QCheckBox*>();
             m_silenceOffered = silence != nullptr;
@@ -112,6 +118,8 @@ protected:
     bool m_accept = true;
     bool m_silence = false;
     bool m_silenceOffered = false;
+    int m_thinkTime = 0; // of the user over a dialog [ms]
+    QElapsedTimer m_thinking;
     QTimer m_watch;
     QObject m_context; // goes before what its receivers look at
 };
@@ -266,6 +274,32 @@ TEST_F(WebEngineNavigationTest, APageWithSomethingToLoseAsksBeforeItIsClosed)
     m_page->RequestClose();
     EXPECT_TRUE(WaitUntil([&] { return !closed.isEmpty(); }));
     EXPECT_EQ(m_asked.size(), 2);
+}
+
+TEST_F(WebEngineNavigationTest, APageWaitsToAskUntilAnotherHasBeenAnswered)
+{
+    FillForm();
+    const std::unique_ptr<ITabPage> other = std::move(m_page);
+    m_page = m_pages->CreatePage(nullptr);
+    m_page->GetWidget()->resize(600, 500);
+    m_page->GetWidget()->show();
+    m_page->Load(m_server.GetUrl(QStringLiteral("/form")));
+    ASSERT_TRUE(WaitUntil([this] { return m_page->GetTitle() == QStringLiteral("form"); }));
+    ASSERT_TRUE(WaitUntil([this] { return !m_page->IsLoading(); }));
+    ClickHere(QPoint(50, 50));
+    QTest::keyClicks(m_page->GetWidget()->focusProxy(), QStringLiteral("abc"));
+    ASSERT_TRUE(WaitUntil([this] {
+        return RunHere(QStringLiteral("document.querySelector('input').value")) == QStringLiteral("abc");
+    }));
+    QSignalSpy closed(m_page.get(), &ITabPage::SigCloseRequested);
+    QSignalSpy otherClosed(other.get(), &ITabPage::SigCloseRequested);
+    m_accept = false;
+    m_thinkTime = 2500; // longer than a page may take
+    other->RequestClose();
+    m_page->RequestClose();
+    EXPECT_TRUE(WaitUntil([this] { return m_asked.size() == 2; }));
+    EXPECT_TRUE(closed.isEmpty()) << "what was typed is lost";
+    EXPECT_TRUE(otherClosed.isEmpty());
 }
 
 TEST_F(WebEngineNavigationTest, APageWithNothingToLoseOrToSayIsClosed)
