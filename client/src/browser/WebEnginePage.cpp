@@ -14,8 +14,9 @@ namespace {
 /// Qt. A page may ask the same in its own name.
 QString UnloadText()
 {
-    return QCoreApplication::translate("QWebEnginePage", "Are you sure you want to leave this page? "
-                                                         "Changes that you made may not be saved.");
+    const char* const text =
+        "Are you sure you want to leave this page? Changes that you made may not be saved.";
+    return QCoreApplication::translate("QWebEnginePage", text); // Qt has the translation
 }
 
 bool IsSameSite(const QUrl& a, const QUrl& b)
