@@ -115,7 +115,9 @@ void AccessibleNames::Update()
 void AccessibleNames::Name(QWidget* widget, const QVector<QWidget*>& order) const
 {
     const QString present = widget->accessibleName();
-    if (!present.isEmpty() && present != widget->property(ours).toString())
+    // The same words as in the tool tip tell no row from another.
+    const bool isGiven = present != widget->property(ours).toString() && present != widget->toolTip();
+    if (!present.isEmpty() && isGiven)
         return;
     QString name;
     if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
