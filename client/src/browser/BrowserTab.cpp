@@ -697,7 +697,7 @@ void BrowserTab::UpdateData()
 
 void BrowserTab::AskPermission(const PermissionRequest& request)
 {
-    const QString host = request.origin.host();
+    const QString host = AddressInput::ToDisplayHost(request.origin);
     QString text;
     switch (request.kind) {
     case PermissionRequest::Kind::Location:

@@ -1,5 +1,6 @@
 #include "browser/PageDialog.h"
 
+#include "browser/AddressInput.h"
 #include "browser/Scaled.h"
 
 #include <QtWidgets/QCheckBox>
@@ -23,7 +24,7 @@ PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const
     setObjectName(QStringLiteral("page_dialog"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     const bool logIn = kind == Kind::LogIn;
-    const QString host = origin.host().isEmpty() ? tr("This page") : origin.host();
+    const QString host = origin.host().isEmpty() ? tr("This page") : AddressInput::ToDisplayHost(origin);
     const bool leave = kind == Kind::Leave;
     setWindowTitle(logIn   ? tr("Log-in at a site")
                    : leave ? tr("Leave the page?")

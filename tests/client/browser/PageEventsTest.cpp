@@ -6,9 +6,12 @@
 #include <QtCore/QCoreApplication>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
+
+#include <algorithm>
 
 class PageEventsTest : public MainWindowTest
 {
@@ -307,4 +310,17 @@ TEST_F(PageEventsTest, WhatAPageMadeByItselfDoesNotTakeThePlaceOfItsAddress)
     EXPECT_EQ(GetRouterUrl(1), routerUrl);
     GetPage(1).Arrive(QUrl(QStringLiteral("https://a.example/y")), QStringLiteral("Y"));
     EXPECT_NE(GetRouterUrl(1), routerUrl);
+}
+
+TEST_F(PageEventsTest, WhoAsksForAPermissionIsNamedByNoHostThatReadsLikeAnother)
+{
+    PermissionRequest request;
+    request.kind = PermissionRequest::Kind::Camera;
+    request.origin = QUrl(QString::fromUtf8("https://\xd0\xb0pple.com/")); // begins with a Cyrillic letter
+    request.answer = [](bool) {};
+    Q_EMIT GetPage().SigPermissionRequested(request);
+    const auto labels = m_window->findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
+        return label->isVisible() && label->text().startsWith(QStringLiteral("xn--pple-43d.com wants"));
+    }));
 }
