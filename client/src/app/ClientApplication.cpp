@@ -480,6 +480,7 @@ void ClientApplication::EndOnceWritten(const QDeadlineTimer& deadline)
 
 void ClientApplication::EndNow()
 {
+    m_ending = true; // also where the event loop was ended from outside
     m_ended = true;
     const EndKind kind = m_endKind;
     m_startProblem = tr("The client could not be started again. Start it by hand.");
