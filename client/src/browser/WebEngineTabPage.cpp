@@ -159,7 +159,9 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
 WebEngineTabPage::~WebEngineTabPage()
 {
     m_page->disconnect(this);
-    ++m_loadNumber; // the engine answers what is still asked while the page ends: nobody is left to tell
+    // The engine answers what is still asked while the page ends: nobody is left to tell.
+    ++m_loadNumber;
+    m_staying = false;
     delete m_view;
     WebEnginePage::End(std::move(m_page));
 }

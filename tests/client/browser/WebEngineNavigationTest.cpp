@@ -1,6 +1,7 @@
 #include "WebEngineFixture.h"
 
 #include "browser/PageDialog.h"
+#include "browser/WebEnginePage.h"
 #include "browser/WebEngineTabPage.h"
 
 #include <QtCore/QElapsedTimer>
@@ -174,6 +175,17 @@ TEST_F(WebEngineNavigationTest, WhoStaysKeepsThePageWithItsAddressAndTitle)
     EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
     EXPECT_EQ(m_asked.size(), 3);
     EXPECT_EQ(m_page->GetTitle(), QStringLiteral("All well"));
+}
+
+TEST_F(WebEngineNavigationTest, ATabMayGoBeforeItsPageKnowsThatItStays)
+{
+    FillForm();
+    m_accept = false;
+    QObject::connect(
+        static_cast<WebEnginePage*>(GetEngine()), &WebEnginePage::SigStays, &m_context,
+        [this] { m_page.reset(); }, Qt::QueuedConnection);
+    m_page->Load(m_server.GetUrl(QStringLiteral("/ok")));
+    EXPECT_TRUE(WaitUntil([this] { return !m_page; }));
 }
 
 TEST_F(WebEngineNavigationTest, AStoppedLoadLeavesThePageWithItsAddress)
