@@ -1,4 +1,4 @@
-#include "app/tabs/KeptTabsText.h"
+#include "TabSetText.h"
 
 #include "core/TLGlobalData.h"
 #include "settings-store/VXSettingManager.h"
@@ -53,7 +53,7 @@ int main(int argc, char** argv)
     }
 
     QJsonArray items;
-    KeptTabs tabs;
+    TabSet tabs;
     tabs.when = QDateTime::currentDateTimeUtc();
     tabs.current = count - 1;
     for (int i = 0; i < count; ++i) {
@@ -69,7 +69,7 @@ int main(int argc, char** argv)
     const QString text = QString::fromUtf8(QJsonDocument(record).toJson(QJsonDocument::Compact));
     if (!store->SetUserValueSync(section, field, text) ||
         !store->SetUserValueSync(QStringLiteral("CLIENT"), QStringLiteral("RUNNING_TABS"),
-                                 KeptTabsText::Write(tabs)))
+                                 TabSetText::Write(tabs)))
         Fail("The settings cannot be written.");
     store->Close();
 }

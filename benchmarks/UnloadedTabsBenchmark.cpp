@@ -6,10 +6,10 @@
 //
 // usage: UnloadedTabsBenchmark [tabs]
 
-#include "browser/LanguageManager.h"
 #include "browser/MainWindow.h"
-#include "browser/ThemeManager.h"
-#include "browser/WebEnginePageFactory.h"
+#include "look/LanguageManager.h"
+#include "look/ThemeManager.h"
+#include "webengine/WebEnginePageFactory.h"
 
 #include "frame-core/IBrowserTab.h"
 #include "frame-data/TLPluginBaseManager.h"

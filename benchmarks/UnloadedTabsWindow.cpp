@@ -4,8 +4,8 @@
 // usage: UnloadedTabsWindow FOLDER COUNT ADDRESS
 
 #include "browser/MainWindow.h"
-#include "browser/ThemeManager.h"
-#include "browser/WebEnginePageFactory.h"
+#include "look/ThemeManager.h"
+#include "webengine/WebEnginePageFactory.h"
 
 #include "frame-data/TLPluginBaseManager.h"
 #include "frame-data/TabOpenInfo.h"

@@ -36,7 +36,7 @@ const QString ReadMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
 // As the operator imports it; every list in an order of its own.
 const char* const Configuration = R"({
   "systemItems": [
-    {"activeItem":false,"checked":true,"itemId":"sys-2","name":"Notices","systemItem":true,"type":0,"url":"https://notices.example/"},
+    {"activeItem":false,"checked":true,"itemId":"sys-2","name":"NoticeBoard","systemItem":true,"type":0,"url":"https://notices.example/"},
     {"activeItem":false,"checked":false,"itemId":"sys-1","name":"Rules","systemItem":true,"type":0,"url":"https://rules.example/"}],
   "customItems": [
     {"activeItem":true,"checked":true,"itemId":"{c-1}","name":"Supplier","systemItem":false,"type":0,"url":"https://supplier.example/?a=1&b=2"}],

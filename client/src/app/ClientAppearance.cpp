@@ -1,6 +1,6 @@
-#include "app/ClientAppearance.h"
+#include "ClientAppearance.h"
 
-#include "app/ClientMemory.h"
+#include "ClientMemory.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "browser/LanguageManager.h"
-#include "browser/Theme.h"
-#include "browser/ThemeManager.h"
-#include "settings/ScaleManager.h"
+#include "look/LanguageManager.h"
+#include "look/ScaleManager.h"
+#include "look/Theme.h"
+#include "look/ThemeManager.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QString>

@@ -1,23 +1,23 @@
-#include "app/ClientApplication.h"
+#include "ClientApplication.h"
 
-#include "app/ClientAppearance.h"
-#include "app/ClientMemory.h"
-#include "app/ClientNotices.h"
-#include "app/ClientRouterUrls.h"
-#include "app/ClientServices.h"
-#include "app/ClientSettings.h"
-#include "app/ClientWindow.h"
-#include "app/GatewayCodes.h"
-#include "app/GatewayWatch.h"
-#include "app/KeptSession.h"
-#include "app/NestedLoops.h"
-#include "app/QuestionWatch.h"
-#include "app/ScreenshotTaker.h"
-#include "app/SystemEndWatch.h"
-#include "app/SystemKeyStore.h"
-#include "app/TimerDelay.h"
-#include "app/UserInformation.h"
-#include "app/tabs/ClientTabs.h"
+#include "ClientAppearance.h"
+#include "ClientMemory.h"
+#include "ClientRouterUrls.h"
+#include "ClientServices.h"
+#include "ClientSettings.h"
+#include "ClientWindow.h"
+#include "TroubleNotices.h"
+#include "gateway/GatewayCodes.h"
+#include "gateway/GatewayWatch.h"
+#include "gateway/UserInformation.h"
+#include "login/SavedSession.h"
+#include "login/SystemKeyStore.h"
+#include "recovery/TabKeeper.h"
+#include "system/NestedLoops.h"
+#include "system/QuestionWatch.h"
+#include "system/SystemEndWatch.h"
+#include "system/TimerDelay.h"
+#include "trace/ScreenshotTaker.h"
 
 #include "base/VXRouterProtocol.h"
 #include "http/HttpCallReport.h"
@@ -193,14 +193,14 @@ void ClientApplication::Build()
 
     m_watch = std::make_unique<GatewayWatch>(std::make_unique<TimerDelay>(),
                                              [this] { m_userInformation->RefreshPlugins(); });
-    m_clientNotices = std::make_unique<ClientNotices>(&m_notices, m_watch.get());
+    m_clientNotices = std::make_unique<TroubleNotices>(&m_notices, m_watch.get());
     auto* const settings = VXSettingManager::Instance();
     connect(settings, &VXSettingManager::SigStoreSetAside, m_clientNotices.get(),
-            &ClientNotices::ShowStoreSetAside);
+            &TroubleNotices::ShowStoreSetAside);
     connect(settings, &VXSettingManager::SigValueDamaged, m_clientNotices.get(),
-            &ClientNotices::TakeDamagedValue);
+            &TroubleNotices::TakeDamagedValue);
     connect(settings, &VXSettingManager::SigStoreFailed, m_clientNotices.get(),
-            &ClientNotices::ShowStoreFailed);
+            &TroubleNotices::ShowStoreFailed);
     m_trace.Watch(&m_notices);
     [[maybe_unused]] const bool stored =
         settings->Open(QDir(m_options.profile).filePath(QStringLiteral("settings.sqlite")));
@@ -212,7 +212,7 @@ void ClientApplication::Build()
         m_services->gateway.SetLanguage(language);
         m_notices.Retranslate();
     });
-    m_services->router.AddRoute(ClientRouterUrls::clientRestart,
+    m_services->router.AddRoute(ClientRouterUrls::ClientRestart,
                                 [this](const VXRouterProtocol& route) { return TakeRestartRoute(route); });
     m_trace.Watch(&m_services->http);
     m_trace.Watch(&m_services->events);
@@ -227,7 +227,7 @@ void ClientApplication::Build()
             &UserInformation::RefreshFunctions);
 
     m_keyStore = std::make_unique<SystemKeyStore>();
-    m_kept = std::make_unique<KeptSession>(m_keyStore.get(), &QDateTime::currentDateTimeUtc);
+    m_kept = std::make_unique<SavedSession>(m_keyStore.get(), &QDateTime::currentDateTimeUtc);
     m_loginService = std::make_unique<LoginService>();
     m_loginFlow = std::make_unique<LoginFlow>(m_loginService.get(), m_kept.get(), m_keyStore.get());
     connect(m_loginFlow.get(), &LoginFlow::SigDialogComes, this,
@@ -236,7 +236,7 @@ void ClientApplication::Build()
     connect(m_loginFlow.get(), &LoginFlow::SigFailed, this, &ClientApplication::TakeFailedLogin);
     connect(m_loginFlow.get(), &LoginFlow::SigGivenUp, this, [this] { End(EndKind::Quit); });
     connect(m_loginFlow.get(), &LoginFlow::SigKeepFailed, m_clientNotices.get(),
-            &ClientNotices::ShowKeepFailed);
+            &TroubleNotices::ShowKeepFailed);
 }
 
 void ClientApplication::LoadModules()
@@ -378,8 +378,7 @@ void ClientApplication::MakeWindow()
                                                   m_services.get(), m_kept.get(), m_loader.GetModules());
     connect(m_watch.get(), &GatewayWatch::SigFound, m_settings.get(), &ClientSettings::LoadAgain);
     m_window->AddRestartAction();
-    m_tabs =
-        std::make_unique<ClientTabs>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);
+    m_tabs = std::make_unique<TabKeeper>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);
 }
 
 void ClientApplication::ShowWindow()

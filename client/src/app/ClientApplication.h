@@ -1,16 +1,16 @@
 #pragma once
 
-#include "app/ClientOptions.h"
-#include "app/EndKind.h"
-#include "app/GatewaySettings.h"
-#include "app/LifeCycleDriver.h"
-#include "app/LoginFlow.h"
-#include "app/ModuleLoader.h"
-#include "app/Notices.h"
-#include "app/Session.h"
-#include "app/SessionHandover.h"
-#include "app/TraceRecorder.h"
-#include "app/TraceWriter.h"
+#include "ClientOptions.h"
+#include "gateway/GatewaySettings.h"
+#include "login/LoginFlow.h"
+#include "login/Session.h"
+#include "login/SessionHandover.h"
+#include "modules/LifeCycleDriver.h"
+#include "modules/ModuleLoader.h"
+#include "notices/NoticeBoard.h"
+#include "system/EndKind.h"
+#include "trace/TraceRecorder.h"
+#include "trace/TraceWriter.h"
 
 #include <QtCore/QLockFile>
 #include <QtCore/QObject>
@@ -21,14 +21,14 @@
 class QDeadlineTimer;
 
 class ClientAppearance;
-class ClientNotices;
+class TroubleNotices;
 class ClientServices;
 class ClientSettings;
-class ClientTabs;
+class TabKeeper;
 class ClientWindow;
 class GatewayWatch;
 class IKeyStore;
-class KeptSession;
+class SavedSession;
 class LoginService;
 class QuestionWatch;
 class ScreenshotTaker;
@@ -87,22 +87,22 @@ private:
     std::unique_ptr<QLockFile> m_profileLock;
     TraceWriter m_traceWriter;
     TraceRecorder m_trace;
-    Notices m_notices;
+    NoticeBoard m_notices;
     std::unique_ptr<SystemEndWatch> m_systemEnd;
     std::unique_ptr<QuestionWatch> m_questions;
     std::unique_ptr<ClientAppearance> m_appearance;
     std::unique_ptr<ClientServices> m_services;
     std::unique_ptr<UserInformation> m_userInformation;
     std::unique_ptr<GatewayWatch> m_watch;
-    std::unique_ptr<ClientNotices> m_clientNotices;
+    std::unique_ptr<TroubleNotices> m_clientNotices;
     std::unique_ptr<IKeyStore> m_keyStore;
-    std::unique_ptr<KeptSession> m_kept;
+    std::unique_ptr<SavedSession> m_kept;
     std::unique_ptr<LoginService> m_loginService;
     std::unique_ptr<LoginFlow> m_loginFlow;
     ModuleLoader m_loader;
     LifeCycleDriver m_lifeCycle;
     std::unique_ptr<ClientWindow> m_window;
-    std::unique_ptr<ClientTabs> m_tabs;
+    std::unique_ptr<TabKeeper> m_tabs;
     std::unique_ptr<ClientSettings> m_settings;
     std::unique_ptr<ScreenshotTaker> m_screenshot;
 

@@ -1,4 +1,4 @@
-#include "app/ClientMemory.h"
+#include "ClientMemory.h"
 
 #include "settings-store/VXSettingManager.h"
 

@@ -2,7 +2,7 @@
 
 #include "login/LoginProblem.h"
 
-#include "browser/Theme.h"
+#include "look/Theme.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

@@ -1,6 +1,6 @@
-#include "app/ClientOptions.h"
+#include "ClientOptions.h"
 
-#include "app/GatewaySettings.h"
+#include "gateway/GatewaySettings.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/PageEngines.h"
+#include "PageEngines.h"
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

@@ -1,7 +1,7 @@
-#include "app/ClientRoutes.h"
+#include "ClientRoutes.h"
 
-#include "app/ClientRouter.h"
-#include "app/ClientRouterUrls.h"
+#include "browser/TabRouterUrls.h"
+#include "modules/ClientRouter.h"
 
 #include "base/VXRouterProtocol.h"
 #include "frame-data/ITabOpener.h"
@@ -54,6 +54,6 @@ bool OpenApp(const VXRouterProtocol& route)
 
 void AddTabRoutes(ClientRouter& router)
 {
-    router.AddRoute(ClientRouterUrls::browserOpen, OpenPage);
-    router.AddRoute(ClientRouterUrls::pluginOpen, OpenApp);
+    router.AddRoute(TabRouterUrls::BrowserOpen, OpenPage);
+    router.AddRoute(TabRouterUrls::PluginOpen, OpenApp);
 }

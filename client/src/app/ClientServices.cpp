@@ -1,8 +1,8 @@
-#include "app/ClientServices.h"
+#include "ClientServices.h"
 
-#include "app/ClientMemory.h"
-#include "app/ClientRouterUrls.h"
-#include "app/ClientRoutes.h"
+#include "ClientMemory.h"
+#include "ClientRouterUrls.h"
+#include "ClientRoutes.h"
 
 #include "core/TLGlobalData.h"
 #include "frame-data/TLUrlUtils.h"
@@ -40,8 +40,8 @@ ClientServices::ClientServices(const GatewaySettings& settings, const QString& p
     TLGlobalData::Instance()->SetUUID(ClientMemory::GetDeviceId());
     TLUrlUtils::SetVXDomains(settings.domains);
     AddTabRoutes(router);
-    router.AddObject(ClientRouterUrls::pluginsObject, &plugins);
-    router.AddObject(ClientRouterUrls::functionsObject, &functions);
+    router.AddObject(ClientRouterUrls::PluginsObject, &plugins);
+    router.AddObject(ClientRouterUrls::FunctionsObject, &functions);
 }
 
 ClientServices::~ClientServices()

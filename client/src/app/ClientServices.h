@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/ClientGateway.h"
-#include "app/ClientRouter.h"
-#include "app/GeneralData.h"
-#include "app/ModuleEventDispatch.h"
-#include "app/MonitorRecorder.h"
-#include "app/Session.h"
+#include "GeneralData.h"
+#include "gateway/ClientGateway.h"
+#include "login/Session.h"
+#include "modules/ClientRouter.h"
+#include "modules/ModuleEventDispatch.h"
+#include "monitoring/MonitorRecorder.h"
 
 #include "base/Provided.h"
 #include "frame-data/TLFunctionData.h"

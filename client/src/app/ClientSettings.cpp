@@ -1,14 +1,14 @@
-#include "app/ClientSettings.h"
+#include "ClientSettings.h"
 
-#include "app/ClientAppearance.h"
-#include "app/ClientMemory.h"
-#include "app/ClientServices.h"
-#include "app/KeptSession.h"
+#include "ClientAppearance.h"
+#include "ClientMemory.h"
+#include "ClientServices.h"
+#include "login/SavedSession.h"
 
-#include "browser/IPageFactory.h"
+#include "PageEngines.h"
 #include "browser/MainWindow.h"
-#include "browser/PageEngines.h"
-#include "settings/MonitorEventFile.h"
+#include "monitoring/MonitorEventFile.h"
+#include "pages/IPageFactory.h"
 #include "settings/SettingsDialog.h"
 
 #include "frame-core/IBusinessModule.h"
@@ -18,8 +18,8 @@
 #include <QtWidgets/QAction>
 
 ClientSettings::ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
-                               ClientServices* services, KeptSession* kept, std::vector<LoadedModule> modules,
-                               QObject* parent)
+                               ClientServices* services, SavedSession* kept,
+                               std::vector<LoadedModule> modules, QObject* parent)
     : QObject(parent)
     , m_window(window)
     , m_pages(pages)

@@ -2,7 +2,7 @@
 
 #include "settings/SettingsServices.h"
 
-#include "app/LoadedModule.h"
+#include "modules/LoadedModule.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
@@ -12,7 +12,7 @@
 class ClientAppearance;
 class ClientServices;
 class IPageFactory;
-class KeptSession;
+class SavedSession;
 class MainWindow;
 class QAction;
 class SettingsDialog;
@@ -26,7 +26,7 @@ class ClientSettings final : public QObject
 public:
     /// Nothing is owned.
     ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
-                   ClientServices* services, KeptSession* kept, std::vector<LoadedModule> modules,
+                   ClientServices* services, SavedSession* kept, std::vector<LoadedModule> modules,
                    QObject* parent = nullptr);
     ~ClientSettings() override;
 
@@ -45,7 +45,7 @@ private:
     IPageFactory* m_pages;
     ClientAppearance* m_appearance;
     ClientServices* m_services;
-    KeptSession* m_kept;
+    SavedSession* m_kept;
     std::vector<LoadedModule> m_modules;
     QAction* m_action;
     QPointer<SettingsDialog> m_dialog;

@@ -1,8 +1,8 @@
-#include "app/ClientWindow.h"
+#include "ClientWindow.h"
 
-#include "app/ClientAppearance.h"
-#include "app/ClientMemory.h"
-#include "app/ClientServices.h"
+#include "ClientAppearance.h"
+#include "ClientMemory.h"
+#include "ClientServices.h"
 
 #include "base/DpiTool.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "PageEngines.h"
 #include "browser/MainWindow.h"
-#include "browser/PageEngines.h"
 
 #include "base/Provided.h"
 

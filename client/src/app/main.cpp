@@ -1,6 +1,6 @@
-#include "app/ClientApplication.h"
-#include "app/ClientOptions.h"
-#include "app/SandboxCheck.h"
+#include "ClientApplication.h"
+#include "ClientOptions.h"
+#include "system/SandboxCheck.h"
 
 #include <QtCore/QProcess>
 #include <QtGui/QFont>

@@ -1,8 +1,8 @@
-#include "browser/AddressBar.h"
+#include "AddressBar.h"
 
-#include "browser/AddressInput.h"
-#include "browser/Scaled.h"
-#include "browser/SymbolicIcon.h"
+#include "look/Scaled.h"
+#include "look/SymbolicIcon.h"
+#include "pages/AddressInput.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QKeyEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/Security.h"
+#include "Security.h"
 
 #include "base/IDpiAdapter.h"
 

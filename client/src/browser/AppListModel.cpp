@@ -1,6 +1,6 @@
-#include "browser/AppListModel.h"
+#include "AppListModel.h"
 
-#include "browser/BrowserResources.h"
+#include "look/LookResources.h"
 
 #include "frame-data/TLPluginBaseEntity.h"
 #include "frame-data/TLPluginBaseManager.h"
@@ -8,7 +8,7 @@
 AppListModel::AppListModel(TLPluginBaseManager* apps, const PictureLoader& loadPicture, QObject* parent)
     : QAbstractListModel(parent), m_apps(apps), m_loadPicture(loadPicture)
 {
-    BrowserResources::Ensure();
+    LookResources::Ensure();
     m_defaultIcon = QPixmap(QStringLiteral(":/images/default.png"));
     if (m_apps)
         connect(m_apps, &TLPluginBaseManager::SigPluginsChanged, this, &AppListModel::Reset);

@@ -1,6 +1,6 @@
-#include "browser/AppTileDelegate.h"
+#include "AppTileDelegate.h"
 
-#include "browser/Scaled.h"
+#include "look/Scaled.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>

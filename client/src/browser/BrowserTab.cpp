@@ -1,11 +1,12 @@
-#include "browser/BrowserTab.h"
+#include "BrowserTab.h"
 
-#include "browser/AddressInput.h"
-#include "browser/FindBar.h"
-#include "browser/IPageFactory.h"
-#include "browser/MessagePage.h"
-#include "browser/NoticeBar.h"
-#include "browser/SymbolicIcon.h"
+#include "FindBar.h"
+#include "MessagePage.h"
+#include "browser/TabRouterUrls.h"
+#include "look/SymbolicIcon.h"
+#include "notices/NoticeBar.h"
+#include "pages/AddressInput.h"
+#include "pages/IPageFactory.h"
 
 #include "base/VXRouterProtocol.h"
 #include "tab-container/TabData.h"
@@ -31,7 +32,7 @@ bool IsOfTheWeb(const QUrl& address)
 
 } // namespace
 
-BrowserTab::BrowserTab(const TabOrigin& origin, IPageFactory* pages, QObject* parent)
+BrowserTab::BrowserTab(const TabRecord& origin, IPageFactory* pages, QObject* parent)
     : QObject(parent)
     , m_origin(origin)
     , m_pages(pages)
@@ -60,31 +61,31 @@ QString BrowserTab::GetRouterUrl() const
     return m_routerUrl;
 }
 
-QString BrowserTab::MakeRouterUrl(const TabOrigin& origin, const QUrl& address)
+QString BrowserTab::MakeRouterUrl(const TabRecord& origin, const QUrl& address)
 {
     if (!origin.remember)
         return {};
     if (!origin.serviceCode.isEmpty())
-        return VXRouterProtocol(QStringLiteral("tl://plugin/open"))
+        return VXRouterProtocol(TabRouterUrls::PluginOpen)
             .With(QStringLiteral("code"), origin.serviceCode)
             .GetUrl();
     if (!IsOfTheWeb(address))
         return {};
-    return VXRouterProtocol(QStringLiteral("tl://browser/open"))
+    return VXRouterProtocol(TabRouterUrls::BrowserOpen)
         .With(QStringLiteral("url"), QString::fromLatin1(address.adjusted(QUrl::RemoveUserInfo).toEncoded()))
         .GetUrl();
 }
 
-TabOrigin BrowserTab::GetOrigin() const
+TabRecord BrowserTab::GetOrigin() const
 {
-    TabOrigin origin = m_origin;
+    TabRecord origin = m_origin;
     origin.title = GetOwnTitle();
     const QString iconUrl = GetIconUrl();
     if (iconUrl != origin.appIconUrl)
         origin.iconUrl = iconUrl;
     if (IsOfTheWeb(m_address)) {
         origin.address = m_address;
-        origin.trouble = TabOrigin::Trouble::None;
+        origin.trouble = TabRecord::Trouble::None;
     }
     origin.delayed = m_delayed;
     return origin;
@@ -117,13 +118,13 @@ QString BrowserTab::GetTitle() const
     if (m_address.isValid())
         return m_address.host();
     switch (m_origin.trouble) {
-    case TabOrigin::Trouble::RefusedAddress:
+    case TabRecord::Trouble::RefusedAddress:
         return tr("Address not opened");
-    case TabOrigin::Trouble::UnknownApp:
+    case TabRecord::Trouble::UnknownApp:
         return tr("Unknown app");
-    case TabOrigin::Trouble::RefusedAppAddress:
+    case TabRecord::Trouble::RefusedAppAddress:
         return tr("App not opened");
-    case TabOrigin::Trouble::None:
+    case TabRecord::Trouble::None:
         break;
     }
     return m_origin.serviceCode.isEmpty() ? tr("New tab") : m_origin.serviceCode;
@@ -139,7 +140,7 @@ QIcon BrowserTab::GetIcon() const
         return m_pageIcon;
     if (!m_originIcon.isNull() && IsAtOrigin())
         return m_originIcon;
-    if (m_origin.trouble != TabOrigin::Trouble::None && !m_address.isValid())
+    if (m_origin.trouble != TabRecord::Trouble::None && !m_address.isValid())
         return SymbolicIcon::Make(QStringLiteral("blocked"));
     return SymbolicIcon::Make(m_origin.serviceCode.isEmpty() ? QStringLiteral("globe")
                                                              : QStringLiteral("app"));
@@ -169,7 +170,7 @@ bool BrowserTab::IsDelayed() const noexcept
 
 bool BrowserTab::IsAppUnknown() const noexcept
 {
-    return m_origin.trouble == TabOrigin::Trouble::UnknownApp;
+    return m_origin.trouble == TabRecord::Trouble::UnknownApp;
 }
 
 bool BrowserTab::IsStartPage() const
@@ -219,7 +220,7 @@ void BrowserTab::Begin(QWidget* parent, QWidget* content)
     } else if (m_address.isValid()) {
         MakePage();
         m_page->Load(m_address);
-    } else if (m_origin.trouble != TabOrigin::Trouble::None) {
+    } else if (m_origin.trouble != TabRecord::Trouble::None) {
         ShowMessage(Message::Trouble);
     } else if (!m_origin.serviceCode.isEmpty()) {
         ShowMessage(Message::NativeApp);
@@ -262,10 +263,10 @@ void BrowserTab::FocusContent()
         m_page->GetWidget()->setFocus(Qt::OtherFocusReason);
 }
 
-void BrowserTab::SetApp(const TabOrigin& origin, QWidget* parent)
+void BrowserTab::SetApp(const TabRecord& origin, QWidget* parent)
 {
     const QString iconBefore = GetIconUrl();
-    if (origin.trouble == TabOrigin::Trouble::UnknownApp) {
+    if (origin.trouble == TabRecord::Trouble::UnknownApp) {
         // It may come back: what is known of it stays.
         m_origin.trouble = origin.trouble;
         m_origin.address.clear();
@@ -563,21 +564,21 @@ void BrowserTab::FillMessage()
         break;
     }
     switch (m_origin.trouble) {
-    case TabOrigin::Trouble::UnknownApp:
+    case TabRecord::Trouble::UnknownApp:
         m_messagePage->SetContent(
             QStringLiteral("blocked"), tr("Unknown app"),
             tr("The list of apps has no app with this key. It may have been taken away from your account."),
             m_origin.serviceCode, none, none);
         return;
-    case TabOrigin::Trouble::RefusedAppAddress:
+    case TabRecord::Trouble::RefusedAppAddress:
         m_messagePage->SetContent(
             QStringLiteral("blocked"), tr("This app cannot be opened"),
             tr("Its address is not one that this client opens. It opens only web addresses "
                "that begin with http:// or https://."),
             m_origin.text, tr("App: %1").arg(m_origin.serviceCode), none);
         return;
-    case TabOrigin::Trouble::RefusedAddress:
-    case TabOrigin::Trouble::None:
+    case TabRecord::Trouble::RefusedAddress:
+    case TabRecord::Trouble::None:
         m_messagePage->SetContent(
             QStringLiteral("blocked"), tr("This address was not opened"),
             m_origin.text.trimmed().isEmpty()

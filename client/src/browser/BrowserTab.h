@@ -1,9 +1,9 @@
 #pragma once
 
-#include "browser/ITabPage.h"
-#include "browser/PageFailure.h"
-#include "browser/Security.h"
-#include "browser/TabOrigin.h"
+#include "Security.h"
+#include "browser/TabRecord.h"
+#include "pages/ITabPage.h"
+#include "pages/PageFailure.h"
 
 #include "frame-core/IBrowserTab.h"
 
@@ -33,14 +33,14 @@ class BrowserTab final : public QObject, public IBrowserTab
 
 public:
     /// `pages` outlives the tab.
-    BrowserTab(const TabOrigin& origin, IPageFactory* pages, QObject* parent = nullptr);
+    BrowserTab(const TabRecord& origin, IPageFactory* pages, QObject* parent = nullptr);
     ~BrowserTab() override;
 
     QSharedPointer<TabData> GetTabData() const override;
     QString GetRouterUrl() const override;
 
     /// The tab as it stands, to be made again; delayed while it still is.
-    TabOrigin GetOrigin() const;
+    TabRecord GetOrigin() const;
     int GetType() const;
     QString GetServiceCode() const;
     bool IsClosable() const noexcept;
@@ -64,7 +64,7 @@ public:
     double GetZoom() const;
 
     /// The router URL that a tab of this origin has while it shows the address; empty when there is none.
-    static QString MakeRouterUrl(const TabOrigin& origin, const QUrl& address);
+    static QString MakeRouterUrl(const TabRecord& origin, const QUrl& address);
 
     /// Makes the content, as a child of `parent`, and starts to load; the widget of a delayed tab is made
     /// by `Wake`. `content` is shown instead of a page when it is given; it is taken over.
@@ -80,7 +80,7 @@ public:
 
     /// What the app list now says of the tab's app; for a tab that waits for its app or is delayed. Keeps
     /// title and icon that the opener gave. A tab that is not delayed begins to load.
-    void SetApp(const TabOrigin& origin, QWidget* parent);
+    void SetApp(const TabRecord& origin, QWidget* parent);
 
     void Load(const QUrl& url);
     void Reload();
@@ -144,7 +144,7 @@ private:
     void DropQuestions();
     void AskExternal(const QUrl& url);
 
-    TabOrigin m_origin;
+    TabRecord m_origin;
     IPageFactory* m_pages;
     QSharedPointer<TabData> m_data;
     QUrl m_address;

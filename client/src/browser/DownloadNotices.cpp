@@ -1,7 +1,7 @@
-#include "browser/DownloadNotices.h"
+#include "DownloadNotices.h"
 
-#include "browser/IDownload.h"
-#include "browser/NoticeBar.h"
+#include "notices/NoticeBar.h"
+#include "pages/IDownload.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -1,7 +1,7 @@
-#include "browser/FindBar.h"
+#include "FindBar.h"
 
-#include "browser/Scaled.h"
-#include "browser/SymbolicIcon.h"
+#include "look/Scaled.h"
+#include "look/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QKeyEvent>

@@ -1,8 +1,8 @@
-#include "browser/HomePage.h"
+#include "HomePage.h"
 
-#include "browser/AppTileDelegate.h"
-#include "browser/ScaledWidget.h"
-#include "browser/SymbolicIcon.h"
+#include "AppTileDelegate.h"
+#include "look/ScaledWidget.h"
+#include "look/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QSortFilterProxyModel>

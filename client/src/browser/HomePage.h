@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/AppListModel.h"
+#include "AppListModel.h"
 
 #include "base/IDpiAdapter.h"
 

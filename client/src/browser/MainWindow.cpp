@@ -1,10 +1,10 @@
 #include "browser/MainWindow.h"
 
-#include "browser/BrowserTab.h"
-#include "browser/MainWindowPrivate.h"
-#include "browser/NoticeBar.h"
-#include "browser/SymbolicIcon.h"
-#include "browser/TabStrip.h"
+#include "BrowserTab.h"
+#include "MainWindowPrivate.h"
+#include "TabStrip.h"
+#include "look/SymbolicIcon.h"
+#include "notices/NoticeBar.h"
 
 #include "frame-data/PluginOpenInfo.h"
 #include "frame-data/TLUrlUtils.h"
@@ -57,7 +57,7 @@ void MainWindow::OpenPlugin(const PluginOpenInfo& info, int index)
 {
     if (d->m_ended)
         return;
-    TabOrigin origin = d->MakeAppOrigin(info.serviceCode);
+    TabRecord origin = d->MakeAppOrigin(info.serviceCode);
     origin.title = info.title;
     origin.iconUrl = info.iconUrl;
     origin.delayed = info.isDelay;
@@ -68,7 +68,7 @@ void MainWindow::OpenUrl(const TabOpenInfo& info, int index)
 {
     if (d->m_ended)
         return;
-    TabOrigin origin;
+    TabRecord origin;
     origin.title = info.title;
     origin.iconUrl = info.iconUrl;
     origin.closable = info.closable;
@@ -76,7 +76,7 @@ void MainWindow::OpenUrl(const TabOpenInfo& info, int index)
     origin.remember = info.remember;
     origin.address = TLUrlUtils::ToWebUrl(info.address);
     if (!origin.address.isValid()) {
-        origin.trouble = TabOrigin::Trouble::RefusedAddress;
+        origin.trouble = TabRecord::Trouble::RefusedAddress;
         origin.text = info.address;
     }
     d->OpenAsked(origin, index, info.activate);
@@ -87,16 +87,16 @@ void MainWindow::SetOpenDelayed(bool on)
     d->m_openDelayed = on;
 }
 
-void MainWindow::SetReopening(bool on)
+void MainWindow::BeginReopening(const TabClaim& claim)
 {
-    d->m_toLoad = on ? reopenedAtOnce : -1;
-    if (!on)
-        d->BeginWaiting();
+    d->m_claim = claim;
+    d->m_toLoad = reopenedAtOnce;
 }
 
-void MainWindow::SetSavedFaces(const std::function<SavedFace(const QString&)>& lookUp)
+void MainWindow::EndReopening()
 {
-    d->m_savedFaces = lookUp;
+    d->m_claim = {};
+    d->BeginWaiting();
 }
 
 bool MainWindow::IsTabDelayed(int index) const

@@ -1,19 +1,19 @@
-#include "browser/MainWindowPrivate.h"
+#include "MainWindowPrivate.h"
 
-#include "browser/AddressBar.h"
-#include "browser/AddressInput.h"
-#include "browser/BrowserTab.h"
-#include "browser/DownloadNotices.h"
-#include "browser/HomePage.h"
-#include "browser/IDownload.h"
-#include "browser/IPageFactory.h"
-#include "browser/LanguageManager.h"
-#include "browser/NoticeBar.h"
-#include "browser/ScaledWidget.h"
-#include "browser/SymbolicIcon.h"
-#include "browser/TabButton.h"
-#include "browser/TabListPopup.h"
-#include "browser/TabStrip.h"
+#include "AddressBar.h"
+#include "BrowserTab.h"
+#include "DownloadNotices.h"
+#include "HomePage.h"
+#include "TabButton.h"
+#include "TabListPopup.h"
+#include "TabStrip.h"
+#include "look/LanguageManager.h"
+#include "look/ScaledWidget.h"
+#include "look/SymbolicIcon.h"
+#include "notices/NoticeBar.h"
+#include "pages/AddressInput.h"
+#include "pages/IDownload.h"
+#include "pages/IPageFactory.h"
 
 #include "frame-data/TLPluginBaseEntity.h"
 #include "frame-data/TLPluginBaseManager.h"
@@ -94,7 +94,7 @@ MainWindowPrivate::MainWindowPrivate(MainWindow* window, const MainWindowService
         connect(m_services.apps, &TLPluginBaseManager::SigPluginsChanged, this,
                 &MainWindowPrivate::ResolveApps);
 
-    TabOrigin home;
+    TabRecord home;
     home.type = TabType::Home;
     home.closable = false;
     home.remember = false;
@@ -318,29 +318,31 @@ BrowserTab* MainWindowPrivate::GetCurrentTab() const
     return GetTab(m_current);
 }
 
-void MainWindowPrivate::OpenAsked(TabOrigin origin, int index, bool activate)
+void MainWindowPrivate::OpenAsked(TabRecord origin, int index, bool activate)
 {
+    const std::optional<TabRecord> claimed =
+        m_claim ? m_claim(BrowserTab::MakeRouterUrl(origin, origin.address)) : std::nullopt;
+    if (claimed && origin.title.isEmpty()) {
+        origin.title = claimed->title;
+        if (origin.iconUrl.isEmpty()) {
+            origin.iconUrl = claimed->iconUrl;
+        }
+    }
     bool waits = false;
     if (m_openDelayed) {
         origin.delayed = true;
         activate = false;
-    } else if (m_toLoad >= 0 && !origin.delayed && !activate) {
+    } else if (claimed && !origin.delayed && !activate) {
         origin.delayed = true;
         waits = m_toLoad > 0;
         m_toLoad -= waits ? 1 : 0;
-    }
-    if (m_savedFaces && origin.title.isEmpty()) {
-        const SavedFace face = m_savedFaces(BrowserTab::MakeRouterUrl(origin, origin.address));
-        origin.title = face.title;
-        if (origin.iconUrl.isEmpty())
-            origin.iconUrl = face.iconUrl;
     }
     const QPointer<BrowserTab> tab = AddTab(origin, index, activate);
     if (waits)
         m_waitingTabs.push_back(tab);
 }
 
-QPointer<BrowserTab> MainWindowPrivate::AddTab(const TabOrigin& origin, int index, bool activate)
+QPointer<BrowserTab> MainWindowPrivate::AddTab(const TabRecord& origin, int index, bool activate)
 {
     auto tab = std::make_unique<BrowserTab>(origin, m_services.pages);
     const QPointer<BrowserTab> added = tab.get();
@@ -438,7 +440,7 @@ void MainWindowPrivate::TakeNewTab(BrowserTab* opener,
 {
     if (m_ended)
         return;
-    TabOrigin origin;
+    TabRecord origin;
     auto tab = std::make_unique<BrowserTab>(origin, m_services.pages);
     tab->Begin(m_pages, std::move(*offer));
     BrowserTab* const child = tab.get();
@@ -472,22 +474,22 @@ void MainWindowPrivate::ResolveApps()
         const bool waits = tab->IsDelayed() || tab->IsAppUnknown();
         if (!waits || tab->GetServiceCode().isEmpty())
             continue;
-        const TabOrigin origin = MakeAppOrigin(tab->GetServiceCode());
-        if (origin.trouble == TabOrigin::Trouble::UnknownApp && tab->IsAppUnknown())
+        const TabRecord origin = MakeAppOrigin(tab->GetServiceCode());
+        if (origin.trouble == TabRecord::Trouble::UnknownApp && tab->IsAppUnknown())
             continue;
         tab->SetApp(origin, m_pages);
     }
     FetchIcons();
 }
 
-TabOrigin MainWindowPrivate::MakeAppOrigin(const QString& serviceCode) const
+TabRecord MainWindowPrivate::MakeAppOrigin(const QString& serviceCode) const
 {
-    TabOrigin origin;
+    TabRecord origin;
     origin.type = TabType::WebApp;
     origin.serviceCode = serviceCode;
     const auto app = m_services.apps ? m_services.apps->GetPlugin(serviceCode) : nullptr;
     if (!app) {
-        origin.trouble = TabOrigin::Trouble::UnknownApp;
+        origin.trouble = TabRecord::Trouble::UnknownApp;
         return origin;
     }
     origin.appName = app->GetPluginName();
@@ -499,7 +501,7 @@ TabOrigin MainWindowPrivate::MakeAppOrigin(const QString& serviceCode) const
     }
     origin.address = TLUrlUtils::ToWebUrl(address);
     if (!origin.address.isValid()) {
-        origin.trouble = TabOrigin::Trouble::RefusedAppAddress;
+        origin.trouble = TabRecord::Trouble::RefusedAppAddress;
         origin.text = address;
     }
     return origin;
@@ -569,7 +571,7 @@ void MainWindowPrivate::Close(int index)
     if (index == m_current && m_fullScreen)
         SetFullScreen(false);
 
-    const TabOrigin origin = tab->GetOrigin();
+    const TabRecord origin = tab->GetOrigin();
     if (origin.address.isValid() || !origin.serviceCode.isEmpty()) {
         m_closed.append({origin, index});
         if (m_closed.size() > MostClosed)
@@ -658,7 +660,7 @@ void MainWindowPrivate::OpenStartTab()
 {
     if (m_ended)
         return;
-    AddTab(TabOrigin(), -1, true);
+    AddTab(TabRecord(), -1, true);
 }
 
 void MainWindowPrivate::ReopenClosed()
@@ -739,7 +741,7 @@ void MainWindowPrivate::EnterAddress(const QString& text)
     }
     // Home and apps keep what they show.
     m_address->SetAddress(tab->GetAddress(), tab->GetSecurity());
-    TabOrigin origin;
+    TabRecord origin;
     origin.address = url;
     AddTab(origin, -1, true);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "browser/ITabPage.h"
 #include "browser/MainWindow.h"
-#include "browser/TabOrigin.h"
+#include "browser/TabRecord.h"
+#include "pages/ITabPage.h"
 
 #include "base/IDpiAdapter.h"
 
@@ -47,10 +47,10 @@ public:
 
     /// Opens for another part of the client: what that part left out is looked up, and the tab is delayed
     /// where the window is told to.
-    void OpenAsked(TabOrigin origin, int index, bool activate);
+    void OpenAsked(TabRecord origin, int index, bool activate);
     /// Adds the tab at a position counted as by `ITabOpener`; the tab begins here. Null when whoever heard of
     /// it has closed it.
-    QPointer<BrowserTab> AddTab(const TabOrigin& origin, int index, bool activate);
+    QPointer<BrowserTab> AddTab(const TabRecord& origin, int index, bool activate);
     void Select(int index);
     /// `focusContent`: the keyboard goes to the page.
     void Show(int index, bool focusContent);
@@ -61,7 +61,7 @@ public:
     void CloseAll();
     void OpenStartTab();
     void ReopenClosed();
-    TabOrigin MakeAppOrigin(const QString& serviceCode) const;
+    TabRecord MakeAppOrigin(const QString& serviceCode) const;
     void OpenApp(const QString& serviceCode);
 
     void UpdateToolbar();
@@ -81,10 +81,10 @@ public:
     std::vector<std::unique_ptr<BrowserTab>> m_tabs;
     int m_current = 0;
     bool m_openDelayed = false;
-    int m_toLoad = -1; // of the set being reopened, how many may still load; -1: there is none
+    MainWindow::TabClaim m_claim;                   // while a set is being reopened
+    int m_toLoad = 0;                               // of that set, how many may still load
     std::deque<QPointer<BrowserTab>> m_waitingTabs; // those, until their turn comes
     QTimer m_frontTurn;                             // runs while they let the page in front go first
-    std::function<SavedFace(const QString&)> m_savedFaces;
     bool m_wasLoading = false;
     bool m_ended = false;
 
@@ -130,7 +130,7 @@ public:
 private:
     struct ClosedTab
     {
-        TabOrigin origin;
+        TabRecord origin;
         int index = -1;
     };
 

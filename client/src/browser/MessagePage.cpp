@@ -1,8 +1,8 @@
-#include "browser/MessagePage.h"
+#include "MessagePage.h"
 
-#include "browser/IconLabel.h"
-#include "browser/ScaledWidget.h"
-#include "browser/SymbolicIcon.h"
+#include "look/IconLabel.h"
+#include "look/ScaledWidget.h"
+#include "look/SymbolicIcon.h"
 
 #include <QtGui/QFont>
 #include <QtWidgets/QHBoxLayout>

@@ -1,7 +1,7 @@
-#include "browser/TabButton.h"
+#include "TabButton.h"
 
-#include "browser/Scaled.h"
-#include "browser/SymbolicIcon.h"
+#include "look/Scaled.h"
+#include "look/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>

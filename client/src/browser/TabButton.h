@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/TabStripItem.h"
+#include "TabStripItem.h"
 
 #include "base/IDpiAdapter.h"
 

@@ -1,6 +1,6 @@
-#include "browser/TabListPopup.h"
+#include "TabListPopup.h"
 
-#include "browser/Scaled.h"
+#include "look/Scaled.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>

@@ -1,8 +1,8 @@
-#include "browser/TabStrip.h"
+#include "TabStrip.h"
 
-#include "browser/Scaled.h"
-#include "browser/SymbolicIcon.h"
-#include "browser/TabButton.h"
+#include "TabButton.h"
+#include "look/Scaled.h"
+#include "look/SymbolicIcon.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QTimerEvent>

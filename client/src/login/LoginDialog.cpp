@@ -1,6 +1,6 @@
-#include "login/LoginDialog.h"
+#include "LoginDialog.h"
 
-#include "login/LoginTexts.h"
+#include "LoginTexts.h"
 
 #include "ui_LoginDialog.h"
 

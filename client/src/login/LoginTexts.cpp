@@ -1,4 +1,4 @@
-#include "login/LoginTexts.h"
+#include "LoginTexts.h"
 
 #include <QtCore/QLocale>
 

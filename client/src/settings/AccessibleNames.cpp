@@ -1,6 +1,6 @@
-#include "settings/AccessibleNames.h"
+#include "AccessibleNames.h"
 
-#include "settings/ShownText.h"
+#include "ShownText.h"
 
 #include "base-ui/KeyboardAccess.h"
 #include "frame-core/SettingItemBaseWidget.h"

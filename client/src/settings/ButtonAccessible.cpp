@@ -1,4 +1,4 @@
-#include "settings/ButtonAccessible.h"
+#include "ButtonAccessible.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>

@@ -1,6 +1,6 @@
-#include "settings/InputHold.h"
+#include "InputHold.h"
 
-#include "settings/HttpCallWatch.h"
+#include "gateway/HttpManagerProxy.h"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QCoreApplication>
@@ -65,11 +65,11 @@ void GiveFocus(QWidget* widget)
 
 } // namespace
 
-InputHold::InputHold(HttpCallWatch* calls, QObject* parent) : QObject(parent)
+InputHold::InputHold(HttpManagerProxy* calls, QObject* parent) : QObject(parent)
 {
-    connect(calls, &HttpCallWatch::SigStarted, this, &InputHold::TakeStart);
-    connect(calls, &HttpCallWatch::SigAnswered, this, &InputHold::TakeAnswer);
-    connect(calls, &HttpCallWatch::SigEnded, this, &InputHold::TakeEnd);
+    connect(calls, &HttpManagerProxy::SigStarted, this, &InputHold::TakeStart);
+    connect(calls, &HttpManagerProxy::SigAnswered, this, &InputHold::TakeAnswer);
+    connect(calls, &HttpManagerProxy::SigEnded, this, &InputHold::TakeEnd);
     qApp->installEventFilter(this);
 }
 

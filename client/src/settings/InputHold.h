@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/WidgetPlace.h"
+#include "WidgetPlace.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QObject>
@@ -10,7 +10,7 @@
 #include <deque>
 #include <memory>
 
-class HttpCallWatch;
+class HttpManagerProxy;
 class QMouseEvent;
 class QWidget;
 
@@ -25,7 +25,7 @@ class InputHold final : public QObject
 
 public:
     /// `calls` is not owned and outlives this.
-    explicit InputHold(HttpCallWatch* calls, QObject* parent = nullptr);
+    explicit InputHold(HttpManagerProxy* calls, QObject* parent = nullptr);
     ~InputHold() override;
 
     /// The page whose input this watches from now on; null: none yet. What is kept finds its place in it.

@@ -1,4 +1,4 @@
-#include "settings/PageListDelegate.h"
+#include "PageListDelegate.h"
 
 #include <QtWidgets/QWidget>
 

@@ -1,4 +1,4 @@
-#include "settings/ReadableLabels.h"
+#include "ReadableLabels.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>

@@ -1,4 +1,4 @@
-#include "settings/SaveProblem.h"
+#include "SaveProblem.h"
 
 #include "http/HttpError.h"
 

@@ -1,6 +1,6 @@
-#include "settings/SaveStatus.h"
+#include "SaveStatus.h"
 
-#include "settings/SaveProblem.h"
+#include "SaveProblem.h"
 
 #include "base-ui/TLPushButton.h"
 #include "base/DpiTool.h"

@@ -1,6 +1,6 @@
-#include "settings/SettingsCatalog.h"
+#include "SettingsCatalog.h"
 
-#include "settings/SettingsPageFaces.h"
+#include "SettingsPageFaces.h"
 
 #include "frame-core/ISysSettingFactory.h"
 

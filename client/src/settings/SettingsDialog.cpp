@@ -1,14 +1,14 @@
 #include "settings/SettingsDialog.h"
 
-#include "settings/AccessibleNames.h"
-#include "settings/HttpCallWatch.h"
-#include "settings/PageListDelegate.h"
-#include "settings/SettingsCatalog.h"
-#include "settings/SettingsPageArea.h"
-#include "settings/SettingsPageFaces.h"
-#include "settings/pages/ClientSettingFactory.h"
+#include "AccessibleNames.h"
+#include "PageListDelegate.h"
+#include "SettingsCatalog.h"
+#include "SettingsPageArea.h"
+#include "SettingsPageFaces.h"
+#include "clientpages/ClientSettingFactory.h"
+#include "gateway/HttpManagerProxy.h"
 
-#include "browser/SymbolicIcon.h"
+#include "look/SymbolicIcon.h"
 
 #include "base-ui/PackagedMsgBox.h"
 #include "base-ui/TLLineEdit.h"
@@ -59,7 +59,7 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     : TLBaseDialog(parent, Qt::WindowCloseButtonHint, TitleType::System)
     , m_services(services)
     , m_own(std::make_unique<ClientSettingFactory>(&m_services))
-    , m_calls(new HttpCallWatch(this))
+    , m_calls(new HttpManagerProxy(this))
     , m_search(new TLLineEdit)
     , m_list(new QListWidget)
     , m_nothing(new QLabel)

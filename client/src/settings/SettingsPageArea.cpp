@@ -1,11 +1,11 @@
-#include "settings/SettingsPageArea.h"
+#include "SettingsPageArea.h"
 
-#include "settings/AccessibleNames.h"
-#include "settings/ButtonAccessible.h"
-#include "settings/HttpCallWatch.h"
-#include "settings/ReadableLabels.h"
-#include "settings/SaveStatus.h"
-#include "settings/SettingsPageFaces.h"
+#include "AccessibleNames.h"
+#include "ButtonAccessible.h"
+#include "ReadableLabels.h"
+#include "SaveStatus.h"
+#include "SettingsPageFaces.h"
+#include "gateway/HttpManagerProxy.h"
 
 #include "base-ui/KeyboardAccess.h"
 #include "base/DpiTool.h"
@@ -31,7 +31,7 @@ constexpr int widest = 824;      // [px, unscaled], margins included
 
 } // namespace
 
-SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpCallWatch* calls,
+SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerProxy* calls,
                                    const QString& keyword, QWidget* parent)
     : QWidget(parent)
     , m_entry(entry)
@@ -87,13 +87,13 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpCallWatch
         else
             LoadIfStale();
     });
-    connect(calls, &HttpCallWatch::SigStarted, this, [this, calls](quint64 call, bool changes) {
+    connect(calls, &HttpManagerProxy::SigStarted, this, [this, calls](quint64 call, bool changes) {
         TakeStart(call, changes);
         if (m_reads.contains(call))
             calls->KeepUpToDate();
     });
-    connect(calls, &HttpCallWatch::SigServedFromKept, this, &SettingsPageArea::TakeServedFromKept);
-    connect(calls, &HttpCallWatch::SigEnded, this, &SettingsPageArea::TakeEnd);
+    connect(calls, &HttpManagerProxy::SigServedFromKept, this, &SettingsPageArea::TakeServedFromKept);
+    connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::TakeEnd);
     Adjust();
     Make();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "settings/InputHold.h"
+#include "InputHold.h"
+#include "WidgetPlace.h"
 #include "settings/SettingsPageEntry.h"
-#include "settings/WidgetPlace.h"
 
 #include "frame-core/SettingItemBaseWidget.h"
 
@@ -13,7 +13,7 @@
 
 #include <optional>
 
-class HttpCallWatch;
+class HttpManagerProxy;
 class QLabel;
 class QScrollArea;
 class QTimer;
@@ -28,7 +28,7 @@ class SettingsPageArea final : public QWidget
 
 public:
     /// `calls` is not owned and outlives this. `keyword` is what the user looks for.
-    SettingsPageArea(const SettingsPageEntry& entry, HttpCallWatch* calls, const QString& keyword,
+    SettingsPageArea(const SettingsPageEntry& entry, HttpManagerProxy* calls, const QString& keyword,
                      QWidget* parent = nullptr);
     ~SettingsPageArea() override;
 

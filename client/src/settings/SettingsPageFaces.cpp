@@ -1,6 +1,6 @@
-#include "settings/SettingsPageFaces.h"
+#include "SettingsPageFaces.h"
 
-#include "settings/ClientPageIds.h"
+#include "ClientPageIds.h"
 
 #include "frame-core/ISysSettingFactory.h"
 

@@ -1,4 +1,4 @@
-#include "settings/ShownText.h"
+#include "ShownText.h"
 
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextDocumentFragment>

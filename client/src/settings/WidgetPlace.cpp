@@ -1,6 +1,6 @@
-#include "settings/WidgetPlace.h"
+#include "WidgetPlace.h"
 
-#include "settings/ShownText.h"
+#include "ShownText.h"
 
 #include "frame-core/SettingItemBaseWidget.h"
 

@@ -1,4 +1,4 @@
-#include "app/ClientOptions.h"
+#include "ClientOptions.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>

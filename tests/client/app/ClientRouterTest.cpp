@@ -1,8 +1,9 @@
 #include "FakeModule.h"
 
-#include "app/ClientRouter.h"
-#include "app/ClientRouterUrls.h"
-#include "app/ClientRoutes.h"
+#include "ClientRouterUrls.h"
+#include "ClientRoutes.h"
+#include "browser/TabRouterUrls.h"
+#include "modules/ClientRouter.h"
 
 #include "base/Provided.h"
 #include "base/VXRouterProtocol.h"
@@ -71,7 +72,7 @@ protected:
 
 TEST_F(ClientRouterTest, PageUrlOpensATabAtTheEndAndInTheBackground)
 {
-    EXPECT_TRUE(VXRouterProtocol(ClientRouterUrls::browserOpen)
+    EXPECT_TRUE(VXRouterProtocol(TabRouterUrls::BrowserOpen)
                     .With(QStringLiteral("url"), QStringLiteral("https://a.example/?x=1&y=ü"))
                     .With(QStringLiteral("title"), QStringLiteral("A & B"))
                     .With(QStringLiteral("icon"), QStringLiteral("https://a.example/i.png"))
@@ -117,7 +118,7 @@ TEST_F(ClientRouterTest, UnknownUrlIsFalseAndOneWarning)
 
 TEST_F(ClientRouterTest, ModuleIsAskedForItsUrlsOnlyAndBeforeTheClient)
 {
-    m_module.urls = QStringList{QStringLiteral("tl://autorun/update"), ClientRouterUrls::pluginOpen};
+    m_module.urls = QStringList{QStringLiteral("tl://autorun/update"), TabRouterUrls::PluginOpen};
     m_module.intercepts = true;
     m_router.SetModules({m_module.AsLoaded()});
     m_calls.clear();
@@ -132,7 +133,7 @@ TEST_F(ClientRouterTest, ModuleIsAskedForItsUrlsOnlyAndBeforeTheClient)
 
 TEST_F(ClientRouterTest, WhatAModuleLeavesIsRoutedOn)
 {
-    m_module.urls = QStringList{ClientRouterUrls::pluginOpen};
+    m_module.urls = QStringList{TabRouterUrls::PluginOpen};
     m_router.SetModules({m_module.AsLoaded()});
     EXPECT_TRUE(Execute("tl://plugin/open?code=orders"));
     EXPECT_EQ(m_opener.plugins.size(), 1U);
@@ -166,7 +167,7 @@ TEST_F(ClientRouterTest, UrlListIsReadOnce)
 TEST_F(ClientRouterTest, ObjectsAreFoundAsLongAsTheyLive)
 {
     auto plugins = std::make_unique<TLPluginBaseManager>();
-    m_router.AddObject(ClientRouterUrls::pluginsObject, plugins.get());
+    m_router.AddObject(ClientRouterUrls::PluginsObject, plugins.get());
     EXPECT_EQ(VXRouterProtocol(QStringLiteral("tl://plugins/object")).GetObj(), plugins.get());
     plugins.reset();
     EXPECT_EQ(VXRouterProtocol(QStringLiteral("tl://plugins/object")).GetObj(), nullptr);

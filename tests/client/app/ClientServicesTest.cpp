@@ -1,12 +1,12 @@
-#include "app/ClientServices.h"
+#include "ClientServices.h"
 
 #include "Pictures.h"
 #include "ScriptedHttpServer.h"
 #include "WaitUntil.h"
 
-#include "app/GatewaySettings.h"
-#include "browser/AppListModel.h"
+#include "AppListModel.h"
 #include "frame-data/TLPluginBaseEntity.h"
+#include "gateway/GatewaySettings.h"
 #include "settings-store/VXSettingManager.h"
 
 #include <QtCore/QDir>

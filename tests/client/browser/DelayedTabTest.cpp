@@ -1,8 +1,8 @@
 #include "MainWindowTest.h"
 
-#include "browser/LanguageManager.h"
-#include "browser/TabButton.h"
-#include "browser/TabStrip.h"
+#include "TabButton.h"
+#include "TabStrip.h"
+#include "look/LanguageManager.h"
 
 #include "base/VXRouterProtocol.h"
 
@@ -37,6 +37,11 @@ std::ostream& operator<<(std::ostream& stream, const Kept& kept)
 {
     return stream << qPrintable(kept.routerUrl) << " | " << qPrintable(kept.title) << " | "
                   << qPrintable(kept.iconUrl) << " | " << kept.type;
+}
+
+std::optional<TabRecord> TakeAll(const QString& routerUrl)
+{
+    return TabRecord{routerUrl};
 }
 
 class DelayedTabTest : public MainWindowTest
@@ -356,13 +361,13 @@ TEST_F(DelayedTabTest, WhileAllIsOpenedDelayedNothingLoadsOrComesToTheFront)
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 {
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     OpenDelayed(QStringLiteral("https://later.example/"), QStringLiteral("Later"));
     for (int i = 0; i < 1000; ++i)
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
     OpenApp(QStringLiteral("orders"));
     EXPECT_TRUE(m_pages.pages.isEmpty()) << "not before it is known which one is in front";
-    m_window->SetReopening(false);
+    m_window->EndReopening();
     EXPECT_TRUE(m_window->IsLoading()) << "more is to come";
     EXPECT_TRUE(QTest::qWaitFor([this] { return CountDelayed() == 1002 - MainWindow::reopenedAtOnce; }));
     QCoreApplication::processEvents();
@@ -375,18 +380,18 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 
     OpenUrl(QStringLiteral("https://after.example/"));
     EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce + 1);
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     OpenUrl(QStringLiteral("https://another-set.example/"));
-    m_window->SetReopening(false);
+    m_window->EndReopening();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce + 2; }));
 }
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
 {
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     for (int i = 0; i < 4; ++i)
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
-    m_window->SetReopening(false);
+    m_window->EndReopening();
     m_window->SelectTab(3);
     QCoreApplication::processEvents();
     ASSERT_EQ(m_pages.pages.size(), 1);
@@ -405,10 +410,10 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
 
 TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
 {
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     for (int i = 0; i < 3; ++i)
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
-    m_window->SetReopening(false);
+    m_window->EndReopening();
     m_window->SelectTab(1);
     QCoreApplication::processEvents();
     m_pages.pages[0]->Fail(PageFailure::Kind::NoNetwork, QUrl(QStringLiteral("https://shop-0.example/")));
@@ -418,10 +423,10 @@ TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
 
 TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
 {
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     for (int i = 0; i < 3; ++i)
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
-    m_window->SetReopening(false);
+    m_window->EndReopening();
     m_window->SelectTab(1);
     EXPECT_TRUE(
         QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::frontGoesFirst * 3));
@@ -429,10 +434,10 @@ TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
 
 TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain)
 {
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     for (int i = 0; i < 4; ++i)
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
-    m_window->SetReopening(false);
+    m_window->EndReopening();
     m_window->SelectTab(1);
     QCoreApplication::processEvents();
     m_window->CloseTab(2);
@@ -447,7 +452,7 @@ TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedOneThatIsToComeToTheFrontLoadsAtOnce)
 {
-    m_window->SetReopening(true);
+    m_window->BeginReopening(&TakeAll);
     OpenUrl(QStringLiteral("https://shop.example/"));
     TabOpenInfo front;
     front.address = QStringLiteral("https://front.example/");
@@ -456,40 +461,58 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOneThatIsToComeToTheFrontLoadsAtOnce)
     EXPECT_EQ(m_window->GetCurrentTab(), 2);
     EXPECT_EQ(m_pages.pages.size(), 1);
     EXPECT_FALSE(m_window->IsTabDelayed(2));
-    m_window->SetReopening(false);
+    m_window->EndReopening();
+}
+
+TEST_F(DelayedTabTest, WhileASetIsReopenedATabThatIsNoneOfItLoadsAtOnce)
+{
+    m_window->BeginReopening([](const QString& routerUrl) -> std::optional<TabRecord> {
+        if (routerUrl.contains(QStringLiteral("foreign"))) {
+            return std::nullopt;
+        }
+        return TabRecord{routerUrl};
+    });
+    OpenUrl(QStringLiteral("https://shop.example/"));
+    OpenUrl(QStringLiteral("https://foreign.example/"));
+    EXPECT_TRUE(m_window->IsTabDelayed(1));
+    EXPECT_FALSE(m_window->IsTabDelayed(2));
+    EXPECT_EQ(m_pages.pages.size(), 1);
+    m_window->EndReopening();
 }
 
 TEST_F(DelayedTabTest, AnOpeningWithoutATitleGetsTheSavedFace)
 {
     QStringList lookedUp;
-    m_window->SetSavedFaces([&lookedUp](const QString& routerUrl) {
+    m_window->BeginReopening([&lookedUp](const QString& routerUrl) -> std::optional<TabRecord> {
         lookedUp << routerUrl;
-        return routerUrl.contains(QStringLiteral("nothing"))
-                   ? SavedFace()
-                   : SavedFace{QStringLiteral("Saved"), QStringLiteral("https://c.example/saved.png")};
+        if (routerUrl.contains(QStringLiteral("nothing"))) {
+            return std::nullopt;
+        }
+        return TabRecord{routerUrl, QStringLiteral("Saved"), QStringLiteral("https://c.example/saved.png")};
     });
     OpenUrl(QStringLiteral("https://a.example/"));
     OpenApp(QStringLiteral("orders"));
     OpenUrl(QStringLiteral("https://nothing.example/"));
     OpenDelayed(QStringLiteral("https://b.example/"), QStringLiteral("Given"));
     m_window->OpenStartTab();
-    EXPECT_EQ(lookedUp,
-              QStringList({QStringLiteral("tl://browser/open?url=https%3A%2F%2Fa.example%2F"),
-                           QStringLiteral("tl://plugin/open?code=orders"),
-                           QStringLiteral("tl://browser/open?url=https%3A%2F%2Fnothing.example%2F")}));
+    EXPECT_EQ(lookedUp, QStringList({QStringLiteral("tl://browser/open?url=https%3A%2F%2Fa.example%2F"),
+                                     QStringLiteral("tl://plugin/open?code=orders"),
+                                     QStringLiteral("tl://browser/open?url=https%3A%2F%2Fnothing.example%2F"),
+                                     QStringLiteral("tl://browser/open?url=https%3A%2F%2Fb.example%2F")}));
     EXPECT_EQ(GetTitles().mid(1, 4),
               QStringList({QStringLiteral("Saved"), QStringLiteral("Saved"),
                            QStringLiteral("nothing.example"), QStringLiteral("Given")}));
     EXPECT_EQ(GetData(1).GetIconUrl(), QStringLiteral("https://c.example/saved.png"));
     EXPECT_EQ(GetData(2).GetIconUrl(), QStringLiteral("https://c.example/saved.png"));
-    m_pages.pages.first()->Arrive(QUrl(QStringLiteral("https://a.example/")),
-                                  QStringLiteral("The page's own"));
-    EXPECT_EQ(GetData(1).GetTitle(), QStringLiteral("The page's own"));
 
-    m_window->SetSavedFaces({});
+    m_window->EndReopening();
+    m_window->SelectTab(1);
+    m_pages.pages.last()->Arrive(QUrl(QStringLiteral("https://a.example/")),
+                                 QStringLiteral("The page's own"));
+    EXPECT_EQ(GetData(1).GetTitle(), QStringLiteral("The page's own"));
     OpenUrl(QStringLiteral("https://a.example/"));
     EXPECT_EQ(GetData(6).GetTitle(), QStringLiteral("a.example"));
-    EXPECT_EQ(lookedUp.size(), 3);
+    EXPECT_EQ(lookedUp.size(), 4);
 }
 
 TEST_F(DelayedTabTest, IconsAreFetchedOnceAndOnlyForTabsInSight)

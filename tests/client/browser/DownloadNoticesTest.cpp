@@ -1,6 +1,6 @@
-#include "browser/DownloadNotices.h"
-#include "browser/IDownload.h"
-#include "browser/NoticeBar.h"
+#include "DownloadNotices.h"
+#include "notices/NoticeBar.h"
+#include "pages/IDownload.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

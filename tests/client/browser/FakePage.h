@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/ITabPage.h"
+#include "pages/ITabPage.h"
 
 #include <QtWidgets/QLineEdit>
 

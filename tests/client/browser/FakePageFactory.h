@@ -2,7 +2,7 @@
 
 #include "FakePage.h"
 
-#include "browser/IPageFactory.h"
+#include "pages/IPageFactory.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QStringList>

@@ -1,6 +1,6 @@
 #include "MainWindowTest.h"
 
-#include "browser/AppListModel.h"
+#include "AppListModel.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>

@@ -1,6 +1,6 @@
 #include "MainWindowTest.h"
 
-#include "browser/MessagePage.h"
+#include "MessagePage.h"
 
 #include <QtTest/QTest>
 

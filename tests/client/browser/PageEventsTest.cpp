@@ -1,7 +1,7 @@
 #include "MainWindowTest.h"
 
-#include "browser/MessagePage.h"
-#include "browser/NoticeBar.h"
+#include "MessagePage.h"
+#include "notices/NoticeBar.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtTest/QSignalSpy>

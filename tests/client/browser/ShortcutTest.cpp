@@ -1,8 +1,8 @@
 #include "MainWindowTest.h"
 
-#include "browser/AddressBar.h"
-#include "browser/FindBar.h"
-#include "browser/NoticeBar.h"
+#include "AddressBar.h"
+#include "FindBar.h"
+#include "notices/NoticeBar.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

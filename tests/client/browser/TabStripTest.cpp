@@ -1,9 +1,9 @@
 #include "MainWindowTest.h"
 
-#include "browser/AddressBar.h"
-#include "browser/TabButton.h"
-#include "browser/TabListPopup.h"
-#include "browser/TabStrip.h"
+#include "AddressBar.h"
+#include "TabButton.h"
+#include "TabListPopup.h"
+#include "TabStrip.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

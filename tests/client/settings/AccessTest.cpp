@@ -2,7 +2,7 @@
 
 #include "WaitUntil.h"
 
-#include "browser/ThemeManager.h"
+#include "look/ThemeManager.h"
 
 #include <QtCore/QSet>
 #include <QtGui/QAccessible>

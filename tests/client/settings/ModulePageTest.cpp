@@ -6,7 +6,7 @@
 
 #include "settings/SettingsDialog.h"
 
-#include "browser/ThemeManager.h"
+#include "look/ThemeManager.h"
 
 #include "base-ui/KeyboardAccess.h"
 #include "base/DpiTool.h"

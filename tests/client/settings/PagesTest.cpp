@@ -2,11 +2,11 @@
 
 #include "WaitUntil.h"
 
-#include "settings/MonitorEventFile.h"
-#include "settings/ScaleManager.h"
+#include "look/ScaleManager.h"
+#include "monitoring/MonitorEventFile.h"
 
-#include "browser/LanguageManager.h"
-#include "browser/ThemeManager.h"
+#include "look/LanguageManager.h"
+#include "look/ThemeManager.h"
 
 #include "base/DpiTool.h"
 

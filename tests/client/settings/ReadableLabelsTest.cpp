@@ -1,4 +1,4 @@
-#include "settings/ReadableLabels.h"
+#include "ReadableLabels.h"
 
 #include <QtGui/QImage>
 #include <QtWidgets/QApplication>

@@ -16,11 +16,11 @@
 #include "FakeGeneralData.h"
 #include "FakeRouteExecutor.h"
 
-#include "settings/ScaleManager.h"
+#include "look/ScaleManager.h"
 #include "settings/SettingsDialog.h"
 
-#include "browser/LanguageManager.h"
-#include "browser/ThemeManager.h"
+#include "look/LanguageManager.h"
+#include "look/ThemeManager.h"
 
 #include "base/DpiTool.h"
 #include "base/Provided.h"

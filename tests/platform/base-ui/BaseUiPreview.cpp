@@ -21,8 +21,8 @@
 
 #include "base/DpiTool.h"
 
-#include "browser/LanguageManager.h"
-#include "browser/ThemeManager.h"
+#include "look/LanguageManager.h"
+#include "look/ThemeManager.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QTimer>

@@ -8,7 +8,7 @@
 #include "base-ui/TLToast.h"
 #include "base-ui/UIUtils.h"
 
-#include "browser/ThemeManager.h"
+#include "look/ThemeManager.h"
 
 #include <QtCore/QMetaProperty>
 #include <QtGui/QColor>

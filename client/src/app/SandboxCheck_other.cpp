@@ -1,6 +1,0 @@
-#include "app/SandboxCheck.h"
-
-QString CheckSandbox()
-{
-    return QString();
-}

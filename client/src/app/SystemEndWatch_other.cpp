@@ -1,5 +1,0 @@
-#include "app/SystemEndWatch.h"
-
-void SystemEndWatch::StartSignals() {}
-
-void SystemEndWatch::StopSignals() {}

@@ -1,0 +1,88 @@
+#include "TroubleNotices.h"
+
+#include "gateway/GatewayWatch.h"
+#include "notices/NoticeBoard.h"
+
+#include "http/HttpCallReport.h"
+
+#include <QtCore/QDir>
+
+namespace {
+
+const QString gatewayId = QStringLiteral("gateway");
+const QString startListId = QStringLiteral("start-list");
+
+QString Join(const QString& sentence, const QString& detail)
+{
+    return detail.isEmpty() ? sentence : QStringLiteral("%1 (%2)").arg(sentence, detail);
+}
+
+} // namespace
+
+TroubleNotices::TroubleNotices(NoticeBoard* notices, GatewayWatch* watch, QObject* parent)
+    : QObject(parent), m_notices(notices), m_watch(watch)
+{
+    connect(watch, &GatewayWatch::SigLost, this, &TroubleNotices::ShowLost);
+    connect(watch, &GatewayWatch::SigFound, this, [this] { m_notices->Hide(gatewayId); });
+}
+
+void TroubleNotices::Take(const HttpCallReport& report)
+{
+    if (report.method != "dsm.tl.pc.auto.run.get") {
+        return;
+    }
+    if (report.ok) {
+        m_notices->Hide(startListId);
+        return;
+    }
+    m_notices->Show(startListId, NoticeKind::Error, [description = report.description] {
+        return Join(tr("The list of what opens at the start could not be read."), description);
+    });
+}
+
+void TroubleNotices::ShowKeepFailed()
+{
+    m_notices->Show(QStringLiteral("keep-session"), NoticeKind::Warning, [] {
+        return tr("The system's key store did not take the session. You will be asked to log in again next "
+                  "time.");
+    });
+}
+
+void TroubleNotices::ShowStoreSetAside(const QString& setAsideFile, const QString& reason)
+{
+    m_notices->Show(QStringLiteral("store-set-aside"), NoticeKind::Warning, [setAsideFile, reason] {
+        return Join(tr("The client's settings file could not be used as it was. The old file is kept as %1.")
+                        .arg(QDir::toNativeSeparators(setAsideFile)),
+                    reason);
+    });
+}
+
+void TroubleNotices::TakeDamagedValue()
+{
+    ++m_damagedValues;
+    m_notices->Show(QStringLiteral("store-values-damaged"), NoticeKind::Warning, [count = m_damagedValues] {
+        return tr("Stored settings were damaged and start afresh (%1). The originals are kept in "
+                  "the settings file.")
+            .arg(count);
+    });
+}
+
+void TroubleNotices::ShowStoreFailed(const QString& reason)
+{
+    m_notices->Show(QStringLiteral("store-failed"), NoticeKind::Error, [reason] {
+        return Join(tr("The client's settings cannot be saved. What you change is lost at the end."), reason);
+    });
+}
+
+void TroubleNotices::ShowLost(const QString& failure, bool fromCache)
+{
+    const NoticeBoard::Action again{[] { return tr("Try again"); }, [this] { m_watch->AskNow(); }};
+    m_notices->Show(
+        gatewayId, NoticeKind::Warning,
+        [failure, fromCache] {
+            return Join(fromCache ? tr("The gateway cannot be reached. You see the last known configuration.")
+                                  : tr("The gateway cannot be reached."),
+                        failure);
+        },
+        {again});
+}

@@ -1,6 +1,0 @@
-#pragma once
-
-/// The icons, pictures and themes live in a static library; whoever reads them calls this before.
-namespace BrowserResources {
-void Ensure();
-}

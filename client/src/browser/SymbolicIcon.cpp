@@ -1,8 +1,0 @@
-#include "browser/SymbolicIcon.h"
-
-#include "browser/SymbolicIconEngine.h"
-
-QIcon SymbolicIcon::Make(const QString& name)
-{
-    return QIcon(new SymbolicIconEngine(name)); // the icon owns its engine
-}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "browser/PictureLoader.h"
+#include "look/Theme.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <functional>
+
+class IPageFactory;
+class TLPluginBaseManager;
+
+/// What the main window needs of the rest of the client. The objects are not owned and outlive it.
+struct MainWindowServices
+{
+    IPageFactory* pages = nullptr;
+    TLPluginBaseManager* apps = nullptr;
+    QString userName; ///< as the home tab greets the user; may be empty
+
+    Theme theme = Theme::FollowSystem; ///< what the menu shows as chosen
+    QString language = QStringLiteral("en");
+
+    /// The stored geometry; empty when there is none. May be left out, as may the others.
+    std::function<QByteArray()> loadGeometry;
+    std::function<void(const QByteArray&)> saveGeometry;
+
+    /// The icons of apps and of tabs that are not loaded yet; asked for only what is in sight.
+    PictureLoader loadPicture;
+};

@@ -1,0 +1,6 @@
+#pragma once
+
+/// The icons, pictures and themes live in a static library; whoever reads them calls this before.
+namespace LookResources {
+void Ensure();
+}

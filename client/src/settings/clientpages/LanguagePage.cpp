@@ -1,0 +1,46 @@
+#include "clientpages/LanguagePage.h"
+
+#include "settings/SettingsServices.h"
+
+#include "base-ui/TLComboBox.h"
+
+namespace {
+
+// Each in its own words, so that whoever got into the wrong one finds the way back.
+const QString english = QStringLiteral("English");
+const QString chinese = QStringLiteral("简体中文");
+
+} // namespace
+
+LanguagePage::LanguagePage(const SettingsServices* services)
+    : m_services(services), m_language(new TLComboBox(this))
+{
+    m_language->setObjectName(QStringLiteral("language_combo"));
+    m_language->addItem(english, QStringLiteral("en"));
+    m_language->addItem(chinese, QStringLiteral("zh_CN"));
+    AddCard();
+    AddRow([] { return tr("Language"); },
+           [] { return tr("Of the client and, where they have it, of web pages."); }, m_language);
+    ShowState();
+    m_language->setEnabled(static_cast<bool>(services->chooseLanguage));
+    connect(m_language, QOverload<int>::of(&QComboBox::activated), this,
+            [this] { m_services->chooseLanguage(m_language->currentData().toString()); });
+}
+
+LanguagePage::~LanguagePage() = default;
+
+QStringList LanguagePage::GetKeywords()
+{
+    return {tr("Language"),
+            english,
+            chinese,
+            QStringLiteral("Language"),
+            QStringLiteral("语言"),
+            QStringLiteral("中文"),
+            QStringLiteral("Chinese")};
+}
+
+void LanguagePage::ShowState()
+{
+    m_language->setCurrentIndex(m_language->findData(m_services->language));
+}

@@ -1,0 +1,6 @@
+#include "system/SandboxCheck.h"
+
+QString CheckSandbox()
+{
+    return QString();
+}

@@ -1,0 +1,5 @@
+#include "system/SystemEndWatch.h"
+
+void SystemEndWatch::StartSignals() {}
+
+void SystemEndWatch::StopSignals() {}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "login/LoginFlow.h"
+#include "system/EndKind.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+class HttpManager;
+class MainWindow;
+class ModuleEventDispatch;
+class ModuleLoader;
+class MonitorRecorder;
+class NoticeBoard;
+class QuestionWatch;
+class TraceWriter;
+
+/// Writes what happens in the client into its trace.
+class TraceRecorder final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `writer` is not owned.
+    explicit TraceRecorder(TraceWriter* writer, QObject* parent = nullptr);
+
+    void Watch(ModuleLoader* loader);
+    void Watch(HttpManager* http);
+    void Watch(ModuleEventDispatch* dispatch);
+    void Watch(MonitorRecorder* monitor);
+    void Watch(NoticeBoard* notices);
+    void Watch(MainWindow* window);
+    void Watch(QuestionWatch* questions);
+    /// The hub of the process.
+    void WatchNotifications();
+
+    void WriteLogin(const QString& pin, bool ok, LoginFlow::Origin origin);
+    void WriteExit(EndKind kind);
+
+private:
+    TraceWriter* m_writer;
+};
