@@ -24,8 +24,9 @@ LabelHighlighter::~LabelHighlighter() = default;
 void LabelHighlighter::Highlight(const QString& keyword)
 {
     m_keyword = keyword;
-    if (m_label->text() != m_written || m_written.isEmpty())
+    if (m_label->text() != m_written || m_written.isEmpty()) {
         m_plain = m_label->text();
+    }
     Write();
 }
 

@@ -17,8 +17,9 @@ QMessageBox::StandardButton PackagedMsgBox::question(const QString& text, QWidge
     (void)TLMask::Instance()->InitMask(over, over);
     TLMask::Instance()->ShowMask(dialog);
     dialog->exec();
-    if (dialog.isNull())
+    if (dialog.isNull()) {
         return MessageDialog::GetEscapeAnswer(buttons);
+    }
     const QMessageBox::StandardButton answer = dialog->GetAnswer();
     delete dialog.data();
     return answer;

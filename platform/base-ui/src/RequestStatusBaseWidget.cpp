@@ -33,11 +33,13 @@ void SetVisible(QWidget* widget, bool visible)
     QLayout* const layout = widget->layout();
     const bool later = visible && layout != nullptr && layout->isEnabled() &&
                        widget->parentWidget() != nullptr && !widget->parentWidget()->isVisible();
-    if (later)
+    if (later) {
         layout->setEnabled(false);
+    }
     widget->setVisible(visible);
-    if (later)
+    if (later) {
         layout->setEnabled(true);
+    }
 }
 
 } // namespace
@@ -82,8 +84,9 @@ int RequestStatusBaseWidget::GetStatus() const noexcept
 
 void RequestStatusBaseWidget::SetStatus(int status)
 {
-    if (status < RequestStatus::Loading || status > RequestStatus::Succeeded)
+    if (status < RequestStatus::Loading || status > RequestStatus::Succeeded) {
         return;
+    }
     if (status == RequestStatus::Loading && m_status != RequestStatus::Loading) {
         m_lastHeight = height();
         m_patience->start();
@@ -96,12 +99,15 @@ void RequestStatusBaseWidget::SetStatus(int status)
 
 void RequestStatusBaseWidget::AddSucceedWidget(QWidget* widget)
 {
-    if (widget == nullptr)
+    if (widget == nullptr) {
         return;
-    if (layout() == nullptr)
+    }
+    if (layout() == nullptr) {
         (new QVBoxLayout(this))->setContentsMargins(0, 0, 0, 0);
-    if (layout()->indexOf(widget) < 0)
+    }
+    if (layout()->indexOf(widget) < 0) {
         layout()->addWidget(widget);
+    }
     m_succeedWidgets.append(widget);
     Apply();
 }
@@ -109,8 +115,9 @@ void RequestStatusBaseWidget::AddSucceedWidget(QWidget* widget)
 QSize RequestStatusBaseWidget::sizeHint() const
 {
     const QSize content = TLBaseWidget::sizeHint();
-    if (m_status == RequestStatus::Succeeded)
+    if (m_status == RequestStatus::Succeeded) {
         return content;
+    }
     const QSize panel = m_loadingPanel->sizeHint().expandedTo(m_failedPanel->sizeHint());
     return {qMax(content.width(), panel.width()), qMax(qMax(m_lastHeight, Scaled(lowest)), panel.height())};
 }
@@ -118,15 +125,17 @@ QSize RequestStatusBaseWidget::sizeHint() const
 QSize RequestStatusBaseWidget::minimumSizeHint() const
 {
     const QSize content = TLBaseWidget::minimumSizeHint();
-    if (m_status == RequestStatus::Succeeded)
+    if (m_status == RequestStatus::Succeeded) {
         return content;
+    }
     return content.expandedTo(m_failedPanel->minimumSizeHint());
 }
 
 void RequestStatusBaseWidget::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
     TLBaseWidget::changeEvent(event);
 }
 
@@ -140,8 +149,9 @@ void RequestStatusBaseWidget::resizeEvent(QResizeEvent* event)
 void RequestStatusBaseWidget::Apply()
 {
     for (const QPointer<QWidget>& widget : qAsConst(m_succeedWidgets)) {
-        if (!widget.isNull())
+        if (!widget.isNull()) {
             SetVisible(widget, m_status == RequestStatus::Succeeded);
+        }
     }
     SetVisible(m_failedPanel, m_status == RequestStatus::Failed);
     SetVisible(m_loadingPanel, m_status == RequestStatus::Loading && !m_patience->isActive());
@@ -174,7 +184,8 @@ void RequestStatusBaseWidget::AddTo(QWidget* panel, QWidget* picture, QWidget* t
     layout->addStretch();
     layout->addWidget(picture, 0, Qt::AlignHCenter);
     layout->addWidget(text);
-    if (button != nullptr)
+    if (button != nullptr) {
         layout->addWidget(button, 0, Qt::AlignHCenter);
+    }
     layout->addStretch();
 }

@@ -49,8 +49,9 @@ void TLBubbleLabel::setText(const QString& text)
     QLabel::setText(text);
     setAccessibleName(text);
     Adjust();
-    if (isVisible())
+    if (isVisible()) {
         Announce();
+    }
 }
 
 void TLBubbleLabel::SetBubbleParam(int direction, int pointerOffset)
@@ -63,8 +64,9 @@ void TLBubbleLabel::SetBubbleParam(int direction, int pointerOffset)
 void TLBubbleLabel::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         Adjust();
+    }
 }
 
 void TLBubbleLabel::moveEvent(QMoveEvent* event)
@@ -85,14 +87,17 @@ void TLBubbleLabel::showEvent(QShowEvent* event)
 
 int TLBubbleLabel::GetLead() const
 {
-    if (m_direction != BubbleDirection::Up || parentWidget() == nullptr)
+    if (m_direction != BubbleDirection::Up || parentWidget() == nullptr) {
         return 0;
+    }
     // The bubble itself lets the mouse through and is not found.
     const QWidget* control = parentWidget()->childAt(pos());
-    while (control != nullptr && control != parentWidget() && control->focusPolicy() == Qt::NoFocus)
+    while (control != nullptr && control != parentWidget() && control->focusPolicy() == Qt::NoFocus) {
         control = control->parentWidget();
-    if (control == nullptr || control == parentWidget())
+    }
+    if (control == nullptr || control == parentWidget()) {
         return 0;
+    }
     const int bottom = control->mapTo(parentWidget(), QPoint(0, control->height())).y();
     return bottom + Scaled(2) - y();
 }
@@ -102,8 +107,9 @@ void TLBubbleLabel::Adjust()
     m_lead = GetLead();
     const int around = 2 * Scaled(padding) + Scaled(signSize) + Scaled(signGap);
     int room = QWIDGETSIZE_MAX;
-    if (parentWidget() != nullptr)
+    if (parentWidget() != nullptr) {
         room = qMax(Scaled(shortestText), parentWidget()->width() - x() - Scaled(8) - around);
+    }
     const QRect needed = fontMetrics().boundingRect(QRect(0, 0, room, QWIDGETSIZE_MAX),
                                                     Qt::AlignLeft | Qt::TextWordWrap, text());
     const int width =

@@ -100,8 +100,9 @@ void TLCheckBox::paintEvent(QPaintEvent*)
         if (isDown() || underMouse()) {
             border = isDown() ? ThemedColor(m_pressedColor, colors, QPalette::Highlight)
                               : ThemedColor(m_hoverColor, colors, QPalette::Highlight);
-            if (marked)
+            if (marked) {
                 fill = border;
+            }
         }
     }
 
@@ -140,8 +141,9 @@ void TLCheckBox::paintEvent(QPaintEvent*)
 
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (option.text.isEmpty())
+    if (option.text.isEmpty()) {
         return;
+    }
     const int lead = Scaled(boxMargin) + Scaled(boxSize) + Scaled(gap);
     const QRect area = QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(lead, 0, 0, 0));
     const int flags =

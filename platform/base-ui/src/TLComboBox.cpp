@@ -72,8 +72,9 @@ void TLComboBox::showPopup()
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     if (QLayout* const frame = view()->parentWidget()->layout()) {
         for (int i = 0; i < frame->count(); ++i) {
-            if (QSpacerItem* const margin = frame->itemAt(i)->spacerItem())
+            if (QSpacerItem* const margin = frame->itemAt(i)->spacerItem()) {
                 margin->changeSize(0, 0);
+            }
         }
         frame->invalidate();
     }
@@ -121,10 +122,11 @@ void TLComboBox::paintEvent(QPaintEvent*)
 void TLComboBox::wheelEvent(QWheelEvent* event)
 {
     // Without the focus the user means the page that scrolls under the mouse.
-    if (hasFocus())
+    if (hasFocus()) {
         QComboBox::wheelEvent(event);
-    else
+    } else {
         event->ignore();
+    }
 }
 
 void TLComboBox::AdjustForScale()

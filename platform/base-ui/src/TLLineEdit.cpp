@@ -67,10 +67,11 @@ QSize TLLineEdit::minimumSizeHint() const
 
 void TLLineEdit::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
-    else if (event->type() == QEvent::EnabledChange || event->type() == QEvent::ReadOnlyChange)
+    } else if (event->type() == QEvent::EnabledChange || event->type() == QEvent::ReadOnlyChange) {
         PlaceClearButton();
+    }
     QLineEdit::changeEvent(event);
 }
 

@@ -52,8 +52,9 @@ TLToast::TLToast(QWidget* window)
     m_timer->setSingleShot(true);
     connect(m_timer, &QTimer::timeout, this, &TLToast::Leave);
     connect(m_fade.get(), &QVariantAnimation::finished, this, [this] {
-        if (m_fade->GetOpacity() <= 0)
+        if (m_fade->GetOpacity() <= 0) {
             deleteLater();
+        }
     });
     m_scaleWatch = std::make_unique<ScaleWatch>([this] { Adjust(); });
     window->installEventFilter(this);
@@ -64,11 +65,13 @@ TLToast::~TLToast() = default;
 void TLToast::Show(const QString& text, int type, int duration)
 {
     QWidget* const window = FindActiveWindow();
-    if (window == nullptr || text.isEmpty())
+    if (window == nullptr || text.isEmpty()) {
         return;
+    }
     auto* toast = window->findChild<TLToast*>(QString(), Qt::FindDirectChildrenOnly);
-    if (toast == nullptr)
+    if (toast == nullptr) {
         toast = new TLToast(window);
+    }
     toast->Say(text, type, duration);
 }
 
@@ -101,16 +104,18 @@ void TLToast::Leave()
 
 bool TLToast::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize) {
         Adjust();
+    }
     return QLabel::eventFilter(watched, event);
 }
 
 void TLToast::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         Adjust();
+    }
 }
 
 void TLToast::Adjust()

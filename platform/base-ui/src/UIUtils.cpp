@@ -22,8 +22,9 @@ void UIUtils::SetElidedText(QLabel* label, const QString& text, int width, Qt::T
 
 QString UIUtils::HighlightText(const QString& text, const QString& keyword, const QString& color)
 {
-    if (keyword.isEmpty())
+    if (keyword.isEmpty()) {
         return text.toHtmlEscaped();
+    }
     QString html;
     int from = 0;
     for (int at = 0; (at = text.indexOf(keyword, from, Qt::CaseInsensitive)) >= 0;
@@ -37,6 +38,7 @@ QString UIUtils::HighlightText(const QString& text, const QString& keyword, cons
 
 void UIUtils::HighlightLabel(QLabel* label, const QString& keyword)
 {
-    if (label != nullptr)
+    if (label != nullptr) {
         LabelHighlighter::Of(label)->Highlight(keyword);
+    }
 }

@@ -44,8 +44,9 @@ using FieldTablePtr = QSharedPointer<const FieldTable>;
 
 FieldType TypeOf(const QMetaProperty& property)
 {
-    if (property.isEnumType())
+    if (property.isEnumType()) {
         return FieldType::Other;
+    }
     switch (property.userType()) {
     case QMetaType::QString:
         return FieldType::String;
@@ -73,8 +74,9 @@ FieldTablePtr ReadFieldTable(const QMetaObject* metaObject)
     for (int i = QObject::staticMetaObject.propertyCount(); i < metaObject->propertyCount(); ++i) {
         const QMetaProperty property = metaObject->property(i);
         const bool redeclaredFurtherDown = metaObject->indexOfProperty(property.name()) != i;
-        if (!redeclaredFurtherDown)
+        if (!redeclaredFurtherDown) {
             table->fields.append({QString::fromLatin1(property.name()), property, TypeOf(property)});
+        }
     }
     return table;
 }
@@ -86,8 +88,9 @@ FieldTablePtr FieldTableOf(const QMetaObject* metaObject)
     {
         const std::shared_lock<std::shared_mutex> lock(mutex);
         FieldTablePtr table = tables.value(metaObject);
-        if (table && table->strings == metaObject->d.stringdata && table->data == metaObject->d.data)
+        if (table && table->strings == metaObject->d.stringdata && table->data == metaObject->d.data) {
             return table;
+        }
     }
     FieldTablePtr table = ReadFieldTable(metaObject);
     const std::unique_lock<std::shared_mutex> lock(mutex);
@@ -141,11 +144,13 @@ QString NameOf(const QJsonValue& value)
 // The number as an integer from `lowest` to `highest`; invalid when it is none.
 QVariant ToInteger(const QJsonValue& value, qint64 lowest, qint64 highest)
 {
-    if (!value.isDouble())
+    if (!value.isDouble()) {
         return QVariant();
+    }
     const double number = value.toDouble();
-    if (std::trunc(number) != number || number < double(lowest) || number > double(highest))
+    if (std::trunc(number) != number || number < double(lowest) || number > double(highest)) {
         return QVariant();
+    }
     // The double has been rounded if the text held more digits; the variant has not.
     const qint64 integer = value.toVariant().toLongLong();
     return integer < lowest || integer > highest ? QVariant() : QVariant(integer);
@@ -153,13 +158,15 @@ QVariant ToInteger(const QJsonValue& value, qint64 lowest, qint64 highest)
 
 QVariant ToStringList(const QJsonValue& value)
 {
-    if (!value.isArray())
+    if (!value.isArray()) {
         return QVariant();
+    }
     QStringList list;
     const QJsonArray array = value.toArray();
     for (const QJsonValue& element : array) {
-        if (!element.isString())
+        if (!element.isString()) {
             return QVariant();
+        }
         list.append(element.toString());
     }
     return list;
@@ -224,8 +231,9 @@ VXJsonParserBase::VXJsonParserBase(const VXJsonParserBase& other)
 
 VXJsonParserBase& VXJsonParserBase::operator=(const VXJsonParserBase& other)
 {
-    if (this != &other)
+    if (this != &other) {
         m_parseErrors = other.m_parseErrors;
+    }
     return *this;
 }
 
@@ -233,8 +241,9 @@ VXJsonParserBase::~VXJsonParserBase() = default;
 
 bool VXJsonParserBase::Parse(const QJsonDocument& document)
 {
-    if (document.isObject())
+    if (document.isObject()) {
         return Parse(document.object());
+    }
     const QLatin1String found(document.isArray() ? "array" : "nothing");
     m_parseErrors = QStringList{QStringLiteral("wanted object, found ") + found};
     return false;
@@ -246,17 +255,21 @@ bool VXJsonParserBase::Parse(const QJsonObject& object)
     const FieldTablePtr table = FieldTableOf(metaObject());
     for (const Field& field : table->fields) {
         const auto found = object.constFind(field.key);
-        if (found == object.constEnd())
+        if (found == object.constEnd()) {
             continue;
+        }
         const QJsonValue value = *found;
-        if (ParseSpecial(field.key, value) || field.type == FieldType::Other || !field.property.isWritable())
+        if (ParseSpecial(field.key, value) || field.type == FieldType::Other ||
+            !field.property.isWritable()) {
             continue;
+        }
         const QVariant converted = FromJson(field.type, value);
-        if (converted.isValid())
+        if (converted.isValid()) {
             field.property.write(this, converted);
-        else
+        } else {
             m_parseErrors.append(QStringLiteral("key \"%1\": wanted %2, found %3")
                                      .arg(field.key, NameOf(field.type), NameOf(value)));
+        }
     }
     return GetParseError().isEmpty();
 }
@@ -265,8 +278,9 @@ bool VXJsonParserBase::Parse(const QByteArray& json)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error == QJsonParseError::NoError)
+    if (error.error == QJsonParseError::NoError) {
         return Parse(document);
+    }
     m_parseErrors =
         QStringList{QStringLiteral("not JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset)};
     return false;
@@ -279,12 +293,14 @@ QJsonObject VXJsonParserBase::ToJsonObject() const
     for (const Field& field : table->fields) {
         QJsonValue value(QJsonValue::Undefined);
         if (!ToSpecial(field.key, value)) {
-            if (!JoinToJson(field.key) || field.type == FieldType::Other)
+            if (!JoinToJson(field.key) || field.type == FieldType::Other) {
                 continue;
+            }
             value = ToJsonValue(field.type, field.property.read(this));
         }
-        if (!value.isUndefined())
+        if (!value.isUndefined()) {
             object.insert(field.key, value);
+        }
     }
     return object;
 }

@@ -16,15 +16,17 @@ QString SettingConnection::Open(const QString& file, int busyTimeout, QSqlError*
         opened = database.open();
         *error = database.lastError();
     }
-    if (!opened)
+    if (!opened) {
         Close(&connection);
+    }
     return connection;
 }
 
 void SettingConnection::Close(QString* connection)
 {
-    if (connection->isEmpty())
+    if (connection->isEmpty()) {
         return;
+    }
     QSqlDatabase::removeDatabase(*connection);
     connection->clear();
 }

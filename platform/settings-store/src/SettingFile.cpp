@@ -46,8 +46,9 @@ bool HasStrangeHead(const QString& path)
     constexpr int writeVersion = 18;
     constexpr int readVersion = 19;
     QFile file(path);
-    if (!file.open(QFile::ReadOnly))
+    if (!file.open(QFile::ReadOnly)) {
         return false;
+    }
     const QByteArray head = file.read(readVersion + 1);
     const auto isKnown = [](char version) { return version == 1 || version == 2; };
     return head.size() > readVersion && !(isKnown(head.at(writeVersion)) && isKnown(head.at(readVersion)));
@@ -66,20 +67,23 @@ QVector<SettingKey> KeysOf(const SettingContent& content)
     QVector<SettingKey> keys;
     for (const SettingRow& row : content.damaged) {
         const SettingKey key = row.GetKey();
-        if (!content.values.contains(key))
+        if (!content.values.contains(key)) {
             keys.append(key);
+        }
     }
     return keys;
 }
 
 bool InsertRows(QSqlQuery* query, const SettingValues& values)
 {
-    if (!query->prepare(SettingTable::WriteStatement()))
+    if (!query->prepare(SettingTable::WriteStatement())) {
         return false;
+    }
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
         SettingTable::BindRow(query, SettingRow::Of(it.key(), it.value()));
-        if (!query->exec())
+        if (!query->exec()) {
             return false;
+        }
     }
     return true;
 }
@@ -115,11 +119,13 @@ SettingFileReport SettingFile::Open()
         content = SettingSalvage::Read(m_path);
         m_values = content.values;
         // A later version may count its checksums in another way: that is no damage.
-        if (problem.fault == SettingFault::Damaged)
+        if (problem.fault == SettingFault::Damaged) {
             report.damagedValues = KeysOf(content);
+        }
         problem = Replace(problem, m_values, &report);
-        if (problem.None())
+        if (problem.None()) {
             report.setAsideReason += QLatin1Char(' ') + KeptSentence(m_values.size());
+        }
     } else if (problem.None() || m_isRead || ReadAlone(problem, &content)) {
         m_values = content.values;
         report.damagedValues = KeysOf(content);
@@ -133,19 +139,24 @@ SettingFileReport SettingFile::Write(const SettingValues& values)
 {
     SettingFileReport report;
     Problem problem;
-    if (m_connection.isEmpty())
+    if (m_connection.isEmpty()) {
         problem = OpenConnection(nullptr);
-    if (problem.None())
+    }
+    if (problem.None()) {
         problem = WriteRows(m_connection, values);
+    }
     const bool isWritten = problem.None();
     if (isWritten || problem.IsFatal()) {
         SettingValues all = m_values;
-        for (auto it = values.cbegin(); it != values.cend(); ++it)
+        for (auto it = values.cbegin(); it != values.cend(); ++it) {
             all.insert(it.key(), it.value());
-        if (!isWritten)
+        }
+        if (!isWritten) {
             problem = Replace(problem, all, &report);
-        if (problem.None())
+        }
+        if (problem.None()) {
             m_values = all;
+        }
     }
     report.failure = Sentence(problem);
     return report;
@@ -191,33 +202,40 @@ QString SettingFile::KeptSentence(int count)
 
 SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
 {
-    if (IsTooShort(m_path))
+    if (IsTooShort(m_path)) {
         return {SettingFault::Damaged, tr("it is too short")};
-    if (HasOnlyLog(m_path))
+    }
+    if (HasOnlyLog(m_path)) {
         return {SettingFault::Damaged, tr("only its log is there")};
+    }
     if (!QFileInfo::exists(m_path)) {
         Problem problem = MakeFile();
-        if (!problem.None())
+        if (!problem.None()) {
             return problem;
+        }
     }
 
-    if (HasStrangeHead(m_path))
+    if (HasStrangeHead(m_path)) {
         return {SettingFault::Damaged, tr("its head is not that of a database")};
+    }
     if (QFileInfo(m_path + SettingFileNames::log).size() > 0) {
         Problem problem = ExamineCopy(m_path);
-        if (problem.IsFatal())
+        if (problem.IsFatal()) {
             return problem;
+        }
     }
 
     QSqlError error;
     m_connection = SettingConnection::Open(m_path, busyTimeout, &error);
-    if (m_connection.isEmpty())
+    if (m_connection.isEmpty()) {
         return {IsInTheWay(m_path) ? SettingFault::Damaged : SettingFault::Other, error.databaseText()};
+    }
     Problem problem = Prepare(loaded);
-    if (!problem.None())
+    if (!problem.None()) {
         CloseConnection();
-    else
+    } else {
         QFile::remove(m_path + SettingFileNames::draft);
+    }
     return problem;
 }
 
@@ -225,8 +243,9 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
 // index of the log, which would have to be made, and which nobody needs who has the file alone.
 bool SettingFile::ReadAlone(const Problem& problem, SettingContent* loaded)
 {
-    if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile())
+    if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile()) {
         return false;
+    }
     QSqlError error;
     QString connection = SettingConnection::Open(m_path, busyTimeout, &error);
     if (!connection.isEmpty()) {
@@ -246,28 +265,34 @@ SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
 {
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
     Problem problem = Examine(m_connection, &kind);
-    if (problem.None())
+    if (problem.None()) {
         problem = SetUp();
-    if (problem.None() && kind == SettingTable::Kind::Empty)
+    }
+    if (problem.None() && kind == SettingTable::Kind::Empty) {
         problem = CreateTables(m_connection, {});
-    if (!problem.None())
+    }
+    if (!problem.None()) {
         return problem;
+    }
 
     const QSqlDatabase database = QSqlDatabase::database(m_connection);
     if (loaded) {
         problem = ReadValues(database, loaded);
-        if (!problem.None())
+        if (!problem.None()) {
             return problem;
+        }
         m_isRead = true;
     }
     if (kind == SettingTable::Kind::Version1) {
         const QSqlError error = SettingTable::BringUpToDate(database);
-        if (error.isValid())
+        if (error.isValid()) {
             return ProblemOf(error);
+        }
     }
     // Rows that cannot be moved now stay, and are found again when the file is opened again.
-    if (loaded && !loaded->damaged.isEmpty())
+    if (loaded && !loaded->damaged.isEmpty()) {
         DamagedRows::Keep(database, loaded->damaged.keys());
+    }
     return {};
 }
 
@@ -284,15 +309,19 @@ SettingFile::Problem SettingFile::ReadValues(const QSqlDatabase& database, Setti
 SettingFile::Problem SettingFile::Examine(const QString& connection, SettingTable::Kind* kind)
 {
     Problem problem = CheckIntegrity(connection);
-    if (!problem.None())
+    if (!problem.None()) {
         return problem;
+    }
     const QSqlError error = SettingTable::Recognise(QSqlDatabase::database(connection), kind);
-    if (error.isValid())
+    if (error.isValid()) {
         return ProblemOf(error);
-    if (*kind == SettingTable::Kind::Foreign)
+    }
+    if (*kind == SettingTable::Kind::Foreign) {
         return {SettingFault::Damaged, tr("it was made by another program")};
-    if (*kind == SettingTable::Kind::Later)
+    }
+    if (*kind == SettingTable::Kind::Later) {
         return {SettingFault::LaterVersion, QString()};
+    }
     return {};
 }
 
@@ -301,8 +330,9 @@ SettingFile::Problem SettingFile::ExamineCopy(const QString& file)
     const SettingCopy copy(file);
     QSqlError error;
     QString connection = SettingConnection::Open(copy.GetFile(), busyTimeout, &error);
-    if (copy.GetFile().isEmpty() || connection.isEmpty())
+    if (copy.GetFile().isEmpty() || connection.isEmpty()) {
         return {}; // there may be no room for it
+    }
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
     Problem problem = Examine(connection, &kind);
     SettingConnection::Close(&connection);
@@ -318,13 +348,15 @@ SettingFile::Problem SettingFile::CheckIntegrity(const QString& connection)
         // There is nothing wrong with the statement: SQLite says so of a head with a format that it does not
         // know, too.
         constexpr int sqliteError = 1;
-        if (query.lastError().nativeErrorCode().toInt() == sqliteError)
+        if (query.lastError().nativeErrorCode().toInt() == sqliteError) {
             problem.fault = SettingFault::Damaged;
+        }
         return problem;
     }
     const QString verdict = query.value(0).toString();
-    if (verdict == QLatin1String("ok"))
+    if (verdict == QLatin1String("ok")) {
         return {};
+    }
     return {SettingFault::Damaged,
             verdict.section(QLatin1Char('\n'), -1)}; // below a line that names the database
 }
@@ -339,8 +371,9 @@ SettingFile::Problem SettingFile::SetUp()
           QStringLiteral("PRAGMA journal_size_limit=1048576")}) {
         if (!query.exec(pragma)) {
             Problem problem = ProblemOf(query.lastError());
-            if (problem.fault != SettingFault::Unwritable)
+            if (problem.fault != SettingFault::Unwritable) {
                 return problem;
+            }
         }
         query.finish();
     }
@@ -353,8 +386,9 @@ SettingFile::Problem SettingFile::MakeFile()
 {
     if (!IsWholeDraft()) {
         Problem problem = MakeDraft({});
-        if (!problem.None())
+        if (!problem.None()) {
             return problem;
+        }
     }
     return TakeDraft();
 }
@@ -362,8 +396,9 @@ SettingFile::Problem SettingFile::MakeFile()
 bool SettingFile::IsWholeDraft() const
 {
     const QString draft = m_path + SettingFileNames::draft;
-    if (IsTooShort(draft) || !QFileInfo(draft).isFile())
+    if (IsTooShort(draft) || !QFileInfo(draft).isFile()) {
         return false;
+    }
     QSqlError error;
     QString connection = SettingConnection::Open(draft, busyTimeout, &error);
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
@@ -380,8 +415,9 @@ SettingFile::Problem SettingFile::MakeDraft(const SettingValues& values)
     QFile::remove(draft);
     QSqlError error;
     QString connection = SettingConnection::Open(draft, busyTimeout, &error);
-    if (connection.isEmpty())
+    if (connection.isEmpty()) {
         return ProblemOf(error);
+    }
     // The settings tell what a person has open: nobody else's business. The files beside a database get
     // its permissions.
     QFile::setPermissions(draft, QFile::ReadOwner | QFile::WriteOwner);
@@ -394,8 +430,9 @@ SettingFile::Problem SettingFile::TakeDraft()
 {
     // Empty leftovers, which must not be taken for its own.
     for (const QString& suffix :
-         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal})
+         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal}) {
         QFile::remove(m_path + suffix);
+    }
     QFile file(m_path + SettingFileNames::draft);
     return file.rename(m_path) ? Problem{} : Problem{SettingFault::Other, file.errorString()};
 }
@@ -405,8 +442,9 @@ SettingFile::Problem SettingFile::CreateTables(const QString& connection, const 
 {
     return InTransaction(connection, [&values](QSqlQuery* query) {
         for (const QString& statement : SettingTable::CreateStatements()) {
-            if (!query->exec(statement))
+            if (!query->exec(statement)) {
                 return false;
+            }
         }
         return InsertRows(query, values);
     });
@@ -428,8 +466,9 @@ SettingFile::Problem SettingFile::InTransaction(const QString& connection,
     QSqlQuery query(QSqlDatabase::database(connection));
     if (query.exec(QStringLiteral("BEGIN IMMEDIATE")) && work(&query)) {
         query.finish();
-        if (query.exec(QStringLiteral("COMMIT")))
+        if (query.exec(QStringLiteral("COMMIT"))) {
             return {};
+        }
     }
     Problem problem = ProblemOf(query.lastError());
     query.finish();
@@ -444,10 +483,12 @@ SettingFile::Problem SettingFile::Replace(const Problem& damage, const SettingVa
 {
     CloseConnection();
     Problem problem = MakeDraft(values);
-    if (problem.None())
+    if (problem.None()) {
         problem = SetAside(damage, report);
-    if (problem.None())
+    }
+    if (problem.None()) {
         problem = TakeDraft();
+    }
     return problem.None() ? OpenConnection(nullptr) : problem;
 }
 
@@ -460,18 +501,22 @@ SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileRep
     const QString name =
         m_path + kind + QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMddTHHmmsszzzZ"));
     QString aside = name;
-    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::log); ++i)
+    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::log); ++i) {
         aside = QStringLiteral("%1-%2").arg(name).arg(i);
+    }
 
     for (const QString& suffix :
          {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal, QString()}) {
-        if (!QFileInfo::exists(m_path + suffix))
+        if (!QFileInfo::exists(m_path + suffix)) {
             continue;
-        if (!QDir().rename(m_path + suffix, aside + suffix))
+        }
+        if (!QDir().rename(m_path + suffix, aside + suffix)) {
             return {SettingFault::Other,
                     tr("the damaged file %1 cannot be renamed").arg(QDir::toNativeSeparators(m_path))};
-        if (suffix != SettingFileNames::logIndex)
+        }
+        if (suffix != SettingFileNames::logIndex) {
             report->setAsideFile = aside + suffix; // the last one is the database, if it is there at all
+        }
     }
     report->setAsideReason = damage.fault == SettingFault::LaterVersion
                                  ? tr("The settings file was made by a later version of this program.")

@@ -24,8 +24,9 @@ bool SettingLock::Take()
 {
     bool isDamaged = false;
     bool isFree = TryOnce(&isDamaged);
-    if (isDamaged && QFile::remove(m_file)) // something else wrote into it: no process has it locked
+    if (isDamaged && QFile::remove(m_file)) { // something else wrote into it: no process has it locked
         isFree = TryOnce(&isDamaged);
+    }
     return isFree;
 }
 
@@ -38,8 +39,9 @@ bool SettingLock::TryOnce(bool* isDamaged)
     if (!m_connection.isEmpty()) {
         QSqlQuery query(QSqlDatabase::database(m_connection));
         if (query.exec(QStringLiteral("PRAGMA journal_mode=MEMORY")) &&
-            query.exec(QStringLiteral("BEGIN IMMEDIATE")))
+            query.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
             return true;
+        }
         error = query.lastError();
     }
     SettingConnection::Close(&m_connection);

@@ -27,8 +27,9 @@ SettingContent ReadAround(const QSqlDatabase& database, qint64 maximumRows, Sett
     SettingContent content;
     const SettingTable::ReadResult forward =
         SettingTable::ReadAll(database, SettingTable::Direction::Forward, maximumRows, checksums, &content);
-    if (!forward.error.isValid())
+    if (!forward.error.isValid()) {
         return content;
+    }
     const SettingTable::ReadResult backward =
         SettingTable::ReadAll(database, SettingTable::Direction::Backward, maximumRows, checksums, &content);
     const qint64 farthest = forward.lastRowId + maximumProbes;
@@ -64,17 +65,20 @@ QByteArray MakeFirstPage(const QString& emptyFile)
     if (!connection.isEmpty()) {
         QSqlQuery query(QSqlDatabase::database(connection));
         query.exec(QStringLiteral("PRAGMA page_size=%1").arg(pageSize));
-        for (const QString& statement : SettingTable::CreateStatements())
+        for (const QString& statement : SettingTable::CreateStatements()) {
             query.exec(statement);
+        }
     }
     SettingConnection::Close(&connection);
 
     QFile file(emptyFile);
     QByteArray page;
-    if (file.open(QFile::ReadOnly))
+    if (file.open(QFile::ReadOnly)) {
         page = file.read(pageSize);
-    if (page.size() < pageSize)
+    }
+    if (page.size() < pageSize) {
         return {};
+    }
     page[18] = page[19] = 2;       // there may be a log
     page[27] = char(~page.at(95)); // what the page says of the file's size does not count
     return page;
@@ -93,18 +97,22 @@ bool ReplaceFirstPage(const SettingCopy& copy)
 SettingContent SettingSalvage::Read(const QString& damagedFile)
 {
     const QFileInfo info(damagedFile);
-    if (info.exists() && !info.isFile())
+    if (info.exists() && !info.isFile()) {
         return {};
+    }
     SettingContent content;
     {
         const SettingCopy copy(damagedFile);
-        if (!copy.GetFile().isEmpty())
+        if (!copy.GetFile().isEmpty()) {
             content = ReadCopy(copy.GetFile(), SettingTable::Checksums::Needed);
+        }
     }
-    if (!content.values.isEmpty())
+    if (!content.values.isEmpty()) {
         return content;
+    }
     const SettingCopy copy(damagedFile);
-    if (!copy.GetFile().isEmpty() && ReplaceFirstPage(copy))
+    if (!copy.GetFile().isEmpty() && ReplaceFirstPage(copy)) {
         content = ReadCopy(copy.GetFile(), SettingTable::Checksums::IfThere);
+    }
     return content;
 }

@@ -50,15 +50,17 @@ bool SettingWriter::HasWaiting() const
 bool SettingWriter::Flush()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    if (m_written == m_queued)
+    if (m_written == m_queued) {
         return true;
+    }
     const quint64 mine = ++m_queued;
     m_attemptWanted = true;
     m_hurry = true;
     m_wake.notify_one();
     const auto bound = m_isStalled ? std::chrono::seconds(0) : flushBound;
-    if (m_done.wait_for(lock, bound, [this, mine] { return m_attempted >= mine; }))
+    if (m_done.wait_for(lock, bound, [this, mine] { return m_attempted >= mine; })) {
         return m_written >= mine;
+    }
     const bool isNews = !m_isStalled;
     m_isStalled = true;
     lock.unlock();
@@ -79,8 +81,9 @@ void SettingWriter::Stop()
         m_stop = true;
         m_wake.notify_one();
     }
-    if (m_thread.joinable())
+    if (m_thread.joinable()) {
         m_thread.join();
+    }
 }
 
 void SettingWriter::Run()
@@ -93,14 +96,16 @@ void SettingWriter::Run()
     m_loaded = file.GetValues();
     m_opened = true;
     m_done.notify_all();
-    if (!openReport.failure.isEmpty())
+    if (!openReport.failure.isEmpty()) {
         return;
+    }
 
     QString lastFailure;
     for (;;) {
         m_wake.wait(lock, [this] { return m_attemptWanted || m_stop; });
-        if (!m_attemptWanted)
+        if (!m_attemptWanted) {
             return;
+        }
         m_wake.wait_for(lock, gatherTime, [this] { return m_hurry || m_stop; });
         const SettingValues batch = std::exchange(m_waiting, SettingValues());
         const quint64 upTo = m_queued;
@@ -109,20 +114,23 @@ void SettingWriter::Run()
 
         lock.unlock();
         const SettingFileReport report = file.Write(batch);
-        if (!report.setAsideFile.isEmpty() || (!report.failure.isEmpty() && report.failure != lastFailure))
+        if (!report.setAsideFile.isEmpty() || (!report.failure.isEmpty() && report.failure != lastFailure)) {
             m_notify(report);
+        }
         lastFailure = report.failure;
         lock.lock();
 
         m_attempted = upTo;
         m_isStalled = false;
-        if (report.failure.isEmpty())
+        if (report.failure.isEmpty()) {
             m_written = upTo;
-        else
+        } else {
             for (auto it = batch.cbegin(); it != batch.cend(); ++it) {
-                if (!m_waiting.contains(it.key()))
+                if (!m_waiting.contains(it.key())) {
                     m_waiting.insert(it.key(), it.value());
+                }
             }
+        }
         m_done.notify_all();
     }
 }

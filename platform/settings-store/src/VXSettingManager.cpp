@@ -40,8 +40,9 @@ VXSettingManager::~VXSettingManager() = default;
 
 bool VXSettingManager::Open(const QString& databaseFile)
 {
-    if (m_database->IsOpen())
+    if (m_database->IsOpen()) {
         Close();
+    }
     const SettingFileReport report = m_database->Open(databaseFile, [this](const SettingFileReport& later) {
         QMetaObject::invokeMethod(
             this, [this, later] { Tell(later); }, Qt::QueuedConnection);

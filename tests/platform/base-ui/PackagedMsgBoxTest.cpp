@@ -29,8 +29,9 @@ QMessageBox::StandardButton Ask(const std::function<void(QDialog*)>& act, QWidge
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr || !dialog->isActiveWindow())
+        if (dialog == nullptr || !dialog->isActiveWindow()) {
             return;
+        }
         timer.stop();
         EXPECT_EQ(dialog->objectName(), QStringLiteral("packaged_msg_box"));
         acted = true;
@@ -61,8 +62,9 @@ class MirrorTranslator final : public QTranslator
 public:
     QString translate(const char* context, const char* text, const char*, int) const override
     {
-        if (qstrcmp(context, "PackagedMsgBox") != 0)
+        if (qstrcmp(context, "PackagedMsgBox") != 0) {
             return QString();
+        }
         QString turned = QString::fromLatin1(text);
         std::reverse(turned.begin(), turned.end());
         return turned;
@@ -164,8 +166,9 @@ TEST(PackagedMsgBoxTest, ShowsHtmlAsText)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr)
+        if (dialog == nullptr) {
             return;
+        }
         timer.stop();
         auto* const label = dialog->findChild<QLabel*>(QStringLiteral("text_label"));
         ASSERT_NE(label, nullptr);
@@ -245,8 +248,9 @@ TEST(PackagedMsgBoxTest, ShowsALongTextWhole)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr)
+        if (dialog == nullptr) {
             return;
+        }
         timer.stop();
         auto* const label = dialog->findChild<QLabel*>(QStringLiteral("text_label"));
         EXPECT_GE(label->height(), label->heightForWidth(label->width()));

@@ -59,8 +59,9 @@ protected:
             painted = QRect();
             for (int y = 0; y < image.height(); ++y) {
                 for (int x = 0; x < image.width(); ++x) {
-                    if (image.pixelColor(x, y) == QColor(Qt::green))
+                    if (image.pixelColor(x, y) == QColor(Qt::green)) {
                         painted |= QRect(x, y, 1, 1);
+                    }
                 }
             }
             return !painted.isEmpty();
@@ -101,8 +102,9 @@ TEST_F(TLBubbleLabelTest, ThePointerPointsFortyPixelsFromTheLeft)
     const QImage image = Painted(&m_dialog);
     QList<int> columns;
     for (int x = painted.left(); x <= painted.right(); ++x) {
-        if (image.pixelColor(x, painted.top()) == QColor(Qt::green))
+        if (image.pixelColor(x, painted.top()) == QColor(Qt::green)) {
             columns.append(x);
+        }
     }
     ASSERT_FALSE(columns.isEmpty());
     EXPECT_NEAR((columns.constFirst() + columns.constLast()) / 2.0, GetField().left() + 40, 2);
@@ -123,8 +125,9 @@ TEST_F(TLBubbleLabelTest, PointsDownFromAboveWhenItIsTold)
     const QRect painted = GetPainted();
     const QImage image = Painted(&m_dialog);
     int lowest = 0;
-    for (int x = painted.left(); x <= painted.right(); ++x)
+    for (int x = painted.left(); x <= painted.right(); ++x) {
         lowest += image.pixelColor(x, painted.bottom()) == QColor(Qt::green) ? 1 : 0;
+    }
     EXPECT_LT(lowest, 8);
 }
 

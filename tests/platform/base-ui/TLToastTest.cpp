@@ -133,6 +133,7 @@ TEST(TLToastWithoutWindowTest, ShowsNothing)
 {
     TLToast::Show(limit, 2);
     const QWidgetList widgets = QApplication::allWidgets();
-    for (const QWidget* widget : widgets)
+    for (const QWidget* widget : widgets) {
         EXPECT_EQ(qobject_cast<const TLToast*>(widget), nullptr);
+    }
 }

@@ -300,13 +300,15 @@ TEST(VXJsonParserBase, RecordsMayBeUsedOnSeveralThreads)
                 DerivedRecord derived;
                 HookedRecord hooked;
                 if (derived.Parse(QByteArrayLiteral(R"({"extra":"e"})")) &&
-                    hooked.Parse(QByteArrayLiteral(R"({"secret":5})")) && hooked.secret == 5)
+                    hooked.Parse(QByteArrayLiteral(R"({"secret":5})")) && hooked.secret == 5) {
                     ++good;
+                }
             }
         });
     }
-    for (std::thread& thread : threads)
+    for (std::thread& thread : threads) {
         thread.join();
+    }
     EXPECT_EQ(good, 800);
 }
 

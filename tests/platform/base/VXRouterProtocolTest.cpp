@@ -64,8 +64,9 @@ TEST(VXRouterProtocol, MatchingIgnoresQueryAndFragmentOnBothSides)
 
 TEST(VXRouterProtocol, WhatIsNoRouterUrlMatchesNothingNotEvenItself)
 {
-    for (const char* url : {"", "tl:", "tl://", "tl:///path", "http://a/b", "a/b", "tl:/a/b", " tl://a/b"})
+    for (const char* url : {"", "tl:", "tl://", "tl:///path", "http://a/b", "a/b", "tl:/a/b", " tl://a/b"}) {
         EXPECT_FALSE(Route(url).Matches(Text(url))) << url;
+    }
 }
 
 TEST(VXRouterProtocol, ReadsDecodedParameters)

@@ -234,8 +234,9 @@ TEST(ModuleInterfaceSlots, LifeCycle)
 {
     Log log;
     const VTableSlots<ILifeCycle> table(new RecordingLifeCycle(&log));
-    for (int slot = 1; slot <= 12; ++slot)
+    for (int slot = 1; slot <= 12; ++slot) {
         table.Call(slot);
+    }
     EXPECT_EQ(table.Call<BeforeCloseResult>(13), BeforeCloseResult::Refuse);
     table.CallDeletingDestructor();
     EXPECT_EQ(log,
@@ -278,8 +279,9 @@ TEST(ModuleInterfaceSlots, BusinessModule)
     const VTableSlots<IBusinessModule> table(new RecordingModule(&log));
     table.Call(1);
     table.Call(2);
-    for (int slot = 3; slot <= 9; ++slot)
+    for (int slot = 3; slot <= 9; ++slot) {
         EXPECT_EQ(table.Call<void*>(slot), nullptr);
+    }
     table.CallDeletingDestructor();
     EXPECT_EQ(log,
               Log({"InitModule", "UninitModule", "GetLifeCycle", "GetRouteInterceptor", "GetReserved5",

@@ -25,8 +25,9 @@ SettingsStoreProcess::~SettingsStoreProcess()
 QString SettingsStoreProcess::ReadLine()
 {
     const QDeadlineTimer deadline(patience);
-    while (!m_process.canReadLine() && m_process.state() == QProcess::Running && !deadline.hasExpired())
+    while (!m_process.canReadLine() && m_process.state() == QProcess::Running && !deadline.hasExpired()) {
         m_process.waitForReadyRead(int(deadline.remainingTime()));
+    }
     return QString::fromUtf8(m_process.readLine()).trimmed();
 }
 
@@ -37,8 +38,9 @@ void SettingsStoreProcess::LetRun(int time)
 
 void SettingsStoreProcess::Kill()
 {
-    if (m_process.state() == QProcess::NotRunning)
+    if (m_process.state() == QProcess::NotRunning) {
         return;
+    }
     m_process.kill();
     EXPECT_TRUE(m_process.waitForFinished(patience));
 }
@@ -52,7 +54,8 @@ bool SettingsStoreProcess::Finish()
 QStringList SettingsStoreProcess::ReadRest()
 {
     QStringList lines;
-    while (m_process.canReadLine())
+    while (m_process.canReadLine()) {
         lines.append(QString::fromUtf8(m_process.readLine()).trimmed());
+    }
     return lines;
 }

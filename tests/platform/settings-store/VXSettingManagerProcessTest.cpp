@@ -70,21 +70,24 @@ TEST_F(VXSettingManagerProcessTest, KilledAtAnyMomentNothingIsLostThatWasSaidToB
         process.Kill();
         lines += process.ReadRest();
         for (const QString& line : qAsConst(lines)) {
-            if (line == QLatin1String("open"))
+            if (line == QLatin1String("open")) {
                 continue;
+            }
             bool ok = false;
             const int step = line.toInt(&ok);
             ASSERT_TRUE(ok) << line.toStdString();
             steps.at(size_t(step % StoreRound::fieldCount)) = step;
             // The step before may not have waited, but is on disk with this one.
-            if (step > 0)
+            if (step > 0) {
                 steps.at(size_t((step - 1) % StoreRound::fieldCount)) = step - 1;
+            }
             nextStep = step + 1;
             ++acknowledged;
         }
         ASSERT_NO_FATAL_FAILURE(ExpectSoundStoreWithAtLeast(&steps));
-        for (const int found : steps)
+        for (const int found : steps) {
             nextStep = qMax(nextStep, found + 1);
+        }
     }
     EXPECT_GE(acknowledged, m_rounds / 2) << "the processes got something done";
 }

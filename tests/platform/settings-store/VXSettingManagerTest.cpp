@@ -259,12 +259,14 @@ TEST_F(VXSettingManagerTest, AwkwardTextsSurviveAsNameAndAsValue)
                             QString(QChar(0xfeff)) + QLatin1String("bom"),
                             QString(QLatin1String("none")) + QChar(0xfffe) + QChar(0xffff), QString()};
     ASSERT_TRUE(m_store.Open(m_file));
-    for (const QString& text : texts)
+    for (const QString& text : texts) {
         m_store.SetGlobalValue(text, text, text + QLatin1Char('!'));
+    }
     m_store.Close();
     ASSERT_TRUE(m_store.Open(m_file));
-    for (const QString& text : texts)
+    for (const QString& text : texts) {
         EXPECT_EQ(m_store.GetGlobalValue(text, text), text + QLatin1Char('!')) << text.toStdString();
+    }
 }
 
 TEST_F(VXSettingManagerTest, TextThatIsNoValidUtf16IsMendedAndNotTakenForDamaged)

@@ -124,8 +124,9 @@ TEST_F(AutoRunBaseItemTest, LaysItsPartsOutFromLeftToRight)
     EXPECT_EQ(layout->itemAt(5)->layout(), Find<QHBoxLayout>(row, "horizontalLayout_3"));
     EXPECT_EQ(layout->itemAt(6)->widget(), ActiveButton(&row));
     for (const char* name :
-         {"horizontalLayout", "iconLabeLayout", "horizontalLayout_3", "activeWidgetLayout"})
+         {"horizontalLayout", "iconLabeLayout", "horizontalLayout_3", "activeWidgetLayout"}) {
         EXPECT_EQ(Find<QHBoxLayout>(row, name)->spacing(), 0) << name;
+    }
 }
 
 TEST_F(AutoRunBaseItemTest, MarginsFollowTheScaleAndTheHeightDoesNot)
