@@ -2,6 +2,7 @@
 
 #include "HttpCall.h"
 #include "LoopbackProxyFactory.h"
+#include "http/HttpCallKind.h"
 #include "http/HttpReplyCache.h"
 #include "http/IHttpRequest.h"
 #include "http/IHttpResponse.h"
@@ -52,6 +53,7 @@ public:
         std::function<void()> finished;
         QString cacheKey;        // as it was when the call was sent
         quint64 cacheGeneration; // likewise
+        bool isWrite;
     };
 
     explicit Private(std::unique_ptr<HttpReplyCache> replyCache) : cache(std::move(replyCache))
@@ -122,9 +124,9 @@ void HttpManager::Send(const QSharedPointer<IHttpRequest>& request,
         std::make_unique<HttpCall>(d->network, request, response, timeout > 0 ? timeout : DefaultTimeout,
                                    std::clamp(attempts, 1, MaxAttempts));
     connect(call.get(), &HttpCall::SigDone, this, [this, number] { Deliver(number); });
-    const auto [it, inserted] =
-        d->calls.emplace(number, Private::Entry{std::move(call), std::move(finished),
-                                                KeyOf(*request, *response), d->cacheGeneration});
+    const auto [it, inserted] = d->calls.emplace(
+        number, Private::Entry{std::move(call), std::move(finished), KeyOf(*request, *response),
+                               d->cacheGeneration, HttpCallKind::IsWrite(*response)});
     it->second.call->Start();
 }
 
@@ -139,7 +141,7 @@ void HttpManager::ClearCache()
 bool HttpManager::IsWriting() const
 {
     return std::any_of(d->calls.begin(), d->calls.end(),
-                       [](const auto& call) { return call.second.cacheKey.isEmpty(); });
+                       [](const auto& call) { return call.second.isWrite; });
 }
 
 void HttpManager::DropCalls()

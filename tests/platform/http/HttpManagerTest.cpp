@@ -910,17 +910,28 @@ TEST_F(HttpManagerTest, DroppedCallsNeverCompleteAndWhatTheyHeldIsLetGo)
     EXPECT_EQ(completions, 1);
 }
 
-TEST_F(HttpManagerTest, OnlyCallsWhoseReplyIsNotKeptCountAsWriting)
+TEST_F(HttpManagerTest, IsWritingWhileAWriteIsInFlight)
 {
     EXPECT_FALSE(manager->IsWriting());
-    MakeCall(true);
-    Send();
-    EXPECT_FALSE(manager->IsWriting());
-    manager->DropCalls();
     MakeCall(false);
     Send();
     EXPECT_TRUE(manager->IsWriting());
-    manager->DropCalls();
+    ASSERT_TRUE(WaitUntil([this] { return completions > 0; }));
+    EXPECT_FALSE(manager->IsWriting());
+}
+
+TEST_F(HttpManagerTest, IsNotWritingWhileAReadIsInFlight)
+{
+    MakeCall(true);
+    Send();
+    EXPECT_FALSE(manager->IsWriting());
+}
+
+TEST_F(HttpManagerTest, IsNotWritingWhileAReadOfNobodyIsInFlight)
+{
+    MakeCall(true);
+    request->cacheKey.clear(); // nobody is signed in
+    Send();
     EXPECT_FALSE(manager->IsWriting());
 }
 

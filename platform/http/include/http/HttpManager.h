@@ -28,8 +28,7 @@ public:
     /// Empties what is kept, for a log-in as another user. Calls in flight no longer keep their replies.
     void ClearCache();
 
-    /// Whether a call is in flight whose reply is not of the kind that is kept, so that it may change
-    /// something at the other end.
+    /// Whether a write is in flight, as `HttpCallKind` tells writes from reads.
     bool IsWriting() const;
     /// Ends the calls in flight without running their completions: before the code of those who made them
     /// is unloaded.
