@@ -11,7 +11,7 @@ namespace {
 
 const QString Section = QStringLiteral("USER_SETTING_RECOVER_SECTION");
 const QString Field = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
-const QString Value = QStringLiteral("value");
+const QString SomeValue = QStringLiteral("value");
 
 class VXSettingManagerTest : public VXSettingManagerFixture
 {
@@ -61,19 +61,19 @@ TEST_F(VXSettingManagerTest, MissingFoldersAreMade)
 {
     const QString deep = PathOf("a/b/settings.db");
     EXPECT_TRUE(m_store.Open(deep));
-    EXPECT_TRUE(m_store.SetGlobalValueSync(Section, Field, Value));
+    EXPECT_TRUE(m_store.SetGlobalValueSync(Section, Field, SomeValue));
     EXPECT_TRUE(QFileInfo(deep).isFile());
 }
 
 TEST_F(VXSettingManagerTest, ValueIsVisibleAtOnceAndAfterReopening)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, Value);
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
     m_store.Close();
     EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), Value);
+    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, EmptyTextIsStoredAsAValue)
@@ -81,7 +81,7 @@ TEST_F(VXSettingManagerTest, EmptyTextIsStoredAsAValue)
     ASSERT_TRUE(m_store.Open(m_file));
     EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, QString()));
     EXPECT_EQ(StoredValue(), QVariant(QString(QLatin1String(""))));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
+    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
     EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, QString()));
     EXPECT_EQ(RawDatabase(m_file).Run(QStringLiteral("SELECT count(*) FROM setting")).toInt(), 1);
     m_store.Close();
@@ -123,7 +123,7 @@ TEST_F(VXSettingManagerTest, UserAtTheMomentOfTheCallCountsNotTheOneAtTheWrite)
 {
     ASSERT_TRUE(m_store.Open(m_file));
     SignIn("anna");
-    m_store.SetUserValue(Section, Field, Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
     SignIn("bert");
     ASSERT_TRUE(m_store.Flush());
     EXPECT_EQ(RawDatabase(m_file).Run(QStringLiteral("SELECT user FROM setting")).toString(),
@@ -147,23 +147,23 @@ TEST_F(VXSettingManagerTest, ValueOfNoUserIsNotThatOfTheEmptyPin)
 TEST_F(VXSettingManagerTest, SyncReturnsWhenAnotherProgramCanReadTheValue)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
-    EXPECT_EQ(StoredValue().toString(), Value);
+    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, SyncOfAValueThatStillWaitsWritesIt)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, Value);
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
-    EXPECT_EQ(StoredValue().toString(), Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
+    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, ValueIsWrittenWithoutAnyFlush)
 {
     ASSERT_TRUE(m_store.Open(m_file));
     RawDatabase reader(m_file);
-    m_store.SetUserValue(Section, Field, Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
     EXPECT_TRUE(QTest::qWaitFor(
         [&reader] { return reader.Run(QStringLiteral("SELECT count(*) FROM setting")).toInt() == 1; },
         10000));
@@ -172,7 +172,7 @@ TEST_F(VXSettingManagerTest, ValueIsWrittenWithoutAnyFlush)
 TEST_F(VXSettingManagerTest, ThousandValuesOfOneKeyCostFewWritesAndTheLastCounts)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
+    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
     const qint64 logBefore = QFileInfo(m_file + QStringLiteral("-wal")).size();
     for (int i = 1; i <= 1000; ++i) {
         m_store.SetUserValue(Section, Field, QString::number(i));
@@ -188,10 +188,10 @@ TEST_F(VXSettingManagerTest, ThousandValuesOfOneKeyCostFewWritesAndTheLastCounts
 TEST_F(VXSettingManagerTest, UnchangedValueIsNotWrittenAgain)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
+    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
     RawDatabase reader(m_file);
     const QVariant before = reader.Run(QStringLiteral("PRAGMA data_version"));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
+    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
     EXPECT_EQ(reader.Run(QStringLiteral("PRAGMA data_version")), before);
     EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, QStringLiteral("other")));
     EXPECT_NE(reader.Run(QStringLiteral("PRAGMA data_version")), before);
@@ -200,27 +200,27 @@ TEST_F(VXSettingManagerTest, UnchangedValueIsNotWrittenAgain)
 TEST_F(VXSettingManagerTest, ClosingWritesWhatWaits)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
     m_store.Close();
-    EXPECT_EQ(StoredValue().toString(), Value);
+    EXPECT_EQ(StoredValue().toString(), SomeValue);
     EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
 }
 
 TEST_F(VXSettingManagerTest, ClosingTwiceAndReopeningAnOpenStoreAreHarmless)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), Value);
+    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
     m_store.Close();
     m_store.Close();
-    EXPECT_EQ(StoredValue().toString(), Value);
+    EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, AnotherFileHasNoneOfTheValues)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
     ASSERT_TRUE(m_store.Open(PathOf("other.db")));
     EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
 }
@@ -231,13 +231,13 @@ TEST_F(VXSettingManagerTest, ValueSetBeforeOpeningIsWrittenIntoTheFile)
     m_store.SetUserValue(Section, Field, QStringLiteral("old"));
     m_store.Close();
 
-    m_store.SetUserValue(Section, Field, Value);
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), Value);
+    m_store.SetUserValue(Section, Field, SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
     EXPECT_FALSE(m_store.Flush());
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), Value);
+    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
     EXPECT_TRUE(m_store.Flush());
-    EXPECT_EQ(StoredValue().toString(), Value);
+    EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, TenMegabytesSurvive)
@@ -312,20 +312,20 @@ TEST_F(VXSettingManagerTest, ManyKeysAreWrittenTogether)
 TEST_F(VXSettingManagerTest, ValuesInTheLogOfAKilledProcessAreFound)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
+    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
     // What a kill leaves: the database and its log, as they are now.
     const QString left = PathOf("left.db");
     ASSERT_TRUE(QFile::copy(m_file, left));
     ASSERT_TRUE(QFile::copy(m_file + QStringLiteral("-wal"), left + QStringLiteral("-wal")));
     ASSERT_TRUE(m_store.Open(left));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), Value);
+    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
     EXPECT_EQ(m_setAside.count(), 0);
 }
 
 TEST_F(VXSettingManagerTest, FileIsReadableByItsOwnerOnly)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, Value));
+    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
 #ifdef Q_OS_UNIX
     const QFile::Permissions others =
         QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
