@@ -11,16 +11,14 @@
 #include "ui/AutoRunPluginEditWidget.h"
 #include "ui/AutoRunPluginItem.h"
 #include "ui/AutoRunSystemItem.h"
+#include "ui/EntryDialog.h"
 #include "ui/LanguageWatch.h"
 #include "ui_AutoRunSettingWidget.h"
 
 #include "base-ui/RequestStatus.h"
-#include "base-ui/TLMask.h"
-#include "base-ui/TLMaskWidget.h"
 #include "base-ui/TLToast.h"
 #include "base/DpiTool.h"
 #include "core/IMonitorSystem.h"
-#include "frame-core/IBrowserMain.h"
 #include "http-module/IHttpResponseDsm.h"
 #include "http/HttpNotifyManager.h"
 #include "http/IHttpRequest.h"
@@ -30,7 +28,6 @@
 #include <QtCore/QUuid>
 
 #include <algorithm>
-#include <type_traits>
 
 namespace {
 
@@ -62,32 +59,6 @@ AutoRunInfoEntityPtr NewEntry(int type)
     entry->itemId = QUuid::createUuid().toString();
     entry->type = type;
     return entry;
-}
-
-/// Lets the user fill in `entry` in a dialog over the dimmed main window. True when the dialog was accepted;
-/// the entry has what the user chose then, and is as it was otherwise.
-template <class Dialog>
-bool FillIn(const AutoRunInfoEntityPtr& entry, const QString& title,
-            [[maybe_unused]] const QStringList& excludeKeys = QStringList())
-{
-    const IBrowserMain* const browser = IBrowserMain::GetBrowser();
-    QWidget* const window = browser != nullptr ? browser->GetMainWidget() : nullptr;
-    TLMaskWidget* const mask = TLMask::Instance()->InitMask(window, window);
-
-    // Guarded: the window may go away, and its dialogs with it, while the dialog is open.
-    const QPointer<Dialog> dialog = new Dialog(mask != nullptr ? mask : window);
-    dialog->SetTitleText(title, true);
-    dialog->setFixedSize(DpiTool::ScaleDefault(532), DpiTool::ScaleDefault(228));
-    if constexpr (std::is_base_of_v<AutoRunPluginEditWidget, Dialog>) {
-        dialog->SetExcludeKeys(excludeKeys);
-    }
-    dialog->SetData(entry);
-    if (mask != nullptr) {
-        TLMask::Instance()->ShowMask(dialog);
-    }
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    delete dialog.data();
-    return accepted;
 }
 
 } // namespace
@@ -132,7 +103,7 @@ void AutoRunSettingWidget::OnHttpNotify(int id, QSharedPointer<IHttpRequest> req
     }
     if (id == AutoRunIdentifiers::ReadFinished) {
         if (request->GetIdentity() != AutoRunIdentifiers::SettingPageIdentity()) {
-            return; // somebody else's read
+            return; // someone else's read
         }
         m_busy = false;
         if (response->IsSuccess()) {
@@ -167,7 +138,7 @@ bool AutoRunSettingWidget::eventFilter(QObject* watched, QEvent* event)
             SlotAddPluginBtnClicked();
         }
         if (!guard) {
-            return true; // the label went with the page, nobody is left to take the event
+            return true; // the label went with the page, so nobody can take the event
         }
     }
     return QObject::eventFilter(watched, event);
@@ -193,7 +164,7 @@ void AutoRunSettingWidget::SlotAddBtnClicked()
     }
     const AutoRunInfoEntityPtr entry = NewEntry(AutoRunInfoEntity::TypeWebAddress);
     const QPointer<AutoRunSettingWidget> guard(this);
-    if (!FillIn<AutoRunAddWidget>(entry, tr("Add Url")) || !guard) {
+    if (!EntryDialog::FillIn<AutoRunAddWidget>(entry, tr("Add Url")) || !guard) {
         return;
     }
     AddCustomRow(entry);
@@ -210,7 +181,7 @@ void AutoRunSettingWidget::SlotAddPluginBtnClicked()
     }
     const AutoRunInfoEntityPtr entry = NewEntry(AutoRunInfoEntity::TypeApp);
     const QPointer<AutoRunSettingWidget> guard(this);
-    if (!FillIn<AutoRunPluginAddWidget>(entry, tr("Add App"), GetPluginKeys()) || !guard) {
+    if (!EntryDialog::FillIn<AutoRunPluginAddWidget>(entry, tr("Add App"), GetPluginKeys()) || !guard) {
         return;
     }
     AddPluginRow(entry);
@@ -245,7 +216,7 @@ void AutoRunSettingWidget::SlotDeleteBtnClicked(AutoRunBaseItem* pItemWidget)
     if (pItemWidget->IsActive()) {
         SetActiveById(AutoRunIdentifiers::HomeItemId());
     }
-    // At once, inside the signal of the row's own button: nothing of the row runs after it.
+    // At once, inside the signal of the row's own button: nothing of the row runs afterwards.
     m_rows.removeOne(pItemWidget);
     delete pItemWidget;
 
@@ -304,7 +275,7 @@ void AutoRunSettingWidget::AdjustLayoutForDpi()
 void AutoRunSettingWidget::Retranslate()
 {
     const QString pluginCount = m_ui->plugin_count_label->text();
-    m_ui->retranslateUi(this); // which puts its own text into the counter
+    m_ui->retranslateUi(this); // puts its own text into the counter
     m_ui->plugin_count_label->setText(pluginCount);
     SetKeyword(m_keyword);
     for (const AutoRunBaseItem* const row : qAsConst(m_rows)) {
@@ -349,7 +320,7 @@ void AutoRunSettingWidget::BuildRows()
         AddPluginRow(entry);
     }
 
-    // Exactly one row opens first: the last one that is marked, or the home page.
+    // Exactly one row opens first: the last marked one, or else the home page.
     const auto marked = std::find_if(m_rows.crbegin(), m_rows.crend(),
                                      [](const AutoRunBaseItem* row) { return row->IsActive(); });
     AutoRunBaseItem* const candidate = marked != m_rows.crend() ? *marked : homeRow;
@@ -441,7 +412,7 @@ void AutoRunSettingWidget::SaveConfig()
         return;
     }
     m_busy = true;
-    // Without the home page, which opens first when no other entry says that it does.
+    // Leaves out the home page, which opens first when no other entry does.
     QList<AutoRunInfoEntityPtr> systemItems;
     QList<AutoRunInfoEntityPtr> customItems;
     QList<AutoRunInfoEntityPtr> pluginItems;
@@ -471,7 +442,7 @@ void AutoRunSettingWidget::EditCustomItem(AutoRunBaseItem* row)
     }
     const QPointer<AutoRunSettingWidget> guard(this);
     const QPointer<AutoRunBaseItem> edited(row);
-    if (FillIn<AutoRunEditWidget>(entry, tr("Edit Url")) && guard) {
+    if (EntryDialog::FillIn<AutoRunEditWidget>(entry, tr("Edit Url")) && guard) {
         TakeEdited(edited, AutoRunBaseItem::KindCustom, entry);
     }
 }
@@ -484,7 +455,7 @@ void AutoRunSettingWidget::EditPluginItem(AutoRunBaseItem* row)
     }
     const QPointer<AutoRunSettingWidget> guard(this);
     const QPointer<AutoRunBaseItem> edited(row);
-    if (FillIn<AutoRunPluginEditWidget>(entry, tr("Edit App"), GetPluginKeys()) && guard) {
+    if (EntryDialog::FillIn<AutoRunPluginEditWidget>(entry, tr("Edit App"), GetPluginKeys()) && guard) {
         TakeEdited(edited, AutoRunBaseItem::KindPlugin, entry);
     }
 }
@@ -492,8 +463,8 @@ void AutoRunSettingWidget::EditPluginItem(AutoRunBaseItem* row)
 void AutoRunSettingWidget::TakeEdited(AutoRunBaseItem* row, int kind, const AutoRunInfoEntityPtr& entry)
 {
     if (row == nullptr) {
-        // A change of the scale made the rows anew from the same entries, or a read from new ones, while the
-        // dialog was open.
+        // While the dialog was open, a change of the scale made new rows from the same entries, or a read
+        // made rows from new entries.
         auto again = std::find_if(m_rows.cbegin(), m_rows.cend(),
                                   [&entry](const AutoRunBaseItem* each) { return each->GetData() == entry; });
         if (again == m_rows.cend() && !entry->itemId.isEmpty()) {
@@ -502,7 +473,7 @@ void AutoRunSettingWidget::TakeEdited(AutoRunBaseItem* row, int kind, const Auto
             });
         }
         if (again == m_rows.cend()) {
-            return; // the entry is not in the list any more
+            return; // the entry is no longer in the list
         }
         row = *again;
         row->GetData()->name = entry->name;

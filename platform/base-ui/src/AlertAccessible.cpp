@@ -6,8 +6,9 @@ namespace {
 
 QAccessibleInterface* MakeAlert(const QString& className, QObject* object)
 {
-    if (className != QLatin1String("TLBubbleLabel") && className != QLatin1String("TLToast"))
+    if (className != QLatin1String("TLBubbleLabel") && className != QLatin1String("TLToast")) {
         return nullptr;
+    }
     auto* const widget = qobject_cast<QWidget*>(object);
     return widget != nullptr ? new AlertAccessible(widget) : nullptr;
 }

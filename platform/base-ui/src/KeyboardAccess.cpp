@@ -26,7 +26,21 @@ bool CanHaveFocusNow(const QWidget* widget)
     return TakesTab(widget) && widget->isEnabled() && widget->isVisible();
 }
 
-/// Qt's own mark is set by the events that are sent here as well.
+bool IsPressKey(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Select;
+}
+
+/// The theme may have made the widget a button for screen readers.
+void RefreshRole(QWidget* widget)
+{
+    auto* const label = qobject_cast<QLabel*>(widget);
+    if (label != nullptr && KeyboardAccess::IsPressable(label)) {
+        LabelAccessible::Refresh(label);
+    }
+}
+
+/// `QWidget::underMouse` also follows the events that this class sends.
 bool IsUnderMouse(const QWidget* widget)
 {
     return widget->isVisible() && widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
@@ -37,8 +51,9 @@ void CollectFrom(QWidget* widget, QVector<QWidget*>* order);
 void CollectFrom(QLayout* layout, QVector<QWidget*>* order)
 {
     QVector<int> indexes(layout->count());
-    for (int i = 0; i < indexes.size(); ++i)
+    for (int i = 0; i < indexes.size(); ++i) {
         indexes[i] = i;
+    }
     if (auto* const grid = qobject_cast<QGridLayout*>(layout)) {
         const auto place = [grid](int index) {
             int row = 0;
@@ -53,23 +68,50 @@ void CollectFrom(QLayout* layout, QVector<QWidget*>* order)
     }
     for (const int index : qAsConst(indexes)) {
         QLayoutItem* const item = layout->itemAt(index);
-        if (item->widget() != nullptr)
+        if (item->widget() != nullptr) {
             CollectFrom(item->widget(), order);
-        else if (item->layout() != nullptr)
+        } else if (item->layout() != nullptr) {
             CollectFrom(item->layout(), order);
+        }
     }
 }
 
 void CollectFrom(QWidget* widget, QVector<QWidget*>* order)
 {
     order->append(widget);
-    if (widget->layout() != nullptr)
+    if (widget->layout() != nullptr) {
         CollectFrom(widget->layout(), order);
+    }
     const QObjectList& children = widget->children();
     for (QObject* const child : children) {
         auto* const part = qobject_cast<QWidget*>(child);
-        if (part != nullptr && !part->isWindow() && !order->contains(part))
+        if (part != nullptr && !part->isWindow() && !order->contains(part)) {
             CollectFrom(part, order);
+        }
+    }
+}
+
+void FocusFirstOf(QWidget* row)
+{
+    const QVector<QWidget*> parts = KeyboardAccess::GetReadingOrder(row);
+    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
+    if (part != parts.end()) {
+        (*part)->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void OrderTabs(QWidget* root)
+{
+    QWidget* before = nullptr;
+    const QVector<QWidget*> order = KeyboardAccess::GetReadingOrder(root);
+    for (QWidget* const widget : order) {
+        if (widget == root || !TakesTab(widget) || widget->focusProxy() != nullptr) {
+            continue;
+        }
+        if (before != nullptr) {
+            QWidget::setTabOrder(before, widget);
+        }
+        before = widget;
     }
 }
 
@@ -105,8 +147,9 @@ void KeyboardAccess::PressMouseOn(QWidget* widget)
     QMouseEvent press(QEvent::MouseButtonPress, middle, global, Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &press);
-    if (guard.isNull())
+    if (guard.isNull()) {
         return;
+    }
     QMouseEvent release(QEvent::MouseButtonRelease, middle, global, Qt::LeftButton, Qt::NoButton,
                         Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &release);
@@ -114,34 +157,35 @@ void KeyboardAccess::PressMouseOn(QWidget* widget)
 
 bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
 {
-    if (m_sending || !watched->isWidgetType())
+    if (m_sending || !watched->isWidgetType()) {
         return false;
+    }
     auto* const widget = static_cast<QWidget*>(watched);
     switch (event->type()) {
     case QEvent::KeyPress: {
-        if (widget->window() != m_root->window())
+        if (widget->window() != m_root->window()) {
             return false;
+        }
         m_byKeyboard = true;
         TakeFocus(QApplication::focusWidget());
         auto* const key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
-            OrderTabs();
+            OrderTabs(m_root);
             const bool isBack = key->key() == Qt::Key_Backtab || key->modifiers().testFlag(Qt::ShiftModifier);
             PrepareRowBeside(widget, isBack ? -1 : 1);
         }
-        if (!m_root->isAncestorOf(widget))
+        if (!m_root->isAncestorOf(widget)) {
             return false;
+        }
         auto* const label = qobject_cast<QLabel*>(widget);
-        const bool presses = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ||
-                             key->key() == Qt::Key_Space || key->key() == Qt::Key_Select;
-        if (!presses || label == nullptr || !IsPressable(label))
-            return false;
-        if (!key->isAutoRepeat() && label->isEnabled())
+        const bool presses = IsPressKey(key->key()) && label != nullptr && IsPressable(label);
+        if (presses && !key->isAutoRepeat() && label->isEnabled()) {
             PressMouseOn(label);
-        return true;
+        }
+        return presses;
     }
     case QEvent::MouseButtonPress:
-        // What this sends itself is the keyboard's.
+        // The mouse events that this class sends count as the keyboard's.
         if (event->spontaneous() && widget->window() == m_root->window()) {
             m_byKeyboard = false;
             Conceal();
@@ -154,17 +198,18 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         }
         return false;
     case QEvent::FocusOut:
-        // Deferred: the focus may be on its way to another part of the row, or the row on its way out.
-        if (m_root->isAncestorOf(widget))
+        // Deferred: the focus may be moving within the row, or the row may be about to go.
+        if (m_root->isAncestorOf(widget)) {
             QMetaObject::invokeMethod(this, &KeyboardAccess::RestoreFocus, Qt::QueuedConnection);
+        }
         return false;
     case QEvent::Leave:
         return widget == m_row;
     case QEvent::Polish:
     case QEvent::StyleChange:
-        if (auto* const label = qobject_cast<QLabel*>(widget);
-            label != nullptr && m_root->isAncestorOf(label) && IsPressable(label))
-            LabelAccessible::Refresh(label);
+        if (m_root->isAncestorOf(widget)) {
+            RefreshRole(widget);
+        }
         return false;
     default:
         return false;
@@ -173,11 +218,13 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
 
 QWidget* KeyboardAccess::RowOf(QWidget* widget) const
 {
-    if (!m_isRow || widget == nullptr || !m_root->isAncestorOf(widget))
+    if (!m_isRow || widget == nullptr || !m_root->isAncestorOf(widget)) {
         return nullptr;
+    }
     for (QWidget* it = widget; it != m_root; it = it->parentWidget()) {
-        if (m_isRow(it))
+        if (m_isRow(it)) {
             return it;
+        }
     }
     return nullptr;
 }
@@ -196,29 +243,37 @@ QVector<QWidget*> KeyboardAccess::GetRows() const
 void KeyboardAccess::TakeFocus(QWidget* widget)
 {
     QWidget* const row = RowOf(widget);
-    if (m_prepared != nullptr && m_prepared != row)
+    if (m_prepared != nullptr && m_prepared != row) {
         SendLeave(m_prepared);
+    }
     m_prepared = nullptr;
     m_rowIndex = row != nullptr ? GetRows().indexOf(row) : -1;
-    if (row != m_row)
+    if (row != m_row) {
         Conceal();
-    if (row != nullptr && m_byKeyboard)
-        Reveal(row);
+    }
+    if (row != nullptr && m_byKeyboard && row != m_row) {
+        m_row = row;
+        if (!IsUnderMouse(row)) { // otherwise the row shows everything already
+            SendEnter(row);
+        }
+    }
 }
 
 void KeyboardAccess::KeepInRow(QWidget* widget)
 {
-    // A button that hides itself with the focus in it sends the focus on to the next row, though the user
-    // is not done with this one.
+    // A focused button that hides itself sends the focus to the next row, although the user is not done with
+    // this one.
     const QPointer<QWidget> before = m_lastFocus;
     const QPointer<QWidget> row = before != nullptr && !before->isVisible() ? RowOf(before) : nullptr;
     m_lastFocus = widget;
-    if (row == nullptr || !row->isVisible())
+    if (row == nullptr || !row->isVisible()) {
         return;
-    // What the row hides together with the button, it shows under the mouse again.
+    }
+    // When the row hides more than the button, it shows it again under the mouse.
     const bool comesBack = m_byKeyboard && !before->isHidden();
-    if (!comesBack && row == RowOf(widget))
+    if (!comesBack && row == RowOf(widget)) {
         return;
+    }
     QMetaObject::invokeMethod(
         this, [this, row, before, comesBack] { BringBack(row, comesBack ? before : nullptr); },
         Qt::QueuedConnection);
@@ -226,42 +281,27 @@ void KeyboardAccess::KeepInRow(QWidget* widget)
 
 void KeyboardAccess::BringBack(QWidget* row, QWidget* button)
 {
-    if (row == nullptr || !m_root->isAncestorOf(row) || !row->isVisible())
+    if (row == nullptr || !m_root->isAncestorOf(row) || !row->isVisible()) {
         return;
+    }
     if (button != nullptr) {
         m_row = row;
         SendEnter(row);
     }
-    if (button != nullptr && CanHaveFocusNow(button))
+    if (button != nullptr && CanHaveFocusNow(button)) {
         button->setFocus(Qt::OtherFocusReason);
-    else
+    } else {
         FocusFirstOf(row);
-}
-
-void KeyboardAccess::FocusFirstOf(QWidget* row)
-{
-    const QVector<QWidget*> parts = GetReadingOrder(row);
-    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
-    if (part != parts.end())
-        (*part)->setFocus(Qt::OtherFocusReason);
-}
-
-void KeyboardAccess::Reveal(QWidget* row)
-{
-    if (m_row == row)
-        return;
-    m_row = row;
-    if (IsUnderMouse(row))
-        return; // it shows everything already
-    SendEnter(row);
+    }
 }
 
 void KeyboardAccess::Conceal()
 {
     QWidget* const row = m_row;
     m_row = nullptr;
-    if (row == nullptr || IsUnderMouse(row))
+    if (row == nullptr || IsUnderMouse(row)) {
         return;
+    }
     SendLeave(row);
 }
 
@@ -271,7 +311,7 @@ void KeyboardAccess::SendEnter(QWidget* row)
     QEnterEvent enter(middle, row->mapTo(row->window(), middle), row->mapToGlobal(middle));
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &enter);
-    row->update(); // the theme may give rows another look under the mouse
+    row->update(); // the theme may style rows under the mouse
 }
 
 void KeyboardAccess::SendLeave(QWidget* row)
@@ -280,21 +320,9 @@ void KeyboardAccess::SendLeave(QWidget* row)
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &leave);
     row->update();
-    // What hides now hides because the user has left it.
-    if (m_lastFocus != nullptr && row->isAncestorOf(m_lastFocus) && !m_lastFocus->isVisible())
+    // What hides now does so because the user has left it.
+    if (m_lastFocus != nullptr && row->isAncestorOf(m_lastFocus) && !m_lastFocus->isVisible()) {
         m_lastFocus = nullptr;
-}
-
-void KeyboardAccess::OrderTabs()
-{
-    QWidget* before = nullptr;
-    const QVector<QWidget*> order = GetReadingOrder(m_root);
-    for (QWidget* const widget : order) {
-        if (widget == m_root || !TakesTab(widget) || widget->focusProxy() != nullptr)
-            continue;
-        if (before != nullptr)
-            QWidget::setTabOrder(before, widget);
-        before = widget;
     }
 }
 
@@ -302,28 +330,32 @@ void KeyboardAccess::PrepareRowBeside(QWidget* focus, int step)
 {
     const QVector<QWidget*> order = GetReadingOrder(m_root);
     int index = order.indexOf(focus);
-    if (index < 0)
+    if (index < 0) {
         index = step > 0 ? 0 : order.size(); // coming in from outside
+    }
     QWidget* const own = RowOf(focus);
     QWidget* passed = own;
     for (index += step; index > 0 && index < order.size(); index += step) {
         QWidget* const row = RowOf(order.at(index));
         if (row == nullptr || row == own) {
-            if (CanHaveFocusNow(order.at(index)))
+            if (CanHaveFocusNow(order.at(index))) {
                 return;
+            }
             continue;
         }
-        if (row == passed || !row->isVisible())
+        if (row == passed || !row->isVisible()) {
             continue;
-        if (IsUnderMouse(row))
+        }
+        if (IsUnderMouse(row)) {
             return;
+        }
         SendEnter(row);
         const QVector<QWidget*> parts = GetReadingOrder(row);
         if (std::any_of(parts.begin(), parts.end(), CanHaveFocusNow)) {
             m_prepared = row;
             return;
         }
-        SendLeave(row); // it has nothing for the focus, even so
+        SendLeave(row); // even so, nothing in it takes the focus
         passed = row;
     }
 }
@@ -331,14 +363,16 @@ void KeyboardAccess::PrepareRowBeside(QWidget* focus, int step)
 void KeyboardAccess::RestoreFocus()
 {
     QWidget* const window = m_root->window();
-    if (!window->isActiveWindow())
+    if (!window->isActiveWindow()) {
         return;
+    }
     if (window->focusWidget() != nullptr && window->focusWidget()->hasFocus()) {
         TakeFocus(window->focusWidget());
         return;
     }
     const QVector<QWidget*> rows = GetRows();
-    if (m_rowIndex < 0 || rows.isEmpty())
+    if (m_rowIndex < 0 || rows.isEmpty()) {
         return;
+    }
     FocusFirstOf(rows.at(std::min(m_rowIndex, rows.size() - 1)));
 }

@@ -10,8 +10,9 @@ namespace {
 
 QAccessibleInterface* MakeLabel(const QString& className, QObject* object)
 {
-    if (className != QLatin1String("QLabel"))
+    if (className != QLatin1String("QLabel")) {
         return nullptr;
+    }
     auto* const label = qobject_cast<QLabel*>(object);
     return label != nullptr && KeyboardAccess::IsPressable(label) ? new LabelAccessible(label) : nullptr;
 }
@@ -28,15 +29,17 @@ void LabelAccessible::Install()
 void LabelAccessible::Refresh(QLabel* label)
 {
     QAccessibleInterface* const known = QAccessible::queryAccessibleInterface(label);
-    if (known != nullptr && known->role() != QAccessible::Button)
+    if (known != nullptr && known->role() != QAccessible::Button) {
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(known));
+    }
 }
 
 QString LabelAccessible::text(QAccessible::Text kind) const
 {
     QString given = QAccessibleWidget::text(kind);
-    if (kind != QAccessible::Name || !given.isEmpty())
+    if (kind != QAccessible::Name || !given.isEmpty()) {
         return given;
+    }
     const QString shown = GetLabel()->text();
     return Qt::mightBeRichText(shown) && GetLabel()->textFormat() != Qt::PlainText
                ? QTextDocumentFragment::fromHtml(shown).toPlainText()
@@ -50,10 +53,11 @@ QStringList LabelAccessible::actionNames() const
 
 void LabelAccessible::doAction(const QString& name)
 {
-    if (name != pressAction())
+    if (name != pressAction()) {
         QAccessibleWidget::doAction(name);
-    else if (GetLabel()->isEnabled())
+    } else if (GetLabel()->isEnabled()) {
         KeyboardAccess::PressMouseOn(GetLabel());
+    }
 }
 
 QLabel* LabelAccessible::GetLabel() const

@@ -21,8 +21,8 @@ struct KnownButton
     const char* text;
 };
 
-// In the order in which they stand.
-constexpr KnownButton knownButtons[] = {
+// In the order of the buttons.
+constexpr KnownButton KnownButtons[] = {
     {QMessageBox::Ok, "ok_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "OK")},
     {QMessageBox::Yes, "yes_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "Yes")},
     {QMessageBox::YesToAll, "yes_to_all_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "Yes to all")},
@@ -45,9 +45,10 @@ constexpr KnownButton knownButtons[] = {
 
 const KnownButton* Find(QMessageBox::StandardButton answer)
 {
-    for (const KnownButton& known : knownButtons) {
-        if (known.answer == answer)
+    for (const KnownButton& known : KnownButtons) {
+        if (known.answer == answer) {
             return &known;
+        }
     }
     return nullptr;
 }
@@ -79,12 +80,14 @@ MessageDialog::MessageDialog(const QString& text, QMessageBox::StandardButtons b
     layout->addWidget(m_label, 1);
     layout->addLayout(m_buttonLayout);
     m_buttonLayout->addStretch();
-    for (const KnownButton& known : knownButtons) {
-        if (buttons.testFlag(known.answer))
+    for (const KnownButton& known : KnownButtons) {
+        if (buttons.testFlag(known.answer)) {
             AddButton(known.answer, buttonTexts.value(m_choices.size()));
+        }
     }
-    if (m_choices.isEmpty())
+    if (m_choices.isEmpty()) {
         AddButton(QMessageBox::Ok, buttonTexts.value(0));
+    }
     m_buttonLayout->addStretch();
     Retranslate();
 
@@ -103,14 +106,17 @@ QMessageBox::StandardButton MessageDialog::GetAnswer() const noexcept
 
 QMessageBox::StandardButton MessageDialog::GetEscapeAnswer(QMessageBox::StandardButtons buttons)
 {
-    if (buttons.testFlag(QMessageBox::Cancel))
+    if (buttons.testFlag(QMessageBox::Cancel)) {
         return QMessageBox::Cancel;
-    if (buttons.testFlag(QMessageBox::No))
+    }
+    if (buttons.testFlag(QMessageBox::No)) {
         return QMessageBox::No;
+    }
     QMessageBox::StandardButton last = QMessageBox::Ok;
-    for (const KnownButton& known : knownButtons) {
-        if (buttons.testFlag(known.answer))
+    for (const KnownButton& known : KnownButtons) {
+        if (buttons.testFlag(known.answer)) {
             last = known.answer;
+        }
     }
     return last;
 }
@@ -142,9 +148,10 @@ void MessageDialog::AdjustForDpi()
     m_buttonLayout->setSpacing(Scaled(10));
     setMinimumWidth(Scaled(360));
     m_label->setMaximumWidth(Scaled(480));
-    // When title bar and buttons have adjusted themselves, too.
-    if (isVisible())
+    // Later, when title bar and buttons have adjusted themselves, too.
+    if (isVisible()) {
         QMetaObject::invokeMethod(this, &MessageDialog::AdjustAroundCentre, Qt::QueuedConnection);
+    }
 }
 
 void MessageDialog::AdjustAroundCentre()
@@ -190,8 +197,9 @@ bool MessageDialog::eventFilter(QObject* watched, QEvent* event)
 
 void MessageDialog::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
     TLBaseDialog::changeEvent(event);
 }
 

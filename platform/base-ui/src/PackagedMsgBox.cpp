@@ -12,13 +12,14 @@ QMessageBox::StandardButton PackagedMsgBox::question(const QString& text, QWidge
                                                      const QStringList& buttonTexts, TextStyle style)
 {
     QWidget* const over = parent != nullptr ? parent->window() : FindActiveWindow();
-    // It goes with its parent, which may happen while it waits.
+    // The dialog goes with its parent, perhaps while it waits.
     const QPointer<MessageDialog> dialog(new MessageDialog(text, buttons, buttonTexts, style, over));
     (void)TLMask::Instance()->InitMask(over, over);
     TLMask::Instance()->ShowMask(dialog);
     dialog->exec();
-    if (dialog.isNull())
+    if (dialog.isNull()) {
         return MessageDialog::GetEscapeAnswer(buttons);
+    }
     const QMessageBox::StandardButton answer = dialog->GetAnswer();
     delete dialog.data();
     return answer;

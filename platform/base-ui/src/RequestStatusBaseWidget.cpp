@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int patience = 200; // [ms]
-constexpr int lowest = 180;   // [px, unscaled]
+constexpr int Patience = 200; // [ms]
+constexpr int Lowest = 180;   // [px, unscaled]
 
 QLabel* MakeLabel(const QString& objectName, QWidget* parent)
 {
@@ -26,18 +26,33 @@ QLabel* MakeLabel(const QString& objectName, QWidget* parent)
     return label;
 }
 
-/// As setVisible, which also lays out at once. Under a parent that is not shown yet that is half the work of
-/// filling a page, and done again when the parent is shown.
+/// Like setVisible, but without laying out under a parent that is not shown yet: that is half the work of
+/// filling a page, and happens again when the parent is shown.
 void SetVisible(QWidget* widget, bool visible)
 {
     QLayout* const layout = widget->layout();
     const bool later = visible && layout != nullptr && layout->isEnabled() &&
                        widget->parentWidget() != nullptr && !widget->parentWidget()->isVisible();
-    if (later)
+    if (later) {
         layout->setEnabled(false);
+    }
     widget->setVisible(visible);
-    if (later)
+    if (later) {
         layout->setEnabled(true);
+    }
+}
+
+// Puts them below each other in the middle of the panel. `button` may be null.
+void AddTo(QWidget* panel, QWidget* picture, QWidget* text, QWidget* button)
+{
+    auto* layout = new QVBoxLayout(panel);
+    layout->addStretch();
+    layout->addWidget(picture, 0, Qt::AlignHCenter);
+    layout->addWidget(text);
+    if (button != nullptr) {
+        layout->addWidget(button, 0, Qt::AlignHCenter);
+    }
+    layout->addStretch();
 }
 
 } // namespace
@@ -63,7 +78,7 @@ RequestStatusBaseWidget::RequestStatusBaseWidget(QWidget* parent)
     AddTo(m_failedPanel, m_failedSign, m_failedLabel, m_refreshButton);
 
     m_patience->setSingleShot(true);
-    m_patience->setInterval(patience);
+    m_patience->setInterval(Patience);
     connect(m_patience, &QTimer::timeout, this, &RequestStatusBaseWidget::Apply);
     connect(m_refreshButton, &QPushButton::clicked, this, &RequestStatusBaseWidget::SigRefresh);
     m_scaleWatch = std::make_unique<ScaleWatch>([this] { AdjustForScale(); });
@@ -82,8 +97,9 @@ int RequestStatusBaseWidget::GetStatus() const noexcept
 
 void RequestStatusBaseWidget::SetStatus(int status)
 {
-    if (status < RequestStatus::Loading || status > RequestStatus::Succeeded)
+    if (status < RequestStatus::Loading || status > RequestStatus::Succeeded) {
         return;
+    }
     if (status == RequestStatus::Loading && m_status != RequestStatus::Loading) {
         m_lastHeight = height();
         m_patience->start();
@@ -96,12 +112,15 @@ void RequestStatusBaseWidget::SetStatus(int status)
 
 void RequestStatusBaseWidget::AddSucceedWidget(QWidget* widget)
 {
-    if (widget == nullptr)
+    if (widget == nullptr) {
         return;
-    if (layout() == nullptr)
+    }
+    if (layout() == nullptr) {
         (new QVBoxLayout(this))->setContentsMargins(0, 0, 0, 0);
-    if (layout()->indexOf(widget) < 0)
+    }
+    if (layout()->indexOf(widget) < 0) {
         layout()->addWidget(widget);
+    }
     m_succeedWidgets.append(widget);
     Apply();
 }
@@ -109,24 +128,27 @@ void RequestStatusBaseWidget::AddSucceedWidget(QWidget* widget)
 QSize RequestStatusBaseWidget::sizeHint() const
 {
     const QSize content = TLBaseWidget::sizeHint();
-    if (m_status == RequestStatus::Succeeded)
+    if (m_status == RequestStatus::Succeeded) {
         return content;
+    }
     const QSize panel = m_loadingPanel->sizeHint().expandedTo(m_failedPanel->sizeHint());
-    return {qMax(content.width(), panel.width()), qMax(qMax(m_lastHeight, Scaled(lowest)), panel.height())};
+    return {qMax(content.width(), panel.width()), qMax(qMax(m_lastHeight, Scaled(Lowest)), panel.height())};
 }
 
 QSize RequestStatusBaseWidget::minimumSizeHint() const
 {
     const QSize content = TLBaseWidget::minimumSizeHint();
-    if (m_status == RequestStatus::Succeeded)
+    if (m_status == RequestStatus::Succeeded) {
         return content;
+    }
     return content.expandedTo(m_failedPanel->minimumSizeHint());
 }
 
 void RequestStatusBaseWidget::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
     TLBaseWidget::changeEvent(event);
 }
 
@@ -140,8 +162,9 @@ void RequestStatusBaseWidget::resizeEvent(QResizeEvent* event)
 void RequestStatusBaseWidget::Apply()
 {
     for (const QPointer<QWidget>& widget : qAsConst(m_succeedWidgets)) {
-        if (!widget.isNull())
+        if (!widget.isNull()) {
             SetVisible(widget, m_status == RequestStatus::Succeeded);
+        }
     }
     SetVisible(m_failedPanel, m_status == RequestStatus::Failed);
     SetVisible(m_loadingPanel, m_status == RequestStatus::Loading && !m_patience->isActive());
@@ -166,15 +189,4 @@ void RequestStatusBaseWidget::Retranslate()
     m_indicator->setAccessibleName(tr("Loading…"));
     m_failedLabel->setText(tr("This could not be loaded."));
     m_refreshButton->setText(tr("Try again"));
-}
-
-void RequestStatusBaseWidget::AddTo(QWidget* panel, QWidget* picture, QWidget* text, QWidget* button)
-{
-    auto* layout = new QVBoxLayout(panel);
-    layout->addStretch();
-    layout->addWidget(picture, 0, Qt::AlignHCenter);
-    layout->addWidget(text);
-    if (button != nullptr)
-        layout->addWidget(button, 0, Qt::AlignHCenter);
-    layout->addStretch();
 }

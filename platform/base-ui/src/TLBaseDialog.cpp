@@ -48,24 +48,28 @@ QWidget* TLBaseDialog::GetContentWidget() const noexcept
 
 void TLBaseDialog::SetTitleText(const QString& text, bool asWindowTitle)
 {
-    if (m_titleBar != nullptr)
+    if (m_titleBar != nullptr) {
         m_titleBar->SetText(text);
-    if (asWindowTitle)
+    }
+    if (asWindowTitle) {
         setWindowTitle(text);
+    }
 }
 
 void TLBaseDialog::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::StyleChange) {
         ChangeSkin();
+    }
 }
 
 void TLBaseDialog::paintEvent(QPaintEvent* event)
 {
     QDialog::paintEvent(event);
-    if (!m_hasFrame)
+    if (!m_hasFrame) {
         return;
+    }
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Dark));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -79,9 +83,10 @@ void TLBaseDialog::showEvent(QShowEvent* event)
 
 void TLBaseDialog::FocusForm()
 {
-    if (focusWidget() != nullptr)
+    if (focusWidget() != nullptr) {
         return;
-    // The title bar comes first in the order of Tab, but who opens a form wants to fill it in.
+    }
+    // The title bar is first in the order of Tab, but the user who opens a form wants to fill it in.
     for (QWidget* it = nextInFocusChain(); it != this; it = it->nextInFocusChain()) {
         if (m_contentWidget->isAncestorOf(it) && IsReachableByTab(it)) {
             it->setFocus(Qt::TabFocusReason);

@@ -19,23 +19,28 @@ TLMask* TLMask::Instance()
 
 TLMaskWidget* TLMask::InitMask(QWidget* window, QWidget* area)
 {
-    if (window == nullptr || area == nullptr || window->window() != area->window())
+    if (window == nullptr || area == nullptr || window->window() != area->window()) {
         return nullptr;
+    }
     const QList<TLMaskWidget*> masks = MasksOf(window->window());
     for (TLMaskWidget* mask : masks) {
-        if (mask->GetArea() == area)
+        if (mask->GetArea() == area) {
             return mask;
+        }
     }
     return new TLMaskWidget(window->window(), area);
 }
 
 void TLMask::ShowMask(QWidget* dialog)
 {
-    if (dialog == nullptr || dialog->parentWidget() == nullptr)
+    if (dialog == nullptr || dialog->parentWidget() == nullptr) {
         return;
+    }
     auto* mask = qobject_cast<TLMaskWidget*>(dialog->parentWidget());
-    if (mask == nullptr)
+    if (mask == nullptr) {
         mask = MasksOf(dialog->parentWidget()->window()).value(0);
-    if (mask != nullptr)
+    }
+    if (mask != nullptr) {
         mask->ShowFor(dialog);
+    }
 }

@@ -12,8 +12,9 @@ TLMaskWidget::TLMaskWidget(QWidget* window, QWidget* area)
     setFocusPolicy(Qt::NoFocus);
     hide();
     area->installEventFilter(this);
-    if (area != window)
+    if (area != window) {
         window->installEventFilter(this);
+    }
     connect(area, &QObject::destroyed, &m_connections, [this] { hide(); });
 }
 
@@ -34,8 +35,9 @@ void TLMaskWidget::ShowFor(QWidget* dialog)
 void TLMaskWidget::Open(QObject* dialog)
 {
     m_dialogs.insert(dialog);
-    if (isVisible() || m_area.isNull())
+    if (isVisible() || m_area.isNull()) {
         return;
+    }
     Follow();
     show();
     raise();
@@ -45,8 +47,9 @@ void TLMaskWidget::Open(QObject* dialog)
 void TLMaskWidget::Close(QObject* dialog)
 {
     m_dialogs.remove(dialog);
-    if (!m_dialogs.isEmpty())
+    if (!m_dialogs.isEmpty()) {
         return;
+    }
     m_fade->Reset();
     hide();
 }
@@ -56,17 +59,20 @@ bool TLMaskWidget::eventFilter(QObject* watched, QEvent* event)
     const bool ofWindow = watched == m_area || watched == parentWidget();
     switch (event->type()) {
     case QEvent::Show:
-        if (!ofWindow)
+        if (!ofWindow) {
             Open(watched);
+        }
         break;
     case QEvent::Hide:
-        if (!ofWindow)
+        if (!ofWindow) {
             Close(watched);
+        }
         break;
     case QEvent::Move:
     case QEvent::Resize:
-        if (ofWindow)
+        if (ofWindow) {
             Follow();
+        }
         break;
     default:
         break;
@@ -76,8 +82,9 @@ bool TLMaskWidget::eventFilter(QObject* watched, QEvent* event)
 
 void TLMaskWidget::Follow()
 {
-    if (!m_area.isNull())
+    if (!m_area.isNull()) {
         setGeometry(QRect(m_area->mapTo(window(), QPoint()), m_area->size()));
+    }
 }
 
 void TLMaskWidget::paintEvent(QPaintEvent*)

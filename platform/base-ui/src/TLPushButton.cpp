@@ -39,10 +39,11 @@ void TLPushButton::SetButtonType(int type)
     const bool known =
         type == ButtonType::Primary || type == ButtonType::Plain || type == ButtonType::Secondary;
     const int wanted = known ? type : ButtonType::Default;
-    if (wanted == m_buttonType)
+    if (wanted == m_buttonType) {
         return;
+    }
     m_buttonType = wanted;
-    // The theme's rules depend on it.
+    // The theme's rules depend on the type.
     style()->unpolish(this);
     style()->polish(this);
     update();
@@ -70,7 +71,7 @@ QSize TLPushButton::minimumSizeHint() const
 
 void TLPushButton::showEvent(QShowEvent* event)
 {
-    // The size class is a plain field; this is where a new value is noticed.
+    // The size class is a plain field, so this is the place to notice a new value.
     updateGeometry();
     QPushButton::showEvent(event);
 }
@@ -89,14 +90,15 @@ TLPushButton::Look TLPushButton::GetLook() const
         look.text = choose(m_disabledTextColor, QPalette::ButtonText, QPalette::ButtonText);
         return look;
     }
-    if (isDown() || isChecked())
+    if (isDown() || isChecked()) {
         look.fill = choose(m_pressedColor, QPalette::Mid, QPalette::Highlight);
-    else if (underMouse())
+    } else if (underMouse()) {
         look.fill = choose(m_hoverColor, QPalette::Midlight, QPalette::Highlight);
-    else if (m_buttonType == ButtonType::Plain && !m_fillColor.isValid())
+    } else if (m_buttonType == ButtonType::Plain && !m_fillColor.isValid()) {
         look.fill = Qt::transparent;
-    else
+    } else {
         look.fill = choose(m_fillColor, QPalette::Button, QPalette::Highlight);
+    }
     look.border = choose(m_borderColor, QPalette::Dark, QPalette::Highlight);
     look.text = choose(m_textColor, QPalette::ButtonText, QPalette::HighlightedText);
     look.borderWidth = Scaled(1);

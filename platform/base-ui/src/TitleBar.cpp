@@ -51,14 +51,16 @@ void TitleBar::AdjustForScale()
     setFixedHeight(Scaled(40));
     layout()->setContentsMargins(Scaled(24), 0, Scaled(6), 0);
     layout()->setSpacing(Scaled(8));
-    if (m_closeButton != nullptr)
+    if (m_closeButton != nullptr) {
         m_closeButton->updateGeometry();
+    }
 }
 
 void TitleBar::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
     QWidget::changeEvent(event);
 }
 
@@ -68,7 +70,7 @@ void TitleBar::mousePressEvent(QMouseEvent* event)
         QWidget::mousePressEvent(event);
         return;
     }
-    // The window system drags better than we do: it knows of edges to snap to and of other screens.
+    // The window system drags better than we do: it knows edges to snap to and other screens.
     QWindow* const handle = window()->windowHandle();
     m_dragging = handle == nullptr || !handle->startSystemMove();
     m_grip = event->globalPos() - window()->pos();
@@ -76,8 +78,9 @@ void TitleBar::mousePressEvent(QMouseEvent* event)
 
 void TitleBar::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_dragging)
+    if (m_dragging) {
         window()->move(event->globalPos() - m_grip);
+    }
     QWidget::mouseMoveEvent(event);
 }
 
@@ -89,8 +92,9 @@ void TitleBar::mouseReleaseEvent(QMouseEvent* event)
 
 void TitleBar::Retranslate()
 {
-    if (m_closeButton == nullptr)
+    if (m_closeButton == nullptr) {
         return;
+    }
     m_closeButton->setAccessibleName(tr("Close"));
     m_closeButton->setToolTip(tr("Close"));
 }

@@ -16,14 +16,15 @@ void UIUtils::SetElidedText(QLabel* label, const QString& text, int width, Qt::T
     label->setTextFormat(Qt::PlainText);
     label->setText(elided);
     label->setAccessibleName(text);
-    // Tool tips guess whether they are HTML; escaped in a paragraph there is nothing to guess.
+    // A tool tip guesses whether its text is HTML; an escaped paragraph leaves nothing to guess.
     label->setToolTip(elided == text ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
 }
 
 QString UIUtils::HighlightText(const QString& text, const QString& keyword, const QString& color)
 {
-    if (keyword.isEmpty())
+    if (keyword.isEmpty()) {
         return text.toHtmlEscaped();
+    }
     QString html;
     int from = 0;
     for (int at = 0; (at = text.indexOf(keyword, from, Qt::CaseInsensitive)) >= 0;
@@ -37,6 +38,7 @@ QString UIUtils::HighlightText(const QString& text, const QString& keyword, cons
 
 void UIUtils::HighlightLabel(QLabel* label, const QString& keyword)
 {
-    if (label != nullptr)
+    if (label != nullptr) {
         LabelHighlighter::Of(label)->Highlight(keyword);
+    }
 }

@@ -28,9 +28,10 @@ void Change(double& part, double value)
 {
     const double before = DpiTool::GetScale();
     part = value;
-    // Exact on purpose: both come from the same few values.
-    if (DpiTool::GetScale() < before || DpiTool::GetScale() > before)
+    // Deliberately exact: both come from the same few values.
+    if (DpiTool::GetScale() < before || DpiTool::GetScale() > before) {
         DpiAdapters::Instance().AdjustAll();
+    }
 }
 
 } // namespace
@@ -49,14 +50,16 @@ double DpiTool::GetScale() noexcept
 
 void DpiTool::SetScale(double scale)
 {
-    if (!std::isnan(scale))
+    if (!std::isnan(scale)) {
         Change(userScale, std::clamp(scale, MinUserScale, MaxUserScale));
+    }
 }
 
 void DpiTool::SetScreenDpi(double dotsPerInch)
 {
-    if (!std::isnan(dotsPerInch))
+    if (!std::isnan(dotsPerInch)) {
         Change(screenScale, ToScreenScale(dotsPerInch));
+    }
 }
 
 double DpiTool::ToScreenScale(double dotsPerInch) noexcept

@@ -4,8 +4,9 @@
 
 IDpiAdapter::IDpiAdapter(bool followsScale)
 {
-    if (followsScale)
+    if (followsScale) {
         DpiAdapters::Instance().Add(this);
+    }
 }
 
 IDpiAdapter::~IDpiAdapter()

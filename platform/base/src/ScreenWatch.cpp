@@ -20,8 +20,9 @@ void ScreenWatch::Begin()
 void ScreenWatch::Follow(QScreen* screen)
 {
     disconnect(m_resolution);
-    if (!screen)
-        return; // the last one was unplugged
+    if (!screen) {
+        return; // the last screen was unplugged
+    }
     m_resolution = connect(screen, &QScreen::logicalDotsPerInchChanged, this,
                            [](qreal dpi) { DpiTool::SetScreenDpi(dpi); });
     DpiTool::SetScreenDpi(screen->logicalDotsPerInch());

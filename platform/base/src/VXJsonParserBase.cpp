@@ -33,8 +33,8 @@ struct Field
 
 struct FieldTable
 {
-    // What tells the class from another one whose meta-object came to lie at the same address, after the
-    // plug-in of the first was unloaded.
+    // Tells the class from another one whose meta-object lies at the same address, after the plug-in of the
+    // first was unloaded.
     const void* strings;
     const void* data;
     QVector<Field> fields;
@@ -44,8 +44,9 @@ using FieldTablePtr = QSharedPointer<const FieldTable>;
 
 FieldType TypeOf(const QMetaProperty& property)
 {
-    if (property.isEnumType())
+    if (property.isEnumType()) {
         return FieldType::Other;
+    }
     switch (property.userType()) {
     case QMetaType::QString:
         return FieldType::String;
@@ -69,12 +70,13 @@ FieldTablePtr ReadFieldTable(const QMetaObject* metaObject)
     auto table = QSharedPointer<FieldTable>::create();
     table->strings = metaObject->d.stringdata;
     table->data = metaObject->d.data;
-    // QObject's own property, objectName, is not declared by the record.
+    // The record does not declare objectName, QObject's own property.
     for (int i = QObject::staticMetaObject.propertyCount(); i < metaObject->propertyCount(); ++i) {
         const QMetaProperty property = metaObject->property(i);
         const bool redeclaredFurtherDown = metaObject->indexOfProperty(property.name()) != i;
-        if (!redeclaredFurtherDown)
+        if (!redeclaredFurtherDown) {
             table->fields.append({QString::fromLatin1(property.name()), property, TypeOf(property)});
+        }
     }
     return table;
 }
@@ -86,8 +88,9 @@ FieldTablePtr FieldTableOf(const QMetaObject* metaObject)
     {
         const std::shared_lock<std::shared_mutex> lock(mutex);
         FieldTablePtr table = tables.value(metaObject);
-        if (table && table->strings == metaObject->d.stringdata && table->data == metaObject->d.data)
+        if (table && table->strings == metaObject->d.stringdata && table->data == metaObject->d.data) {
             return table;
+        }
     }
     FieldTablePtr table = ReadFieldTable(metaObject);
     const std::unique_lock<std::shared_mutex> lock(mutex);
@@ -116,7 +119,7 @@ QLatin1String NameOf(FieldType type)
     return QLatin1String("nothing");
 }
 
-// The JSON type, and of a number also the value: it tells a fraction or a range from a wrong type.
+// The JSON type, and a number's value, too: it tells a fraction or an excess from a wrong type.
 QString NameOf(const QJsonValue& value)
 {
     switch (value.type()) {
@@ -138,28 +141,32 @@ QString NameOf(const QJsonValue& value)
     return QStringLiteral("nothing");
 }
 
-// The number as an integer from `lowest` to `highest`; invalid when it is none.
+// The number as an integer from `lowest` to `highest`; invalid when it is not one.
 QVariant ToInteger(const QJsonValue& value, qint64 lowest, qint64 highest)
 {
-    if (!value.isDouble())
+    if (!value.isDouble()) {
         return QVariant();
+    }
     const double number = value.toDouble();
-    if (std::trunc(number) != number || number < double(lowest) || number > double(highest))
+    if (std::trunc(number) != number || number < double(lowest) || number > double(highest)) {
         return QVariant();
-    // The double has been rounded if the text held more digits; the variant has not.
+    }
+    // A text with more digits was rounded in the double, but not in the variant.
     const qint64 integer = value.toVariant().toLongLong();
     return integer < lowest || integer > highest ? QVariant() : QVariant(integer);
 }
 
 QVariant ToStringList(const QJsonValue& value)
 {
-    if (!value.isArray())
+    if (!value.isArray()) {
         return QVariant();
+    }
     QStringList list;
     const QJsonArray array = value.toArray();
     for (const QJsonValue& element : array) {
-        if (!element.isString())
+        if (!element.isString()) {
             return QVariant();
+        }
         list.append(element.toString());
     }
     return list;
@@ -224,8 +231,9 @@ VXJsonParserBase::VXJsonParserBase(const VXJsonParserBase& other)
 
 VXJsonParserBase& VXJsonParserBase::operator=(const VXJsonParserBase& other)
 {
-    if (this != &other)
+    if (this != &other) {
         m_parseErrors = other.m_parseErrors;
+    }
     return *this;
 }
 
@@ -233,8 +241,9 @@ VXJsonParserBase::~VXJsonParserBase() = default;
 
 bool VXJsonParserBase::Parse(const QJsonDocument& document)
 {
-    if (document.isObject())
+    if (document.isObject()) {
         return Parse(document.object());
+    }
     const QLatin1String found(document.isArray() ? "array" : "nothing");
     m_parseErrors = QStringList{QStringLiteral("wanted object, found ") + found};
     return false;
@@ -246,17 +255,21 @@ bool VXJsonParserBase::Parse(const QJsonObject& object)
     const FieldTablePtr table = FieldTableOf(metaObject());
     for (const Field& field : table->fields) {
         const auto found = object.constFind(field.key);
-        if (found == object.constEnd())
+        if (found == object.constEnd()) {
             continue;
+        }
         const QJsonValue value = *found;
-        if (ParseSpecial(field.key, value) || field.type == FieldType::Other || !field.property.isWritable())
+        if (ParseSpecial(field.key, value) || field.type == FieldType::Other ||
+            !field.property.isWritable()) {
             continue;
+        }
         const QVariant converted = FromJson(field.type, value);
-        if (converted.isValid())
+        if (converted.isValid()) {
             field.property.write(this, converted);
-        else
+        } else {
             m_parseErrors.append(QStringLiteral("key \"%1\": wanted %2, found %3")
                                      .arg(field.key, NameOf(field.type), NameOf(value)));
+        }
     }
     return GetParseError().isEmpty();
 }
@@ -265,8 +278,9 @@ bool VXJsonParserBase::Parse(const QByteArray& json)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error == QJsonParseError::NoError)
+    if (error.error == QJsonParseError::NoError) {
         return Parse(document);
+    }
     m_parseErrors =
         QStringList{QStringLiteral("not JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset)};
     return false;
@@ -279,12 +293,14 @@ QJsonObject VXJsonParserBase::ToJsonObject() const
     for (const Field& field : table->fields) {
         QJsonValue value(QJsonValue::Undefined);
         if (!ToSpecial(field.key, value)) {
-            if (!JoinToJson(field.key) || field.type == FieldType::Other)
+            if (!JoinToJson(field.key) || field.type == FieldType::Other) {
                 continue;
+            }
             value = ToJsonValue(field.type, field.property.read(this));
         }
-        if (!value.isUndefined())
+        if (!value.isUndefined()) {
             object.insert(field.key, value);
+        }
     }
     return object;
 }

@@ -10,31 +10,35 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcRouter, "tl.router")
+Q_LOGGING_CATEGORY(logRouter, "tl.router")
 
 int HexDigit(QChar c)
 {
     const ushort code = c.unicode();
-    if (code >= '0' && code <= '9')
+    if (code >= '0' && code <= '9') {
         return code - '0';
-    if (code >= 'a' && code <= 'f')
+    }
+    if (code >= 'a' && code <= 'f') {
         return code - 'a' + 10;
-    if (code >= 'A' && code <= 'F')
+    }
+    if (code >= 'A' && code <= 'F') {
         return code - 'A' + 10;
+    }
     return -1;
 }
 
-// The byte that the percent sequence at `position` stands for, or -1 when there is none.
+// The byte that the percent sequence at `position` encodes, or -1 when there is no such sequence.
 int PercentByte(const QStringRef& text, int position)
 {
-    if (position + 2 >= text.size() || text.at(position) != QLatin1Char('%'))
+    if (position + 2 >= text.size() || text.at(position) != QLatin1Char('%')) {
         return -1;
+    }
     const int high = HexDigit(text.at(position + 1));
     const int low = HexDigit(text.at(position + 2));
     return high < 0 || low < 0 ? -1 : high * 16 + low;
 }
 
-// Percent sequences that are malformed, or whose bytes are no UTF-8, stay as the text that they are.
+// Malformed percent sequences, and those that are not UTF-8, stay as they are.
 QString Decode(const QStringRef& text)
 {
     static QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
@@ -53,10 +57,11 @@ QString Decode(const QStringRef& text)
         }
         QTextCodec::ConverterState state(QTextCodec::IgnoreHeader); // a leading U+FEFF is part of the value
         const QString characters = utf8->toUnicode(bytes.constData(), bytes.size(), &state);
-        if (state.invalidChars == 0 && state.remainingChars == 0)
+        if (state.invalidChars == 0 && state.remainingChars == 0) {
             decoded.append(characters);
-        else
+        } else {
             decoded.append(text.mid(i, next - i));
+        }
         i = next;
     }
     return decoded;
@@ -67,7 +72,7 @@ QString Encode(const QString& text)
     return QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
-// The parts of `tl://<module>/<path>`; `module` is null when the text is no router URL.
+// The parts of `tl://<module>/<path>`; `module` is null when the text is not a router URL.
 struct RouteParts
 {
     QStringRef module;
@@ -77,29 +82,32 @@ struct RouteParts
 RouteParts Split(const QString& url)
 {
     static const QLatin1String scheme("tl://");
-    if (!url.startsWith(scheme, Qt::CaseInsensitive))
+    if (!url.startsWith(scheme, Qt::CaseInsensitive)) {
         return {};
+    }
     const auto end = std::find_if(url.cbegin(), url.cend(),
                                   [](QChar c) { return c == QLatin1Char('?') || c == QLatin1Char('#'); });
     const int length = int(end - url.cbegin());
     const auto slash = std::find(url.cbegin() + scheme.size(), end, QLatin1Char('/'));
     const int moduleEnd = int(slash - url.cbegin());
-    if (moduleEnd == scheme.size())
+    if (moduleEnd == scheme.size()) {
         return {};
+    }
     return {url.midRef(scheme.size(), moduleEnd - scheme.size()), url.midRef(moduleEnd, length - moduleEnd)};
 }
 
-// The executor, if `base` is a router URL and somebody routes; otherwise null and a warning. The query
-// stays out of the log: it may carry what belongs to the user.
+// The executor, if `base` is a router URL and an executor is provided; otherwise null and a warning. The log
+// leaves out the query, which may hold the user's data.
 IRouteExecutor* ExecutorOrWarning(const QString& base)
 {
     if (Split(base).module.isNull()) {
-        qCWarning(lcRouter, "Not a router URL: %ls", qUtf16Printable(base));
+        qCWarning(logRouter, "Not a router URL: %ls", qUtf16Printable(base));
         return nullptr;
     }
     IRouteExecutor* executor = IRouteExecutor::Provided();
-    if (!executor)
-        qCWarning(lcRouter, "Nobody routes %ls", qUtf16Printable(base));
+    if (!executor) {
+        qCWarning(logRouter, "No router is provided for %ls", qUtf16Printable(base));
+    }
     return executor;
 }
 
@@ -109,18 +117,20 @@ VXRouterProtocol::VXRouterProtocol(const QString& url)
 {
     const int hash = url.indexOf(QLatin1Char('#'));
     const QStringRef beforeFragment = url.leftRef(hash);
-    if (hash >= 0)
+    if (hash >= 0) {
         m_fragment = url.mid(hash + 1);
+    }
 
     const int questionMark = beforeFragment.indexOf(QLatin1Char('?'));
     m_base = beforeFragment.left(questionMark).toString();
-    if (questionMark < 0)
+    if (questionMark < 0) {
         return;
+    }
     const QVector<QStringRef> parts =
         beforeFragment.mid(questionMark + 1).split(QLatin1Char('&'), Qt::SkipEmptyParts);
     for (const QStringRef& part : parts) {
         const int equals = part.indexOf(QLatin1Char('='));
-        // A key without "=" has a null value, so that it is written as it came.
+        // A key without "=" has a null value, so that it is written the way it came.
         const QString value = equals < 0 ? QString() : QLatin1String("") + Decode(part.mid(equals + 1));
         m_parameters.append({Decode(part.left(equals)), value});
     }
@@ -137,8 +147,9 @@ bool VXRouterProtocol::Matches(const QString& url) const
 QString VXRouterProtocol::GetWith(const QString& key) const
 {
     for (const QPair<QString, QString>& parameter : m_parameters) {
-        if (parameter.first == key)
+        if (parameter.first == key) {
             return parameter.second;
+        }
     }
     return QString();
 }
@@ -163,12 +174,14 @@ QString VXRouterProtocol::GetUrl() const
     QChar separator = QLatin1Char('?');
     for (const QPair<QString, QString>& parameter : m_parameters) {
         url += separator + Encode(parameter.first);
-        if (!parameter.second.isNull())
+        if (!parameter.second.isNull()) {
             url += QLatin1Char('=') + Encode(parameter.second);
+        }
         separator = QLatin1Char('&');
     }
-    if (!m_fragment.isEmpty())
+    if (!m_fragment.isEmpty()) {
         url += QLatin1Char('#') + m_fragment;
+    }
     return url;
 }
 

@@ -23,8 +23,9 @@ QString TLGlobalData::GetUUID() const
 
 void TLGlobalData::SetUser(const QString& pin, const QString& belongType)
 {
-    if (m_pin == pin && m_belongType == belongType)
+    if (m_pin == pin && m_belongType == belongType) {
         return;
+    }
     m_pin = pin;
     m_belongType = belongType;
     Q_EMIT SigUserChanged();

@@ -19,8 +19,10 @@ void TLPluginBaseManager::SetPlugins(const QList<QSharedPointer<TLPluginBaseEnti
     QList<QSharedPointer<TLPluginBaseEntity>> usable;
     QHash<QString, QSharedPointer<TLPluginBaseEntity>> byServiceCode;
     for (const QSharedPointer<TLPluginBaseEntity>& plugin : plugins) {
-        if (!plugin || plugin->GetServiceCode().isEmpty() || byServiceCode.contains(plugin->GetServiceCode()))
+        if (!plugin || plugin->GetServiceCode().isEmpty() ||
+            byServiceCode.contains(plugin->GetServiceCode())) {
             continue;
+        }
         usable.append(plugin);
         byServiceCode.insert(plugin->GetServiceCode(), plugin);
     }

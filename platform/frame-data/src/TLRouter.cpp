@@ -8,13 +8,14 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcRouter, "tl.router")
+Q_LOGGING_CATEGORY(logRouter, "tl.router")
 
 ITabOpener* OpenerOrWarning()
 {
     ITabOpener* opener = ITabOpener::Provided();
-    if (!opener)
-        qCWarning(lcRouter, "Nobody is there to open a tab; the request is dropped.");
+    if (!opener) {
+        qCWarning(logRouter, "No tab opener is provided; the request is dropped.");
+    }
     return opener;
 }
 
@@ -22,16 +23,18 @@ ITabOpener* OpenerOrWarning()
 
 void TLRouter::OpenPlugin(const PluginOpenInfo& info, int index)
 {
-    if (ITabOpener* opener = OpenerOrWarning())
+    if (ITabOpener* opener = OpenerOrWarning()) {
         opener->OpenPlugin(info, index);
+    }
 }
 
 void TLRouter::OpenUrlWithNewTab(const QString& address, bool closable, bool isDelay, int index,
                                  bool activate, const QString& title, bool remember)
 {
     ITabOpener* opener = OpenerOrWarning();
-    if (!opener)
+    if (!opener) {
         return;
+    }
     TabOpenInfo info;
     info.address = address;
     info.title = title;

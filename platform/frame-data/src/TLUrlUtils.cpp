@@ -4,11 +4,11 @@
 
 namespace {
 
-constexpr int maximumLength = 8192; // [UTF-16 code units]
-constexpr int maximumStored = 2048; // [code points]
+constexpr int MaximumLength = 8192; // [UTF-16 code units]
+constexpr int MaximumStored = 2048; // [code points]
 
-// Characters that have no place in an address, whatever a parser would make of them: they serve to
-// show one address and open another.
+// Characters that do not belong in an address, whatever a parser makes of them: they serve to show one
+// address and open another.
 bool IsRefused(QChar c)
 {
     const ushort code = c.unicode();
@@ -24,16 +24,18 @@ bool IsControl(QChar c)
     return c.category() == QChar::Other_Control;
 }
 
-// What stands between the scheme and the path; null without http or https.
+// The text between the scheme and the path; null without http or https.
 QStringRef AuthorityOf(const QString& text)
 {
     int begin = 0;
     for (const QLatin1String prefix : {QLatin1String("http://"), QLatin1String("https://")}) {
-        if (text.startsWith(prefix, Qt::CaseInsensitive))
+        if (text.startsWith(prefix, Qt::CaseInsensitive)) {
             begin = prefix.size();
+        }
     }
-    if (begin == 0)
+    if (begin == 0) {
         return QStringRef();
+    }
     const auto endsAuthority = [](QChar c) {
         return c == QLatin1Char('/') || c == QLatin1Char('?') || c == QLatin1Char('#');
     };
@@ -41,7 +43,7 @@ QStringRef AuthorityOf(const QString& text)
     return text.midRef(begin, int(end - text.cbegin()) - begin);
 }
 
-// Whether normalising the name of a host does no more than write its letters in lower case and punycode.
+// Whether normalising the host name only changes its letters to lower case and punycode.
 bool IsPlainHost(const QString& host)
 {
     const auto isChanged = [](QChar c) {
@@ -70,35 +72,41 @@ bool IsIn(const QString& host, const QString& domain)
 QUrl TLUrlUtils::ToWebUrl(const QString& address)
 {
     const QString text = address.trimmed();
-    if (text.size() > maximumLength || std::any_of(text.cbegin(), text.cend(), IsRefused))
+    if (text.size() > MaximumLength || std::any_of(text.cbegin(), text.cend(), IsRefused)) {
         return QUrl();
+    }
 
     const QStringRef authority = AuthorityOf(text);
-    // User info is refused also when it is empty: the parsed URL would not show that it was there.
-    if (authority.isNull() || authority.contains(QLatin1Char('@')))
+    // Refuses empty user info, too: the parsed URL would not show it.
+    if (authority.isNull() || authority.contains(QLatin1Char('@'))) {
         return QUrl();
+    }
 
     QUrl url(text, QUrl::TolerantMode);
     const QString host = url.host();
     const bool hostNamesSomething =
         std::any_of(host.cbegin(), host.cend(), [](QChar c) { return c != QLatin1Char('.'); });
-    if (!url.isValid() || !hostNamesSomething || !url.userInfo().isEmpty())
+    if (!url.isValid() || !hostNamesSomething || !url.userInfo().isEmpty()) {
         return QUrl();
+    }
     return url;
 }
 
 bool TLUrlUtils::IsVXUrl(const QString& address)
 {
-    if (std::any_of(address.cbegin(), address.cend(), IsControl))
+    if (std::any_of(address.cbegin(), address.cend(), IsControl)) {
         return false;
+    }
     const QUrl url = ToWebUrl(address);
-    if (url.isEmpty() || address.toUcs4().size() > maximumStored)
+    if (url.isEmpty() || address.toUcs4().size() > MaximumStored) {
         return false;
+    }
 
     const QString text = address.trimmed();
     const QStringRef authority = AuthorityOf(text);
-    if (!IsPlainHost(authority.left(authority.indexOf(QLatin1Char(':'))).toString().toLower()))
+    if (!IsPlainHost(authority.left(authority.indexOf(QLatin1Char(':'))).toString().toLower())) {
         return false;
+    }
 
     const QString host = url.host(QUrl::FullyEncoded);
     const QStringList& domains = VXDomains();
@@ -111,8 +119,9 @@ void TLUrlUtils::SetVXDomains(const QStringList& domains)
     VXDomains().clear();
     for (const QString& domain : domains) {
         const QString normalised = QString::fromLatin1(QUrl::toAce(domain.trimmed())).toLower();
-        if (!normalised.isEmpty())
+        if (!normalised.isEmpty()) {
             VXDomains().append(normalised);
+        }
     }
 }
 

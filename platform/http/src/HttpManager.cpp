@@ -2,6 +2,7 @@
 
 #include "HttpCall.h"
 #include "LoopbackProxyFactory.h"
+#include "http/HttpCallKind.h"
 #include "http/HttpReplyCache.h"
 #include "http/IHttpRequest.h"
 #include "http/IHttpResponse.h"
@@ -23,7 +24,7 @@ Q_LOGGING_CATEGORY(logHttp, "tl.http", QtInfoMsg)
 constexpr int DefaultTimeout = 20000; // [ms]
 constexpr int MaxAttempts = 5;
 
-// Where the reply is kept; empty when the request or the response wants none of it.
+// The key of the kept reply; empty when the request or the response wants none.
 QString KeyOf(const IHttpRequest& request, const IHttpResponse& response)
 {
     const auto* const asked = dynamic_cast<const IRequestCacheMethod*>(&request);
@@ -50,8 +51,9 @@ public:
     {
         std::unique_ptr<HttpCall> call;
         std::function<void()> finished;
-        QString cacheKey;        // as it was when the call was sent
-        quint64 cacheGeneration; // likewise
+        QString cacheKey; // from when the call was sent, like the rest
+        quint64 cacheGeneration;
+        bool isWrite;
     };
 
     explicit Private(std::unique_ptr<HttpReplyCache> replyCache) : cache(std::move(replyCache))
@@ -65,7 +67,7 @@ public:
     std::unique_ptr<HttpReplyCache> cache;
     quint64 cacheGeneration = 0;
     quint64 lastNumber = 0;
-    std::map<quint64, Entry> calls; // last: they go before the network does
+    std::map<quint64, Entry> calls; // last, so that they go before the network does
 };
 
 HttpCallReport HttpManager::Private::ApplyCache(const Entry& entry)
@@ -76,7 +78,7 @@ HttpCallReport HttpManager::Private::ApplyCache(const Entry& entry)
     report.method = request->GetMethodName();
     report.attempts = entry.call->GetAttempts();
 
-    // Another key by now is another user's.
+    // A key that has changed belongs to another user.
     if (cache && !entry.cacheKey.isEmpty() && entry.cacheKey == KeyOf(*request, *response)) {
         auto& side = dynamic_cast<IResponseCacheMethod&>(*response);
         if (side.CanSaveToCache()) {
@@ -122,9 +124,9 @@ void HttpManager::Send(const QSharedPointer<IHttpRequest>& request,
         std::make_unique<HttpCall>(d->network, request, response, timeout > 0 ? timeout : DefaultTimeout,
                                    std::clamp(attempts, 1, MaxAttempts));
     connect(call.get(), &HttpCall::SigDone, this, [this, number] { Deliver(number); });
-    const auto [it, inserted] =
-        d->calls.emplace(number, Private::Entry{std::move(call), std::move(finished),
-                                                KeyOf(*request, *response), d->cacheGeneration});
+    const auto [it, inserted] = d->calls.emplace(
+        number, Private::Entry{std::move(call), std::move(finished), KeyOf(*request, *response),
+                               d->cacheGeneration, HttpCallKind::IsWrite(*response)});
     it->second.call->Start();
 }
 
@@ -139,7 +141,7 @@ void HttpManager::ClearCache()
 bool HttpManager::IsWriting() const
 {
     return std::any_of(d->calls.begin(), d->calls.end(),
-                       [](const auto& call) { return call.second.cacheKey.isEmpty(); });
+                       [](const auto& call) { return call.second.isWrite; });
 }
 
 void HttpManager::DropCalls()
@@ -160,7 +162,7 @@ void HttpManager::Deliver(quint64 number)
         qCDebug(logHttp).noquote() << request->GetLogInfo() << report.milliseconds << "ms";
     } else {
         qCWarning(logHttp).noquote() << request->GetLogInfo()
-                                     << (report.fromCache ? "served from what was kept:" : "failed:")
+                                     << (report.fromCache ? "served from a kept reply:" : "failed:")
                                      << (report.fromCache ? report.failureCode : report.code)
                                      << (report.fromCache ? report.failure : report.description) << "after"
                                      << report.attempts << "attempt(s)," << report.milliseconds << "ms";

@@ -19,7 +19,7 @@ std::optional<QJsonValue> ReadJson(const QByteArray& text)
     if (document.isArray()) {
         return QJsonValue(document.array());
     }
-    // A document is an object or an array; what stands alone can be read as the one element of an array.
+    // A document is an object or an array; any other value can be read as the only element of an array.
     const QJsonArray wrapped = QJsonDocument::fromJson('[' + text + ']').array();
     if (wrapped.size() == 1) {
         return wrapped.first();
@@ -37,12 +37,12 @@ void IHttpResponseBase::SetData(const QByteArray& data)
 {
     m_outcome.data = data;
     if (data.trimmed().isEmpty()) {
-        SetUnreadable(tr("The gateway's answer is empty."));
+        SetUnreadable(tr("The gateway's reply is empty."));
         return;
     }
     const std::optional<QJsonValue> reply = ReadJson(data);
     if (!reply) {
-        SetUnreadable(tr("The gateway's answer is not JSON."));
+        SetUnreadable(tr("The gateway's reply is not JSON."));
         return;
     }
     ParseJsonData(*reply);

@@ -16,22 +16,24 @@ QString SettingConnection::Open(const QString& file, int busyTimeout, QSqlError*
         opened = database.open();
         *error = database.lastError();
     }
-    if (!opened)
+    if (!opened) {
         Close(&connection);
+    }
     return connection;
 }
 
 void SettingConnection::Close(QString* connection)
 {
-    if (connection->isEmpty())
+    if (connection->isEmpty()) {
         return;
+    }
     QSqlDatabase::removeDatabase(*connection);
     connection->clear();
 }
 
 SettingFault SettingConnection::FaultOf(const QSqlError& error)
 {
-    // SQLite's primary result codes; its extended ones have them in the low byte.
+    // SQLite's primary result codes; its extended codes have them in the low byte.
     switch (error.nativeErrorCode().toInt() & 0xff) {
     case 11: // SQLITE_CORRUPT
     case 26: // SQLITE_NOTADB
@@ -48,4 +50,9 @@ SettingFault SettingConnection::FaultOf(const QSqlError& error)
     default:
         return SettingFault::Other;
     }
+}
+
+SettingProblem SettingConnection::ProblemOf(const QSqlError& error)
+{
+    return {FaultOf(error), error.databaseText()};
 }

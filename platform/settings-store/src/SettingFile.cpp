@@ -2,9 +2,10 @@
 
 #include "DamagedRows.h"
 #include "SettingConnection.h"
-#include "SettingCopy.h"
+#include "SettingExaminer.h"
 #include "SettingFileNames.h"
 #include "SettingSalvage.h"
+#include "SettingTransaction.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
@@ -19,75 +20,72 @@
 
 namespace {
 
-// How long another program's lock is waited for. Twice as long is still less than what a flush may take. [ms]
-constexpr int busyTimeout = 2000;
-constexpr int smallestDatabase = 512; // [bytes]
+constexpr int SmallestDatabase = 512; // [bytes]
 
-// Whether something stands at the path that never will be opened. A sound file can fail to open as well,
-// when the system is short of something; it is not touched.
+// Whether something at the path can never be opened. A sound file may also fail to open, when the system is
+// short of something; we do not touch it.
 bool IsInTheWay(const QString& path)
 {
     const QFileInfo info(path);
     return info.exists() && (!info.isFile() || !info.isReadable());
 }
 
-// Whether the file is shorter than any database, an empty one included: a fresh file gets its name only
-// when it is whole. SQLite would take it for a new one, and throw its log away.
+// Whether the file is shorter than any database, even an empty one: a fresh file gets its name only when it
+// is complete. SQLite would take a shorter one for new and discard its log.
 bool IsTooShort(const QString& path)
 {
     const QFileInfo info(path);
-    return info.isFile() && info.size() < smallestDatabase;
+    return info.isFile() && info.size() < SmallestDatabase;
 }
 
-// Whether the head says that a newer SQLite wrote the file, which none of ours did: this one would read it
-// and never write to it.
+// Whether the header says that a newer SQLite wrote the file. None of ours did, and this SQLite would read
+// the file but never write to it.
 bool HasStrangeHead(const QString& path)
 {
     constexpr int writeVersion = 18;
     constexpr int readVersion = 19;
     QFile file(path);
-    if (!file.open(QFile::ReadOnly))
+    if (!file.open(QFile::ReadOnly)) {
         return false;
+    }
     const QByteArray head = file.read(readVersion + 1);
     const auto isKnown = [](char version) { return version == 1 || version == 2; };
     return head.size() > readVersion && !(isKnown(head.at(writeVersion)) && isKnown(head.at(readVersion)));
 }
 
-// Whether there are changes to a file that itself is not there.
+// Whether there is a log of changes but no file.
 bool HasOnlyLog(const QString& path)
 {
-    return !QFileInfo::exists(path) && (QFileInfo(path + SettingFileNames::log).size() > 0 ||
-                                        QFileInfo(path + SettingFileNames::journal).size() > 0);
+    return !QFileInfo::exists(path) && (QFileInfo(path + SettingFileNames::Log).size() > 0 ||
+                                        QFileInfo(path + SettingFileNames::Journal).size() > 0);
 }
 
-// What is damaged and not there in another row.
+// The keys of damaged rows that have no sound row.
 QVector<SettingKey> KeysOf(const SettingContent& content)
 {
     QVector<SettingKey> keys;
     for (const SettingRow& row : content.damaged) {
         const SettingKey key = row.GetKey();
-        if (!content.values.contains(key))
+        if (!content.values.contains(key)) {
             keys.append(key);
+        }
     }
     return keys;
 }
 
-bool InsertRows(QSqlQuery* query, const SettingValues& values)
+SettingProblem ReadValues(const QSqlDatabase& database, SettingContent* content)
 {
-    if (!query->prepare(SettingTable::WriteStatement()))
-        return false;
-    for (auto it = values.cbegin(); it != values.cend(); ++it) {
-        SettingTable::BindRow(query, SettingRow::Of(it.key(), it.value()));
-        if (!query->exec())
-            return false;
-    }
-    return true;
+    const QSqlError error =
+        SettingTable::ReadAll(database, SettingTable::Direction::Forward, std::numeric_limits<qint64>::max(),
+                              SettingTable::Checksums::Needed, content)
+            .error;
+    return error.isValid() ? SettingConnection::ProblemOf(error) : SettingProblem{};
 }
 
 } // namespace
 
 SettingFile::SettingFile(const QString& path)
-    : m_path(QFileInfo(path).absoluteFilePath()), m_lock(m_path + SettingFileNames::lock)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_lock(m_path + SettingFileNames::Lock)
 {}
 
 SettingFile::~SettingFile()
@@ -100,7 +98,7 @@ SettingFileReport SettingFile::Open()
     SettingFileReport report;
     const QString folder = QFileInfo(m_path).absolutePath();
     if (!QDir().mkpath(folder)) {
-        report.failure = tr("The folder %1 cannot be made: settings cannot be saved.")
+        report.failure = tr("The folder %1 could not be created: settings cannot be saved.")
                              .arg(QDir::toNativeSeparators(folder));
         return report;
     }
@@ -110,20 +108,22 @@ SettingFileReport SettingFile::Open()
     }
 
     SettingContent content;
-    Problem problem = OpenConnection(&content);
+    SettingProblem problem = OpenConnection(&content);
     if (problem.IsFatal()) {
         content = SettingSalvage::Read(m_path);
         m_values = content.values;
-        // A later version may count its checksums in another way: that is no damage.
-        if (problem.fault == SettingFault::Damaged)
+        // A later version may calculate its checksums differently: that is no damage.
+        if (problem.fault == SettingFault::Damaged) {
             report.damagedValues = KeysOf(content);
+        }
         problem = Replace(problem, m_values, &report);
-        if (problem.None())
+        if (problem.None()) {
             report.setAsideReason += QLatin1Char(' ') + KeptSentence(m_values.size());
+        }
     } else if (problem.None() || m_isRead || ReadAlone(problem, &content)) {
         m_values = content.values;
         report.damagedValues = KeysOf(content);
-        problem = {}; // a file that can only be read is good enough: the first write tells why
+        problem = {}; // a read-only file is good enough: the first write reports why
     }
     report.failure = Sentence(problem);
     return report;
@@ -132,20 +132,25 @@ SettingFileReport SettingFile::Open()
 SettingFileReport SettingFile::Write(const SettingValues& values)
 {
     SettingFileReport report;
-    Problem problem;
-    if (m_connection.isEmpty())
+    SettingProblem problem;
+    if (m_connection.isEmpty()) {
         problem = OpenConnection(nullptr);
-    if (problem.None())
-        problem = WriteRows(m_connection, values);
+    }
+    if (problem.None()) {
+        problem = SettingTransaction::WriteRows(m_connection, values);
+    }
     const bool isWritten = problem.None();
     if (isWritten || problem.IsFatal()) {
         SettingValues all = m_values;
-        for (auto it = values.cbegin(); it != values.cend(); ++it)
+        for (auto it = values.cbegin(); it != values.cend(); ++it) {
             all.insert(it.key(), it.value());
-        if (!isWritten)
+        }
+        if (!isWritten) {
             problem = Replace(problem, all, &report);
-        if (problem.None())
+        }
+        if (problem.None()) {
             m_values = all;
+        }
     }
     report.failure = Sentence(problem);
     return report;
@@ -156,21 +161,15 @@ SettingValues SettingFile::GetValues() const
     return m_values;
 }
 
-SettingFile::Problem SettingFile::ProblemOf(const QSqlError& error)
-{
-    return {SettingConnection::FaultOf(error), error.databaseText()};
-}
-
-QString SettingFile::Sentence(const Problem& problem)
+QString SettingFile::Sentence(const SettingProblem& problem)
 {
     switch (problem.fault) {
     case SettingFault::None:
         return QString();
     case SettingFault::InUse:
-        return tr("Another running program has these settings open: settings are not read and cannot be "
-                  "saved.");
+        return tr("Another running program has these settings open: they were not read and cannot be saved.");
     case SettingFault::Busy:
-        return tr("Another program keeps the settings file locked: settings cannot be saved.");
+        return tr("Another program has locked the settings file: settings cannot be saved.");
     case SettingFault::DiskFull:
         return tr("The disk is full: settings cannot be saved.");
     case SettingFault::Unwritable:
@@ -186,151 +185,107 @@ QString SettingFile::Sentence(const Problem& problem)
 QString SettingFile::KeptSentence(int count)
 {
     return count == 0 ? tr("Nothing could be read from it.")
-                      : tr("Of its settings, %1 could be read and were kept.").arg(count);
+                      : tr("Settings that could be read and were kept: %1.").arg(count);
 }
 
-SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
+SettingProblem SettingFile::OpenConnection(SettingContent* loaded)
 {
-    if (IsTooShort(m_path))
+    if (IsTooShort(m_path)) {
         return {SettingFault::Damaged, tr("it is too short")};
-    if (HasOnlyLog(m_path))
-        return {SettingFault::Damaged, tr("only its log is there")};
+    }
+    if (HasOnlyLog(m_path)) {
+        return {SettingFault::Damaged, tr("only its log exists")};
+    }
     if (!QFileInfo::exists(m_path)) {
-        Problem problem = MakeFile();
-        if (!problem.None())
+        SettingProblem problem = MakeFile();
+        if (!problem.None()) {
             return problem;
+        }
     }
 
-    if (HasStrangeHead(m_path))
-        return {SettingFault::Damaged, tr("its head is not that of a database")};
-    if (QFileInfo(m_path + SettingFileNames::log).size() > 0) {
-        Problem problem = ExamineCopy(m_path);
-        if (problem.IsFatal())
+    if (HasStrangeHead(m_path)) {
+        return {SettingFault::Damaged, tr("its header is not a database header")};
+    }
+    if (QFileInfo(m_path + SettingFileNames::Log).size() > 0) {
+        SettingProblem problem = SettingExaminer::ExamineCopy(m_path);
+        if (problem.IsFatal()) {
             return problem;
+        }
     }
 
     QSqlError error;
-    m_connection = SettingConnection::Open(m_path, busyTimeout, &error);
-    if (m_connection.isEmpty())
+    m_connection = SettingConnection::Open(m_path, SettingConnection::BusyTimeout, &error);
+    if (m_connection.isEmpty()) {
         return {IsInTheWay(m_path) ? SettingFault::Damaged : SettingFault::Other, error.databaseText()};
-    Problem problem = Prepare(loaded);
-    if (!problem.None())
+    }
+    SettingProblem problem = Prepare(loaded);
+    if (!problem.None()) {
         CloseConnection();
-    else
-        QFile::remove(m_path + SettingFileNames::draft);
+    } else {
+        QFile::remove(m_path + SettingFileNames::Draft);
+    }
     return problem;
 }
 
-// Reads a file that cannot be opened for writing, because the disk is full or takes nothing: without the
-// index of the log, which would have to be made, and which nobody needs who has the file alone.
-bool SettingFile::ReadAlone(const Problem& problem, SettingContent* loaded)
+// Reads a file that cannot be opened for writing, because the disk is full or read-only. Does without the
+// log's index, which would have to be made, and which a sole reader does not need.
+bool SettingFile::ReadAlone(const SettingProblem& problem, SettingContent* loaded)
 {
-    if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile())
+    if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile()) {
         return false;
+    }
     QSqlError error;
-    QString connection = SettingConnection::Open(m_path, busyTimeout, &error);
+    QString connection = SettingConnection::Open(m_path, SettingConnection::BusyTimeout, &error);
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
         QSqlQuery query(database);
         query.exec(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
         query.finish();
         SettingTable::Kind kind = SettingTable::Kind::Foreign;
-        m_isRead = Examine(connection, &kind).None() && ReadValues(database, loaded).None();
+        m_isRead = SettingExaminer::Examine(connection, &kind).None() && ReadValues(database, loaded).None();
     }
     SettingConnection::Close(&connection);
     return m_isRead;
 }
 
-// Checks the file, reads the values, and brings a file of an earlier version up to date.
-SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
+// Checks the file, reads the values, and upgrades a file of an earlier version.
+SettingProblem SettingFile::Prepare(SettingContent* loaded)
 {
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    Problem problem = Examine(m_connection, &kind);
-    if (problem.None())
+    SettingProblem problem = SettingExaminer::Examine(m_connection, &kind);
+    if (problem.None()) {
         problem = SetUp();
-    if (problem.None() && kind == SettingTable::Kind::Empty)
-        problem = CreateTables(m_connection, {});
-    if (!problem.None())
+    }
+    if (problem.None() && kind == SettingTable::Kind::Empty) {
+        problem = SettingTransaction::CreateTables(m_connection, {});
+    }
+    if (!problem.None()) {
         return problem;
+    }
 
     const QSqlDatabase database = QSqlDatabase::database(m_connection);
     if (loaded) {
         problem = ReadValues(database, loaded);
-        if (!problem.None())
+        if (!problem.None()) {
             return problem;
+        }
         m_isRead = true;
     }
     if (kind == SettingTable::Kind::Version1) {
         const QSqlError error = SettingTable::BringUpToDate(database);
-        if (error.isValid())
-            return ProblemOf(error);
+        if (error.isValid()) {
+            return SettingConnection::ProblemOf(error);
+        }
     }
-    // Rows that cannot be moved now stay, and are found again when the file is opened again.
-    if (loaded && !loaded->damaged.isEmpty())
+    // Rows that cannot be moved now stay, and the next opening finds them again.
+    if (loaded && !loaded->damaged.isEmpty()) {
         DamagedRows::Keep(database, loaded->damaged.keys());
-    return {};
-}
-
-SettingFile::Problem SettingFile::ReadValues(const QSqlDatabase& database, SettingContent* content)
-{
-    const QSqlError error =
-        SettingTable::ReadAll(database, SettingTable::Direction::Forward, std::numeric_limits<qint64>::max(),
-                              SettingTable::Checksums::Needed, content)
-            .error;
-    return error.isValid() ? ProblemOf(error) : Problem{};
-}
-
-// Tells whether it is a store and sound. Nothing is written.
-SettingFile::Problem SettingFile::Examine(const QString& connection, SettingTable::Kind* kind)
-{
-    Problem problem = CheckIntegrity(connection);
-    if (!problem.None())
-        return problem;
-    const QSqlError error = SettingTable::Recognise(QSqlDatabase::database(connection), kind);
-    if (error.isValid())
-        return ProblemOf(error);
-    if (*kind == SettingTable::Kind::Foreign)
-        return {SettingFault::Damaged, tr("it was made by another program")};
-    if (*kind == SettingTable::Kind::Later)
-        return {SettingFault::LaterVersion, QString()};
-    return {};
-}
-
-SettingFile::Problem SettingFile::ExamineCopy(const QString& file)
-{
-    const SettingCopy copy(file);
-    QSqlError error;
-    QString connection = SettingConnection::Open(copy.GetFile(), busyTimeout, &error);
-    if (copy.GetFile().isEmpty() || connection.isEmpty())
-        return {}; // there may be no room for it
-    SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    Problem problem = Examine(connection, &kind);
-    SettingConnection::Close(&connection);
-    return problem;
-}
-
-SettingFile::Problem SettingFile::CheckIntegrity(const QString& connection)
-{
-    QSqlQuery query(QSqlDatabase::database(connection));
-    query.setForwardOnly(true);
-    if (!query.exec(QStringLiteral("PRAGMA integrity_check(1)")) || !query.next()) {
-        Problem problem = ProblemOf(query.lastError());
-        // There is nothing wrong with the statement: SQLite says so of a head with a format that it does not
-        // know, too.
-        constexpr int sqliteError = 1;
-        if (query.lastError().nativeErrorCode().toInt() == sqliteError)
-            problem.fault = SettingFault::Damaged;
-        return problem;
     }
-    const QString verdict = query.value(0).toString();
-    if (verdict == QLatin1String("ok"))
-        return {};
-    return {SettingFault::Damaged,
-            verdict.section(QLatin1Char('\n'), -1)}; // below a line that names the database
+    return {};
 }
 
-// A file that cannot be written can still be read; the first write will say so.
-SettingFile::Problem SettingFile::SetUp()
+// A file that cannot be written can still be read; the first write will report it.
+SettingProblem SettingFile::SetUp()
 {
     QSqlQuery query(QSqlDatabase::database(m_connection));
     query.setForwardOnly(true);
@@ -338,78 +293,71 @@ SettingFile::Problem SettingFile::SetUp()
          {QStringLiteral("PRAGMA journal_mode=WAL"), QStringLiteral("PRAGMA synchronous=FULL"),
           QStringLiteral("PRAGMA journal_size_limit=1048576")}) {
         if (!query.exec(pragma)) {
-            Problem problem = ProblemOf(query.lastError());
-            if (problem.fault != SettingFault::Unwritable)
+            SettingProblem problem = SettingConnection::ProblemOf(query.lastError());
+            if (problem.fault != SettingFault::Unwritable) {
                 return problem;
+            }
         }
         query.finish();
     }
     return {};
 }
 
-// A fresh file is made under another name and gets its own when it is whole: whatever ends the process
-// meanwhile, no half-made file is ever taken for a damaged one, and a whole one is not made again.
-SettingFile::Problem SettingFile::MakeFile()
+// A fresh file gets its own name only when it is complete. However the process ends, no half-made file is
+// ever taken for a damaged one, and a complete one is not made again.
+SettingProblem SettingFile::MakeFile()
 {
     if (!IsWholeDraft()) {
-        Problem problem = MakeDraft({});
-        if (!problem.None())
+        SettingProblem problem = MakeDraft({});
+        if (!problem.None()) {
             return problem;
+        }
     }
     return TakeDraft();
 }
 
 bool SettingFile::IsWholeDraft() const
 {
-    const QString draft = m_path + SettingFileNames::draft;
-    if (IsTooShort(draft) || !QFileInfo(draft).isFile())
+    const QString draft = m_path + SettingFileNames::Draft;
+    if (IsTooShort(draft) || !QFileInfo(draft).isFile()) {
         return false;
+    }
     QSqlError error;
-    QString connection = SettingConnection::Open(draft, busyTimeout, &error);
+    QString connection = SettingConnection::Open(draft, SettingConnection::BusyTimeout, &error);
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    const bool isWhole =
-        !connection.isEmpty() && Examine(connection, &kind).None() && kind == SettingTable::Kind::Ours;
+    const bool isWhole = !connection.isEmpty() && SettingExaminer::Examine(connection, &kind).None() &&
+                         kind == SettingTable::Kind::Ours;
     SettingConnection::Close(&connection);
     return isWhole;
 }
 
-SettingFile::Problem SettingFile::MakeDraft(const SettingValues& values)
+SettingProblem SettingFile::MakeDraft(const SettingValues& values)
 {
-    const QString draft = m_path + SettingFileNames::draft;
-    QFile::remove(draft + SettingFileNames::journal);
+    const QString draft = m_path + SettingFileNames::Draft;
+    QFile::remove(draft + SettingFileNames::Journal);
     QFile::remove(draft);
     QSqlError error;
-    QString connection = SettingConnection::Open(draft, busyTimeout, &error);
-    if (connection.isEmpty())
-        return ProblemOf(error);
-    // The settings tell what a person has open: nobody else's business. The files beside a database get
-    // its permissions.
+    QString connection = SettingConnection::Open(draft, SettingConnection::BusyTimeout, &error);
+    if (connection.isEmpty()) {
+        return SettingConnection::ProblemOf(error);
+    }
+    // The settings reveal what the user has open, which is nobody else's business. The files beside a
+    // database get its permissions.
     QFile::setPermissions(draft, QFile::ReadOwner | QFile::WriteOwner);
-    Problem problem = CreateTables(connection, values);
+    SettingProblem problem = SettingTransaction::CreateTables(connection, values);
     SettingConnection::Close(&connection);
     return problem;
 }
 
-SettingFile::Problem SettingFile::TakeDraft()
+SettingProblem SettingFile::TakeDraft()
 {
-    // Empty leftovers, which must not be taken for its own.
+    // Empty leftovers, which SQLite must not take for this file's own.
     for (const QString& suffix :
-         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal})
+         {SettingFileNames::Log, SettingFileNames::LogIndex, SettingFileNames::Journal}) {
         QFile::remove(m_path + suffix);
-    QFile file(m_path + SettingFileNames::draft);
-    return file.rename(m_path) ? Problem{} : Problem{SettingFault::Other, file.errorString()};
-}
-
-// In one transaction: a file that has the tables has the values, too.
-SettingFile::Problem SettingFile::CreateTables(const QString& connection, const SettingValues& values)
-{
-    return InTransaction(connection, [&values](QSqlQuery* query) {
-        for (const QString& statement : SettingTable::CreateStatements()) {
-            if (!query->exec(statement))
-                return false;
-        }
-        return InsertRows(query, values);
-    });
+    }
+    QFile file(m_path + SettingFileNames::Draft);
+    return file.rename(m_path) ? SettingProblem{} : SettingProblem{SettingFault::Other, file.errorString()};
 }
 
 void SettingFile::CloseConnection()
@@ -417,64 +365,50 @@ void SettingFile::CloseConnection()
     SettingConnection::Close(&m_connection);
 }
 
-SettingFile::Problem SettingFile::WriteRows(const QString& connection, const SettingValues& values)
-{
-    return InTransaction(connection, [&values](QSqlQuery* query) { return InsertRows(query, values); });
-}
-
-SettingFile::Problem SettingFile::InTransaction(const QString& connection,
-                                                const std::function<bool(QSqlQuery*)>& work)
-{
-    QSqlQuery query(QSqlDatabase::database(connection));
-    if (query.exec(QStringLiteral("BEGIN IMMEDIATE")) && work(&query)) {
-        query.finish();
-        if (query.exec(QStringLiteral("COMMIT")))
-            return {};
-    }
-    Problem problem = ProblemOf(query.lastError());
-    query.finish();
-    query.exec(QStringLiteral("ROLLBACK"));
-    return problem;
-}
-
-// Puts a fresh file with these values in the place of one that cannot be used. That one keeps its place until
-// the fresh one is whole.
-SettingFile::Problem SettingFile::Replace(const Problem& damage, const SettingValues& values,
-                                          SettingFileReport* report)
+// Replaces a file that cannot be used with a fresh one of these values. The old file keeps its place until
+// the fresh one is complete.
+SettingProblem SettingFile::Replace(const SettingProblem& damage, const SettingValues& values,
+                                    SettingFileReport* report)
 {
     CloseConnection();
-    Problem problem = MakeDraft(values);
-    if (problem.None())
+    SettingProblem problem = MakeDraft(values);
+    if (problem.None()) {
         problem = SetAside(damage, report);
-    if (problem.None())
+    }
+    if (problem.None()) {
         problem = TakeDraft();
+    }
     return problem.None() ? OpenConnection(nullptr) : problem;
 }
 
-// The log and index files go with their database, so that it can still be read under its new name. They
-// go first: a database without its log can be set aside again, a log without its database is of no use.
-SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileReport* report)
+// The log and index files go with their database, so that it stays readable under its new name. They go
+// first: a database without its log can be set aside again, but a log without its database is useless.
+SettingProblem SettingFile::SetAside(const SettingProblem& damage, SettingFileReport* report)
 {
     const QString kind = damage.fault == SettingFault::LaterVersion ? QStringLiteral(".later-version-")
                                                                     : QStringLiteral(".damaged-");
     const QString name =
         m_path + kind + QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMddTHHmmsszzzZ"));
     QString aside = name;
-    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::log); ++i)
+    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::Log); ++i) {
         aside = QStringLiteral("%1-%2").arg(name).arg(i);
+    }
 
     for (const QString& suffix :
-         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal, QString()}) {
-        if (!QFileInfo::exists(m_path + suffix))
+         {SettingFileNames::Log, SettingFileNames::LogIndex, SettingFileNames::Journal, QString()}) {
+        if (!QFileInfo::exists(m_path + suffix)) {
             continue;
-        if (!QDir().rename(m_path + suffix, aside + suffix))
+        }
+        if (!QDir().rename(m_path + suffix, aside + suffix)) {
             return {SettingFault::Other,
                     tr("the damaged file %1 cannot be renamed").arg(QDir::toNativeSeparators(m_path))};
-        if (suffix != SettingFileNames::logIndex)
-            report->setAsideFile = aside + suffix; // the last one is the database, if it is there at all
+        }
+        if (suffix != SettingFileNames::LogIndex) {
+            report->setAsideFile = aside + suffix; // the database comes last, if there is one
+        }
     }
     report->setAsideReason = damage.fault == SettingFault::LaterVersion
-                                 ? tr("The settings file was made by a later version of this program.")
+                                 ? tr("A later version of this program created the settings file.")
                                  : tr("The settings file is damaged (%1).").arg(damage.detail);
     return {};
 }

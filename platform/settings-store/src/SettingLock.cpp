@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience = 1000; // [ms]
+constexpr int Patience = 1000; // [ms]
 
 } // namespace
 
@@ -24,22 +24,24 @@ bool SettingLock::Take()
 {
     bool isDamaged = false;
     bool isFree = TryOnce(&isDamaged);
-    if (isDamaged && QFile::remove(m_file)) // something else wrote into it: no process has it locked
+    if (isDamaged && QFile::remove(m_file)) { // another program wrote into it, so no process has it locked
         isFree = TryOnce(&isDamaged);
+    }
     return isFree;
 }
 
-// An open transaction on an empty database, which is never written: the one lock that works, and goes away
-// with its process, wherever SQLite works.
+// An open transaction on an empty database, which is never written: the one lock that works wherever SQLite
+// does, and goes away with its process.
 bool SettingLock::TryOnce(bool* isDamaged)
 {
     QSqlError error;
-    m_connection = SettingConnection::Open(m_file, patience, &error);
+    m_connection = SettingConnection::Open(m_file, Patience, &error);
     if (!m_connection.isEmpty()) {
         QSqlQuery query(QSqlDatabase::database(m_connection));
         if (query.exec(QStringLiteral("PRAGMA journal_mode=MEMORY")) &&
-            query.exec(QStringLiteral("BEGIN IMMEDIATE")))
+            query.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
             return true;
+        }
         error = query.lastError();
     }
     SettingConnection::Close(&m_connection);

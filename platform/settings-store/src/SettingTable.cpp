@@ -9,20 +9,20 @@
 namespace {
 
 // The version of the table's layout, kept in the file's user_version.
-constexpr int layoutVersion = 2;
+constexpr int LayoutVersion = 2;
 
-// In place of a scope that is no number: fits no checksum.
-constexpr qint64 noScope = -1;
+// Stands for a scope that is not a number; no checksum matches it.
+constexpr qint64 NoScope = -1;
 
-const QString checksumColumn = QStringLiteral("checksum BLOB NOT NULL DEFAULT x''");
+const QString ChecksumColumn = QStringLiteral("checksum BLOB NOT NULL DEFAULT x''");
 
 QString VersionStatement()
 {
-    return QStringLiteral("PRAGMA user_version=%1").arg(layoutVersion);
+    return QStringLiteral("PRAGMA user_version=%1").arg(LayoutVersion);
 }
 
-// Texts are read, and written below, as the bytes that the file has: SQLite's own way from and to UTF-16
-// changes some texts, which would look like damage.
+// Reads texts, and writes them below, as the file's bytes: SQLite's own conversion from and to UTF-16 changes
+// some texts, which would look like damage.
 QString SelectStatement(bool hasChecksums)
 {
     return QStringLiteral("SELECT rowid, scope, CAST(user AS BLOB), CAST(section AS BLOB), "
@@ -35,8 +35,9 @@ SettingRow RowOf(const QSqlQuery& query)
     SettingRow row;
     bool isNumber = false;
     row.scope = query.value(1).toLongLong(&isNumber);
-    if (!isNumber)
-        row.scope = noScope;
+    if (!isNumber) {
+        row.scope = NoScope;
+    }
     row.user = query.value(2).toByteArray();
     row.section = query.value(3).toByteArray();
     row.field = query.value(4).toByteArray();
@@ -50,10 +51,12 @@ QSqlError ReadColumns(const QSqlDatabase& database, QStringList* columns)
     QSqlQuery query(database);
     if (!query.exec(QStringLiteral("SELECT name || pk FROM pragma_table_info('setting') "
                                    "WHERE EXISTS (SELECT 1 FROM sqlite_master "
-                                   "WHERE type = 'table' AND name = 'setting') ORDER BY cid")))
+                                   "WHERE type = 'table' AND name = 'setting') ORDER BY cid"))) {
         return query.lastError();
-    while (query.next())
-        columns->append(query.value(0).toString()); // each with its place in the primary key
+    }
+    while (query.next()) {
+        columns->append(query.value(0).toString()); // each with its position in the primary key
+    }
     return query.lastError();
 }
 
@@ -68,15 +71,16 @@ bool HasChecksums(const QStringList& columns)
     return columns.contains(QLatin1String("checksum0"));
 }
 
-// Sorts a row that was read into the sound and the damaged ones.
+// Files a row under the sound or the damaged ones.
 void AddRow(const QSqlQuery& query, SettingTable::Checksums checksums, SettingContent* content)
 {
     const SettingRow row = RowOf(query);
     const bool isTaken = checksums == SettingTable::Checksums::IfThere && row.checksum.isEmpty();
-    if (isTaken || row.IsSound())
+    if (isTaken || row.IsSound()) {
         content->values.insert(row.GetKey(), row.GetText());
-    else
+    } else {
         content->damaged.insert(query.value(0).toLongLong(), row);
+    }
 }
 
 } // namespace
@@ -88,7 +92,7 @@ QStringList SettingTable::CreateStatements()
             "CREATE TABLE setting ("
             "scope INTEGER NOT NULL, user TEXT NOT NULL, section TEXT NOT NULL, "
             "field TEXT NOT NULL, value TEXT NOT NULL, %1, PRIMARY KEY (scope, user, section, field))")
-            .arg(checksumColumn),
+            .arg(ChecksumColumn),
         DamagedRows::CreateStatement(),
         VersionStatement(),
     };
@@ -97,29 +101,33 @@ QStringList SettingTable::CreateStatements()
 QSqlError SettingTable::Recognise(const QSqlDatabase& database, Kind* kind)
 {
     QSqlQuery query(database);
-    if (!query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) || !query.next())
+    if (!query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) || !query.next()) {
         return query.lastError();
+    }
     const bool isEmpty = query.value(0).toInt() == 0;
-    if (!query.exec(QStringLiteral("PRAGMA user_version")) || !query.next())
+    if (!query.exec(QStringLiteral("PRAGMA user_version")) || !query.next()) {
         return query.lastError();
+    }
     const int version = query.value(0).toInt();
     query.finish();
 
     QStringList columns;
     QSqlError error = ReadColumns(database, &columns);
-    if (error.isValid())
+    if (error.isValid()) {
         return error;
+    }
     const QStringList before = ColumnsOfVersion1();
-    if (isEmpty && version == 0)
+    if (isEmpty && version == 0) {
         *kind = Kind::Empty;
-    else if (version == 1 && columns == before)
+    } else if (version == 1 && columns == before) {
         *kind = Kind::Version1;
-    else if (version == layoutVersion && columns == before + QStringList(QStringLiteral("checksum0")))
+    } else if (version == LayoutVersion && columns == before + QStringList(QStringLiteral("checksum0"))) {
         *kind = Kind::Ours;
-    else if (version > layoutVersion && !columns.isEmpty())
+    } else if (version > LayoutVersion && !columns.isEmpty()) {
         *kind = Kind::Later;
-    else
+    } else {
         *kind = Kind::Foreign;
+    }
     return {};
 }
 
@@ -135,22 +143,26 @@ QSqlError SettingTable::BringUpToDate(const QSqlDatabase& database)
     };
     for (const QString& statement :
          {QStringLiteral("BEGIN IMMEDIATE"),
-          QStringLiteral("ALTER TABLE setting ADD COLUMN ") + checksumColumn, DamagedRows::CreateStatement(),
+          QStringLiteral("ALTER TABLE setting ADD COLUMN ") + ChecksumColumn, DamagedRows::CreateStatement(),
           VersionStatement(), SelectStatement(true)}) {
-        if (!query.exec(statement))
+        if (!query.exec(statement)) {
             return failed();
+        }
     }
     QMap<qint64, QByteArray> checksums;
-    while (query.next())
+    while (query.next()) {
         checksums.insert(query.value(0).toLongLong(), RowOf(query).CountChecksum());
+    }
     if (query.lastError().isValid() ||
-        !query.prepare(QStringLiteral("UPDATE setting SET checksum = ? WHERE rowid = ?")))
+        !query.prepare(QStringLiteral("UPDATE setting SET checksum = ? WHERE rowid = ?"))) {
         return failed();
+    }
     for (auto it = checksums.cbegin(); it != checksums.cend(); ++it) {
         query.bindValue(0, it.value());
         query.bindValue(1, it.key());
-        if (!query.exec())
+        if (!query.exec()) {
             return failed();
+        }
     }
     query.finish();
     return query.exec(QStringLiteral("COMMIT")) ? QSqlError() : failed();
@@ -163,10 +175,12 @@ SettingTable::ReadResult SettingTable::ReadAll(const QSqlDatabase& database, Dir
     ReadResult result;
     QStringList columns;
     result.error = ReadColumns(database, &columns);
-    if (result.error.isValid() || columns.isEmpty())
+    if (result.error.isValid() || columns.isEmpty()) {
         return result;
-    if (!HasChecksums(columns))
+    }
+    if (!HasChecksums(columns)) {
         checksums = Checksums::IfThere;
+    }
     QSqlQuery query(database);
     query.setForwardOnly(true);
     const QString order =
@@ -186,18 +200,22 @@ void SettingTable::ReadEach(const QSqlDatabase& database, qint64 firstRowId, qin
                             Checksums checksums, SettingContent* content)
 {
     QStringList columns;
-    if (ReadColumns(database, &columns).isValid())
+    if (ReadColumns(database, &columns).isValid()) {
         return;
-    if (!HasChecksums(columns))
+    }
+    if (!HasChecksums(columns)) {
         checksums = Checksums::IfThere;
+    }
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    if (!query.prepare(SelectStatement(HasChecksums(columns)) + QLatin1String("WHERE rowid = ?")))
+    if (!query.prepare(SelectStatement(HasChecksums(columns)) + QLatin1String("WHERE rowid = ?"))) {
         return;
+    }
     for (qint64 rowId = firstRowId; rowId <= lastRowId; ++rowId) {
         query.bindValue(0, rowId);
-        if (query.exec() && query.next())
+        if (query.exec() && query.next()) {
             AddRow(query, checksums, content);
+        }
         query.finish();
     }
 }

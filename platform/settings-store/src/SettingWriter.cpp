@@ -7,10 +7,10 @@
 
 namespace {
 
-// How long values are gathered before they are written together, when nobody waits for them.
-constexpr std::chrono::milliseconds gatherTime(20);
+// How long to gather values before writing them together, when nobody waits for them.
+constexpr std::chrono::milliseconds GatherTime(20);
 // How long a flush waits for the disk.
-constexpr std::chrono::seconds flushBound(5);
+constexpr std::chrono::seconds FlushBound(5);
 
 } // namespace
 
@@ -50,22 +50,23 @@ bool SettingWriter::HasWaiting() const
 bool SettingWriter::Flush()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    if (m_written == m_queued)
+    if (m_written == m_queued) {
         return true;
+    }
     const quint64 mine = ++m_queued;
     m_attemptWanted = true;
     m_hurry = true;
     m_wake.notify_one();
-    const auto bound = m_isStalled ? std::chrono::seconds(0) : flushBound;
-    if (m_done.wait_for(lock, bound, [this, mine] { return m_attempted >= mine; }))
+    const auto bound = m_isStalled ? std::chrono::seconds(0) : FlushBound;
+    if (m_done.wait_for(lock, bound, [this, mine] { return m_attempted >= mine; })) {
         return m_written >= mine;
+    }
     const bool isNews = !m_isStalled;
     m_isStalled = true;
     lock.unlock();
     if (isNews) {
         SettingFileReport report;
-        report.failure =
-            tr("The disk does not answer: settings are not saved yet. They will be as soon as it does.");
+        report.failure = tr("The disk is not responding. Settings will be saved as soon as it does.");
         m_notify(report);
     }
     return false;
@@ -79,8 +80,9 @@ void SettingWriter::Stop()
         m_stop = true;
         m_wake.notify_one();
     }
-    if (m_thread.joinable())
+    if (m_thread.joinable()) {
         m_thread.join();
+    }
 }
 
 void SettingWriter::Run()
@@ -93,15 +95,17 @@ void SettingWriter::Run()
     m_loaded = file.GetValues();
     m_opened = true;
     m_done.notify_all();
-    if (!openReport.failure.isEmpty())
+    if (!openReport.failure.isEmpty()) {
         return;
+    }
 
     QString lastFailure;
     for (;;) {
         m_wake.wait(lock, [this] { return m_attemptWanted || m_stop; });
-        if (!m_attemptWanted)
+        if (!m_attemptWanted) {
             return;
-        m_wake.wait_for(lock, gatherTime, [this] { return m_hurry || m_stop; });
+        }
+        m_wake.wait_for(lock, GatherTime, [this] { return m_hurry || m_stop; });
         const SettingValues batch = std::exchange(m_waiting, SettingValues());
         const quint64 upTo = m_queued;
         m_attemptWanted = false;
@@ -109,20 +113,23 @@ void SettingWriter::Run()
 
         lock.unlock();
         const SettingFileReport report = file.Write(batch);
-        if (!report.setAsideFile.isEmpty() || (!report.failure.isEmpty() && report.failure != lastFailure))
+        if (!report.setAsideFile.isEmpty() || (!report.failure.isEmpty() && report.failure != lastFailure)) {
             m_notify(report);
+        }
         lastFailure = report.failure;
         lock.lock();
 
         m_attempted = upTo;
         m_isStalled = false;
-        if (report.failure.isEmpty())
+        if (report.failure.isEmpty()) {
             m_written = upTo;
-        else
+        } else {
             for (auto it = batch.cbegin(); it != batch.cend(); ++it) {
-                if (!m_waiting.contains(it.key()))
+                if (!m_waiting.contains(it.key())) {
                     m_waiting.insert(it.key(), it.value());
+                }
             }
+        }
         m_done.notify_all();
     }
 }

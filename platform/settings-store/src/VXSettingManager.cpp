@@ -10,7 +10,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcSettings, "tl.settings")
+Q_LOGGING_CATEGORY(logSettings, "tl.settings")
 
 SettingKey UserKey(const QString& section, const QString& field)
 {
@@ -32,7 +32,7 @@ VXSettingManager* VXSettingManager::Instance()
 
 VXSettingManager::VXSettingManager() : m_database(std::make_unique<SettingDatabase>())
 {
-    // The thread must have ended before statics are destroyed, on Windows even before `main` returns.
+    // The thread has to end before statics are destroyed, on Windows even before `main` returns.
     qAddPostRoutine([] { Instance()->Close(); });
 }
 
@@ -40,8 +40,9 @@ VXSettingManager::~VXSettingManager() = default;
 
 bool VXSettingManager::Open(const QString& databaseFile)
 {
-    if (m_database->IsOpen())
+    if (m_database->IsOpen()) {
         Close();
+    }
     const SettingFileReport report = m_database->Open(databaseFile, [this](const SettingFileReport& later) {
         QMetaObject::invokeMethod(
             this, [this, later] { Tell(later); }, Qt::QueuedConnection);
@@ -53,7 +54,7 @@ bool VXSettingManager::Open(const QString& databaseFile)
 void VXSettingManager::Close()
 {
     m_database->Close();
-    // What the last write had to tell; the event loop may not run any more.
+    // Delivers what the last write reported; the event loop may not run any more.
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
@@ -97,17 +98,17 @@ bool VXSettingManager::Flush()
 void VXSettingManager::Tell(const SettingFileReport& report)
 {
     if (!report.setAsideFile.isEmpty()) {
-        qCWarning(lcSettings, "%ls Set aside as %ls", qUtf16Printable(report.setAsideReason),
+        qCWarning(logSettings, "%ls Set aside as %ls", qUtf16Printable(report.setAsideReason),
                   qUtf16Printable(report.setAsideFile));
         Q_EMIT SigStoreSetAside(report.setAsideFile, report.setAsideReason);
     }
     for (const SettingKey& key : report.damagedValues) {
-        qCWarning(lcSettings, "Damaged value set aside: %ls / %ls", qUtf16Printable(key.section),
+        qCWarning(logSettings, "Damaged value set aside: %ls / %ls", qUtf16Printable(key.section),
                   qUtf16Printable(key.field));
         Q_EMIT SigValueDamaged(key.user, key.section, key.field);
     }
     if (!report.failure.isEmpty()) {
-        qCWarning(lcSettings, "%ls", qUtf16Printable(report.failure));
+        qCWarning(logSettings, "%ls", qUtf16Printable(report.failure));
         Q_EMIT SigStoreFailed(report.failure);
     }
 }

@@ -69,8 +69,9 @@ void FillApps(TLComboBox* combo)
                                QStringLiteral("Reports"),
                                QStringLiteral("Print station"),
                                QStringLiteral("Warehouse")};
-    for (int i = 0; i < names.size(); ++i)
+    for (int i = 0; i < names.size(); ++i) {
         combo->addItem(MakeIcon(i * 35), names.at(i));
+    }
 }
 
 void AddButtons(QGridLayout* grid, int row, int type, const QString& name)
@@ -106,8 +107,9 @@ QWidget* MakeSheet()
         box->setTristate(i == 2);
         box->setCheckState(i == 2 ? Qt::PartiallyChecked : i % 2 == 1 ? Qt::Checked : Qt::Unchecked);
         box->setDisabled(i > 2);
-        if (i > 0)
+        if (i > 0) {
             box->setText(QStringLiteral("State %1").arg(i));
+        }
         boxes->addWidget(box);
     }
     layout->addLayout(boxes);

@@ -332,8 +332,9 @@ TEST_F(KeyboardAccessTest, AClickElsewhereTakesTheFocusFromAButtonThatThenHides)
     for (QPushButton* const button : {row.edit, row.first, rows[0]->button}) {
         auto* const box = button == rows[0]->button ? rows[0]->box : row.box;
         box->setFocus(Qt::TabFocusReason);
-        for (int i = 0; i < 3 && !button->hasFocus(); ++i)
+        for (int i = 0; i < 3 && !button->hasFocus(); ++i) {
             Press(Qt::Key_Tab);
+        }
         ASSERT_TRUE(button->hasFocus());
         QTest::mousePress(rows[2]->box, Qt::LeftButton);
         rows[2]->box->setFocus(Qt::MouseFocusReason); // as the window does for a click

@@ -17,20 +17,21 @@
 
 namespace {
 
-constexpr QMessageBox::StandardButtons yesOrNo = QMessageBox::Yes | QMessageBox::No;
-const QString question = QStringLiteral("recover the tabs?");
+constexpr QMessageBox::StandardButtons YesOrNo = QMessageBox::Yes | QMessageBox::No;
+const QString Question = QStringLiteral("recover the tabs?");
 
 /// Asks, and runs `act` as soon as the dialog has the user's attention.
 QMessageBox::StandardButton Ask(const std::function<void(QDialog*)>& act, QWidget* parent = nullptr,
-                                QMessageBox::StandardButtons buttons = yesOrNo,
+                                QMessageBox::StandardButtons buttons = YesOrNo,
                                 const QStringList& buttonTexts = {}, TextStyle style = TextStyle::Default)
 {
     bool acted = false;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr || !dialog->isActiveWindow())
+        if (dialog == nullptr || !dialog->isActiveWindow()) {
             return;
+        }
         timer.stop();
         EXPECT_EQ(dialog->objectName(), QStringLiteral("packaged_msg_box"));
         acted = true;
@@ -38,7 +39,7 @@ QMessageBox::StandardButton Ask(const std::function<void(QDialog*)>& act, QWidge
     });
     timer.start(1);
     const QMessageBox::StandardButton answer =
-        PackagedMsgBox::question(question, parent, buttons, buttonTexts, style);
+        PackagedMsgBox::question(Question, parent, buttons, buttonTexts, style);
     EXPECT_TRUE(acted);
     return answer;
 }
@@ -61,8 +62,9 @@ class MirrorTranslator final : public QTranslator
 public:
     QString translate(const char* context, const char* text, const char*, int) const override
     {
-        if (qstrcmp(context, "PackagedMsgBox") != 0)
+        if (qstrcmp(context, "PackagedMsgBox") != 0) {
             return QString();
+        }
         QString turned = QString::fromLatin1(text);
         std::reverse(turned.begin(), turned.end());
         return turned;
@@ -95,7 +97,7 @@ TEST(PackagedMsgBoxTest, ClosingFromOutsideIsTheEscapeAnswer)
 {
     EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }), QMessageBox::No);
     EXPECT_EQ(Ask([](QDialog* dialog) { dialog->reject(); }), QMessageBox::No);
-    EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }, nullptr, yesOrNo | QMessageBox::Cancel),
+    EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }, nullptr, YesOrNo | QMessageBox::Cancel),
               QMessageBox::Cancel);
     EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }, nullptr, QMessageBox::Retry | QMessageBox::Abort),
               QMessageBox::Abort);
@@ -164,8 +166,9 @@ TEST(PackagedMsgBoxTest, ShowsHtmlAsText)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr)
+        if (dialog == nullptr) {
             return;
+        }
         timer.stop();
         auto* const label = dialog->findChild<QLabel*>(QStringLiteral("text_label"));
         ASSERT_NE(label, nullptr);
@@ -191,14 +194,14 @@ TEST(PackagedMsgBoxTest, TakesButtonTextsInTheOrderOfTheButtons)
             EXPECT_LT(Button(dialog, "yes_button")->x(), Button(dialog, "no_button")->x());
             dialog->close();
         },
-        nullptr, yesOrNo, {QStringLiteral("Open them"), QStringLiteral("Not now")});
+        nullptr, YesOrNo, {QStringLiteral("Open them"), QStringLiteral("Not now")});
     Ask(
         [](QDialog* dialog) {
             EXPECT_EQ(Button(dialog, "yes_button")->text(), QStringLiteral("Yes"));
             EXPECT_EQ(Button(dialog, "no_button")->text(), QStringLiteral("No"));
             dialog->close();
         },
-        nullptr, yesOrNo, {QString()});
+        nullptr, YesOrNo, {QString()});
 }
 
 TEST(PackagedMsgBoxTest, FollowsAChangeOfLanguageWhileItIsOpen)
@@ -220,7 +223,7 @@ TEST(PackagedMsgBoxTest, CopiesItsText)
     Ask([](QDialog* dialog) {
         QGuiApplication::clipboard()->clear();
         QTest::keySequence(dialog, QKeySequence::Copy);
-        EXPECT_EQ(QGuiApplication::clipboard()->text(), question);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), Question);
         dialog->close();
     });
 }
@@ -232,7 +235,7 @@ TEST(PackagedMsgBoxTest, WritesStrongTextBold)
             EXPECT_TRUE(dialog->findChild<QLabel*>(QStringLiteral("text_label"))->font().bold());
             dialog->close();
         },
-        nullptr, yesOrNo, {}, TextStyle::Strong);
+        nullptr, YesOrNo, {}, TextStyle::Strong);
     Ask([](QDialog* dialog) {
         EXPECT_FALSE(dialog->findChild<QLabel*>(QStringLiteral("text_label"))->font().bold());
         dialog->close();
@@ -245,8 +248,9 @@ TEST(PackagedMsgBoxTest, ShowsALongTextWhole)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr)
+        if (dialog == nullptr) {
             return;
+        }
         timer.stop();
         auto* const label = dialog->findChild<QLabel*>(QStringLiteral("text_label"));
         EXPECT_GE(label->height(), label->heightForWidth(label->width()));

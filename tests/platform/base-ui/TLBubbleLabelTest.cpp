@@ -14,7 +14,7 @@
 
 namespace {
 
-const QString message = QStringLiteral("URL cannot be empty");
+const QString Message = QStringLiteral("URL cannot be empty");
 
 /// A dialog with a field in a box of its own, and the bubble placed as a form places it.
 class TLBubbleLabelTest : public testing::Test
@@ -59,8 +59,9 @@ protected:
             painted = QRect();
             for (int y = 0; y < image.height(); ++y) {
                 for (int x = 0; x < image.width(); ++x) {
-                    if (image.pixelColor(x, y) == QColor(Qt::green))
+                    if (image.pixelColor(x, y) == QColor(Qt::green)) {
                         painted |= QRect(x, y, 1, 1);
+                    }
                 }
             }
             return !painted.isEmpty();
@@ -85,7 +86,7 @@ TEST_F(TLBubbleLabelTest, IsHiddenUntilItIsShown)
 
 TEST_F(TLBubbleLabelTest, MovedOntoAFieldItHangsBelowIt)
 {
-    Complain(message);
+    Complain(Message);
     EXPECT_EQ(m_bubble->pos(), m_field->pos() + QPoint(0, 10));
     const QRect painted = GetPainted();
     EXPECT_GT(painted.top(), GetField().bottom());
@@ -96,13 +97,14 @@ TEST_F(TLBubbleLabelTest, MovedOntoAFieldItHangsBelowIt)
 
 TEST_F(TLBubbleLabelTest, ThePointerPointsFortyPixelsFromTheLeft)
 {
-    Complain(message);
+    Complain(Message);
     const QRect painted = GetPainted();
     const QImage image = Painted(&m_dialog);
     QList<int> columns;
     for (int x = painted.left(); x <= painted.right(); ++x) {
-        if (image.pixelColor(x, painted.top()) == QColor(Qt::green))
+        if (image.pixelColor(x, painted.top()) == QColor(Qt::green)) {
             columns.append(x);
+        }
     }
     ASSERT_FALSE(columns.isEmpty());
     EXPECT_NEAR((columns.constFirst() + columns.constLast()) / 2.0, GetField().left() + 40, 2);
@@ -110,7 +112,7 @@ TEST_F(TLBubbleLabelTest, ThePointerPointsFortyPixelsFromTheLeft)
 
 TEST_F(TLBubbleLabelTest, ElsewhereItBeginsWhereItIsMovedTo)
 {
-    Complain(message);
+    Complain(Message);
     m_bubble->move(20, 110);
     const QRect painted = GetPainted();
     EXPECT_NEAR(painted.top(), m_bubble->mapTo(&m_dialog, QPoint()).y(), 2);
@@ -118,19 +120,20 @@ TEST_F(TLBubbleLabelTest, ElsewhereItBeginsWhereItIsMovedTo)
 
 TEST_F(TLBubbleLabelTest, PointsDownFromAboveWhenItIsTold)
 {
-    Complain(message, BubbleDirection::Down);
+    Complain(Message, BubbleDirection::Down);
     m_bubble->move(20, 60);
     const QRect painted = GetPainted();
     const QImage image = Painted(&m_dialog);
     int lowest = 0;
-    for (int x = painted.left(); x <= painted.right(); ++x)
+    for (int x = painted.left(); x <= painted.right(); ++x) {
         lowest += image.pixelColor(x, painted.bottom()) == QColor(Qt::green) ? 1 : 0;
+    }
     EXPECT_LT(lowest, 8);
 }
 
 TEST_F(TLBubbleLabelTest, HidesAtOnceAndComesBackAsTheSameBubble)
 {
-    Complain(message);
+    Complain(Message);
     m_bubble->hide();
     EXPECT_FALSE(m_bubble->isVisible());
     Complain(QStringLiteral("Please enter the VX URL"));
@@ -143,13 +146,13 @@ TEST_F(TLBubbleLabelTest, StaysWithinTheFormWhenItsTextIsLong)
     Complain(QStringLiteral("A message that goes on and on. ").repeated(5));
     EXPECT_LE(m_bubble->geometry().right(), m_bubble->parentWidget()->width());
     const int height = m_bubble->height();
-    Complain(message);
+    Complain(Message);
     EXPECT_LT(m_bubble->height(), height);
 }
 
 TEST_F(TLBubbleLabelTest, LetsClicksThrough)
 {
-    Complain(message);
+    Complain(Message);
     EXPECT_EQ(m_bubble->parentWidget()->childAt(m_bubble->pos() + QPoint(5, 5)), m_field);
 }
 
@@ -161,9 +164,9 @@ TEST_F(TLBubbleLabelTest, ShowsHtmlAsText)
 
 TEST_F(TLBubbleLabelTest, IsAnAlertForScreenReaders)
 {
-    Complain(message);
+    Complain(Message);
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(m_bubble);
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::AlertMessage);
-    EXPECT_EQ(accessible->text(QAccessible::Name), message);
+    EXPECT_EQ(accessible->text(QAccessible::Name), Message);
 }

@@ -29,8 +29,9 @@ protected:
         m_combo.setIconSize(QSize(16, 16));
         QPixmap picture(16, 16);
         picture.fill(Qt::red);
-        for (const char* name : {"Please select app", "Orders", "Stock", "Customer service", "Invoices"})
+        for (const char* name : {"Please select app", "Orders", "Stock", "Customer service", "Invoices"}) {
             m_combo.addItem(QIcon(picture), QLatin1String(name));
+        }
         m_window.resize(300, 120);
         m_window.show();
         m_window.activateWindow();
@@ -81,8 +82,9 @@ TEST_F(TLComboBoxTest, TheWheelSelectsOnlyWithTheFocus)
 
 TEST_F(TLComboBoxTest, ALongListShowsSevenWholeRowsAndScrolls)
 {
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 40; ++i) {
         m_combo.addItem(QStringLiteral("App %1").arg(i));
+    }
     m_combo.showPopup();
     const QAbstractItemView* const list = m_combo.view();
     ASSERT_TRUE(list->isVisible());
@@ -159,8 +161,9 @@ TEST_F(TLComboBoxTest, ShowsTheIconOfTheCurrentItem)
     const QImage image = Painted(&m_combo);
     int red = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
+        for (int x = 0; x < image.width(); ++x) {
             red += image.pixelColor(x, y) == QColor(Qt::red) ? 1 : 0;
+        }
     }
     EXPECT_EQ(red, 16 * 16);
 }

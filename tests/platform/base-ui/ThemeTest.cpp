@@ -68,8 +68,9 @@ void ExpectEveryColorGiven(const QObject& widget)
 {
     const QMetaObject* const meta = widget.metaObject();
     for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
-        if (meta->property(i).type() == QVariant::Color)
+        if (meta->property(i).type() == QVariant::Color) {
             (void)Color(widget, meta->property(i).name());
+        }
     }
 }
 
@@ -176,8 +177,9 @@ TEST_P(ThemeTest, ALongListShowsWholeRowsInItsFrame)
 {
     TLComboBox combo(&m_window);
     combo.SetBusiness(ComboBusiness::Apps);
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 40; ++i) {
         combo.addItem(QStringLiteral("App %1").arg(i));
+    }
     combo.show();
     combo.showPopup();
     const QAbstractItemView* const list = combo.view();

@@ -25,16 +25,18 @@ protected:
     bool ParseSpecial(const QString& key, const QJsonValue& value) override
     {
         offeredToParse.append(key);
-        if (key != QLatin1String("handled"))
+        if (key != QLatin1String("handled")) {
             return false;
+        }
         handled = value.toArray().toVariantList();
         return true;
     }
     bool ToSpecial(const QString& key, QJsonValue& value) const override
     {
         offeredToWrite.append(key);
-        if (key != QLatin1String("handled"))
+        if (key != QLatin1String("handled")) {
             return false;
+        }
         value = QJsonArray::fromVariantList(handled);
         return true;
     }

@@ -27,8 +27,9 @@ public:
     {
         m_log->push_back(m_name + " at " + std::to_string(DpiTool::ScaleDefault(100)));
         // What is called may destroy this object.
-        if (const std::function<void()> adjust = m_adjust)
+        if (const std::function<void()> adjust = m_adjust) {
             adjust();
+        }
     }
 
 private:
@@ -117,8 +118,9 @@ TEST_F(IDpiAdapterTest, MakesItsRowsAnewWithoutTheirBeingCalledForTheSameChange)
     std::vector<std::unique_ptr<Adapter>> rows;
     const auto build = [&] {
         rows.clear();
-        for (int i = 0; i < 100; ++i)
+        for (int i = 0; i < 100; ++i) {
             rows.push_back(std::make_unique<Adapter>(&log, "row"));
+        }
     };
     const Adapter page(&log, "page", build);
     build();

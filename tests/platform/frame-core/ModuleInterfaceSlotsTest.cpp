@@ -230,12 +230,13 @@ private:
     Log* m_log;
 };
 
-TEST(ModuleInterfaceSlots, LifeCycle)
+TEST(ModuleInterfaceSlotsTest, LifeCycle)
 {
     Log log;
     const VTableSlots<ILifeCycle> table(new RecordingLifeCycle(&log));
-    for (int slot = 1; slot <= 12; ++slot)
+    for (int slot = 1; slot <= 12; ++slot) {
         table.Call(slot);
+    }
     EXPECT_EQ(table.Call<BeforeCloseResult>(13), BeforeCloseResult::Refuse);
     table.CallDeletingDestructor();
     EXPECT_EQ(log,
@@ -244,7 +245,7 @@ TEST(ModuleInterfaceSlots, LifeCycle)
                    "BeforeMainFrameDestruct", "ExitApp", "BeforeClose", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, RouteInterceptor)
+TEST(ModuleInterfaceSlotsTest, RouteInterceptor)
 {
     Log log;
     const VTableSlots<IRouteInterceptor> table(new RecordingInterceptor(&log));
@@ -258,7 +259,7 @@ TEST(ModuleInterfaceSlots, RouteInterceptor)
                         "GetRouteUrls", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, SysSettingFactory)
+TEST(ModuleInterfaceSlotsTest, SysSettingFactory)
 {
     Log log;
     const VTableSlots<ISysSettingFactory> table(new RecordingFactory(&log));
@@ -272,21 +273,22 @@ TEST(ModuleInterfaceSlots, SysSettingFactory)
                         "GetSearchKeywords 10", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, BusinessModule)
+TEST(ModuleInterfaceSlotsTest, BusinessModule)
 {
     Log log;
     const VTableSlots<IBusinessModule> table(new RecordingModule(&log));
     table.Call(1);
     table.Call(2);
-    for (int slot = 3; slot <= 9; ++slot)
+    for (int slot = 3; slot <= 9; ++slot) {
         EXPECT_EQ(table.Call<void*>(slot), nullptr);
+    }
     table.CallDeletingDestructor();
     EXPECT_EQ(log,
               Log({"InitModule", "UninitModule", "GetLifeCycle", "GetRouteInterceptor", "GetReserved5",
                    "GetReserved6", "GetReserved7", "GetSysSettingFactory", "GetReserved9", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, HttpObserver)
+TEST(ModuleInterfaceSlotsTest, HttpObserver)
 {
     Log log;
     const VTableSlots<HttpObserverBase> table(new RecordingHttpObserver(&log));
@@ -295,7 +297,7 @@ TEST(ModuleInterfaceSlots, HttpObserver)
     EXPECT_EQ(log, Log({"OnHttpNotify 10400 empty", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, JsonRecordHooksFollowThoseOfQObject)
+TEST(ModuleInterfaceSlotsTest, JsonRecordHooksFollowThoseOfQObject)
 {
     Log log;
     constexpr int destructorSlot = 3;

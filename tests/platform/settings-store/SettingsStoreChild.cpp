@@ -21,12 +21,13 @@ void Say(const QString& word)
     VXSettingManager* const store = VXSettingManager::Instance();
     for (int step = firstStep;; ++step) {
         const QString section = StoreRound::GetSection();
-        if (step % 3 == 0)
+        if (step % 3 == 0) {
             store->SetUserValue(section, StoreRound::GetField(step), StoreRound::GetValue(step));
-        else if (store->SetUserValueSync(section, StoreRound::GetField(step), StoreRound::GetValue(step)))
+        } else if (store->SetUserValueSync(section, StoreRound::GetField(step), StoreRound::GetValue(step))) {
             Say(QString::number(step));
-        else
+        } else {
             Say(QStringLiteral("failed"));
+        }
     }
 }
 
@@ -44,8 +45,9 @@ int main(int argc, char** argv)
         return 1;
     }
     Say(QStringLiteral("open"));
-    if (arguments.value(2) == QLatin1String("work"))
+    if (arguments.value(2) == QLatin1String("work")) {
         Work(arguments.value(3).toInt());
+    }
     while (std::getchar() != EOF)
         ;
     return 0;

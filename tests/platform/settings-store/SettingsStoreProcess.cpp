@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int patience = 20000; // [ms]
+constexpr int Patience = 20000; // [ms]
 
 } // namespace
 
@@ -14,7 +14,7 @@ SettingsStoreProcess::SettingsStoreProcess(const QStringList& arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(TL_SETTINGS_STORE_CHILD), arguments);
-    EXPECT_TRUE(m_process.waitForStarted(patience)) << m_process.errorString().toStdString();
+    EXPECT_TRUE(m_process.waitForStarted(Patience)) << m_process.errorString().toStdString();
 }
 
 SettingsStoreProcess::~SettingsStoreProcess()
@@ -24,9 +24,10 @@ SettingsStoreProcess::~SettingsStoreProcess()
 
 QString SettingsStoreProcess::ReadLine()
 {
-    const QDeadlineTimer deadline(patience);
-    while (!m_process.canReadLine() && m_process.state() == QProcess::Running && !deadline.hasExpired())
+    const QDeadlineTimer deadline(Patience);
+    while (!m_process.canReadLine() && m_process.state() == QProcess::Running && !deadline.hasExpired()) {
         m_process.waitForReadyRead(int(deadline.remainingTime()));
+    }
     return QString::fromUtf8(m_process.readLine()).trimmed();
 }
 
@@ -37,22 +38,24 @@ void SettingsStoreProcess::LetRun(int time)
 
 void SettingsStoreProcess::Kill()
 {
-    if (m_process.state() == QProcess::NotRunning)
+    if (m_process.state() == QProcess::NotRunning) {
         return;
+    }
     m_process.kill();
-    EXPECT_TRUE(m_process.waitForFinished(patience));
+    EXPECT_TRUE(m_process.waitForFinished(Patience));
 }
 
 bool SettingsStoreProcess::Finish()
 {
     m_process.closeWriteChannel();
-    return m_process.waitForFinished(patience) && m_process.exitStatus() == QProcess::NormalExit;
+    return m_process.waitForFinished(Patience) && m_process.exitStatus() == QProcess::NormalExit;
 }
 
 QStringList SettingsStoreProcess::ReadRest()
 {
     QStringList lines;
-    while (m_process.canReadLine())
+    while (m_process.canReadLine()) {
         lines.append(QString::fromUtf8(m_process.readLine()).trimmed());
+    }
     return lines;
 }

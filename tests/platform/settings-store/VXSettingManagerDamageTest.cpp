@@ -36,8 +36,9 @@ protected:
     {
         const QString file = PathOf("damaged.db");
         WriteFile(file, database);
-        if (!log.isEmpty())
+        if (!log.isEmpty()) {
             WriteFile(file + QStringLiteral("-wal"), log);
+        }
         const int setAsideBefore = m_setAside.count();
         const int toldBefore = m_valueDamaged.count();
         ASSERT_TRUE(m_store.Open(file));
@@ -62,8 +63,9 @@ protected:
     QByteArray MakeLog()
     {
         EXPECT_TRUE(m_store.Open(m_file));
-        for (const int i : {200, 201})
+        for (const int i : {200, 201}) {
             EXPECT_TRUE(m_store.SetGlobalValueSync(Section(), Field(i), Value(i, 300)));
+        }
         QByteArray log = ReadFile(m_file + QStringLiteral("-wal"));
         m_store.Close();
         return log;
@@ -150,8 +152,9 @@ TEST_F(VXSettingManagerDamageTest, BetweenTwoDestroyedPagesEverythingIsKept)
     MakeStore(400, 500);
     QByteArray bytes = ReadFile(m_file);
     const int pages = bytes.size() / 4096;
-    for (const int page : {pages / 4, pages * 3 / 4})
+    for (const int page : {pages / 4, pages * 3 / 4}) {
         bytes.replace(page * 4096, 4096, QByteArray(4096, '\xaa'));
+    }
     WriteFile(m_file, bytes);
     EXPECT_TRUE(m_store.Open(m_file));
     EXPECT_GE(CountValues(400, 500), 400 - 16);
@@ -163,8 +166,9 @@ TEST_F(VXSettingManagerDamageTest, CutAtAnyLengthItIsToldAndTheRestIsKept)
     MakeStore(100, 300);
     const QByteArray whole = ReadFile(m_file);
     QList<int> lengths{0, 1, 15, 16, 99, 100, 511, 512, 513};
-    for (int length = 1000; length < whole.size(); length += 3001)
+    for (int length = 1000; length < whole.size(); length += 3001) {
         lengths.append(length);
+    }
     lengths.append(whole.size() - 1);
     for (const int length : lengths) {
         SCOPED_TRACE(length);
@@ -207,8 +211,9 @@ TEST_F(VXSettingManagerDamageTest, DatabaseCutBesideItsLogIsToldAndBothAreKept)
 TEST_F(VXSettingManagerDamageTest, EmptiedDatabaseIsReadFromItsLogWhenThatHoldsAllOfIt)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    for (int i = 0; i < 20; ++i)
+    for (int i = 0; i < 20; ++i) {
         m_store.SetGlobalValue(Section(), Field(i), Value(i, 300));
+    }
     ASSERT_TRUE(m_store.Flush());
     RawDatabase(m_file).Run(QStringLiteral("VACUUM")); // every page, through the log
     const QByteArray log = ReadFile(m_file + QStringLiteral("-wal"));
@@ -239,8 +244,9 @@ TEST_F(VXSettingManagerDamageTest, FlippedBytesAnywhereLeaveAStoreThatWorks)
     for (int position = 0; position < sound.size(); position += 797) {
         SCOPED_TRACE(position);
         QByteArray bytes = sound;
-        for (int i = position; i < position + 16 && i < bytes.size(); ++i)
+        for (int i = position; i < position + 16 && i < bytes.size(); ++i) {
             bytes[i] = char(~bytes.at(i));
+        }
         ASSERT_NO_FATAL_FAILURE(ExpectStoreThatWorks(bytes, QByteArray()));
         setAside += int(m_isSetAside);
     }
@@ -340,8 +346,9 @@ TEST_F(VXSettingManagerDamageTest, NoDatabaseAtAllIsToldAndKept)
 {
     QRandomGenerator random(4);
     QByteArray noise(20000, '\0');
-    for (char& byte : noise)
+    for (char& byte : noise) {
         byte = char(random.bounded(256));
+    }
     QByteArray headOnly = QByteArrayLiteral("SQLite format 3");
     headOnly.append('\0');
     for (const QByteArray& bytes :
@@ -453,8 +460,9 @@ TEST_F(VXSettingManagerDamageTest, DamageWhileTheStoreIsOpenLosesNothing)
     QByteArray bytes = ReadFile(m_file);
     WriteFile(m_file, bytes.left(4096) + QByteArray(bytes.size() - 4096, '\xaa'));
 
-    for (int i = 0; i < count; i += 2)
+    for (int i = 0; i < count; i += 2) {
         m_store.SetGlobalValue(Section(), Field(i), Value(i, size) + QLatin1Char('+'));
+    }
     EXPECT_TRUE(m_store.Flush());
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_setAside.count() == 1; }, 10000));
     m_store.Close();

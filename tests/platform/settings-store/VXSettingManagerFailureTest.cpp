@@ -88,8 +88,9 @@ class VXSettingManagerDiskTest : public VXSettingManagerFailureTest
 protected:
     void SetUp() override
     {
-        if (!FileSizeLimit::IsSupported())
+        if (!FileSizeLimit::IsSupported()) {
             GTEST_SKIP() << "this system cannot limit the size of files";
+        }
     }
 };
 

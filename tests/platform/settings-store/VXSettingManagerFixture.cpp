@@ -53,8 +53,9 @@ QString VXSettingManagerFixture::Value(int n, int size)
 void VXSettingManagerFixture::MakeStore(int count, int size)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         m_store.SetGlobalValue(Section(), Field(i), Value(i, size));
+    }
     ASSERT_TRUE(m_store.Flush());
     m_store.Close();
 }
@@ -64,8 +65,9 @@ int VXSettingManagerFixture::CountValues(int count, int size)
     int found = 0;
     for (int i = 0; i < count; ++i) {
         const QString value = m_store.GetGlobalValue(Section(), Field(i));
-        if (value.isEmpty())
+        if (value.isEmpty()) {
             continue;
+        }
         EXPECT_EQ(value, Value(i, size)) << i;
         ++found;
     }

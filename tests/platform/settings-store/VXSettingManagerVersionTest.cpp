@@ -133,8 +133,9 @@ TEST_F(VXSettingManagerVersionTest, LaterVersionIsSetAsideWholeAndItsReadableVal
     MakeStore(3, 10);
     for (const char* statement :
          {"CREATE TABLE more (x)", "ALTER TABLE setting ADD COLUMN more",
-          "UPDATE setting SET checksum = x'00' WHERE field = 'FIELD1'", "PRAGMA user_version = 3"})
+          "UPDATE setting SET checksum = x'00' WHERE field = 'FIELD1'", "PRAGMA user_version = 3"}) {
         Ask(statement);
+    }
     const QByteArray whole = ReadFile(m_file);
 
     ASSERT_TRUE(m_store.Open(m_file));

@@ -19,7 +19,7 @@
 
 namespace {
 
-const QString longAddress = QStringLiteral("https://vx.example/") + QString(200, QLatin1Char('m'));
+const QString LongAddress = QStringLiteral("https://vx.example/") + QString(200, QLatin1Char('m'));
 
 /// Rows in a window, as a page shows them.
 class AutoRunBaseItemTest : public AutoRunUiTest
@@ -124,8 +124,9 @@ TEST_F(AutoRunBaseItemTest, LaysItsPartsOutFromLeftToRight)
     EXPECT_EQ(layout->itemAt(5)->layout(), Find<QHBoxLayout>(row, "horizontalLayout_3"));
     EXPECT_EQ(layout->itemAt(6)->widget(), ActiveButton(&row));
     for (const char* name :
-         {"horizontalLayout", "iconLabeLayout", "horizontalLayout_3", "activeWidgetLayout"})
+         {"horizontalLayout", "iconLabeLayout", "horizontalLayout_3", "activeWidgetLayout"}) {
         EXPECT_EQ(Find<QHBoxLayout>(row, name)->spacing(), 0) << name;
+    }
 }
 
 TEST_F(AutoRunBaseItemTest, MarginsFollowTheScaleAndTheHeightDoesNot)
@@ -470,7 +471,7 @@ TEST_F(AutoRunBaseItemTest, LongAddressIsElidedAtTheRightAndAgainAfterAResize)
 {
     for (const int scale : {1, 2}) {
         DpiTool::SetScale(scale);
-        auto* const row = Add<AutoRunCustomItem>(Entry(QString(), longAddress));
+        auto* const row = Add<AutoRunCustomItem>(Entry(QString(), LongAddress));
         m_page.resize(1200, 100);
         Show(&m_page);
         const QString shown = Text(row)->text();
@@ -483,7 +484,7 @@ TEST_F(AutoRunBaseItemTest, LongAddressIsElidedAtTheRightAndAgainAfterAResize)
         Text(row)->setText(QStringLiteral("x"));
         m_page.resize(1250, 100);
         QCoreApplication::sendPostedEvents();
-        EXPECT_EQ(Text(row)->text(), shown) << "a resize elides anew";
+        EXPECT_EQ(Text(row)->text(), shown) << "a resize elides again";
 
         QFont larger = Text(row)->font();
         larger.setPixelSize(30);
@@ -499,16 +500,16 @@ TEST_F(AutoRunBaseItemTest, LongAddressIsElidedAtTheRightAndAgainAfterAResize)
 
 TEST_F(AutoRunBaseItemTest, WholeTextIsTheToolTipWhenItIsElidedAndOnlyThen)
 {
-    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), longAddress + QStringLiteral("<b>&x</b>")));
-    EXPECT_EQ(Text(row)->toolTip(), QStringLiteral("<p>%1&lt;b&gt;&amp;x&lt;/b&gt;</p>").arg(longAddress));
+    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), LongAddress + QStringLiteral("<b>&x</b>")));
+    EXPECT_EQ(Text(row)->toolTip(), QStringLiteral("<p>%1&lt;b&gt;&amp;x&lt;/b&gt;</p>").arg(LongAddress));
     auto* const small = Add<AutoRunCustomItem>(Entry(QString(), QStringLiteral("https://vx.example/")));
     EXPECT_EQ(Text(small)->toolTip(), QString());
 }
 
 TEST_F(AutoRunBaseItemTest, BoxIsNamedByItsEntryForScreenReaders)
 {
-    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), longAddress));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(Box(row))->text(QAccessible::Name), longAddress);
+    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), LongAddress));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(Box(row))->text(QAccessible::Name), LongAddress);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(Box(row))->role(), QAccessible::CheckBox);
 }
 
@@ -580,7 +581,7 @@ TEST_F(AutoRunBaseItemTest, TextsFollowTheLanguageAndTheEntrysTextStays)
 }
 
 /// Who gets a row's signal may destroy the row at once: its page does so with a row that is deleted, and
-/// with all rows when it is built anew. Meant for a build with the address sanitizer.
+/// with all rows when it is built again. Meant for a build with the address sanitizer.
 class AutoRunBaseItemDestroyedTest : public AutoRunBaseItemTest
 {
 protected:

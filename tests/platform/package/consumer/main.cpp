@@ -16,8 +16,9 @@ class LifeCycle final : public ILifeCycle
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
 
     LifeCycle lifeCycle;
@@ -31,8 +32,9 @@ int main(int argc, char** argv)
     VXSettingManager::Instance()->Close();
 
     QTimer::singleShot(0, &application, [] {
-        if (QWidget* const question = QApplication::activeModalWidget())
+        if (QWidget* const question = QApplication::activeModalWidget()) {
             question->close();
+        }
     });
     const bool asked = PackagedMsgBox::question(QStringLiteral("Recover the tabs?")) == QMessageBox::No;
 
