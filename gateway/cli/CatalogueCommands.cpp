@@ -1,8 +1,8 @@
-#include "cli/CatalogueCommands.h"
+#include "CatalogueCommands.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
-#include "cli/PrettyJson.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "PrettyJson.h"
 #include "envelope/BusinessJson.h"
 #include "envelope/Refused.h"
 #include "records/AppJson.h"

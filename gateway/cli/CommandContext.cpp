@@ -1,10 +1,10 @@
-#include "cli/CommandContext.h"
+#include "CommandContext.h"
 
-#include "cli/CommandError.h"
-#include "envelope/Text.h"
+#include "CommandError.h"
+#include "base/Text.h"
 #include "methods/Caller.h"
 #include "methods/LoginMethod.h"
-#include "store/OpenStore.h"
+#include "store/opener/OpenStore.h"
 
 #include <algorithm>
 #include <filesystem>

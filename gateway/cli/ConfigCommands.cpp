@@ -1,12 +1,12 @@
-#include "cli/ConfigCommands.h"
+#include "ConfigCommands.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
-#include "cli/PrettyJson.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "PrettyJson.h"
+#include "base/Text.h"
+#include "base/TimeStamp.h"
 #include "envelope/BusinessJson.h"
 #include "envelope/Refused.h"
-#include "envelope/Text.h"
-#include "envelope/TimeStamp.h"
 #include "records/ConfigurationJson.h"
 #include "records/ConfigurationLimits.h"
 

@@ -1,7 +1,7 @@
 #include "envelope/JsonObjectReader.h"
 
+#include "base/Text.h"
 #include "envelope/Refused.h"
-#include "envelope/Text.h"
 
 #include <boost/json/array.hpp>
 

@@ -1,4 +1,4 @@
-#include "methods/AutoRunGetMethod.h"
+#include "AutoRunGetMethod.h"
 
 #include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"

@@ -1,4 +1,4 @@
-#include "methods/AutoRunSetMethod.h"
+#include "AutoRunSetMethod.h"
 
 #include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"

@@ -1,4 +1,4 @@
-#include "methods/FunctionListMethod.h"
+#include "FunctionListMethod.h"
 
 #include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"

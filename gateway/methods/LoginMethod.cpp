@@ -1,10 +1,11 @@
 #include "methods/LoginMethod.h"
 
+#include "base/Hashing.h"
+#include "base/Random.h"
+#include "base/Text.h"
+#include "base/TimeStamp.h"
 #include "envelope/JsonObjectReader.h"
 #include "envelope/Refused.h"
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
-#include "envelope/TimeStamp.h"
 #include "methods/Caller.h"
 
 #include <boost/json/object.hpp>

@@ -1,4 +1,4 @@
-#include "methods/LogoutMethod.h"
+#include "LogoutMethod.h"
 
 #include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"

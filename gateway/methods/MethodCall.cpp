@@ -1,8 +1,8 @@
 #include "methods/MethodCall.h"
 
+#include "base/Text.h"
 #include "envelope/Refused.h"
 #include "envelope/ReplyEnvelope.h"
-#include "envelope/Text.h"
 #include "store/StoreError.h"
 
 #include <spdlog/logger.h>

@@ -1,4 +1,4 @@
-#include "methods/PluginListMethod.h"
+#include "PluginListMethod.h"
 
 #include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"

@@ -1,8 +1,8 @@
 #include "records/AppJson.h"
 
+#include "base/Text.h"
 #include "envelope/JsonObjectReader.h"
 #include "envelope/Refused.h"
-#include "envelope/Text.h"
 #include "records/ConfigurationLimits.h"
 
 #include <boost/json/array.hpp>

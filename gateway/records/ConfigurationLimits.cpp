@@ -1,7 +1,7 @@
 #include "records/ConfigurationLimits.h"
 
+#include "base/Text.h"
 #include "envelope/Refused.h"
-#include "envelope/Text.h"
 
 #include <algorithm>
 #include <map>

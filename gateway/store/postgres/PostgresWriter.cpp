@@ -1,8 +1,8 @@
 #include "store/postgres/PostgresWriter.h"
 
+#include "base/Random.h"
+#include "base/Text.h"
 #include "envelope/Refused.h"
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
 #include "store/postgres/PostgresAdvice.h"
 
 #include <boost/json/array.hpp>
