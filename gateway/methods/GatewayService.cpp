@@ -2,10 +2,10 @@
 
 #include "base/Hashing.h"
 #include "base/Text.h"
-#include "envelope/BusinessJson.h"
 #include "envelope/Refused.h"
 #include "envelope/ReplyEnvelope.h"
 #include "envelope/RequestEnvelope.h"
+#include "json/BusinessJson.h"
 
 #include <utility>
 

@@ -4,9 +4,10 @@
 #include "base/Random.h"
 #include "base/Text.h"
 #include "base/TimeStamp.h"
-#include "envelope/JsonObjectReader.h"
 #include "envelope/Refused.h"
 #include "methods/Caller.h"
+#include "methods/ToRefusal.h"
+#include "json/JsonObjectReader.h"
 
 #include <boost/json/object.hpp>
 
@@ -87,8 +88,9 @@ void LoginMethod::RefuseLockedPin(const std::string& pin, UnixTime now)
 void LoginMethod::Reject(const MethodCallPtr& call, const std::string& pin)
 {
     m_store.AddLoginFailure(
-        pin, call->Now(), call->Now() - FailureSpan, [call](const std::optional<Refusal>& refusal) {
-            call->Refuse(refusal.value_or(Refusal{ErrorCode::WrongPassword, "pin or password is wrong"}));
+        pin, call->Now(), call->Now() - FailureSpan, [call](const std::optional<WriteFailure>& failure) {
+            call->Refuse(failure ? ToRefusal(*failure)
+                                 : Refusal{ErrorCode::WrongPassword, "pin or password is wrong"});
         });
 }
 
@@ -103,8 +105,8 @@ void LoginMethod::Admit(const MethodCallPtr& call, const UserRecord& user, const
     answer["pin"] = user.pin;
     m_store.AddToken({Sha256(accessToken), user.pin, user.belongType, deviceId, expiresAt},
                      call->Now() - ExpiredTokenKept,
-                     [call, answer = std::move(answer)](const std::optional<Refusal>& refusal) {
-                         call->Finish(refusal, answer);
+                     [call, answer = std::move(answer)](const std::optional<WriteFailure>& failure) {
+                         call->Finish(failure, answer);
                      });
 }
 

@@ -1,12 +1,13 @@
 #include "store/postgres/PostgresStore.h"
 
-#include "envelope/BusinessJson.h"
-#include "envelope/Refused.h"
 #include "records/ConfigurationJson.h"
 #include "store/StoreError.h"
+#include "store/WriteRefused.h"
 #include "store/postgres/PostgresAdvice.h"
 #include "store/postgres/PostgresError.h"
 #include "store/postgres/PostgresSchema.h"
+#include "json/BusinessJson.h"
+#include "json/InvalidInput.h"
 
 #include <boost/json/serialize.hpp>
 #include <spdlog/logger.h>
@@ -33,8 +34,8 @@ StoredConfiguration ReadRevision(const PostgresQuery& query)
         const boost::json::value document = ParseBusinessJson(query.Text(3));
         stored.configuration =
             ReadConfiguration(JsonObjectReader(document, "$"), ConfigurationSource::Operator);
-    } catch (const Refused& refused) {
-        throw PostgresError("XX001", std::string("a stored configuration cannot be read: ") + refused.what(),
+    } catch (const InvalidInput& invalid) {
+        throw PostgresError("XX001", std::string("a stored configuration cannot be read: ") + invalid.what(),
                             PostgresError::Connection::Usable);
     }
     return stored;
@@ -47,6 +48,18 @@ StoredConfiguration NewestRevision(PostgresConnection& connection, const std::st
                          "FROM configuration WHERE pin = $1 ORDER BY revision DESC LIMIT 1");
     query.BindText(pin);
     return query.Step() ? ReadRevision(query) : StoredConfiguration();
+}
+
+// What the edit refuses undoes the write.
+IStore::ConfigurationEdit RefusingEdit(IStore::ConfigurationEdit edit)
+{
+    return [edit = std::move(edit)](const AutoRunConfiguration& stored) {
+        try {
+            return edit(stored);
+        } catch (const InvalidInput& invalid) {
+            throw WriteRefused(WriteFailure(WriteFailure::Reason::EditRefused, invalid.what()));
+        }
+    };
 }
 
 void EndAccess(PostgresConnection& connection, const std::string& pin)
@@ -278,7 +291,7 @@ void PostgresStore::AddUser(const UserRecord& user, WriteDone done)
                     .BindText(user.passwordHash)
                     .Run();
             if (added == 0) {
-                throw Refused(ErrorCode::LimitExceeded, "there is already a user with this pin");
+                throw WriteRefused(WriteFailure(WriteFailure::Reason::UserExists));
             }
         },
         std::move(done));
@@ -313,7 +326,7 @@ void PostgresStore::SetPassword(const std::string& pin, const std::string& passw
                     .BindText(passwordHash)
                     .Run();
             if (changed == 0) {
-                throw Refused(ErrorCode::NoSuchResource, "there is no user with this pin");
+                throw WriteRefused(WriteFailure(WriteFailure::Reason::NoSuchUser));
             }
             EndAccess(connection, pin);
         },
@@ -378,7 +391,8 @@ void PostgresStore::EditConfiguration(const std::string& pin, const std::string&
 {
     m_writer->Submit(
         "storing a configuration", pin,
-        [pin, author, edit = std::move(edit), clock = m_options.clock](PostgresConnection& connection) {
+        [pin, author, edit = RefusingEdit(std::move(edit)),
+         clock = m_options.clock](PostgresConnection& connection) {
             const StoredConfiguration stored = NewestRevision(connection, pin);
             const std::string document = boost::json::serialize(ToJson(edit(stored.configuration)));
             const std::int64_t revision = stored.revision + 1;

@@ -2,7 +2,7 @@
 
 #include "base/Random.h"
 #include "base/Text.h"
-#include "envelope/Refused.h"
+#include "store/WriteRefused.h"
 #include "store/postgres/PostgresAdvice.h"
 
 #include <boost/json/array.hpp>
@@ -27,11 +27,10 @@ constexpr std::chrono::seconds OneByOneLimit{10};
 constexpr std::chrono::milliseconds DoubtInterval{250};
 constexpr std::size_t NameSize = 16;
 
-const Refusal StoreFailure = {ErrorCode::StoreFailed, "the store failed; the gateway's log has the details"};
-const Refusal OutcomeUnknown = {ErrorCode::StoreFailed,
-                                "it is not known whether this is stored; the gateway's log has the details"};
-const Refusal QueueFull = {ErrorCode::Busy, "too many writes are waiting; try again"};
-const Refusal ShuttingDown = {ErrorCode::Busy, "the gateway is shutting down; try again"};
+const WriteFailure StoreFailure(WriteFailure::Reason::StoreFailed);
+const WriteFailure OutcomeUnknown(WriteFailure::Reason::OutcomeUnknown);
+const WriteFailure QueueFull(WriteFailure::Reason::QueueFull);
+const WriteFailure Closing(WriteFailure::Reason::Closing);
 
 // Two transactions that wait for each other, one of which the server has ended.
 bool IsConflict(const PostgresError& error)
@@ -58,9 +57,9 @@ void PostgresWriter::Submit(std::string what, std::string pin, Write write, Done
 {
     std::unique_lock lock(m_mutex);
     if (m_closingSince || m_queue.size() >= m_options.queueLimit) {
-        const Refusal& refusal = m_closingSince ? ShuttingDown : QueueFull;
+        const WriteFailure& failure = m_closingSince ? Closing : QueueFull;
         lock.unlock();
-        done(refusal);
+        done(failure);
         return;
     }
     m_queue.push_back({std::move(what), std::move(pin), std::move(write), std::move(done), std::nullopt});
@@ -109,7 +108,7 @@ void PostgresWriter::Work()
         }
         RunBatch(batch);
         for (Job& job : batch) {
-            job.done(job.refusal);
+            job.done(job.failure);
         }
     }
 }
@@ -139,7 +138,7 @@ void PostgresWriter::RunBatch(std::vector<Job>& batch)
         }
     } else {
         for (Job& job : batch) {
-            job.refusal = StoreFailure;
+            job.failure = StoreFailure;
         }
         m_logger->error(
             "{}", DescribeForOperator(std::to_string(batch.size()) + " writes", m_options.database, *error));
@@ -172,7 +171,7 @@ std::optional<PostgresError> PostgresWriter::RunTransaction(const Jobs& jobs)
 void PostgresWriter::RunOnce(const Jobs& jobs)
 {
     for (Job* job : jobs) {
-        job->refusal.reset();
+        job->failure.reset();
     }
     PostgresConnection& connection = Connected();
     connection.Execute("BEGIN ISOLATION LEVEL READ COMMITTED");
@@ -188,9 +187,9 @@ void PostgresWriter::RunOnce(const Jobs& jobs)
     } else {
         RunUnderSavepoints(jobs);
     }
-    const bool isAllRefused =
-        std::all_of(jobs.begin(), jobs.end(), [](const Job* job) { return job->refusal.has_value(); });
-    if (isAllRefused) {
+    const bool haveAllFailed =
+        std::all_of(jobs.begin(), jobs.end(), [](const Job* job) { return job->failure.has_value(); });
+    if (haveAllFailed) {
         connection.Execute("ROLLBACK");
     } else {
         Commit(jobs);
@@ -220,12 +219,12 @@ void PostgresWriter::RunOnlyJob(Job& job)
 {
     try {
         job.write(*m_connection);
-    } catch (const Refused& refused) {
-        job.refusal = refused.Reason();
+    } catch (const WriteRefused& refused) {
+        job.failure = refused.Failure();
     } catch (const PostgresError&) {
         throw;
     } catch (const std::exception& error) {
-        job.refusal = {ErrorCode::Internal, "internal error"};
+        job.failure = WriteFailure(WriteFailure::Reason::Internal);
         m_logger->error("database {}: {} failed: {}", m_options.database, job.what, error.what());
     }
 }
@@ -245,7 +244,7 @@ void PostgresWriter::RunUnderSavepoints(const Jobs& jobs)
             }
             Fail(*job, error);
         }
-        if (job->refusal) {
+        if (job->failure) {
             connection.Execute("ROLLBACK TO job");
         }
     }
@@ -277,8 +276,8 @@ void PostgresWriter::Commit(const Jobs& jobs)
                                   : "are not stored, as the server says");
     // Not tried again when they are not stored: that may be long ago, and others may have written since.
     for (Job* job : jobs) {
-        if (!isCommitted.value_or(false) && !job->refusal) {
-            job->refusal = isCommitted ? StoreFailure : OutcomeUnknown;
+        if (!isCommitted.value_or(false) && !job->failure) {
+            job->failure = isCommitted ? StoreFailure : OutcomeUnknown;
         }
     }
 }
@@ -358,7 +357,7 @@ void PostgresWriter::RollBack() noexcept
 
 void PostgresWriter::Fail(Job& job, const PostgresError& error)
 {
-    job.refusal = StoreFailure;
+    job.failure = StoreFailure;
     m_logger->error("{}", DescribeForOperator(job.what, m_options.database, error));
 }
 

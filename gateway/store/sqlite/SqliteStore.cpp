@@ -1,11 +1,12 @@
 #include "store/sqlite/SqliteStore.h"
 
-#include "envelope/BusinessJson.h"
-#include "envelope/Refused.h"
 #include "records/ConfigurationJson.h"
 #include "store/StoreError.h"
+#include "store/WriteRefused.h"
 #include "store/sqlite/SqliteAdvice.h"
 #include "store/sqlite/SqliteSchema.h"
+#include "json/BusinessJson.h"
+#include "json/InvalidInput.h"
 
 #include <boost/json/serialize.hpp>
 #include <spdlog/logger.h>
@@ -100,9 +101,9 @@ StoredConfiguration ReadRevision(const SqliteQuery& query)
         const boost::json::value document = ParseBusinessJson(query.Text(3));
         stored.configuration =
             ReadConfiguration(JsonObjectReader(document, "$"), ConfigurationSource::Operator);
-    } catch (const Refused& refused) {
+    } catch (const InvalidInput& invalid) {
         throw SqliteError(SQLITE_CORRUPT,
-                          std::string("a stored configuration cannot be read: ") + refused.what());
+                          std::string("a stored configuration cannot be read: ") + invalid.what());
     }
     return stored;
 }
@@ -125,6 +126,18 @@ void PutUserRow(SqliteConnection& connection, const UserRecord& user)
         .BindText(2, user.belongType)
         .BindText(3, user.passwordHash)
         .Run();
+}
+
+// What the edit refuses undoes the write.
+IStore::ConfigurationEdit RefusingEdit(IStore::ConfigurationEdit edit)
+{
+    return [edit = std::move(edit)](const AutoRunConfiguration& stored) {
+        try {
+            return edit(stored);
+        } catch (const InvalidInput& invalid) {
+            throw WriteRefused(WriteFailure(WriteFailure::Reason::EditRefused, invalid.what()));
+        }
+    };
 }
 
 void EndAccess(SqliteConnection& connection, const std::string& pin)
@@ -327,7 +340,7 @@ void SqliteStore::AddUser(const UserRecord& user, WriteDone done)
                 .BindText(3, user.passwordHash)
                 .Run();
             if (connection.ChangedRows() == 0) {
-                throw Refused(ErrorCode::LimitExceeded, "there is already a user with this pin");
+                throw WriteRefused(WriteFailure(WriteFailure::Reason::UserExists));
             }
         },
         std::move(done));
@@ -354,7 +367,7 @@ void SqliteStore::SetPassword(const std::string& pin, const std::string& passwor
                 .BindText(2, passwordHash)
                 .Run();
             if (connection.ChangedRows() == 0) {
-                throw Refused(ErrorCode::NoSuchResource, "there is no user with this pin");
+                throw WriteRefused(WriteFailure(WriteFailure::Reason::NoSuchUser));
             }
             EndAccess(connection, pin);
         },
@@ -414,7 +427,8 @@ void SqliteStore::EditConfiguration(const std::string& pin, const std::string& a
 {
     m_writer->Submit(
         "storing a configuration",
-        [pin, author, edit = std::move(edit), clock = m_options.clock](SqliteConnection& connection) {
+        [pin, author, edit = RefusingEdit(std::move(edit)),
+         clock = m_options.clock](SqliteConnection& connection) {
             const StoredConfiguration stored = NewestRevision(connection, pin);
             const std::string document = boost::json::serialize(ToJson(edit(stored.configuration)));
             const std::int64_t revision = stored.revision + 1;

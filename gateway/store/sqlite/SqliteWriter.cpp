@@ -1,6 +1,6 @@
 #include "store/sqlite/SqliteWriter.h"
 
-#include "envelope/Refused.h"
+#include "store/WriteRefused.h"
 #include "store/sqlite/SqliteAdvice.h"
 
 #include <spdlog/logger.h>
@@ -16,9 +16,9 @@ namespace {
 // Bounds how long the first write of a batch waits for the others.
 constexpr std::size_t MaxBatch = 256;
 
-const Refusal StoreFailure = {ErrorCode::StoreFailed, "the store failed; the gateway's log has the details"};
-const Refusal QueueFull = {ErrorCode::Busy, "too many writes are waiting; try again"};
-const Refusal ShuttingDown = {ErrorCode::Busy, "the gateway is shutting down; try again"};
+const WriteFailure StoreFailure(WriteFailure::Reason::StoreFailed);
+const WriteFailure QueueFull(WriteFailure::Reason::QueueFull);
+const WriteFailure Closing(WriteFailure::Reason::Closing);
 
 } // namespace
 
@@ -40,9 +40,9 @@ void SqliteWriter::Submit(std::string what, Write write, Done done)
 {
     std::unique_lock lock(m_mutex);
     if (m_isClosing || m_queue.size() >= m_queueLimit) {
-        const Refusal& refusal = m_isClosing ? ShuttingDown : QueueFull;
+        const WriteFailure& failure = m_isClosing ? Closing : QueueFull;
         lock.unlock();
-        done(refusal);
+        done(failure);
         return;
     }
     m_queue.push_back({std::move(what), std::move(write), std::move(done), std::nullopt});
@@ -86,7 +86,7 @@ void SqliteWriter::Work()
         }
         RunBatch(jobs);
         for (Job& job : jobs) {
-            job.done(job.refusal);
+            job.done(job.failure);
         }
     }
 }
@@ -97,7 +97,7 @@ void SqliteWriter::RunBatch(std::vector<Job>& jobs)
         m_connection->Execute("BEGIN IMMEDIATE");
     } catch (const SqliteError& error) {
         for (Job& job : jobs) {
-            job.refusal = StoreFailure;
+            job.failure = StoreFailure;
         }
         m_logger->error("{}", DescribeForOperator("starting " + std::to_string(jobs.size()) + " write(s)",
                                                   m_file, error));
@@ -131,7 +131,7 @@ bool SqliteWriter::RunTogether(std::vector<Job>& jobs)
 
 void SqliteWriter::RunAlone(Job& job)
 {
-    job.refusal.reset();
+    job.failure.reset();
     try {
         m_connection->Execute("BEGIN IMMEDIATE");
         RunUnderSavepoint(job);
@@ -150,8 +150,8 @@ void SqliteWriter::RunUnderSavepoint(Job& job)
         job.write(*m_connection);
         m_connection->Execute("RELEASE job");
         return;
-    } catch (const Refused& refused) {
-        job.refusal = refused.Reason();
+    } catch (const WriteRefused& refused) {
+        job.failure = refused.Failure();
     } catch (const SqliteError& error) {
         // A full disk or a failed read may have taken the whole transaction with it.
         if (!m_connection->IsInTransaction()) {
@@ -159,7 +159,7 @@ void SqliteWriter::RunUnderSavepoint(Job& job)
         }
         Fail(job, error);
     } catch (const std::exception& error) {
-        job.refusal = {ErrorCode::Internal, "internal error"};
+        job.failure = WriteFailure(WriteFailure::Reason::Internal);
         m_logger->error("database {}: {} failed: {}", m_file, job.what, error.what());
     }
     m_connection->Execute("ROLLBACK TO job; RELEASE job");
@@ -178,7 +178,7 @@ void SqliteWriter::RollBack() noexcept
 
 void SqliteWriter::Fail(Job& job, const SqliteError& error)
 {
-    job.refusal = StoreFailure;
+    job.failure = StoreFailure;
     m_logger->error("{}", DescribeForOperator(job.what, m_file, error));
 }
 

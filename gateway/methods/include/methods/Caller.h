@@ -1,7 +1,7 @@
 #pragma once
 
-#include "envelope/JsonObjectReader.h"
 #include "records/TokenRecord.h"
+#include "json/JsonObjectReader.h"
 
 #include <string>
 
@@ -18,7 +18,7 @@ struct Caller
     std::string deviceId;
 };
 
-// Reads the object. Throws Refused (1009).
+// Reads the object. Throws InvalidInput.
 [[nodiscard]] Caller ReadCaller(const JsonObjectReader& reader);
 
 // Throws Refused unless the caller is the one whose token it is: pin and belong type (2005), device (2004).

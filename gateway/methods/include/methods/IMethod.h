@@ -22,7 +22,7 @@ public:
     [[nodiscard]] virtual bool NeedsToken() const noexcept { return true; }
 
     // Called on a worker thread, several calls at once. Answers the call, now or later on another thread, or
-    // throws Refused or StoreError.
+    // throws Refused, InvalidInput or StoreError.
     virtual void Execute(const MethodCallPtr& call) = 0;
 };
 

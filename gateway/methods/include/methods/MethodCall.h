@@ -3,6 +3,7 @@
 #include "base/Clock.h"
 #include "envelope/Refusal.h"
 #include "records/TokenRecord.h"
+#include "store/WriteFailure.h"
 
 #include <boost/json/value.hpp>
 
@@ -42,8 +43,8 @@ public:
 
     void Succeed(const boost::json::value& data);
     void Refuse(const Refusal& refusal);
-    // Succeeds with `data`, or refuses when there is a refusal: what a finished write answers.
-    void Finish(const std::optional<Refusal>& refusal, const boost::json::value& data);
+    // Answers for a finished write: with `data`, or with the refusal that its failure means.
+    void Finish(const std::optional<WriteFailure>& failure, const boost::json::value& data);
 
     // Runs a step of the method; what the step throws becomes the answer.
     void Run(const std::function<void()>& step) noexcept;

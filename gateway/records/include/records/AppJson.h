@@ -9,8 +9,8 @@
 
 namespace TLGateway {
 
-// Reads the operator's catalogue: an array of apps, each with all five members. Throws Refused: 1009 for a
-// wrong shape, 1010 for a limit (lengths, availability, a service code that occurs twice).
+// Reads the operator's catalogue: an array of apps, each with all five members. Throws InvalidInput for
+// a wrong shape or a broken limit (lengths, availability, a service code that occurs twice).
 [[nodiscard]] std::vector<AppRecord> ReadApps(const boost::json::value& catalogue);
 
 [[nodiscard]] boost::json::object ToJson(const AppRecord& app);

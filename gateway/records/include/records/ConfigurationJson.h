@@ -1,7 +1,7 @@
 #pragma once
 
-#include "envelope/JsonObjectReader.h"
 #include "records/AutoRunConfiguration.h"
+#include "json/JsonObjectReader.h"
 
 #include <boost/json/object.hpp>
 
@@ -14,8 +14,7 @@ enum class ConfigurationSource
     Operator, // all seven members, like every other entry
 };
 
-// Reads the three lists. Throws Refused (1009) for a wrong shape. The
-// limits of the entries are not looked at here (see ConfigurationLimits.h).
+// Reads the three lists. Throws InvalidInput for a wrong shape. CheckLimits looks at the limits.
 [[nodiscard]] AutoRunConfiguration ReadConfiguration(const JsonObjectReader& lists,
                                                      ConfigurationSource source);
 

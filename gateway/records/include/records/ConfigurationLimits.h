@@ -17,13 +17,13 @@ constexpr std::size_t MaxUrlLength = 2048;
 constexpr int MaxEntryType = 99;
 constexpr int AppEntryType = 1;
 
-// Checks a configuration against every limit. Throws Refused (1010) whose message gives the path below
+// Checks a configuration against every limit. Throws InvalidInput whose message gives the path below
 // `path` and the limit. A user's system entries may leave out name and address.
 void CheckLimits(const AutoRunConfiguration& configuration, ConfigurationSource source,
                  const std::string& path);
 
 // What is stored after a user's write: the requested custom and app entries, and the operator's system
-// entries with the user's two flags where the request names the entry. Throws Refused (1010) when the result
+// entries with the user's two flags where the request names the entry. Throws InvalidInput when the result
 // has an itemId twice or more than one entry to open first.
 [[nodiscard]] AutoRunConfiguration ApplyUsersWrite(const AutoRunConfiguration& stored,
                                                    const AutoRunConfiguration& requested,

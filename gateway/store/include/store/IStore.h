@@ -1,13 +1,13 @@
 #pragma once
 
 #include "base/Clock.h"
-#include "envelope/Refusal.h"
 #include "records/AppRecord.h"
 #include "records/AutoRunConfiguration.h"
 #include "records/FunctionSwitch.h"
 #include "records/StoredConfiguration.h"
 #include "records/TokenRecord.h"
 #include "records/UserRecord.h"
+#include "store/WriteFailure.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,20 +23,19 @@ namespace TLGateway {
 //
 // Reads return what is stored at that moment, on the calling thread, and throw StoreError. Any thread.
 //
-// Writes are queued and done in the order in which they were asked for. `done` is called exactly once, on a
-// thread of the store, with nothing when the write is on disk, or with the refusal: 5001 (the queue is full
-// or the store is closing), 5002 (the store failed), or what the write itself refused. When `done` is called
-// with a refusal nothing of the write is stored; the one exception is a store that closes while its server
-// has not yet said whether it stored the write, and the refusal says so. `done` must not throw and must not
-// wait for another write.
+// The store queues writes and does them in the order of the calls. It calls `done` exactly once, on a thread
+// of its own or on the caller's, with nothing when the write is on disk, or with the reason why it is not.
+// Nothing of a failed write is stored, except perhaps after OutcomeUnknown. `done` must not throw and must
+// not wait for another write.
 //
 // Other gateways may use the same database at the same time.
 class IStore
 {
 public:
-    using WriteDone = std::function<void(const std::optional<Refusal>& refusal)>;
+    using WriteDone = std::function<void(const std::optional<WriteFailure>& failure)>;
     // Makes the new configuration from the stored one, within the write. May be called more than once for
-    // one write, so it must have no effect of its own. Throws Refused to leave everything as it is.
+    // one write, so it must have no effect of its own. Throws InvalidInput when the new configuration would
+    // exceed a limit; everything then stays as it is.
     using ConfigurationEdit = std::function<AutoRunConfiguration(const AutoRunConfiguration& stored)>;
 
     IStore() = default;
@@ -44,8 +43,7 @@ public:
     IStore& operator=(const IStore&) = delete;
     virtual ~IStore() = default;
 
-    // Finishes the waiting writes; later ones are refused (5001). Called by the destructor of every store,
-    // too.
+    // Finishes the waiting writes; later ones fail (Closing). The destructor of every store does the same.
     virtual void Close() = 0;
 
     [[nodiscard]] virtual std::optional<UserRecord> FindUser(const std::string& pin) = 0;
@@ -65,11 +63,11 @@ public:
     // Secrets by app key.
     [[nodiscard]] virtual std::map<std::string, std::string, std::less<>> ListAppKeys() = 0;
 
-    // Refuses (1010) when the pin exists.
+    // Fails when there is a user with this pin (UserExists).
     virtual void AddUser(const UserRecord& user, WriteDone done) = 0;
     // Adds the user or takes the place of the one with this pin, whose access tokens end.
     virtual void PutUser(const UserRecord& user, WriteDone done) = 0;
-    // Also ends all access tokens of the user. Refuses (1012) when there is no such user.
+    // Also ends all access tokens of the user. Fails when there is no such user (NoSuchUser).
     virtual void SetPassword(const std::string& pin, const std::string& passwordHash, WriteDone done) = 0;
     // Keeps the token and forgets the pin's failed log-ins. Drops tokens that expired before `forgetBefore`.
     virtual void AddToken(const TokenRecord& token, UnixTime forgetBefore, WriteDone done) = 0;

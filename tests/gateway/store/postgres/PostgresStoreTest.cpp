@@ -120,10 +120,10 @@ TEST_F(PostgresStoreTest, OfManyWhoAddOneUserExactlyOneSucceeds)
         for (const auto& store : stores) {
             threads.emplace_back([&] {
                 const UserRecord record{"user" + std::to_string(round), "m", "h"};
-                const auto refusal = Await([&](auto done) { store->AddUser(record, done); });
-                if (!refusal) {
+                const auto failure = Await([&](auto done) { store->AddUser(record, done); });
+                if (!failure) {
                     ++added;
-                } else if (refusal->code == ErrorCode::LimitExceeded) {
+                } else if (failure->reason == WriteFailure::Reason::UserExists) {
                     ++refused;
                 }
             });
@@ -203,7 +203,7 @@ TEST_F(PostgresStoreTest, WritesOfABatchThatWaitCrosswiseAreDoneInTheEnd)
             for (int n = 0; n < 60; ++n) {
                 const int number = store == first.get() ? n % 20 : 19 - n % 20;
                 store->SetSwitch({number, true, true},
-                                 [](const std::optional<Refusal>& refusal) { EXPECT_FALSE(refusal); });
+                                 [](const std::optional<WriteFailure>& failure) { EXPECT_FALSE(failure); });
             }
             store->Close();
         });

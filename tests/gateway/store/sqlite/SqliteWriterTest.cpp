@@ -1,6 +1,6 @@
 #include "store/sqlite/SqliteWriter.h"
 
-#include "envelope/Refused.h"
+#include "store/WriteRefused.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
 
@@ -55,18 +55,19 @@ protected:
                 isBlocked.set_value();
                 released.wait();
             },
-            [](const std::optional<Refusal>&) {});
+            [](const std::optional<WriteFailure>&) {});
         isBlocked.get_future().wait();
     }
 
     void Release() { release.set_value(); }
 
-    std::future<std::optional<Refusal>> Submit(SqliteWriter::Write write)
+    std::future<std::optional<WriteFailure>> Submit(SqliteWriter::Write write)
     {
-        auto promise = std::make_shared<std::promise<std::optional<Refusal>>>();
+        auto promise = std::make_shared<std::promise<std::optional<WriteFailure>>>();
         auto future = promise->get_future();
-        writer->Submit("writing", std::move(write),
-                       [promise](const std::optional<Refusal>& refusal) { promise->set_value(refusal); });
+        writer->Submit("writing", std::move(write), [promise](const std::optional<WriteFailure>& failure) {
+            promise->set_value(failure);
+        });
         return future;
     }
 
@@ -89,7 +90,7 @@ TEST_F(SqliteWriterTest, WriteIsCommittedWhenItIsAnswered)
 TEST_F(SqliteWriterTest, WritesThatWaitTogetherAreCommittedTogether)
 {
     Block();
-    std::vector<std::future<std::optional<Refusal>>> answers;
+    std::vector<std::future<std::optional<WriteFailure>>> answers;
     std::vector<std::string> committedSeen(10);
     for (int n = 0; n < 10; ++n) {
         answers.push_back(Submit([this, n, &committedSeen](SqliteConnection& connection) {
@@ -116,7 +117,7 @@ TEST_F(SqliteWriterTest, FailingWritesOfABatchHarmNoOther)
     });
     auto refused = Submit([](SqliteConnection& connection) {
         Insert(3)(connection);
-        throw Refused(ErrorCode::LimitExceeded, "no");
+        throw WriteRefused(WriteFailure(WriteFailure::Reason::EditRefused, "no"));
     });
     auto thrown = Submit([](SqliteConnection& connection) {
         Insert(4)(connection);
@@ -125,9 +126,9 @@ TEST_F(SqliteWriterTest, FailingWritesOfABatchHarmNoOther)
     auto last = Submit(Insert(5));
     Release();
     EXPECT_FALSE(first.get());
-    EXPECT_EQ(duplicate.get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(duplicate.get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_EQ(refused.get()->message, "no");
-    EXPECT_EQ(thrown.get()->code, ErrorCode::Internal);
+    EXPECT_EQ(thrown.get()->reason, WriteFailure::Reason::Internal);
     EXPECT_FALSE(last.get());
     EXPECT_EQ(outside->SingleValue("SELECT group_concat(n) FROM t"), "1,5");
     EXPECT_THAT(log.Text(), HasSubstr("UNIQUE constraint failed"));
@@ -145,7 +146,7 @@ TEST_F(SqliteWriterTest, WriteThatTakesTheTransactionWithItHarmsNoOther)
     auto last = Submit(Insert(2));
     Release();
     EXPECT_FALSE(first.get());
-    EXPECT_EQ(culprit.get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(culprit.get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_FALSE(last.get());
     EXPECT_EQ(outside->SingleValue("SELECT group_concat(n) FROM t"), "1,2");
     EXPECT_THAT(log.Text(), HasSubstr("The disk is full: free space"));
@@ -162,8 +163,8 @@ TEST_F(SqliteWriterTest, ManyThreadsAreAllAnsweredInTheOrderOfEach)
         running.emplace_back([&, thread] {
             for (int i = 0; i < each; ++i) {
                 writer->Submit("writing", Insert(thread * each + i, thread),
-                               [&, thread, i](const std::optional<Refusal>& refusal) {
-                                   EXPECT_FALSE(refusal);
+                               [&, thread, i](const std::optional<WriteFailure>& failure) {
+                                   EXPECT_FALSE(failure);
                                    order[static_cast<std::size_t>(thread)].push_back(i);
                                    ++answered;
                                });
@@ -190,7 +191,7 @@ TEST_F(SqliteWriterTest, FullQueueIsBusyAtOnceAndTheWaitingWritesAreDone)
     auto second = Submit(Insert(2));
     auto third = Submit(Insert(3));
     ASSERT_EQ(third.wait_for(std::chrono::seconds(0)), std::future_status::ready);
-    EXPECT_EQ(third.get()->code, ErrorCode::Busy);
+    EXPECT_EQ(third.get()->reason, WriteFailure::Reason::QueueFull);
     Release();
     EXPECT_FALSE(first.get());
     EXPECT_FALSE(second.get());
@@ -207,14 +208,14 @@ TEST_F(SqliteWriterTest, CloseDoesWhatWaitsAndMovesTheLogIntoTheFile)
     SqliteConnection alone(folder.Write("alone.db", ReadBytes(file)), SqliteConnection::Mode::ReadWrite,
                            std::chrono::milliseconds(0));
     EXPECT_EQ(alone.SingleValue("SELECT count(*) FROM t"), "1") << "the file needs its log no longer";
-    EXPECT_EQ(Submit(Insert(2)).get()->code, ErrorCode::Busy);
+    EXPECT_EQ(Submit(Insert(2)).get()->reason, WriteFailure::Reason::Closing);
 }
 
 TEST_F(SqliteWriterTest, LockOfAnotherProgramIsWaitedForAndThenRefused)
 {
     SqliteConnection other(file, SqliteConnection::Mode::ReadWrite, std::chrono::milliseconds(0));
     other.Execute("BEGIN EXCLUSIVE");
-    EXPECT_EQ(Submit(Insert(1)).get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(Submit(Insert(1)).get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_THAT(log.Text(), HasSubstr("The database is locked"));
     other.Execute("ROLLBACK");
     EXPECT_FALSE(Submit(Insert(1)).get());

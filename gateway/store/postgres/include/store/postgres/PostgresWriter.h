@@ -1,6 +1,6 @@
 #pragma once
 
-#include "envelope/Refusal.h"
+#include "store/WriteFailure.h"
 #include "store/postgres/PostgresConnection.h"
 #include "store/postgres/PostgresError.h"
 
@@ -29,16 +29,16 @@ namespace TLGateway {
 // writes.
 //
 // When the connection is lost before a commit, the transaction is rolled back and done once more on a new
-// connection; when there is none, all writes that wait are refused (5002). When it is lost during a commit,
+// connection; when there is none, all writes that wait fail (StoreFailed). When it is lost during a commit,
 // the writes are answered as soon as the server has said whether they are stored.
 class PostgresWriter final
 {
 public:
     using Connect = std::function<std::unique_ptr<PostgresConnection>()>;
     // Changes the database within the transaction that is open. May run again after a roll-back. Throws
-    // PostgresError, or Refused to undo just this write.
+    // PostgresError, or WriteRefused to undo just this write.
     using Write = std::function<void(PostgresConnection& connection)>;
-    using Done = std::function<void(const std::optional<Refusal>& refusal)>;
+    using Done = std::function<void(const std::optional<WriteFailure>& failure)>;
 
     struct Options
     {
@@ -56,10 +56,10 @@ public:
 
     // Any thread. `what` names the write in the log. From before the write until its commit no other gateway
     // changes what belongs to the user `pin`; empty for a write that belongs to none. When the queue is full
-    // or the writer closed, `done` is called with 5001 before this returns.
+    // or the writer closed, `done` is called before this returns.
     void Submit(std::string what, std::string pin, Write write, Done done);
 
-    // Finishes the writes that wait. Submit refuses from now on.
+    // Finishes the writes that wait. Later ones fail (Closing).
     void Close();
 
 private:
@@ -69,7 +69,7 @@ private:
         std::string pin;
         Write write;
         Done done;
-        std::optional<Refusal> refusal;
+        std::optional<WriteFailure> failure;
     };
     using Jobs = std::vector<Job*>;
 

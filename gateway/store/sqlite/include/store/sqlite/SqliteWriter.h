@@ -1,6 +1,6 @@
 #pragma once
 
-#include "envelope/Refusal.h"
+#include "store/WriteFailure.h"
 #include "store/sqlite/SqliteConnection.h"
 #include "store/sqlite/SqliteError.h"
 
@@ -28,9 +28,9 @@ class SqliteWriter final
 {
 public:
     // Changes the database within the transaction that is open. May run again after a roll-back. Throws
-    // SqliteError, or Refused to undo just this write.
+    // SqliteError, or WriteRefused to undo just this write.
     using Write = std::function<void(SqliteConnection& connection)>;
-    using Done = std::function<void(const std::optional<Refusal>& refusal)>;
+    using Done = std::function<void(const std::optional<WriteFailure>& failure)>;
 
     // The connection passes to the writer's thread. At most queueLimit writes wait.
     SqliteWriter(std::unique_ptr<SqliteConnection> connection, std::string file, std::size_t queueLimit,
@@ -41,7 +41,7 @@ public:
     ~SqliteWriter();
 
     // Any thread. `what` names the write in the log. When the queue is full or the writer closed, `done` is
-    // called with 5001 before this returns.
+    // called before this returns.
     void Submit(std::string what, Write write, Done done);
 
     // Finishes the writes that wait, then moves the write-ahead log into the database file. Submit refuses
@@ -54,7 +54,7 @@ private:
         std::string what;
         Write write;
         Done done;
-        std::optional<Refusal> refusal;
+        std::optional<WriteFailure> failure;
     };
 
     void Work();

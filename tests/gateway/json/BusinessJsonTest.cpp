@@ -1,6 +1,6 @@
-#include "envelope/BusinessJson.h"
+#include "json/BusinessJson.h"
 
-#include "support/RefusalOf.h"
+#include "support/InvalidInputOf.h"
 
 #include <boost/json/serialize.hpp>
 #include <gmock/gmock.h>
@@ -29,23 +29,25 @@ TEST(BusinessJson, WhatIsNotJson)
 {
     for (const char* text : {"", " ", "{", "{\"a\":1", "{\"a\":1}x", "{'a':1}", "{\"a\":1,}", "nul", "NaN",
                              "\"\\ud800\"", "\"\n\"", "// x", "01"}) {
-        EXPECT_EQ(RefusalOf([&] { static_cast<void>(ParseBusinessJson(text)); }).code, ErrorCode::NotJson)
+        EXPECT_EQ(InvalidInputOf([&] { static_cast<void>(ParseBusinessJson(text)); }).BrokenRule(),
+                  InvalidInput::Rule::Json)
             << text;
     }
 }
 
 TEST(BusinessJson, MessageGivesThePosition)
 {
-    EXPECT_THAT(RefusalOf([] { static_cast<void>(ParseBusinessJson("{\"a\":x}")); }).message,
+    EXPECT_THAT(InvalidInputOf([] { static_cast<void>(ParseBusinessJson("{\"a\":x}")); }).what(),
                 testing::HasSubstr("near byte 5"));
 }
 
 TEST(BusinessJson, DeepestThatIsTakenAndOneMore)
 {
     EXPECT_NO_THROW(static_cast<void>(ParseBusinessJson(Nested(MaxJsonDepth))));
-    const Refusal refusal = RefusalOf([] { static_cast<void>(ParseBusinessJson(Nested(MaxJsonDepth + 1))); });
-    EXPECT_EQ(refusal.code, ErrorCode::LimitExceeded);
-    EXPECT_THAT(refusal.message, testing::HasSubstr("limit of 32 levels"));
+    const InvalidInput invalid =
+        InvalidInputOf([] { static_cast<void>(ParseBusinessJson(Nested(MaxJsonDepth + 1))); });
+    EXPECT_EQ(invalid.BrokenRule(), InvalidInput::Rule::Limit);
+    EXPECT_THAT(invalid.what(), testing::HasSubstr("limit of 32 levels"));
 }
 
 TEST(BusinessJson, TwoThousandLevelsWithoutAnEnd)
@@ -54,7 +56,8 @@ TEST(BusinessJson, TwoThousandLevelsWithoutAnEnd)
     for (int i = 0; i < 2000; ++i) {
         text += "{\"a\":";
     }
-    EXPECT_EQ(RefusalOf([&] { static_cast<void>(ParseBusinessJson(text)); }).code, ErrorCode::LimitExceeded);
+    EXPECT_EQ(InvalidInputOf([&] { static_cast<void>(ParseBusinessJson(text)); }).BrokenRule(),
+              InvalidInput::Rule::Limit);
 }
 
 } // namespace TLGateway

@@ -1,7 +1,7 @@
-#include "envelope/JsonObjectReader.h"
+#include "json/JsonObjectReader.h"
 
 #include "base/Text.h"
-#include "envelope/Refused.h"
+#include "json/InvalidInput.h"
 
 #include <boost/json/array.hpp>
 
@@ -38,7 +38,7 @@ const char* TypeName(const boost::json::value& value) noexcept
 
 [[noreturn]] void RefuseType(const std::string& path, const char* wanted, const char* found)
 {
-    throw Refused(ErrorCode::WrongShape, path + ": wanted " + wanted + ", found " + found);
+    throw InvalidInput(InvalidInput::Rule::Shape, path + ": wanted " + wanted + ", found " + found);
 }
 
 std::optional<std::int64_t> ToInteger(const boost::json::value& value) noexcept
@@ -126,8 +126,8 @@ void JsonObjectReader::AllowOnly(std::initializer_list<std::string_view> names) 
     for (const auto& member : *m_object) {
         const std::string_view name(member.key().data(), member.key().size());
         if (std::find(names.begin(), names.end(), name) == names.end()) {
-            throw Refused(ErrorCode::WrongShape, m_path + ": wanted no member " + Quoted(name) + ", found " +
-                                                     TypeName(member.value()));
+            throw InvalidInput(InvalidInput::Rule::Shape, m_path + ": wanted no member " + Quoted(name) +
+                                                              ", found " + TypeName(member.value()));
         }
     }
 }

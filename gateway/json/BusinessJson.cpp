@@ -1,6 +1,6 @@
-#include "envelope/BusinessJson.h"
+#include "json/BusinessJson.h"
 
-#include "envelope/Refused.h"
+#include "json/InvalidInput.h"
 
 #include <boost/json/error.hpp>
 #include <boost/json/parser.hpp>
@@ -20,12 +20,12 @@ boost::json::value ParseBusinessJson(std::string_view text)
         error = boost::json::error::extra_data;
     }
     if (error == boost::json::error::too_deep) {
-        throw Refused(ErrorCode::LimitExceeded,
-                      "$: nested deeper than the limit of " + std::to_string(MaxJsonDepth) + " levels");
+        throw InvalidInput(InvalidInput::Rule::Limit,
+                           "$: nested deeper than the limit of " + std::to_string(MaxJsonDepth) + " levels");
     }
     if (error) {
-        throw Refused(ErrorCode::NotJson, "the business JSON is not JSON: " + error.message() +
-                                              " near byte " + std::to_string(read));
+        throw InvalidInput(InvalidInput::Rule::Json, "the business JSON is not JSON: " + error.message() +
+                                                         " near byte " + std::to_string(read));
     }
     return parser.release();
 }

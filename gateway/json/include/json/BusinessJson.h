@@ -10,8 +10,8 @@ namespace TLGateway {
 // How deep arrays and objects may nest; the reader stops there, however long the text goes on.
 constexpr std::size_t MaxJsonDepth = 32;
 
-// Reads one JSON value from outside. Throws Refused: 1008 when the text is not JSON (the message gives the
-// byte position), 1010 when it is nested too deeply.
+// Reads one JSON value from outside. Throws InvalidInput when the text is not JSON (the message gives
+// the byte position) or is nested too deeply.
 [[nodiscard]] boost::json::value ParseBusinessJson(std::string_view text);
 
 } // namespace TLGateway

@@ -12,7 +12,7 @@
 namespace TLGateway {
 
 // Reads the members of one JSON object and knows where it stands, so that a wrong shape is refused (throws
-// Refused, 1009) with the path, the wanted and the found type: "$.param.pin: wanted string, found number".
+// InvalidInput) with the path, the wanted and the found type: "$.param.pin: wanted string, found number".
 // Holds a reference: the value must outlive the reader.
 class JsonObjectReader final
 {

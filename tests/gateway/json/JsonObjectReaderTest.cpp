@@ -1,7 +1,7 @@
-#include "envelope/JsonObjectReader.h"
+#include "json/JsonObjectReader.h"
 
-#include "envelope/BusinessJson.h"
-#include "support/RefusalOf.h"
+#include "support/InvalidInputOf.h"
+#include "json/BusinessJson.h"
 
 #include <gtest/gtest.h>
 
@@ -15,9 +15,9 @@ template <typename Read>
 std::string WrongShape(const char* json, Read read)
 {
     const boost::json::value value = ParseBusinessJson(json);
-    const Refusal refusal = RefusalOf([&] { read(JsonObjectReader(value, "$")); });
-    EXPECT_EQ(refusal.code, ErrorCode::WrongShape);
-    return refusal.message;
+    const InvalidInput invalid = InvalidInputOf([&] { read(JsonObjectReader(value, "$")); });
+    EXPECT_EQ(invalid.BrokenRule(), InvalidInput::Rule::Shape);
+    return invalid.what();
 }
 
 } // namespace
