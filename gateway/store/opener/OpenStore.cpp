@@ -15,13 +15,13 @@ std::unique_ptr<IStore> OpenStore(const std::string& url, const OpenStoreOptions
         PostgresStore::Options postgres;
         postgres.url = url;
         postgres.mustExist = options.mustExist;
-        return std::make_unique<PostgresStore>(std::move(postgres), std::move(logger));
+        return std::make_unique<PostgresStore>(postgres, std::move(logger));
     }
     SqliteStore::Options sqlite;
     sqlite.file = SqliteFileOfUrl(url);
     sqlite.mustExist = options.mustExist;
     sqlite.checkIntegrity = options.checkIntegrity;
-    return std::make_unique<SqliteStore>(std::move(sqlite), std::move(logger));
+    return std::make_unique<SqliteStore>(sqlite, std::move(logger));
 }
 
 } // namespace TLGateway

@@ -1,6 +1,6 @@
 #include "support/TestGateway.h"
 
-#include "store/sqlite/SqliteConnection.h"
+#include "SqliteConnection.h"
 #include "support/SampleConfiguration.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,6 @@
 #include "store/postgres/PostgresStore.h"
 
+#include "PostgresConnection.h"
 #include "store/StoreError.h"
 #include "support/Await.h"
 #include "support/LogCapture.h"
@@ -31,7 +32,7 @@ protected:
         PostgresStore::Options options;
         options.url = at;
         options.mustExist = mustExist;
-        return std::make_unique<PostgresStore>(std::move(options), log.Logger());
+        return std::make_unique<PostgresStore>(options, log.Logger());
     }
 
     std::string OpenFailure(const std::string& at, bool mustExist = false)

@@ -1,3 +1,4 @@
+#include "PostgresConnection.h"
 #include "store/StoreError.h"
 #include "store/postgres/PostgresStore.h"
 #include "support/Await.h"
@@ -308,7 +309,7 @@ TEST_F(PostgresTrouble, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOthe
 
 TEST_F(PostgresTrouble, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForEver)
 {
-    PostgresConnection::Limits short_;
+    PostgresLimits short_;
     short_.answer = std::chrono::seconds(3);
     PostgresConnection silent(PostgresTarget(url), short_);
     silent.Execute("BEGIN; SELECT FROM gateway_user WHERE pin = 'anna' FOR UPDATE");
@@ -418,7 +419,7 @@ TEST_F(PostgresInDoubt, CloseEndsTheDoubtWithAnAnswerThatSaysSo)
     store->Close();
     const auto failure = answer.get();
     ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->reason, WriteFailure::Reason::StoreFailed);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::OutcomeUnknown);
     EXPECT_THAT(failure->message, HasSubstr("not known whether this is stored"));
     EXPECT_THAT(log.Text(), HasSubstr("may be stored or not"));
 }

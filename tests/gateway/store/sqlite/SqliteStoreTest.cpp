@@ -1,5 +1,6 @@
 #include "store/sqlite/SqliteStore.h"
 
+#include "SqliteConnection.h"
 #include "store/StoreError.h"
 #include "support/Await.h"
 #include "support/LogCapture.h"

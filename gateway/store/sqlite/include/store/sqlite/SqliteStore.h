@@ -1,14 +1,13 @@
 #pragma once
 
-#include "store/IStore.h"
-#include "store/sqlite/SqliteConnection.h"
-#include "store/sqlite/SqliteWriter.h"
+#include "base/Clock.h"
+#include "store/rows/RowStore.h"
 
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
-#include <vector>
 
 namespace spdlog {
 class logger;
@@ -16,8 +15,8 @@ class logger;
 
 namespace TLGateway {
 
-// The embedded store: one file in WAL mode, one writer, a read-only connection per reading thread.
-class SqliteStore final : public IStore
+// The embedded store: one file in WAL mode. Closing moves the write-ahead log into the file.
+class SqliteStore final : public RowStore
 {
 public:
     struct Options
@@ -33,46 +32,7 @@ public:
 
     // Opens or makes the file. Throws StoreError when that fails, when the file is damaged or belongs to
     // another program; such a file is left as it is.
-    SqliteStore(Options options, std::shared_ptr<spdlog::logger> logger);
-    // Finishes the waiting writes and moves the write-ahead log into the file.
-    ~SqliteStore() override;
-
-    void Close() override;
-
-    [[nodiscard]] std::optional<UserRecord> FindUser(const std::string& pin) override;
-    [[nodiscard]] std::vector<UserRecord> ListUsers() override;
-    [[nodiscard]] std::optional<TokenRecord> FindToken(const std::string& hash) override;
-    [[nodiscard]] std::size_t CountLoginFailures(const std::string& pin, UnixTime since) override;
-    [[nodiscard]] std::optional<UnixTime> FindLoginFailure(const std::string& pin, std::size_t nth) override;
-    [[nodiscard]] StoredConfiguration FindConfiguration(const std::string& pin) override;
-    [[nodiscard]] std::vector<StoredConfiguration> ListRevisions(const std::string& pin) override;
-    [[nodiscard]] std::vector<AppRecord> ListApps() override;
-    [[nodiscard]] std::vector<FunctionSwitch> ListSwitches() override;
-    [[nodiscard]] std::map<std::string, std::string, std::less<>> ListAppKeys() override;
-
-    void AddUser(const UserRecord& user, WriteDone done) override;
-    void PutUser(const UserRecord& user, WriteDone done) override;
-    void SetPassword(const std::string& pin, const std::string& passwordHash, WriteDone done) override;
-    void AddToken(const TokenRecord& token, UnixTime forgetBefore, WriteDone done) override;
-    void RemoveToken(const std::string& hash, WriteDone done) override;
-    void AddLoginFailure(const std::string& pin, UnixTime at, UnixTime forgetBefore, WriteDone done) override;
-    void EditConfiguration(const std::string& pin, const std::string& author, ConfigurationEdit edit,
-                           WriteDone done) override;
-    void ReplaceApps(const std::vector<AppRecord>& apps, WriteDone done) override;
-    void SetSwitch(const FunctionSwitch& functionSwitch, WriteDone done) override;
-    void SetAppKey(const std::string& appKey, const std::string& secret, WriteDone done) override;
-
-private:
-    template <typename Read>
-    auto WithReader(const char* what, Read read);
-    [[nodiscard]] std::unique_ptr<SqliteConnection> TakeReader();
-    void ReturnReader(std::unique_ptr<SqliteConnection> reader);
-
-    const Options m_options;
-    const std::shared_ptr<spdlog::logger> m_logger;
-    std::mutex m_readersMutex;
-    std::vector<std::unique_ptr<SqliteConnection>> m_readers; // those that nobody uses just now
-    std::unique_ptr<SqliteWriter> m_writer;
+    SqliteStore(const Options& options, std::shared_ptr<spdlog::logger> logger);
 };
 
 } // namespace TLGateway
