@@ -31,8 +31,8 @@ void RunWrites(int count, const std::function<void(int number, IStore::WriteDone
 {
     std::vector<std::promise<bool>> answers(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        start(i, [&answers, i](const std::optional<Refusal>& refusal) {
-            answers[static_cast<std::size_t>(i)].set_value(!refusal);
+        start(i, [&answers, i](const std::optional<WriteFailure>& failure) {
+            answers[static_cast<std::size_t>(i)].set_value(!failure);
         });
     }
     for (auto& answer : answers) {

@@ -1,11 +1,11 @@
-#include "cli/CatalogueCommands.h"
+#include "CatalogueCommands.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
-#include "cli/PrettyJson.h"
-#include "envelope/BusinessJson.h"
-#include "envelope/Refused.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "PrettyJson.h"
 #include "records/AppJson.h"
+#include "json/BusinessJson.h"
+#include "json/InvalidInput.h"
 
 #include <CLI/CLI.hpp>
 
@@ -25,8 +25,8 @@ void ImportApps(const CommandContext& context, const std::string& path)
     std::vector<AppRecord> apps;
     try {
         apps = ReadApps(ParseBusinessJson(ReadTextFile(path)));
-    } catch (const Refused& refused) {
-        throw CommandError(path + ": " + refused.what());
+    } catch (const InvalidInput& invalid) {
+        throw CommandError(path + ": " + invalid.what());
     }
     const auto store = context.OpenStore(CommandContext::Database::MayBeMade);
     AwaitWrite([&](IStore::WriteDone done) { store->ReplaceApps(apps, std::move(done)); });

@@ -1,10 +1,10 @@
-#include "cli/CommandContext.h"
+#include "CommandContext.h"
 
-#include "cli/CommandError.h"
-#include "envelope/Text.h"
+#include "CommandError.h"
+#include "base/Text.h"
 #include "methods/Caller.h"
 #include "methods/LoginMethod.h"
-#include "store/OpenStore.h"
+#include "store/opener/OpenStore.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -51,10 +51,10 @@ std::string CommandContext::ReadSecretLine(const std::string& what) const
 
 void AwaitWrite(const std::function<void(IStore::WriteDone done)>& start)
 {
-    std::promise<std::optional<Refusal>> promise;
-    start([&promise](const std::optional<Refusal>& refusal) { promise.set_value(refusal); });
-    if (const std::optional<Refusal> refusal = promise.get_future().get()) {
-        throw CommandError(refusal->message);
+    std::promise<std::optional<WriteFailure>> promise;
+    start([&promise](const std::optional<WriteFailure>& failure) { promise.set_value(failure); });
+    if (const std::optional<WriteFailure> failure = promise.get_future().get()) {
+        throw CommandError(failure->message);
     }
 }
 

@@ -35,7 +35,7 @@ struct CommandContext
     [[nodiscard]] std::string ReadSecretLine(const std::string& what) const;
 };
 
-// Starts a write and waits for its end. Throws CommandError with the refusal's text.
+// Starts a write and waits for its end. Throws CommandError with the failure's text.
 void AwaitWrite(const std::function<void(IStore::WriteDone done)>& start);
 
 // The content of a file [UTF-8 path]. Throws CommandError.

@@ -1,12 +1,12 @@
 #include "cli/CommandLine.h"
 
-#include "cli/CatalogueCommands.h"
-#include "cli/CommandContext.h"
-#include "cli/ConfigCommands.h"
-#include "cli/DemoCommand.h"
-#include "cli/KeyCommands.h"
-#include "cli/ServeCommand.h"
-#include "cli/UserCommands.h"
+#include "CatalogueCommands.h"
+#include "CommandContext.h"
+#include "ConfigCommands.h"
+#include "DemoCommand.h"
+#include "KeyCommands.h"
+#include "ServeCommand.h"
+#include "UserCommands.h"
 
 #include <CLI/CLI.hpp>
 #include <spdlog/logger.h>

@@ -1,14 +1,14 @@
-#include "cli/ConfigCommands.h"
+#include "ConfigCommands.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
-#include "cli/PrettyJson.h"
-#include "envelope/BusinessJson.h"
-#include "envelope/Refused.h"
-#include "envelope/Text.h"
-#include "envelope/TimeStamp.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "PrettyJson.h"
+#include "base/Text.h"
+#include "base/TimeStamp.h"
 #include "records/ConfigurationJson.h"
 #include "records/ConfigurationLimits.h"
+#include "json/BusinessJson.h"
+#include "json/InvalidInput.h"
 
 #include <CLI/CLI.hpp>
 
@@ -75,8 +75,8 @@ AutoRunConfiguration ReadConfigurationFile(const std::string& path)
         AutoRunConfiguration configuration = ReadConfiguration(lists, ConfigurationSource::Operator);
         CheckLimits(configuration, ConfigurationSource::Operator, "$");
         return configuration;
-    } catch (const Refused& refused) {
-        throw CommandError(path + ": " + refused.what());
+    } catch (const InvalidInput& invalid) {
+        throw CommandError(path + ": " + invalid.what());
     }
 }
 

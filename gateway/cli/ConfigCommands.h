@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/CommandContext.h"
+#include "CommandContext.h"
 
 namespace CLI {
 class App;

@@ -1,4 +1,4 @@
-#include "cli/DatabaseOption.h"
+#include "DatabaseOption.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,9 +1,9 @@
-#include "cli/DemoCommand.h"
+#include "DemoCommand.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "base/Text.h"
 #include "demo/DemoMerchant.h"
-#include "envelope/Text.h"
 #include "methods/PasswordHasher.h"
 #include "server/AppKeyWatcher.h"
 

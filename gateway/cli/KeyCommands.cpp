@@ -1,7 +1,7 @@
-#include "cli/KeyCommands.h"
+#include "KeyCommands.h"
 
-#include "cli/DatabaseOption.h"
-#include "envelope/Text.h"
+#include "DatabaseOption.h"
+#include "base/Text.h"
 #include "server/AppKeyWatcher.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,7 @@
-#include "cli/ListenAddress.h"
+#include "ListenAddress.h"
 
-#include "cli/CommandError.h"
-#include "envelope/Text.h"
+#include "CommandError.h"
+#include "base/Text.h"
 
 namespace TLGateway {
 

@@ -1,4 +1,4 @@
-#include "cli/PrettyJson.h"
+#include "PrettyJson.h"
 
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>

@@ -1,19 +1,14 @@
-#include "cli/ServeCommand.h"
+#include "ServeCommand.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
-#include "cli/ListenAddress.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "ListenAddress.h"
 #include "demo/DemoPages.h"
-#include "methods/AutoRunGetMethod.h"
-#include "methods/AutoRunSetMethod.h"
-#include "methods/FunctionListMethod.h"
-#include "methods/LoginMethod.h"
-#include "methods/LogoutMethod.h"
-#include "methods/PluginListMethod.h"
+#include "methods/AllMethods.h"
 #include "server/AppKeyWatcher.h"
 #include "server/HttpServer.h"
-#include "store/OpenStore.h"
 #include "store/StoreUrl.h"
+#include "store/opener/OpenStore.h"
 
 #include <CLI/CLI.hpp>
 #include <spdlog/logger.h>
@@ -42,17 +37,6 @@ struct ServeOptions
     int threads = 4;
 };
 
-void AddMethods(MethodRegistry& methods, IStore& store, const PasswordHasher& hasher, WorkerPool& hashers,
-                UnixTime tokenLifetime)
-{
-    methods.Add(std::make_unique<LoginMethod>(store, hasher, hashers, tokenLifetime));
-    methods.Add(std::make_unique<LogoutMethod>(store));
-    methods.Add(std::make_unique<AutoRunGetMethod>(store));
-    methods.Add(std::make_unique<AutoRunSetMethod>(store));
-    methods.Add(std::make_unique<PluginListMethod>(store));
-    methods.Add(std::make_unique<FunctionListMethod>(store));
-}
-
 // What is declared later uses what is declared before, and ends first: the workers finish before the server
 // that their answers go to, and all of them before the store.
 void Serve(const CommandContext& context, const ServeOptions& options)
@@ -78,7 +62,7 @@ void Serve(const CommandContext& context, const ServeOptions& options)
     WorkerPool hashers(HashThreads, WaitingLogins);
     WorkerPool workers(static_cast<std::size_t>(options.threads), WaitingRequests);
     MethodRegistry methods;
-    AddMethods(methods, *store, hasher, hashers, static_cast<UnixTime>(options.tokenLifetime) * 3600);
+    AddAllMethods(methods, *store, hasher, hashers, static_cast<UnixTime>(options.tokenLifetime) * 3600);
     GatewayService service(keys, methods, *store, &SystemTime, context.logger);
     HttpRouter router(service, workers, pages ? &*pages : nullptr);
 

@@ -1,8 +1,8 @@
-#include "cli/UserCommands.h"
+#include "UserCommands.h"
 
-#include "cli/CommandError.h"
-#include "cli/DatabaseOption.h"
-#include "envelope/Text.h"
+#include "CommandError.h"
+#include "DatabaseOption.h"
+#include "base/Text.h"
 #include "methods/PasswordHasher.h"
 
 #include <CLI/CLI.hpp>

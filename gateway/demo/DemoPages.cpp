@@ -1,6 +1,6 @@
 #include "demo/DemoPages.h"
 
-#include "demo/EmbeddedFiles.h"
+#include "EmbeddedFiles.h"
 
 #include <stdexcept>
 

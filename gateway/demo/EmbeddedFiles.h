@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/EmbeddedFile.h"
+#include "EmbeddedFile.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "envelope/FormParameters.h"
 
+#include "base/Text.h"
 #include "envelope/Refused.h"
-#include "envelope/Text.h"
 
 #include <optional>
 

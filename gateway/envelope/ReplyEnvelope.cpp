@@ -1,7 +1,7 @@
 #include "envelope/ReplyEnvelope.h"
 
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
+#include "base/Random.h"
+#include "base/Text.h"
 
 #include <boost/json/object.hpp>
 #include <boost/json/serialize.hpp>

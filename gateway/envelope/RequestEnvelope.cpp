@@ -1,10 +1,11 @@
 #include "envelope/RequestEnvelope.h"
 
+#include "base/Hashing.h"
+#include "base/Text.h"
+#include "base/TimeStamp.h"
 #include "envelope/FormParameters.h"
 #include "envelope/Refused.h"
 #include "envelope/Signing.h"
-#include "envelope/Text.h"
-#include "envelope/TimeStamp.h"
 
 #include <cstdlib>
 

@@ -1,8 +1,8 @@
-#include "methods/AutoRunGetMethod.h"
+#include "AutoRunGetMethod.h"
 
-#include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"
 #include "records/ConfigurationJson.h"
+#include "json/JsonObjectReader.h"
 
 namespace TLGateway {
 

@@ -1,9 +1,9 @@
-#include "methods/AutoRunSetMethod.h"
+#include "AutoRunSetMethod.h"
 
-#include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"
 #include "records/ConfigurationJson.h"
 #include "records/ConfigurationLimits.h"
+#include "json/JsonObjectReader.h"
 
 #include <utility>
 
@@ -26,7 +26,7 @@ void AutoRunSetMethod::Execute(const MethodCallPtr& call)
         [requested = std::move(requested), path = lists.Path()](const AutoRunConfiguration& stored) {
             return ApplyUsersWrite(stored, requested, path);
         },
-        [call](const std::optional<Refusal>& refusal) { call->Finish(refusal, true); });
+        [call](const std::optional<WriteFailure>& failure) { call->Finish(failure, true); });
 }
 
 } // namespace TLGateway

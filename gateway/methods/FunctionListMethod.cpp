@@ -1,7 +1,7 @@
-#include "methods/FunctionListMethod.h"
+#include "FunctionListMethod.h"
 
-#include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"
+#include "json/JsonObjectReader.h"
 
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>

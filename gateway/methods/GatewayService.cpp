@@ -1,11 +1,11 @@
 #include "methods/GatewayService.h"
 
-#include "envelope/BusinessJson.h"
+#include "base/Hashing.h"
+#include "base/Text.h"
 #include "envelope/Refused.h"
 #include "envelope/ReplyEnvelope.h"
 #include "envelope/RequestEnvelope.h"
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
+#include "json/BusinessJson.h"
 
 #include <utility>
 

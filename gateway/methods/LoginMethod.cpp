@@ -1,11 +1,13 @@
 #include "methods/LoginMethod.h"
 
-#include "envelope/JsonObjectReader.h"
+#include "base/Hashing.h"
+#include "base/Random.h"
+#include "base/Text.h"
+#include "base/TimeStamp.h"
 #include "envelope/Refused.h"
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
-#include "envelope/TimeStamp.h"
 #include "methods/Caller.h"
+#include "methods/ToRefusal.h"
+#include "json/JsonObjectReader.h"
 
 #include <boost/json/object.hpp>
 
@@ -86,8 +88,9 @@ void LoginMethod::RefuseLockedPin(const std::string& pin, UnixTime now)
 void LoginMethod::Reject(const MethodCallPtr& call, const std::string& pin)
 {
     m_store.AddLoginFailure(
-        pin, call->Now(), call->Now() - FailureSpan, [call](const std::optional<Refusal>& refusal) {
-            call->Refuse(refusal.value_or(Refusal{ErrorCode::WrongPassword, "pin or password is wrong"}));
+        pin, call->Now(), call->Now() - FailureSpan, [call](const std::optional<WriteFailure>& failure) {
+            call->Refuse(failure ? ToRefusal(*failure)
+                                 : Refusal{ErrorCode::WrongPassword, "pin or password is wrong"});
         });
 }
 
@@ -102,8 +105,8 @@ void LoginMethod::Admit(const MethodCallPtr& call, const UserRecord& user, const
     answer["pin"] = user.pin;
     m_store.AddToken({Sha256(accessToken), user.pin, user.belongType, deviceId, expiresAt},
                      call->Now() - ExpiredTokenKept,
-                     [call, answer = std::move(answer)](const std::optional<Refusal>& refusal) {
-                         call->Finish(refusal, answer);
+                     [call, answer = std::move(answer)](const std::optional<WriteFailure>& failure) {
+                         call->Finish(failure, answer);
                      });
 }
 

@@ -1,7 +1,7 @@
-#include "methods/LogoutMethod.h"
+#include "LogoutMethod.h"
 
-#include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"
+#include "json/JsonObjectReader.h"
 
 namespace TLGateway {
 
@@ -11,7 +11,7 @@ void LogoutMethod::Execute(const MethodCallPtr& call)
 {
     CheckCaller(ReadCaller(JsonObjectReader(call->Business(), "$").Object("param")), call->Token());
     m_store.RemoveToken(call->Token().hash,
-                        [call](const std::optional<Refusal>& refusal) { call->Finish(refusal, true); });
+                        [call](const std::optional<WriteFailure>& failure) { call->Finish(failure, true); });
 }
 
 } // namespace TLGateway

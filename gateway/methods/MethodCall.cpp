@@ -1,9 +1,9 @@
 #include "methods/MethodCall.h"
 
+#include "base/Text.h"
 #include "envelope/Refused.h"
 #include "envelope/ReplyEnvelope.h"
-#include "envelope/Text.h"
-#include "store/StoreError.h"
+#include "methods/ToRefusal.h"
 
 #include <spdlog/logger.h>
 
@@ -46,10 +46,10 @@ void MethodCall::Refuse(const Refusal& refusal)
     }
 }
 
-void MethodCall::Finish(const std::optional<Refusal>& refusal, const boost::json::value& data)
+void MethodCall::Finish(const std::optional<WriteFailure>& failure, const boost::json::value& data)
 {
-    if (refusal) {
-        Refuse(*refusal);
+    if (failure) {
+        Refuse(ToRefusal(*failure));
     } else {
         Succeed(data);
     }
@@ -61,9 +61,11 @@ void MethodCall::Run(const std::function<void()>& step) noexcept
         step();
     } catch (const Refused& refused) {
         Refuse(refused.Reason());
+    } catch (const InvalidInput& invalid) {
+        Refuse(ToRefusal(invalid));
     } catch (const StoreError& error) {
         m_logger->error("request={} {}", m_requestId, error.what());
-        Refuse({ErrorCode::StoreFailed, "the store failed; the gateway's log has the details"});
+        Refuse(ToRefusal(error));
     } catch (const std::exception& error) {
         m_logger->error("request={} internal error: {}", m_requestId, error.what());
         Refuse({ErrorCode::Internal, "internal error"});

@@ -1,6 +1,6 @@
 #include "methods/PasswordHasher.h"
 
-#include "envelope/Signing.h"
+#include "base/Random.h"
 
 #include <argon2.h>
 

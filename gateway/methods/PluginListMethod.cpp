@@ -1,8 +1,8 @@
-#include "methods/PluginListMethod.h"
+#include "PluginListMethod.h"
 
-#include "envelope/JsonObjectReader.h"
 #include "methods/Caller.h"
 #include "records/AppJson.h"
+#include "json/JsonObjectReader.h"
 
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>

@@ -1,9 +1,9 @@
 #include "records/AppJson.h"
 
-#include "envelope/JsonObjectReader.h"
-#include "envelope/Refused.h"
-#include "envelope/Text.h"
+#include "base/Text.h"
 #include "records/ConfigurationLimits.h"
+#include "json/InvalidInput.h"
+#include "json/JsonObjectReader.h"
 
 #include <boost/json/array.hpp>
 
@@ -18,9 +18,9 @@ void CheckLength(const std::string& text, std::size_t least, std::size_t most, c
 {
     const std::size_t length = CountCodePoints(text);
     if (length < least || length > most) {
-        throw Refused(ErrorCode::LimitExceeded, path + ": " + std::to_string(length) +
-                                                    " characters are not within the limit of " +
-                                                    std::to_string(least) + " to " + std::to_string(most));
+        throw InvalidInput(InvalidInput::Rule::Limit,
+                           path + ": " + std::to_string(length) + " characters are not within the limit of " +
+                               std::to_string(least) + " to " + std::to_string(most));
     }
 }
 
@@ -34,8 +34,8 @@ AppRecord ReadApp(const JsonObjectReader& reader)
     app.address = reader.String("address");
     const std::int64_t availability = reader.Integer("availability");
     if (availability < 0 || availability > 1) {
-        throw Refused(ErrorCode::LimitExceeded,
-                      reader.Path() + ".availability: not within the limit of 0 to 1");
+        throw InvalidInput(InvalidInput::Rule::Limit,
+                           reader.Path() + ".availability: not within the limit of 0 to 1");
     }
     app.availability = static_cast<int>(availability);
     CheckLength(app.name, 1, MaxNameLength, reader.Path() + ".name");
@@ -51,7 +51,7 @@ std::vector<AppRecord> ReadApps(const boost::json::value& catalogue)
 {
     const boost::json::array* array = catalogue.if_array();
     if (array == nullptr) {
-        throw Refused(ErrorCode::WrongShape, "$: wanted array of apps, found something else");
+        throw InvalidInput(InvalidInput::Rule::Shape, "$: wanted array of apps, found something else");
     }
     std::vector<AppRecord> apps;
     std::set<std::string> codes;
@@ -59,9 +59,9 @@ std::vector<AppRecord> ReadApps(const boost::json::value& catalogue)
         const std::string path = "$[" + std::to_string(apps.size()) + "]";
         apps.push_back(ReadApp(JsonObjectReader(element, path)));
         if (!codes.insert(apps.back().serviceCode).second) {
-            throw Refused(ErrorCode::LimitExceeded, path +
-                                                        ".serviceCode: " + Quoted(apps.back().serviceCode) +
-                                                        " occurs twice; it must be unique in the catalogue");
+            throw InvalidInput(InvalidInput::Rule::Limit,
+                               path + ".serviceCode: " + Quoted(apps.back().serviceCode) +
+                                   " occurs twice; it must be unique in the catalogue");
         }
     }
     return apps;

@@ -1,7 +1,7 @@
 #include "records/ConfigurationLimits.h"
 
-#include "envelope/Refused.h"
-#include "envelope/Text.h"
+#include "base/Text.h"
+#include "json/InvalidInput.h"
 
 #include <algorithm>
 #include <map>
@@ -13,7 +13,7 @@ namespace {
 
 [[noreturn]] void Refuse(const std::string& path, const std::string& problem)
 {
-    throw Refused(ErrorCode::LimitExceeded, path + ": " + problem);
+    throw InvalidInput(InvalidInput::Rule::Limit, path + ": " + problem);
 }
 
 std::string ElementPath(const std::string& listPath, std::size_t index)

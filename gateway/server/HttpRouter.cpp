@@ -1,7 +1,8 @@
 #include "server/HttpRouter.h"
 
+#include "base/Text.h"
+#include "demo/DemoPages.h"
 #include "envelope/ErrorCode.h"
-#include "envelope/Text.h"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "server/HttpServer.h"
 
-#include "server/HttpSession.h"
-#include "server/OpenFileLimit.h"
+#include "HttpSession.h"
+#include "OpenFileLimit.h"
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context.hpp>

@@ -1,4 +1,4 @@
-#include "server/HttpSession.h"
+#include "HttpSession.h"
 
 #include <boost/asio/post.hpp>
 #include <boost/asio/write.hpp>

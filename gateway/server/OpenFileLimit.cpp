@@ -1,4 +1,4 @@
-#include "server/OpenFileLimit.h"
+#include "OpenFileLimit.h"
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <sys/resource.h>

@@ -1,6 +1,6 @@
 #include "store/StoreUrl.h"
 
-#include "envelope/Text.h"
+#include "base/Text.h"
 
 #include <stdexcept>
 

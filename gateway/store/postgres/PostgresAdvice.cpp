@@ -1,4 +1,4 @@
-#include "store/postgres/PostgresAdvice.h"
+#include "PostgresAdvice.h"
 
 #include <algorithm>
 #include <iterator>

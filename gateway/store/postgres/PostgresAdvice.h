@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/postgres/PostgresError.h"
+#include "PostgresError.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
-#include "store/postgres/PostgresConnection.h"
+#include "PostgresConnection.h"
 
-#include "store/postgres/PostgresError.h"
+#include "PostgresError.h"
 
 #include <libpq-fe.h>
 
@@ -73,7 +73,8 @@ void PostgresConnection::Closed::operator()(pg_conn* connection) const noexcept
     PQfinish(connection);
 }
 
-PostgresConnection::PostgresConnection(const PostgresTarget& target, const Limits& limits) : m_limits(limits)
+PostgresConnection::PostgresConnection(const PostgresTarget& target, const PostgresLimits& limits)
+    : m_limits(limits)
 {
     std::vector<const char*> names;
     std::vector<const char*> values;
@@ -105,24 +106,24 @@ std::string PostgresConnection::Execute(const char* sql)
     return PQcmdStatus(AwaitResult().get());
 }
 
-PostgresQuery PostgresConnection::Query(std::string_view sql)
+std::unique_ptr<IQuery> PostgresConnection::Query(std::string_view sql)
 {
     const auto known = m_statements.find(std::string(sql));
     if (known != m_statements.end()) {
-        return {*this, known->second};
+        return std::make_unique<PostgresQuery>(*this, known->second);
     }
     const std::string text(sql);
     const std::string name = "s" + std::to_string(m_statements.size());
     CheckSent(PQsendPrepare(m_connection.get(), name.c_str(), text.c_str(), 0, nullptr));
     static_cast<void>(AwaitResult());
     m_statements.emplace(text, name);
-    return {*this, name};
+    return std::make_unique<PostgresQuery>(*this, name);
 }
 
 std::string PostgresConnection::SingleValue(std::string_view sql)
 {
-    PostgresQuery query = Query(sql);
-    return query.Step() ? query.Text(0) : std::string();
+    const auto query = Query(sql);
+    return query->Step() ? query->Text(0) : std::string();
 }
 
 bool PostgresConnection::IsUsable() const noexcept
@@ -167,17 +168,17 @@ void PostgresConnection::SetLimits()
 {
     // A session that is more careful than "on" stays so; one that answers before the write is on disk would
     // break the store's promise.
-    PostgresQuery query = Query("SELECT set_config('search_path', 'tl_gateway', false), "
-                                "set_config('bytea_output', 'hex', false), "
-                                "set_config('lock_timeout', $1, false), "
-                                "set_config('statement_timeout', $2, false), "
-                                "set_config('idle_in_transaction_session_timeout', $3, false), "
-                                "set_config('synchronous_commit', CASE current_setting('synchronous_commit') "
-                                "WHEN 'remote_apply' THEN 'remote_apply' ELSE 'on' END, false)");
-    query.BindText(std::to_string(m_limits.lock.count()))
-        .BindText(std::to_string(m_limits.statement.count()))
-        .BindText(std::to_string(m_limits.answer.count()));
-    static_cast<void>(query.Step());
+    const std::string lock = std::to_string(m_limits.lock.count());
+    const std::string statement = std::to_string(m_limits.statement.count());
+    const std::string answer = std::to_string(m_limits.answer.count());
+    const auto query = Query("SELECT set_config('search_path', 'tl_gateway', false), "
+                             "set_config('bytea_output', 'hex', false), "
+                             "set_config('lock_timeout', $1, false), "
+                             "set_config('statement_timeout', $2, false), "
+                             "set_config('idle_in_transaction_session_timeout', $3, false), "
+                             "set_config('synchronous_commit', CASE current_setting('synchronous_commit') "
+                             "WHEN 'remote_apply' THEN 'remote_apply' ELSE 'on' END, false)");
+    static_cast<void>(query->BindText(lock).BindText(statement).BindText(answer).Step());
 }
 
 void PostgresConnection::CheckSent(int isSent)

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "store/postgres/PostgresQuery.h"
-#include "store/postgres/PostgresTarget.h"
+#include "PostgresQuery.h"
+#include "PostgresTarget.h"
+#include "store/postgres/PostgresLimits.h"
+#include "store/rows/IConnection.h"
 
 #include <chrono>
 #include <memory>
@@ -16,27 +18,17 @@ namespace TLGateway {
 // One connection to a server and its prepared statements. One thread at a time. Every operation throws
 // PostgresError, and none waits for ever: neither for a lock, nor for a slow statement, nor for a server that
 // has fallen silent.
-class PostgresConnection final
+class PostgresConnection final : public IConnection
 {
 public:
-    struct Limits
-    {
-        std::chrono::milliseconds lock{5000};       // for a lock that another session holds
-        std::chrono::milliseconds statement{10000}; // until the server gives up, locks included
-        std::chrono::milliseconds answer{15000};    // until the connection is given up
-    };
-
     // Connects. What is named without a schema is in the gateway's own from then on.
-    PostgresConnection(const PostgresTarget& target, const Limits& limits);
-    PostgresConnection(const PostgresConnection&) = delete;
-    PostgresConnection& operator=(const PostgresConnection&) = delete;
-    ~PostgresConnection();
+    PostgresConnection(const PostgresTarget& target, const PostgresLimits& limits);
+    ~PostgresConnection() override;
 
     // Runs one or more statements that give no rows. Gives what the server says of the last ("COMMIT").
     std::string Execute(const char* sql);
 
-    // The statement is prepared once per text.
-    [[nodiscard]] PostgresQuery Query(std::string_view sql);
+    [[nodiscard]] std::unique_ptr<IQuery> Query(std::string_view sql) override;
 
     // The first column of the first row, or an empty text.
     [[nodiscard]] std::string SingleValue(std::string_view sql);
@@ -64,7 +56,7 @@ private:
     void AwaitSocket(bool alsoToWrite, std::chrono::steady_clock::time_point deadline);
     [[noreturn]] void ThrowLost(const std::string& message, const std::string& state = {});
 
-    const Limits m_limits;
+    const PostgresLimits m_limits;
     std::unique_ptr<pg_conn, Closed> m_connection;             // null once it is lost
     std::unordered_map<std::string, std::string> m_statements; // names by text
 };

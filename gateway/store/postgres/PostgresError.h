@@ -1,13 +1,14 @@
 #pragma once
 
-#include <stdexcept>
+#include "store/rows/DatabaseError.h"
+
 #include <string>
 #include <utility>
 
 namespace TLGateway {
 
 // A call of the server, or the way to it, failed.
-class PostgresError final : public std::runtime_error
+class PostgresError final : public DatabaseError
 {
 public:
     enum class Connection
@@ -18,7 +19,7 @@ public:
 
     // The state is the server's SQLSTATE; empty when the failure did not come from the server.
     PostgresError(std::string state, const std::string& message, Connection connection)
-        : std::runtime_error(message), m_state(std::move(state)), m_connection(connection)
+        : DatabaseError(message), m_state(std::move(state)), m_connection(connection)
     {}
 
     [[nodiscard]] const std::string& State() const noexcept { return m_state; }

@@ -1,6 +1,6 @@
-#include "store/postgres/PostgresPool.h"
+#include "PostgresPool.h"
 
-#include "store/postgres/PostgresError.h"
+#include "PostgresError.h"
 
 #include <string>
 #include <utility>

@@ -1,7 +1,7 @@
-#include "store/postgres/PostgresQuery.h"
+#include "PostgresQuery.h"
 
-#include "store/postgres/PostgresConnection.h"
-#include "store/postgres/PostgresError.h"
+#include "PostgresConnection.h"
+#include "PostgresError.h"
 
 #include <libpq-fe.h>
 
@@ -54,25 +54,25 @@ PostgresQuery::PostgresQuery(PostgresConnection& connection, std::string stateme
     : m_connection(connection), m_statement(std::move(statement))
 {}
 
-PostgresQuery& PostgresQuery::BindText(std::string_view text)
+IQuery& PostgresQuery::BindText(std::string_view text)
 {
     m_parameters.push_back({ToPostgresText(text), false});
     return *this;
 }
 
-PostgresQuery& PostgresQuery::BindBlob(std::string_view bytes)
+IQuery& PostgresQuery::BindBlob(std::string_view bytes)
 {
     m_parameters.push_back({std::string(bytes), true});
     return *this;
 }
 
-PostgresQuery& PostgresQuery::BindInteger(std::int64_t value)
+IQuery& PostgresQuery::BindInteger(std::int64_t value)
 {
     m_parameters.push_back({std::to_string(value), false});
     return *this;
 }
 
-PostgresQuery& PostgresQuery::BindBoolean(bool value)
+IQuery& PostgresQuery::BindBoolean(bool value)
 {
     m_parameters.push_back({value ? "t" : "f", false});
     return *this;
@@ -121,6 +121,11 @@ std::int64_t PostgresQuery::Integer(int column) const
 bool PostgresQuery::Boolean(int column) const
 {
     return Raw(column) == "t";
+}
+
+void PostgresQuery::ThrowDamaged(const std::string& finding) const
+{
+    throw PostgresError("XX001", finding, PostgresError::Connection::Usable);
 }
 
 std::string_view PostgresQuery::Raw(int column) const

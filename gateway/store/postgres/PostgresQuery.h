@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/rows/IQuery.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -24,28 +26,27 @@ using PostgresResult = std::unique_ptr<pg_result, PostgresResultDeleter>;
 [[nodiscard]] std::string ToPostgresText(std::string_view text);
 [[nodiscard]] std::string FromPostgresText(std::string_view stored);
 
-// One run of a prepared statement. Parameters count from 1 and are bound in their order, columns count from
-// 0. It runs at the first Step or at Run, which throw PostgresError.
-class PostgresQuery final
+// One run of a prepared statement. It runs at the first Step or at Run.
+class PostgresQuery final : public IQuery
 {
 public:
     // The connection must outlive the query.
     PostgresQuery(PostgresConnection& connection, std::string statement);
 
-    PostgresQuery& BindText(std::string_view text);
-    PostgresQuery& BindBlob(std::string_view bytes);
-    PostgresQuery& BindInteger(std::int64_t value);
-    PostgresQuery& BindBoolean(bool value);
+    IQuery& BindText(std::string_view text) override;
+    IQuery& BindBlob(std::string_view bytes) override;
+    IQuery& BindInteger(std::int64_t value) override;
+    IQuery& BindBoolean(bool value) override;
 
-    // True while there is a row to look at.
-    [[nodiscard]] bool Step();
-    // Gives the number of rows that the statement changed.
-    std::size_t Run();
+    [[nodiscard]] bool Step() override;
+    std::size_t Run() override;
 
-    [[nodiscard]] std::string Text(int column) const;
-    [[nodiscard]] std::string Blob(int column) const;
-    [[nodiscard]] std::int64_t Integer(int column) const;
-    [[nodiscard]] bool Boolean(int column) const;
+    [[nodiscard]] std::string Text(int column) const override;
+    [[nodiscard]] std::string Blob(int column) const override;
+    [[nodiscard]] std::int64_t Integer(int column) const override;
+    [[nodiscard]] bool Boolean(int column) const override;
+
+    [[noreturn]] void ThrowDamaged(const std::string& finding) const override;
 
 private:
     friend class PostgresConnection;

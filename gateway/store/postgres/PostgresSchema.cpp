@@ -1,6 +1,6 @@
-#include "store/postgres/PostgresSchema.h"
+#include "PostgresSchema.h"
 
-#include "store/postgres/PostgresError.h"
+#include "PostgresError.h"
 
 #include <optional>
 #include <stdexcept>
@@ -122,8 +122,8 @@ void CheckNotNewer(std::size_t version, std::size_t known)
 bool MigrateOnce(PostgresConnection& connection, const std::vector<const char*>& scripts,
                  EmptyDatabase emptyDatabase)
 {
-    PostgresQuery lock = connection.Query("SELECT pg_advisory_xact_lock($1)");
-    static_cast<void>(lock.BindInteger(MigrationLock).Step());
+    const auto lock = connection.Query("SELECT pg_advisory_xact_lock($1)");
+    static_cast<void>(lock->BindInteger(MigrationLock).Step());
     // Read under the lock: another gateway may be migrating the same database.
     std::optional<std::size_t> version = ReadVersion(connection);
     if (!version) {
@@ -143,7 +143,7 @@ bool MigrateOnce(PostgresConnection& connection, const std::vector<const char*>&
     }
     connection.Execute(scripts[*version]);
     connection.Query("UPDATE schema_version SET version = $1")
-        .BindInteger(static_cast<std::int64_t>(*version) + 1)
+        ->BindInteger(static_cast<std::int64_t>(*version) + 1)
         .Run();
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/postgres/PostgresConnection.h"
+#include "PostgresConnection.h"
 
 #include <vector>
 

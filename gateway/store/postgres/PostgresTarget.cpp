@@ -1,6 +1,6 @@
-#include "store/postgres/PostgresTarget.h"
+#include "PostgresTarget.h"
 
-#include "envelope/Text.h"
+#include "base/Text.h"
 #include "store/StoreUrl.h"
 
 #include <libpq-fe.h>

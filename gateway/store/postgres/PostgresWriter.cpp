@@ -1,16 +1,15 @@
-#include "store/postgres/PostgresWriter.h"
+#include "PostgresWriter.h"
 
-#include "envelope/Refused.h"
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
-#include "store/postgres/PostgresAdvice.h"
+#include "PostgresAdvice.h"
+#include "PostgresQuery.h"
+#include "base/Random.h"
+#include "base/Text.h"
 
 #include <boost/json/array.hpp>
 #include <boost/json/serialize.hpp>
 #include <spdlog/logger.h>
 
 #include <algorithm>
-#include <iterator>
 #include <set>
 #include <utility>
 
@@ -27,11 +26,8 @@ constexpr std::chrono::seconds OneByOneLimit{10};
 constexpr std::chrono::milliseconds DoubtInterval{250};
 constexpr std::size_t NameSize = 16;
 
-const Refusal StoreFailure = {ErrorCode::StoreFailed, "the store failed; the gateway's log has the details"};
-const Refusal OutcomeUnknown = {ErrorCode::StoreFailed,
-                                "it is not known whether this is stored; the gateway's log has the details"};
-const Refusal QueueFull = {ErrorCode::Busy, "too many writes are waiting; try again"};
-const Refusal ShuttingDown = {ErrorCode::Busy, "the gateway is shutting down; try again"};
+const WriteFailure StoreFailure(WriteFailure::Reason::StoreFailed);
+const WriteFailure OutcomeUnknown(WriteFailure::Reason::OutcomeUnknown);
 
 // Two transactions that wait for each other, one of which the server has ended.
 bool IsConflict(const PostgresError& error)
@@ -46,6 +42,7 @@ PostgresWriter::PostgresWriter(Connect connect, Options options, std::shared_ptr
     , m_options(std::move(options))
     , m_logger(std::move(logger))
     , m_name(ToHex(RandomBytes(NameSize)))
+    , m_queue(m_options.queueLimit)
     , m_thread(&PostgresWriter::Work, this)
 {}
 
@@ -54,36 +51,22 @@ PostgresWriter::~PostgresWriter()
     Close();
 }
 
-void PostgresWriter::Submit(std::string what, std::string pin, Write write, Done done)
+void PostgresWriter::Submit(WriteJob job)
 {
-    std::unique_lock lock(m_mutex);
-    if (m_closingSince || m_queue.size() >= m_options.queueLimit) {
-        const Refusal& refusal = m_closingSince ? ShuttingDown : QueueFull;
-        lock.unlock();
-        done(refusal);
-        return;
-    }
-    m_queue.push_back({std::move(what), std::move(pin), std::move(write), std::move(done), std::nullopt});
-    lock.unlock();
-    m_wake.notify_one();
+    m_queue.Push(std::move(job));
 }
 
 void PostgresWriter::Close()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_closingSince) {
-            return;
-        }
-        m_closingSince = std::chrono::steady_clock::now();
+    if (!m_queue.Close()) {
+        return;
     }
-    m_wake.notify_one();
     m_thread.join();
     if (!m_connection) {
         return;
     }
     try {
-        m_connection->Query("DELETE FROM write_receipt WHERE writer = $1").BindText(m_name).Run();
+        m_connection->Query("DELETE FROM write_receipt WHERE writer = $1")->BindText(m_name).Run();
     } catch (const PostgresError& error) {
         // Nothing is lost: a gateway that starts later removes it.
         m_logger->warn(
@@ -94,30 +77,18 @@ void PostgresWriter::Close()
 
 void PostgresWriter::Work()
 {
-    for (;;) {
-        std::vector<Job> batch;
-        {
-            std::unique_lock lock(m_mutex);
-            m_wake.wait(lock, [this] { return m_closingSince || !m_queue.empty(); });
-            if (m_queue.empty()) {
-                return;
-            }
-            const auto count = static_cast<std::ptrdiff_t>(std::min(m_queue.size(), MaxBatch));
-            batch.assign(std::make_move_iterator(m_queue.begin()),
-                         std::make_move_iterator(m_queue.begin() + count));
-            m_queue.erase(m_queue.begin(), m_queue.begin() + count);
-        }
+    for (auto batch = m_queue.Take(MaxBatch); !batch.empty(); batch = m_queue.Take(MaxBatch)) {
         RunBatch(batch);
-        for (Job& job : batch) {
-            job.done(job.refusal);
+        for (WriteJob& job : batch) {
+            job.done(job.failure);
         }
     }
 }
 
-void PostgresWriter::RunBatch(std::vector<Job>& batch)
+void PostgresWriter::RunBatch(std::vector<WriteJob>& batch)
 {
     Jobs jobs;
-    for (Job& job : batch) {
+    for (WriteJob& job : batch) {
         jobs.push_back(&job);
     }
     std::optional<PostgresError> error = RunTransaction(jobs);
@@ -129,7 +100,7 @@ void PostgresWriter::RunBatch(std::vector<Job>& batch)
     } else if (!error->IsConnectionLost()) {
         // One of them may be to blame.
         const auto deadline = std::chrono::steady_clock::now() + OneByOneLimit;
-        for (Job& job : batch) {
+        for (WriteJob& job : batch) {
             if (!error || (!error->IsConnectionLost() && std::chrono::steady_clock::now() < deadline)) {
                 error = RunTransaction({&job});
             }
@@ -138,8 +109,8 @@ void PostgresWriter::RunBatch(std::vector<Job>& batch)
             }
         }
     } else {
-        for (Job& job : batch) {
-            job.refusal = StoreFailure;
+        for (WriteJob& job : batch) {
+            job.failure = StoreFailure;
         }
         m_logger->error(
             "{}", DescribeForOperator(std::to_string(batch.size()) + " writes", m_options.database, *error));
@@ -171,26 +142,26 @@ std::optional<PostgresError> PostgresWriter::RunTransaction(const Jobs& jobs)
 
 void PostgresWriter::RunOnce(const Jobs& jobs)
 {
-    for (Job* job : jobs) {
-        job->refusal.reset();
+    for (WriteJob* job : jobs) {
+        job->failure.reset();
     }
     PostgresConnection& connection = Connected();
     connection.Execute("BEGIN ISOLATION LEVEL READ COMMITTED");
     connection
         .Query("INSERT INTO write_receipt (writer, number, written_at) VALUES ($1, $2, now()) "
                "ON CONFLICT (writer) DO UPDATE SET number = excluded.number, written_at = now()")
-        .BindText(m_name)
+        ->BindText(m_name)
         .BindInteger(++m_transactions)
         .Run();
     LockUsers(jobs);
     if (jobs.size() == 1) {
-        RunOnlyJob(*jobs.front());
+        RunWrite(*jobs.front(), connection, m_options.database, *m_logger);
     } else {
         RunUnderSavepoints(jobs);
     }
-    const bool isAllRefused =
-        std::all_of(jobs.begin(), jobs.end(), [](const Job* job) { return job->refusal.has_value(); });
-    if (isAllRefused) {
+    const bool haveAllFailed =
+        std::all_of(jobs.begin(), jobs.end(), [](const WriteJob* job) { return job->failure.has_value(); });
+    if (haveAllFailed) {
         connection.Execute("ROLLBACK");
     } else {
         Commit(jobs);
@@ -201,7 +172,7 @@ void PostgresWriter::RunOnce(const Jobs& jobs)
 void PostgresWriter::LockUsers(const Jobs& jobs)
 {
     std::set<std::string> pins;
-    for (const Job* job : jobs) {
+    for (const WriteJob* job : jobs) {
         if (!job->pin.empty()) {
             pins.insert(ToPostgresText(job->pin));
         }
@@ -210,24 +181,11 @@ void PostgresWriter::LockUsers(const Jobs& jobs)
         return;
     }
     const boost::json::array list(pins.begin(), pins.end());
-    PostgresQuery query = m_connection->Query(
+    const std::string pinList = boost::json::serialize(list);
+    const auto query = m_connection->Query(
         "SELECT 1 FROM gateway_user WHERE pin IN (SELECT json_array_elements_text($1::json)) "
         "ORDER BY pin FOR NO KEY UPDATE OF gateway_user");
-    static_cast<void>(query.BindText(boost::json::serialize(list)).Step());
-}
-
-void PostgresWriter::RunOnlyJob(Job& job)
-{
-    try {
-        job.write(*m_connection);
-    } catch (const Refused& refused) {
-        job.refusal = refused.Reason();
-    } catch (const PostgresError&) {
-        throw;
-    } catch (const std::exception& error) {
-        job.refusal = {ErrorCode::Internal, "internal error"};
-        m_logger->error("database {}: {} failed: {}", m_options.database, job.what, error.what());
-    }
+    static_cast<void>(query->BindText(pinList).Step());
 }
 
 // Throws PostgresError only when the whole transaction is lost.
@@ -235,17 +193,17 @@ void PostgresWriter::RunUnderSavepoints(const Jobs& jobs)
 {
     PostgresConnection& connection = *m_connection;
     bool isFirst = true;
-    for (Job* job : jobs) {
+    for (WriteJob* job : jobs) {
         connection.Execute(std::exchange(isFirst, false) ? "SAVEPOINT job" : "RELEASE job; SAVEPOINT job");
         try {
-            RunOnlyJob(*job);
+            RunWrite(*job, connection, m_options.database, *m_logger);
         } catch (const PostgresError& error) {
             if (IsConflict(error) || error.IsConnectionLost() || !connection.IsInTransaction()) {
                 throw;
             }
             Fail(*job, error);
         }
-        if (job->refusal) {
+        if (job->failure) {
             connection.Execute("ROLLBACK TO job");
         }
     }
@@ -276,9 +234,9 @@ void PostgresWriter::Commit(const Jobs& jobs)
                    : *isCommitted ? "are stored, as the server says"
                                   : "are not stored, as the server says");
     // Not tried again when they are not stored: that may be long ago, and others may have written since.
-    for (Job* job : jobs) {
-        if (!isCommitted.value_or(false) && !job->refusal) {
-            job->refusal = isCommitted ? StoreFailure : OutcomeUnknown;
+    for (WriteJob* job : jobs) {
+        if (!isCommitted.value_or(false) && !job->failure) {
+            job->failure = isCommitted ? StoreFailure : OutcomeUnknown;
         }
     }
 }
@@ -291,10 +249,10 @@ std::optional<bool> PostgresWriter::AskWhetherCommitted()
 {
     for (;;) {
         try {
-            PostgresQuery query = Connected().Query("INSERT INTO write_receipt (writer, number, written_at) "
-                                                    "VALUES ($1, 0, now()) ON CONFLICT (writer) DO UPDATE "
-                                                    "SET written_at = now() RETURNING number");
-            return query.BindText(m_name).Step() && query.Integer(0) == m_transactions;
+            const auto query = Connected().Query("INSERT INTO write_receipt (writer, number, written_at) "
+                                                 "VALUES ($1, 0, now()) ON CONFLICT (writer) DO UPDATE "
+                                                 "SET written_at = now() RETURNING number");
+            return query->BindText(m_name).Step() && query->Integer(0) == m_transactions;
         } catch (const PostgresError& error) {
             m_logger->debug("{}",
                             DescribeForOperator("asking for the last commit", m_options.database, error));
@@ -302,31 +260,21 @@ std::optional<bool> PostgresWriter::AskWhetherCommitted()
         }
         // They would wait for the same server.
         RefuseWaiting();
-        if (!MayStayInDoubt()) {
+        m_queue.AwaitNews(DoubtInterval);
+        const auto closed = m_queue.ClosedSince();
+        if (closed && std::chrono::steady_clock::now() - *closed >= m_options.doubtAtClose) {
             return std::nullopt;
         }
     }
 }
 
-// Waits a little; false when the writer has been closing for too long.
-bool PostgresWriter::MayStayInDoubt()
-{
-    std::unique_lock lock(m_mutex);
-    m_wake.wait_for(lock, DoubtInterval);
-    return !m_closingSince || std::chrono::steady_clock::now() - *m_closingSince < m_options.doubtAtClose;
-}
-
 void PostgresWriter::RefuseWaiting()
 {
-    std::deque<Job> waiting;
-    {
-        const std::lock_guard lock(m_mutex);
-        waiting.swap(m_queue);
-    }
+    const std::vector<WriteJob> waiting = m_queue.TakeAll();
     if (!waiting.empty()) {
         m_logger->error("database {}: {} waiting write(s) refused", m_options.database, waiting.size());
     }
-    for (Job& job : waiting) {
+    for (const WriteJob& job : waiting) {
         job.done(StoreFailure);
     }
 }
@@ -356,9 +304,9 @@ void PostgresWriter::RollBack() noexcept
     }
 }
 
-void PostgresWriter::Fail(Job& job, const PostgresError& error)
+void PostgresWriter::Fail(WriteJob& job, const PostgresError& error)
 {
-    job.refusal = StoreFailure;
+    job.failure = StoreFailure;
     m_logger->error("{}", DescribeForOperator(job.what, m_options.database, error));
 }
 

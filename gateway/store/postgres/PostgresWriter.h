@@ -1,17 +1,14 @@
 #pragma once
 
-#include "envelope/Refusal.h"
-#include "store/postgres/PostgresConnection.h"
-#include "store/postgres/PostgresError.h"
+#include "PostgresConnection.h"
+#include "PostgresError.h"
+#include "store/rows/WriteQueue.h"
 
 #include <chrono>
-#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
@@ -29,16 +26,12 @@ namespace TLGateway {
 // writes.
 //
 // When the connection is lost before a commit, the transaction is rolled back and done once more on a new
-// connection; when there is none, all writes that wait are refused (5002). When it is lost during a commit,
+// connection; when there is none, all writes that wait fail (StoreFailed). When it is lost during a commit,
 // the writes are answered as soon as the server has said whether they are stored.
 class PostgresWriter final
 {
 public:
     using Connect = std::function<std::unique_ptr<PostgresConnection>()>;
-    // Changes the database within the transaction that is open. May run again after a roll-back. Throws
-    // PostgresError, or Refused to undo just this write.
-    using Write = std::function<void(PostgresConnection& connection)>;
-    using Done = std::function<void(const std::optional<Refusal>& refusal)>;
 
     struct Options
     {
@@ -54,39 +47,28 @@ public:
     // Calls Close.
     ~PostgresWriter();
 
-    // Any thread. `what` names the write in the log. From before the write until its commit no other gateway
-    // changes what belongs to the user `pin`; empty for a write that belongs to none. When the queue is full
-    // or the writer closed, `done` is called with 5001 before this returns.
-    void Submit(std::string what, std::string pin, Write write, Done done);
+    // Any thread. From before the write until its commit no other gateway changes what belongs to the job's
+    // user. When the queue is full or the writer closed, the job's `done` hears so before this returns.
+    void Submit(WriteJob job);
 
-    // Finishes the writes that wait. Submit refuses from now on.
+    // Does the writes that wait. Later ones fail (Closing).
     void Close();
 
 private:
-    struct Job
-    {
-        std::string what;
-        std::string pin;
-        Write write;
-        Done done;
-        std::optional<Refusal> refusal;
-    };
-    using Jobs = std::vector<Job*>;
+    using Jobs = std::vector<WriteJob*>;
 
     void Work();
-    void RunBatch(std::vector<Job>& batch);
+    void RunBatch(std::vector<WriteJob>& batch);
     [[nodiscard]] std::optional<PostgresError> RunTransaction(const Jobs& jobs);
     void RunOnce(const Jobs& jobs);
     void LockUsers(const Jobs& jobs);
-    void RunOnlyJob(Job& job);
     void RunUnderSavepoints(const Jobs& jobs);
     void Commit(const Jobs& jobs);
     [[nodiscard]] std::optional<bool> AskWhetherCommitted();
-    [[nodiscard]] bool MayStayInDoubt();
     void RefuseWaiting();
     [[nodiscard]] PostgresConnection& Connected();
     void RollBack() noexcept;
-    void Fail(Job& job, const PostgresError& error);
+    void Fail(WriteJob& job, const PostgresError& error);
 
     const Connect m_connect;
     const Options m_options;
@@ -96,10 +78,7 @@ private:
     std::unique_ptr<PostgresConnection> m_connection; // null while there is none
     std::int64_t m_transactions = 0;
 
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::deque<Job> m_queue;
-    std::optional<std::chrono::steady_clock::time_point> m_closingSince;
+    WriteQueue m_queue;
     std::thread m_thread; // last: it uses all of the above
 };
 

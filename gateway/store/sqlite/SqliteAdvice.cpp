@@ -1,4 +1,4 @@
-#include "store/sqlite/SqliteAdvice.h"
+#include "SqliteAdvice.h"
 
 #include <sqlite3.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/sqlite/SqliteError.h"
+#include "SqliteError.h"
 
 #include <string>
 

@@ -1,10 +1,25 @@
-#include "store/sqlite/SqliteConnection.h"
+#include "SqliteConnection.h"
 
-#include "store/sqlite/SqliteError.h"
+#include "SqliteError.h"
+#include "SqliteQuery.h"
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace TLGateway {
+
+namespace {
+
+// SQLite takes $1 for a name; its number 1 is ?1. No statement has a dollar sign elsewhere.
+std::string WithNumberedParameters(std::string_view sql)
+{
+    std::string text(sql);
+    std::replace(text.begin(), text.end(), '$', '?');
+    return text;
+}
+
+} // namespace
 
 SqliteConnection::SqliteConnection(const std::string& file, Mode mode, std::chrono::milliseconds busyTimeout)
 {
@@ -31,34 +46,30 @@ void SqliteConnection::Execute(const char* sql)
     Check(sqlite3_exec(m_connection, sql, nullptr, nullptr, nullptr));
 }
 
-SqliteQuery SqliteConnection::Query(std::string_view sql)
+std::unique_ptr<IQuery> SqliteConnection::Query(std::string_view sql)
 {
     const auto [position, isNew] = m_statements.try_emplace(std::string(sql), nullptr);
     if (isNew) {
-        const int result = sqlite3_prepare_v3(m_connection, sql.data(), static_cast<int>(sql.size()),
+        const std::string text = WithNumberedParameters(sql);
+        const int result = sqlite3_prepare_v3(m_connection, text.c_str(), static_cast<int>(text.size()),
                                               SQLITE_PREPARE_PERSISTENT, &position->second, nullptr);
         if (result != SQLITE_OK) {
             m_statements.erase(position);
             Check(result);
         }
     }
-    return SqliteQuery(position->second);
+    return std::make_unique<SqliteQuery>(position->second);
 }
 
 std::string SqliteConnection::SingleValue(std::string_view sql)
 {
-    SqliteQuery query = Query(sql);
-    return query.Step() ? query.Text(0) : std::string();
+    const auto query = Query(sql);
+    return query->Step() ? query->Text(0) : std::string();
 }
 
 bool SqliteConnection::IsInTransaction() const noexcept
 {
     return sqlite3_get_autocommit(m_connection) == 0;
-}
-
-int SqliteConnection::ChangedRows() const noexcept
-{
-    return sqlite3_changes(m_connection);
 }
 
 void SqliteConnection::Checkpoint()

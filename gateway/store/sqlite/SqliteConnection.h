@@ -1,19 +1,21 @@
 #pragma once
 
-#include "store/sqlite/SqliteQuery.h"
+#include "store/rows/IConnection.h"
 
 #include <chrono>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace TLGateway {
 
 // One connection to a database file and its prepared statements. One thread at a time. Every operation throws
 // SqliteError.
-class SqliteConnection final
+class SqliteConnection final : public IConnection
 {
 public:
     enum class Mode
@@ -24,22 +26,17 @@ public:
 
     // The path is UTF-8. How long a statement waits for a lock that another connection holds: busyTimeout.
     SqliteConnection(const std::string& file, Mode mode, std::chrono::milliseconds busyTimeout);
-    SqliteConnection(const SqliteConnection&) = delete;
-    SqliteConnection& operator=(const SqliteConnection&) = delete;
-    ~SqliteConnection();
+    ~SqliteConnection() override;
 
     // Runs one or more statements that give no rows.
     void Execute(const char* sql);
 
-    // The statement is prepared once per text. Two runs of one text must not overlap.
-    [[nodiscard]] SqliteQuery Query(std::string_view sql);
+    [[nodiscard]] std::unique_ptr<IQuery> Query(std::string_view sql) override;
 
     // The first column of the first row, or an empty text.
     [[nodiscard]] std::string SingleValue(std::string_view sql);
 
     [[nodiscard]] bool IsInTransaction() const noexcept;
-    // Rows that the last statement changed.
-    [[nodiscard]] int ChangedRows() const noexcept;
     // Moves the write-ahead log into the database file, as far as that can be done without waiting for
     // others.
     void Checkpoint();

@@ -1,15 +1,16 @@
 #pragma once
 
-#include <stdexcept>
+#include "store/rows/DatabaseError.h"
+
 #include <string>
 
 namespace TLGateway {
 
 // A call of SQLite failed. The code is SQLite's extended result code.
-class SqliteError final : public std::runtime_error
+class SqliteError final : public DatabaseError
 {
 public:
-    SqliteError(int code, const std::string& message) : std::runtime_error(message), m_code(code) {}
+    SqliteError(int code, const std::string& message) : DatabaseError(message), m_code(code) {}
 
     [[nodiscard]] int Code() const noexcept { return m_code; }
     [[nodiscard]] int PrimaryCode() const noexcept { return m_code & 0xFF; }

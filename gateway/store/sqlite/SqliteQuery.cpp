@@ -1,46 +1,43 @@
-#include "store/sqlite/SqliteQuery.h"
+#include "SqliteQuery.h"
 
-#include "store/sqlite/SqliteError.h"
+#include "SqliteError.h"
 
 #include <sqlite3.h>
-
-#include <utility>
 
 namespace TLGateway {
 
 SqliteQuery::SqliteQuery(sqlite3_stmt* statement) noexcept : m_statement(statement) {}
 
-SqliteQuery::SqliteQuery(SqliteQuery&& other) noexcept
-    : m_statement(std::exchange(other.m_statement, nullptr))
-{}
-
 SqliteQuery::~SqliteQuery()
 {
-    if (m_statement != nullptr) {
-        sqlite3_reset(m_statement);
-        sqlite3_clear_bindings(m_statement);
-    }
+    sqlite3_reset(m_statement);
+    sqlite3_clear_bindings(m_statement);
 }
 
 // SQLite reads a null pointer as NULL, and an empty view may hold one.
-SqliteQuery& SqliteQuery::BindText(int index, std::string_view text)
+IQuery& SqliteQuery::BindText(std::string_view text)
 {
-    Check(sqlite3_bind_text64(m_statement, index, text.empty() ? "" : text.data(), text.size(), SQLITE_STATIC,
-                              SQLITE_UTF8));
+    Check(sqlite3_bind_text64(m_statement, ++m_bound, text.empty() ? "" : text.data(), text.size(),
+                              SQLITE_STATIC, SQLITE_UTF8));
     return *this;
 }
 
-SqliteQuery& SqliteQuery::BindBlob(int index, std::string_view bytes)
+IQuery& SqliteQuery::BindBlob(std::string_view bytes)
 {
-    Check(sqlite3_bind_blob64(m_statement, index, bytes.empty() ? "" : bytes.data(), bytes.size(),
+    Check(sqlite3_bind_blob64(m_statement, ++m_bound, bytes.empty() ? "" : bytes.data(), bytes.size(),
                               SQLITE_STATIC));
     return *this;
 }
 
-SqliteQuery& SqliteQuery::BindInteger(int index, std::int64_t value)
+IQuery& SqliteQuery::BindInteger(std::int64_t value)
 {
-    Check(sqlite3_bind_int64(m_statement, index, value));
+    Check(sqlite3_bind_int64(m_statement, ++m_bound, value));
     return *this;
+}
+
+IQuery& SqliteQuery::BindBoolean(bool value)
+{
+    return BindInteger(value ? 1 : 0);
 }
 
 bool SqliteQuery::Step()
@@ -55,10 +52,11 @@ bool SqliteQuery::Step()
     return false;
 }
 
-void SqliteQuery::Run()
+std::size_t SqliteQuery::Run()
 {
     while (Step()) {
     }
+    return static_cast<std::size_t>(sqlite3_changes(sqlite3_db_handle(m_statement)));
 }
 
 std::string SqliteQuery::Text(int column) const
@@ -80,6 +78,16 @@ std::string SqliteQuery::Blob(int column) const
 std::int64_t SqliteQuery::Integer(int column) const
 {
     return sqlite3_column_int64(m_statement, column);
+}
+
+bool SqliteQuery::Boolean(int column) const
+{
+    return Integer(column) != 0;
+}
+
+void SqliteQuery::ThrowDamaged(const std::string& finding) const
+{
+    throw SqliteError(SQLITE_CORRUPT, finding);
 }
 
 void SqliteQuery::Check(int result) const

@@ -1,43 +1,38 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
+#include "store/rows/IQuery.h"
 
 struct sqlite3_stmt;
 
 namespace TLGateway {
 
-// One run of a prepared statement; the statement is reset when the run ends. Parameters count from 1, columns
-// from 0. Every operation throws SqliteError.
-class SqliteQuery final
+// One run of a prepared statement; the statement is reset when the run ends.
+class SqliteQuery final : public IQuery
 {
 public:
     explicit SqliteQuery(sqlite3_stmt* statement) noexcept;
-    SqliteQuery(SqliteQuery&& other) noexcept;
-    SqliteQuery(const SqliteQuery&) = delete;
-    SqliteQuery& operator=(const SqliteQuery&) = delete;
-    SqliteQuery& operator=(SqliteQuery&&) = delete;
-    ~SqliteQuery();
+    ~SqliteQuery() override;
 
-    // Bound texts are not copied: they must live until the run ends.
-    SqliteQuery& BindText(int index, std::string_view text);
-    SqliteQuery& BindBlob(int index, std::string_view bytes);
-    SqliteQuery& BindInteger(int index, std::int64_t value);
+    IQuery& BindText(std::string_view text) override;
+    IQuery& BindBlob(std::string_view bytes) override;
+    IQuery& BindInteger(std::int64_t value) override;
+    IQuery& BindBoolean(bool value) override;
 
-    // True while there is a row to look at.
-    [[nodiscard]] bool Step();
-    // Steps to the end, for statements whose rows are of no interest.
-    void Run();
+    [[nodiscard]] bool Step() override;
+    std::size_t Run() override;
 
-    [[nodiscard]] std::string Text(int column) const;
-    [[nodiscard]] std::string Blob(int column) const;
-    [[nodiscard]] std::int64_t Integer(int column) const;
+    [[nodiscard]] std::string Text(int column) const override;
+    [[nodiscard]] std::string Blob(int column) const override;
+    [[nodiscard]] std::int64_t Integer(int column) const override;
+    [[nodiscard]] bool Boolean(int column) const override;
+
+    [[noreturn]] void ThrowDamaged(const std::string& finding) const override;
 
 private:
     void Check(int result) const;
 
-    sqlite3_stmt* m_statement;
+    sqlite3_stmt* const m_statement;
+    int m_bound = 0;
 };
 
 } // namespace TLGateway

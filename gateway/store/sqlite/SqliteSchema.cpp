@@ -1,4 +1,4 @@
-#include "store/sqlite/SqliteSchema.h"
+#include "SqliteSchema.h"
 
 #include <stdexcept>
 #include <string>

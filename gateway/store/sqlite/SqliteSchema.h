@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/sqlite/SqliteConnection.h"
+#include "SqliteConnection.h"
 
 #include <vector>
 

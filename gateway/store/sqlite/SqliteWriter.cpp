@@ -1,12 +1,9 @@
-#include "store/sqlite/SqliteWriter.h"
+#include "SqliteWriter.h"
 
-#include "envelope/Refused.h"
-#include "store/sqlite/SqliteAdvice.h"
+#include "SqliteAdvice.h"
 
 #include <spdlog/logger.h>
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace TLGateway {
@@ -16,9 +13,7 @@ namespace {
 // Bounds how long the first write of a batch waits for the others.
 constexpr std::size_t MaxBatch = 256;
 
-const Refusal StoreFailure = {ErrorCode::StoreFailed, "the store failed; the gateway's log has the details"};
-const Refusal QueueFull = {ErrorCode::Busy, "too many writes are waiting; try again"};
-const Refusal ShuttingDown = {ErrorCode::Busy, "the gateway is shutting down; try again"};
+const WriteFailure StoreFailure(WriteFailure::Reason::StoreFailed);
 
 } // namespace
 
@@ -26,8 +21,8 @@ SqliteWriter::SqliteWriter(std::unique_ptr<SqliteConnection> connection, std::st
                            std::size_t queueLimit, std::shared_ptr<spdlog::logger> logger)
     : m_connection(std::move(connection))
     , m_file(std::move(file))
-    , m_queueLimit(queueLimit)
     , m_logger(std::move(logger))
+    , m_queue(queueLimit)
     , m_thread(&SqliteWriter::Work, this)
 {}
 
@@ -36,30 +31,16 @@ SqliteWriter::~SqliteWriter()
     Close();
 }
 
-void SqliteWriter::Submit(std::string what, Write write, Done done)
+void SqliteWriter::Submit(WriteJob job)
 {
-    std::unique_lock lock(m_mutex);
-    if (m_isClosing || m_queue.size() >= m_queueLimit) {
-        const Refusal& refusal = m_isClosing ? ShuttingDown : QueueFull;
-        lock.unlock();
-        done(refusal);
-        return;
-    }
-    m_queue.push_back({std::move(what), std::move(write), std::move(done), std::nullopt});
-    lock.unlock();
-    m_wake.notify_one();
+    m_queue.Push(std::move(job));
 }
 
 void SqliteWriter::Close()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_isClosing) {
-            return;
-        }
-        m_isClosing = true;
+    if (!m_queue.Close()) {
+        return;
     }
-    m_wake.notify_one();
     m_thread.join();
     try {
         m_connection->Checkpoint();
@@ -71,50 +52,38 @@ void SqliteWriter::Close()
 
 void SqliteWriter::Work()
 {
-    for (;;) {
-        std::vector<Job> jobs;
-        {
-            std::unique_lock lock(m_mutex);
-            m_wake.wait(lock, [this] { return m_isClosing || !m_queue.empty(); });
-            if (m_queue.empty()) {
-                return;
-            }
-            const auto count = static_cast<std::ptrdiff_t>(std::min(m_queue.size(), MaxBatch));
-            jobs.assign(std::make_move_iterator(m_queue.begin()),
-                        std::make_move_iterator(m_queue.begin() + count));
-            m_queue.erase(m_queue.begin(), m_queue.begin() + count);
-        }
+    for (auto jobs = m_queue.Take(MaxBatch); !jobs.empty(); jobs = m_queue.Take(MaxBatch)) {
         RunBatch(jobs);
-        for (Job& job : jobs) {
-            job.done(job.refusal);
+        for (WriteJob& job : jobs) {
+            job.done(job.failure);
         }
     }
 }
 
-void SqliteWriter::RunBatch(std::vector<Job>& jobs)
+void SqliteWriter::RunBatch(std::vector<WriteJob>& jobs)
 {
     try {
         m_connection->Execute("BEGIN IMMEDIATE");
     } catch (const SqliteError& error) {
-        for (Job& job : jobs) {
-            job.refusal = StoreFailure;
+        for (WriteJob& job : jobs) {
+            job.failure = StoreFailure;
         }
         m_logger->error("{}", DescribeForOperator("starting " + std::to_string(jobs.size()) + " write(s)",
                                                   m_file, error));
         return;
     }
     if (!RunTogether(jobs)) {
-        for (Job& job : jobs) {
+        for (WriteJob& job : jobs) {
             RunAlone(job);
         }
     }
 }
 
 // False when the transaction is gone and with it every write of the batch.
-bool SqliteWriter::RunTogether(std::vector<Job>& jobs)
+bool SqliteWriter::RunTogether(std::vector<WriteJob>& jobs)
 {
     try {
-        for (Job& job : jobs) {
+        for (WriteJob& job : jobs) {
             RunUnderSavepoint(job);
         }
         m_connection->Execute("COMMIT");
@@ -129,9 +98,9 @@ bool SqliteWriter::RunTogether(std::vector<Job>& jobs)
     }
 }
 
-void SqliteWriter::RunAlone(Job& job)
+void SqliteWriter::RunAlone(WriteJob& job)
 {
-    job.refusal.reset();
+    job.failure.reset();
     try {
         m_connection->Execute("BEGIN IMMEDIATE");
         RunUnderSavepoint(job);
@@ -143,24 +112,21 @@ void SqliteWriter::RunAlone(Job& job)
 }
 
 // Throws SqliteError only when the whole transaction is lost.
-void SqliteWriter::RunUnderSavepoint(Job& job)
+void SqliteWriter::RunUnderSavepoint(WriteJob& job)
 {
     m_connection->Execute("SAVEPOINT job");
     try {
-        job.write(*m_connection);
-        m_connection->Execute("RELEASE job");
-        return;
-    } catch (const Refused& refused) {
-        job.refusal = refused.Reason();
+        RunWrite(job, *m_connection, m_file, *m_logger);
+        if (!job.failure) {
+            m_connection->Execute("RELEASE job");
+            return;
+        }
     } catch (const SqliteError& error) {
         // A full disk or a failed read may have taken the whole transaction with it.
         if (!m_connection->IsInTransaction()) {
             throw;
         }
         Fail(job, error);
-    } catch (const std::exception& error) {
-        job.refusal = {ErrorCode::Internal, "internal error"};
-        m_logger->error("database {}: {} failed: {}", m_file, job.what, error.what());
     }
     m_connection->Execute("ROLLBACK TO job; RELEASE job");
 }
@@ -176,9 +142,9 @@ void SqliteWriter::RollBack() noexcept
     }
 }
 
-void SqliteWriter::Fail(Job& job, const SqliteError& error)
+void SqliteWriter::Fail(WriteJob& job, const SqliteError& error)
 {
-    job.refusal = StoreFailure;
+    job.failure = StoreFailure;
     m_logger->error("{}", DescribeForOperator(job.what, m_file, error));
 }
 

@@ -1,16 +1,11 @@
 #pragma once
 
-#include "envelope/Refusal.h"
-#include "store/sqlite/SqliteConnection.h"
-#include "store/sqlite/SqliteError.h"
+#include "SqliteConnection.h"
+#include "SqliteError.h"
+#include "store/rows/WriteQueue.h"
 
-#include <condition_variable>
 #include <cstddef>
-#include <deque>
-#include <functional>
 #include <memory>
-#include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -27,11 +22,6 @@ namespace TLGateway {
 class SqliteWriter final
 {
 public:
-    // Changes the database within the transaction that is open. May run again after a roll-back. Throws
-    // SqliteError, or Refused to undo just this write.
-    using Write = std::function<void(SqliteConnection& connection)>;
-    using Done = std::function<void(const std::optional<Refusal>& refusal)>;
-
     // The connection passes to the writer's thread. At most queueLimit writes wait.
     SqliteWriter(std::unique_ptr<SqliteConnection> connection, std::string file, std::size_t queueLimit,
                  std::shared_ptr<spdlog::logger> logger);
@@ -40,40 +30,26 @@ public:
     // Calls Close.
     ~SqliteWriter();
 
-    // Any thread. `what` names the write in the log. When the queue is full or the writer closed, `done` is
-    // called with 5001 before this returns.
-    void Submit(std::string what, Write write, Done done);
+    // Any thread. When the queue is full or the writer closed, the job's `done` hears so before this returns.
+    void Submit(WriteJob job);
 
-    // Finishes the writes that wait, then moves the write-ahead log into the database file. Submit refuses
-    // from now on.
+    // Does the writes that wait, then moves the write-ahead log into the database file. Later ones fail
+    // (Closing).
     void Close();
 
 private:
-    struct Job
-    {
-        std::string what;
-        Write write;
-        Done done;
-        std::optional<Refusal> refusal;
-    };
-
     void Work();
-    void RunBatch(std::vector<Job>& jobs);
-    [[nodiscard]] bool RunTogether(std::vector<Job>& jobs);
-    void RunAlone(Job& job);
-    void RunUnderSavepoint(Job& job);
+    void RunBatch(std::vector<WriteJob>& jobs);
+    [[nodiscard]] bool RunTogether(std::vector<WriteJob>& jobs);
+    void RunAlone(WriteJob& job);
+    void RunUnderSavepoint(WriteJob& job);
     void RollBack() noexcept;
-    void Fail(Job& job, const SqliteError& error);
+    void Fail(WriteJob& job, const SqliteError& error);
 
     const std::unique_ptr<SqliteConnection> m_connection;
     const std::string m_file;
-    const std::size_t m_queueLimit;
     const std::shared_ptr<spdlog::logger> m_logger;
-
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::deque<Job> m_queue;
-    bool m_isClosing = false;
+    WriteQueue m_queue;
     std::thread m_thread; // last: it uses all of the above
 };
 

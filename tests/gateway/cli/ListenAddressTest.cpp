@@ -1,6 +1,6 @@
-#include "cli/ListenAddress.h"
+#include "ListenAddress.h"
 
-#include "cli/CommandError.h"
+#include "CommandError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/PrettyJson.h"
+#include "PrettyJson.h"
 
 #include <boost/json/parse.hpp>
 #include <gtest/gtest.h>

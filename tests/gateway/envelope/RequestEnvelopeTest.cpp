@@ -1,8 +1,8 @@
 #include "envelope/RequestEnvelope.h"
 
+#include "base/TimeStamp.h"
 #include "envelope/FormParameters.h"
 #include "envelope/Signing.h"
-#include "envelope/TimeStamp.h"
 #include "support/FormEncode.h"
 #include "support/RefusalOf.h"
 

@@ -1,9 +1,9 @@
 #include "support/TestGateway.h"
 
-#include "envelope/BusinessJson.h"
 #include "records/ConfigurationJson.h"
 #include "support/Await.h"
 #include "support/SampleConfiguration.h"
+#include "json/BusinessJson.h"
 
 #include <boost/json/serialize.hpp>
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "methods/LoginMethod.h"
 
-#include "envelope/TimeStamp.h"
+#include "base/TimeStamp.h"
 #include "support/TestGateway.h"
 
 #include <boost/json/value_to.hpp>

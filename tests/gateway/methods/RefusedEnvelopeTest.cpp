@@ -1,7 +1,7 @@
 #include "support/TestGateway.h"
 
+#include "base/TimeStamp.h"
 #include "envelope/Signing.h"
-#include "envelope/TimeStamp.h"
 #include "support/FormEncode.h"
 #include "support/SampleConfiguration.h"
 

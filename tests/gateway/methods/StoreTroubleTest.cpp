@@ -1,6 +1,6 @@
 #include "support/TestGateway.h"
 
-#include "store/sqlite/SqliteConnection.h"
+#include "SqliteConnection.h"
 #include "support/SampleConfiguration.h"
 
 #include <gmock/gmock.h>
@@ -110,10 +110,10 @@ TEST(StoreTrouble, FullWriteQueueIs5001)
             released.wait();
             return stored;
         },
-        [&](const std::optional<Refusal>&) { firstDone.set_value(); });
+        [&](const std::optional<WriteFailure>&) { firstDone.set_value(); });
     isBlocked.get_future().wait();
     gateway.Store().SetSwitch({1, true, true},
-                              [&](const std::optional<Refusal>&) { secondDone.set_value(); });
+                              [&](const std::optional<WriteFailure>&) { secondDone.set_value(); });
 
     const auto reply = gateway.Set("anna", token, AutoRunConfiguration());
     EXPECT_EQ(reply.code, 5001);
@@ -139,8 +139,8 @@ TEST(StoreTrouble, DamagedPagesAre5002ForReadsAndWrites)
     const std::string file = folder.File("damaged.db");
     const LogCapture log;
     const auto await = [](const std::function<void(IStore::WriteDone)>& start) {
-        std::promise<std::optional<Refusal>> promise;
-        start([&](const std::optional<Refusal>& refusal) { promise.set_value(refusal); });
+        std::promise<std::optional<WriteFailure>> promise;
+        start([&](const std::optional<WriteFailure>& failure) { promise.set_value(failure); });
         return promise.get_future().get();
     };
     {
@@ -153,12 +153,12 @@ TEST(StoreTrouble, DamagedPagesAre5002ForReadsAndWrites)
     SqliteStore store({file}, log.Logger());
     DamageFile(file, 4096);
     EXPECT_THROW(static_cast<void>(store.FindConfiguration("user1")), std::runtime_error);
-    const auto refusal = await([&](auto done) {
+    const auto failure = await([&](auto done) {
         store.EditConfiguration(
             "user1", "user", [](const AutoRunConfiguration& stored) { return stored; }, done);
     });
-    ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->code, ErrorCode::StoreFailed);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_THAT(log.Text(), AllOf(HasSubstr("The database is damaged: stop the gateway"), HasSubstr(file)));
 }
 

@@ -1,7 +1,7 @@
 #include "records/AppJson.h"
 
-#include "envelope/BusinessJson.h"
-#include "support/RefusalOf.h"
+#include "support/InvalidInputOf.h"
+#include "json/BusinessJson.h"
 
 #include <boost/json/serialize.hpp>
 #include <gmock/gmock.h>
@@ -16,12 +16,12 @@ namespace {
 const std::string App =
     R"({"address":"https://e.com/","availability":1,"iconUrl":"","name":"Orders","serviceCode":"orders"})";
 
-std::string Problem(const std::string& json, ErrorCode code)
+std::string Problem(const std::string& json, InvalidInput::Rule rule)
 {
     const boost::json::value value = ParseBusinessJson(json);
-    const Refusal refusal = RefusalOf([&] { static_cast<void>(ReadApps(value)); });
-    EXPECT_EQ(refusal.code, code) << json;
-    return refusal.message;
+    const InvalidInput invalid = InvalidInputOf([&] { static_cast<void>(ReadApps(value)); });
+    EXPECT_EQ(invalid.BrokenRule(), rule) << json;
+    return invalid.what();
 }
 
 std::string With(const char* member, boost::json::value value)
@@ -44,19 +44,19 @@ TEST(AppJson, ReadsWhatItWrites)
 
 TEST(AppJson, WrongShapes)
 {
-    EXPECT_THAT(Problem("{}", ErrorCode::WrongShape), testing::HasSubstr("wanted array"));
-    EXPECT_THAT(Problem("[1]", ErrorCode::WrongShape), testing::HasSubstr("$[0]: wanted object"));
-    EXPECT_THAT(Problem(With("name", 1), ErrorCode::WrongShape), testing::HasSubstr("$[0].name"));
-    EXPECT_THAT(Problem(With("icon", 1), ErrorCode::WrongShape), testing::HasSubstr("\"icon\""));
+    EXPECT_THAT(Problem("{}", InvalidInput::Rule::Shape), testing::HasSubstr("wanted array"));
+    EXPECT_THAT(Problem("[1]", InvalidInput::Rule::Shape), testing::HasSubstr("$[0]: wanted object"));
+    EXPECT_THAT(Problem(With("name", 1), InvalidInput::Rule::Shape), testing::HasSubstr("$[0].name"));
+    EXPECT_THAT(Problem(With("icon", 1), InvalidInput::Rule::Shape), testing::HasSubstr("\"icon\""));
 }
 
 TEST(AppJson, Limits)
 {
-    EXPECT_THAT(Problem(With("availability", 2), ErrorCode::LimitExceeded), testing::HasSubstr("0 to 1"));
-    EXPECT_THAT(Problem(With("serviceCode", ""), ErrorCode::LimitExceeded), testing::HasSubstr("1 to 2048"));
-    EXPECT_THAT(Problem(With("name", boost::json::string(257, 'x')), ErrorCode::LimitExceeded),
+    EXPECT_THAT(Problem(With("availability", 2), InvalidInput::Rule::Limit), testing::HasSubstr("0 to 1"));
+    EXPECT_THAT(Problem(With("serviceCode", ""), InvalidInput::Rule::Limit), testing::HasSubstr("1 to 2048"));
+    EXPECT_THAT(Problem(With("name", boost::json::string(257, 'x')), InvalidInput::Rule::Limit),
                 testing::HasSubstr("1 to 256"));
-    EXPECT_THAT(Problem("[" + App + "," + App + "]", ErrorCode::LimitExceeded),
+    EXPECT_THAT(Problem("[" + App + "," + App + "]", InvalidInput::Rule::Limit),
                 testing::HasSubstr("$[1].serviceCode"));
 }
 

@@ -1,8 +1,8 @@
 #include "records/ConfigurationJson.h"
 
-#include "envelope/BusinessJson.h"
-#include "support/RefusalOf.h"
+#include "support/InvalidInputOf.h"
 #include "support/SampleConfiguration.h"
+#include "json/BusinessJson.h"
 
 #include <boost/json/serialize.hpp>
 #include <gtest/gtest.h>
@@ -22,9 +22,9 @@ AutoRunConfiguration Read(const std::string& json, ConfigurationSource source)
 
 std::string Shape(const std::string& json, ConfigurationSource source = ConfigurationSource::User)
 {
-    const Refusal refusal = RefusalOf([&] { static_cast<void>(Read(json, source)); });
-    EXPECT_EQ(refusal.code, ErrorCode::WrongShape);
-    return refusal.message;
+    const InvalidInput invalid = InvalidInputOf([&] { static_cast<void>(Read(json, source)); });
+    EXPECT_EQ(invalid.BrokenRule(), InvalidInput::Rule::Shape);
+    return invalid.what();
 }
 
 const std::string Entry =

@@ -1,6 +1,6 @@
 #include "records/ConfigurationLimits.h"
 
-#include "support/RefusalOf.h"
+#include "support/InvalidInputOf.h"
 #include "support/SampleConfiguration.h"
 
 #include <gmock/gmock.h>
@@ -17,9 +17,9 @@ namespace {
 std::string Limit(const AutoRunConfiguration& configuration,
                   ConfigurationSource source = ConfigurationSource::User)
 {
-    const Refusal refusal = RefusalOf([&] { CheckLimits(configuration, source, "$"); });
-    EXPECT_EQ(refusal.code, ErrorCode::LimitExceeded);
-    return refusal.message;
+    const InvalidInput invalid = InvalidInputOf([&] { CheckLimits(configuration, source, "$"); });
+    EXPECT_EQ(invalid.BrokenRule(), InvalidInput::Rule::Limit);
+    return invalid.what();
 }
 
 template <typename Change>
@@ -149,10 +149,10 @@ TEST(UsersWrite, IdOfASystemEntryCannotBeTakenByACustomOne)
 {
     AutoRunConfiguration requested;
     requested.customItems = {CustomEntry("s1")};
-    const Refusal refusal =
-        RefusalOf([&] { static_cast<void>(ApplyUsersWrite(SampleConfiguration(), requested, "$")); });
-    EXPECT_EQ(refusal.code, ErrorCode::LimitExceeded);
-    EXPECT_THAT(refusal.message, HasSubstr("must be unique"));
+    const InvalidInput invalid =
+        InvalidInputOf([&] { static_cast<void>(ApplyUsersWrite(SampleConfiguration(), requested, "$")); });
+    EXPECT_EQ(invalid.BrokenRule(), InvalidInput::Rule::Limit);
+    EXPECT_THAT(invalid.what(), HasSubstr("must be unique"));
 }
 
 TEST(UsersWrite, ActiveSystemEntryThatIsLeftOutCountsAsActive)
@@ -162,7 +162,7 @@ TEST(UsersWrite, ActiveSystemEntryThatIsLeftOutCountsAsActive)
     AutoRunConfiguration requested;
     requested.customItems = {CustomEntry("c1")};
     requested.customItems[0].activeItem = true;
-    EXPECT_THAT(RefusalOf([&] { static_cast<void>(ApplyUsersWrite(stored, requested, "$")); }).message,
+    EXPECT_THAT(InvalidInputOf([&] { static_cast<void>(ApplyUsersWrite(stored, requested, "$")); }).what(),
                 HasSubstr("limit is 1 entry with activeItem"));
 }
 

@@ -323,7 +323,7 @@ TEST(HttpServer, StopAnswersTheRequestThatIsInWork)
             released.wait();
             return stored;
         },
-        [](const std::optional<Refusal>&) {});
+        [](const std::optional<WriteFailure>&) {});
     isBlocked.get_future().wait();
 
     HttpClient client(server.Port());

@@ -1,8 +1,8 @@
 #include "store/StoreTest.h"
 
-#include "envelope/Refused.h"
 #include "server/AppKeyWatcher.h"
 #include "store/StoreError.h"
+#include "json/InvalidInput.h"
 
 #include <gmock/gmock.h>
 
@@ -79,8 +79,8 @@ TEST_P(StoreTest, ConcurrentWritesOfManyUsersKeepTheOrderOfEach)
                 store->EditConfiguration(
                     "user" + std::to_string(user), "user",
                     [i](const AutoRunConfiguration&) { return Named(std::to_string(i)); },
-                    [&](const std::optional<Refusal>& refusal) {
-                        EXPECT_FALSE(refusal);
+                    [&](const std::optional<WriteFailure>& failure) {
+                        EXPECT_FALSE(failure);
                         ++answered;
                     });
             }
@@ -113,7 +113,7 @@ TEST_P(StoreTest, EditSeesWhatTheWriteBeforeItStored)
                 next.customItems.push_back(CustomEntry(std::to_string(i)));
                 return next;
             },
-            [promise](const std::optional<Refusal>&) { promise->set_value(); });
+            [promise](const std::optional<WriteFailure>&) { promise->set_value(); });
     }
     for (auto& future : done) {
         future.wait();
@@ -124,7 +124,7 @@ TEST_P(StoreTest, EditSeesWhatTheWriteBeforeItStored)
 TEST_P(StoreTest, ConfigurationOfAnUnknownUserIsNotStored)
 {
     Open();
-    EXPECT_EQ(Put("nobody", SampleConfiguration())->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(Put("nobody", SampleConfiguration())->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_EQ(store->FindConfiguration("nobody").revision, 0);
 }
 
@@ -132,9 +132,9 @@ TEST_P(StoreTest, UserThatExistsIsNotAddedAgain)
 {
     Open();
     AddUser("anna");
-    const auto refusal = Await([&](auto done) { store->AddUser({"anna", "other", "x"}, done); });
-    ASSERT_TRUE(refusal);
-    EXPECT_THAT(refusal->message, HasSubstr("already"));
+    const auto failure = Await([&](auto done) { store->AddUser({"anna", "other", "x"}, done); });
+    ASSERT_TRUE(failure);
+    EXPECT_THAT(failure->message, HasSubstr("already"));
     EXPECT_EQ(store->FindUser("anna")->belongType, "merchant");
 }
 
@@ -192,7 +192,7 @@ TEST_P(StoreTest, StoredDocumentThatCannotBeReadIsDamage)
     ASSERT_FALSE(Put("anna", SampleConfiguration()));
     database->Execute("UPDATE configuration SET document = '{}'");
     EXPECT_THROW(static_cast<void>(store->FindConfiguration("anna")), StoreError);
-    EXPECT_EQ(Put("anna", SampleConfiguration())->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(Put("anna", SampleConfiguration())->reason, WriteFailure::Reason::StoreFailed);
 }
 
 TEST_P(StoreTest, RefusalsHaveTheirCodes)
@@ -201,20 +201,20 @@ TEST_P(StoreTest, RefusalsHaveTheirCodes)
     AddUser("anna");
     EXPECT_EQ(Await([&](auto done) {
                   store->AddUser({"anna", "m", "x"}, done);
-              })->code,
-              ErrorCode::LimitExceeded);
-    EXPECT_EQ(Await([&](auto done) { store->SetPassword("nobody", "x", done); })->code,
-              ErrorCode::NoSuchResource);
+              })->reason,
+              WriteFailure::Reason::UserExists);
+    EXPECT_EQ(Await([&](auto done) { store->SetPassword("nobody", "x", done); })->reason,
+              WriteFailure::Reason::NoSuchUser);
     const auto refuse = [](const AutoRunConfiguration&) -> AutoRunConfiguration {
-        throw Refused(ErrorCode::LimitExceeded, "no");
+        throw InvalidInput(InvalidInput::Rule::Limit, "no");
     };
     EXPECT_EQ(Await([&](auto done) { store->EditConfiguration("anna", "user", refuse, done); })->message,
               "no");
     const auto fail = [](const AutoRunConfiguration&) -> AutoRunConfiguration {
         throw std::runtime_error("oops");
     };
-    EXPECT_EQ(Await([&](auto done) { store->EditConfiguration("anna", "user", fail, done); })->code,
-              ErrorCode::Internal);
+    EXPECT_EQ(Await([&](auto done) { store->EditConfiguration("anna", "user", fail, done); })->reason,
+              WriteFailure::Reason::Internal);
     EXPECT_EQ(store->FindConfiguration("anna").revision, 0);
     EXPECT_FALSE(Put("anna", SampleConfiguration()));
 }
@@ -227,8 +227,8 @@ TEST_P(StoreTest, WritesBeyondTheQueueAndAfterCloseAreBusy)
     std::promise<void> isBlocked;
     std::promise<void> release;
     auto released = release.get_future();
-    std::promise<std::optional<Refusal>> first;
-    std::promise<std::optional<Refusal>> second;
+    std::promise<std::optional<WriteFailure>> first;
+    std::promise<std::optional<WriteFailure>> second;
     store->EditConfiguration(
         "anna", "user",
         [&](const AutoRunConfiguration& stored) {
@@ -236,16 +236,16 @@ TEST_P(StoreTest, WritesBeyondTheQueueAndAfterCloseAreBusy)
             released.wait();
             return stored;
         },
-        [&](const std::optional<Refusal>& refusal) { first.set_value(refusal); });
+        [&](const std::optional<WriteFailure>& failure) { first.set_value(failure); });
     isBlocked.get_future().wait();
     store->SetSwitch({1, true, true},
-                     [&](const std::optional<Refusal>& refusal) { second.set_value(refusal); });
-    EXPECT_EQ(Put("anna", SampleConfiguration())->code, ErrorCode::Busy);
+                     [&](const std::optional<WriteFailure>& failure) { second.set_value(failure); });
+    EXPECT_EQ(Put("anna", SampleConfiguration())->reason, WriteFailure::Reason::QueueFull);
     release.set_value();
     store->Close();
     EXPECT_FALSE(first.get_future().get());
     EXPECT_FALSE(second.get_future().get());
-    EXPECT_EQ(Put("anna", SampleConfiguration())->code, ErrorCode::Busy);
+    EXPECT_EQ(Put("anna", SampleConfiguration())->reason, WriteFailure::Reason::Closing);
 }
 
 // A writer that waits is given many writes at once, some of which fail.
@@ -265,12 +265,12 @@ TEST_P(StoreTest, FailingWritesAmongManyHarmNoOther)
             released.wait();
             return stored;
         },
-        [](const std::optional<Refusal>&) {});
+        [](const std::optional<WriteFailure>&) {});
     isBlocked.get_future().wait();
-    std::vector<std::promise<std::optional<Refusal>>> answers(100);
+    std::vector<std::promise<std::optional<WriteFailure>>> answers(100);
     for (int i = 0; i < 100; ++i) {
-        const auto done = [&answers, i](const std::optional<Refusal>& refusal) {
-            answers[static_cast<std::size_t>(i)].set_value(refusal);
+        const auto done = [&answers, i](const std::optional<WriteFailure>& failure) {
+            answers[static_cast<std::size_t>(i)].set_value(failure);
         };
         if (i % 10 == 3) {
             store->EditConfiguration(
@@ -279,7 +279,7 @@ TEST_P(StoreTest, FailingWritesAmongManyHarmNoOther)
             store->EditConfiguration(
                 "user7", "user",
                 [](const AutoRunConfiguration&) -> AutoRunConfiguration {
-                    throw Refused(ErrorCode::LimitExceeded, "no");
+                    throw InvalidInput(InvalidInput::Rule::Limit, "no");
                 },
                 done);
         } else {
@@ -290,13 +290,13 @@ TEST_P(StoreTest, FailingWritesAmongManyHarmNoOther)
     }
     release.set_value();
     for (int i = 0; i < 100; ++i) {
-        const auto refusal = answers[static_cast<std::size_t>(i)].get_future().get();
+        const auto failure = answers[static_cast<std::size_t>(i)].get_future().get();
         if (i % 10 == 3) {
-            EXPECT_EQ(refusal->code, ErrorCode::StoreFailed);
+            EXPECT_EQ(failure->reason, WriteFailure::Reason::StoreFailed);
         } else if (i % 10 == 7) {
-            EXPECT_EQ(refusal->message, "no");
+            EXPECT_EQ(failure->message, "no");
         } else {
-            EXPECT_FALSE(refusal) << refusal->message;
+            EXPECT_FALSE(failure) << failure->message;
         }
     }
     for (int user = 0; user < 10; ++user) {

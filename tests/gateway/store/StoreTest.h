@@ -27,7 +27,7 @@ protected:
         ASSERT_FALSE(Await([&](auto done) { store->AddUser({pin, "merchant", "hash"}, done); }));
     }
 
-    std::optional<Refusal> Put(const std::string& pin, const AutoRunConfiguration& configuration)
+    std::optional<WriteFailure> Put(const std::string& pin, const AutoRunConfiguration& configuration)
     {
         return Await([&](auto done) {
             store->EditConfiguration(

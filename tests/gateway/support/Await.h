@@ -8,6 +8,6 @@
 namespace TLGateway {
 
 // Starts a write and waits for its answer. Throws std::runtime_error when none comes within 120 s.
-std::optional<Refusal> Await(const std::function<void(IStore::WriteDone done)>& start);
+std::optional<WriteFailure> Await(const std::function<void(IStore::WriteDone done)>& start);
 
 } // namespace TLGateway

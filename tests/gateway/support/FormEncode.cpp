@@ -1,6 +1,6 @@
 #include "support/FormEncode.h"
 
-#include "envelope/Text.h"
+#include "base/Text.h"
 
 namespace TLGateway {
 

@@ -1,7 +1,7 @@
 #include "support/PostgresServer.h"
 
-#include "store/postgres/PostgresConnection.h"
-#include "store/postgres/PostgresError.h"
+#include "PostgresConnection.h"
+#include "PostgresError.h"
 
 #include <boost/process.hpp>
 
@@ -127,7 +127,7 @@ std::string PostgresServer::Url(const std::string& database, const std::string& 
 
 void PostgresServer::Execute(const std::string& sql, const std::string& database)
 {
-    PostgresConnection::Limits limits;
+    PostgresLimits limits;
     limits.statement = limits.answer = StartLimit;
     PostgresConnection connection(PostgresTarget(Url(database, Superuser())), limits);
     connection.Execute(sql.c_str());

@@ -1,9 +1,9 @@
 #include "support/RemoteUser.h"
 
+#include "base/Clock.h"
+#include "base/TimeStamp.h"
 #include "demo/DemoMerchant.h"
-#include "envelope/Clock.h"
 #include "envelope/Signing.h"
-#include "envelope/TimeStamp.h"
 #include "support/FormEncode.h"
 
 #include <boost/json/parse.hpp>

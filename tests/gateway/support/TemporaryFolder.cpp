@@ -1,7 +1,7 @@
 #include "support/TemporaryFolder.h"
 
-#include "envelope/Signing.h"
-#include "envelope/Text.h"
+#include "base/Random.h"
+#include "base/Text.h"
 
 #include <fstream>
 #include <iterator>

@@ -1,12 +1,8 @@
 #include "support/TestGateway.h"
 
+#include "base/TimeStamp.h"
 #include "envelope/Signing.h"
-#include "envelope/TimeStamp.h"
-#include "methods/AutoRunGetMethod.h"
-#include "methods/AutoRunSetMethod.h"
-#include "methods/FunctionListMethod.h"
-#include "methods/LogoutMethod.h"
-#include "methods/PluginListMethod.h"
+#include "methods/AllMethods.h"
 #include "records/ConfigurationJson.h"
 #include "support/Await.h"
 #include "support/FormEncode.h"
@@ -46,12 +42,7 @@ TestGateway::TestGateway(SqliteStore::Options options, std::size_t loginQueueLim
             throw std::runtime_error("cannot add a user");
         }
     }
-    m_methods.Add(std::make_unique<LoginMethod>(*m_counts, m_hasher, m_hashers, TokenLifetime));
-    m_methods.Add(std::make_unique<LogoutMethod>(*m_counts));
-    m_methods.Add(std::make_unique<AutoRunGetMethod>(*m_counts));
-    m_methods.Add(std::make_unique<AutoRunSetMethod>(*m_counts));
-    m_methods.Add(std::make_unique<PluginListMethod>(*m_counts));
-    m_methods.Add(std::make_unique<FunctionListMethod>(*m_counts));
+    AddAllMethods(m_methods, *m_counts, m_hasher, m_hashers, TokenLifetime);
     m_service = std::make_unique<GatewayService>(m_keys, m_methods, *m_counts, options.clock, m_log.Logger());
 }
 

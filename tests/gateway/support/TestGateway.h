@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/WorkerPool.h"
 #include "envelope/FormParameters.h"
 #include "methods/GatewayService.h"
 #include "methods/LoginMethod.h"
 #include "methods/PasswordHasher.h"
-#include "methods/WorkerPool.h"
 #include "store/sqlite/SqliteStore.h"
 #include "support/CountingStore.h"
 #include "support/LogCapture.h"

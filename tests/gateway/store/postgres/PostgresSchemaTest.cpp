@@ -1,6 +1,6 @@
-#include "store/postgres/PostgresSchema.h"
+#include "PostgresSchema.h"
 
-#include "store/postgres/PostgresError.h"
+#include "PostgresError.h"
 #include "support/PostgresServer.h"
 
 #include <gmock/gmock.h>
@@ -94,7 +94,7 @@ TEST_F(PostgresSchemaTest, EmptyDatabaseCanBeRefused)
 
 TEST_F(PostgresSchemaTest, GatewaysThatStartAtOnceWaitForEachOther)
 {
-    PostgresConnection::Limits patient;
+    PostgresLimits patient;
     patient.lock = patient.statement = patient.answer = std::chrono::seconds(60);
     std::vector<std::thread> gateways;
     for (int i = 0; i < 8; ++i) {

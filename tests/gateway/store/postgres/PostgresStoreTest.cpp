@@ -1,5 +1,6 @@
 #include "store/postgres/PostgresStore.h"
 
+#include "PostgresConnection.h"
 #include "store/StoreError.h"
 #include "support/Await.h"
 #include "support/LogCapture.h"
@@ -31,7 +32,7 @@ protected:
         PostgresStore::Options options;
         options.url = at;
         options.mustExist = mustExist;
-        return std::make_unique<PostgresStore>(std::move(options), log.Logger());
+        return std::make_unique<PostgresStore>(options, log.Logger());
     }
 
     std::string OpenFailure(const std::string& at, bool mustExist = false)
@@ -120,10 +121,10 @@ TEST_F(PostgresStoreTest, OfManyWhoAddOneUserExactlyOneSucceeds)
         for (const auto& store : stores) {
             threads.emplace_back([&] {
                 const UserRecord record{"user" + std::to_string(round), "m", "h"};
-                const auto refusal = Await([&](auto done) { store->AddUser(record, done); });
-                if (!refusal) {
+                const auto failure = Await([&](auto done) { store->AddUser(record, done); });
+                if (!failure) {
                     ++added;
-                } else if (refusal->code == ErrorCode::LimitExceeded) {
+                } else if (failure->reason == WriteFailure::Reason::UserExists) {
                     ++refused;
                 }
             });
@@ -203,7 +204,7 @@ TEST_F(PostgresStoreTest, WritesOfABatchThatWaitCrosswiseAreDoneInTheEnd)
             for (int n = 0; n < 60; ++n) {
                 const int number = store == first.get() ? n % 20 : 19 - n % 20;
                 store->SetSwitch({number, true, true},
-                                 [](const std::optional<Refusal>& refusal) { EXPECT_FALSE(refusal); });
+                                 [](const std::optional<WriteFailure>& failure) { EXPECT_FALSE(failure); });
             }
             store->Close();
         });

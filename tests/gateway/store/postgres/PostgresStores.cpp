@@ -1,3 +1,4 @@
+#include "PostgresConnection.h"
 #include "store/StoreTest.h"
 #include "store/postgres/PostgresStore.h"
 #include "support/PostgresServer.h"
@@ -16,7 +17,7 @@ public:
         postgres.clock = options.clock;
         postgres.queueLimit = options.queueLimit;
         postgres.mustExist = options.mustExist;
-        return std::make_unique<PostgresStore>(std::move(postgres), std::move(logger));
+        return std::make_unique<PostgresStore>(postgres, std::move(logger));
     }
 
     void Execute(const std::string& sql) override

@@ -1,4 +1,4 @@
-#include "store/postgres/PostgresTarget.h"
+#include "PostgresTarget.h"
 
 #include "store/StoreUrl.h"
 

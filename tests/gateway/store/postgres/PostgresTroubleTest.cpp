@@ -1,3 +1,4 @@
+#include "PostgresConnection.h"
 #include "store/StoreError.h"
 #include "store/postgres/PostgresStore.h"
 #include "support/Await.h"
@@ -29,7 +30,7 @@ using testing::HasSubstr;
 class PostgresTrouble : public testing::Test
 {
 protected:
-    using Answer = std::future<std::optional<Refusal>>;
+    using Answer = std::future<std::optional<WriteFailure>>;
 
     PostgresTrouble()
     {
@@ -51,7 +52,7 @@ protected:
     // Adds an entry to the user's.
     Answer Add(const std::string& pin, const std::string& id)
     {
-        const auto promise = std::make_shared<std::promise<std::optional<Refusal>>>();
+        const auto promise = std::make_shared<std::promise<std::optional<WriteFailure>>>();
         store->EditConfiguration(
             pin, "user",
             [id](const AutoRunConfiguration& stored) {
@@ -59,7 +60,7 @@ protected:
                 next.customItems.push_back(CustomEntry(id));
                 return next;
             },
-            [promise](const std::optional<Refusal>& refusal) { promise->set_value(refusal); });
+            [promise](const std::optional<WriteFailure>& failure) { promise->set_value(failure); });
         return promise->get_future();
     }
 
@@ -157,12 +158,12 @@ protected:
     {
         for (int n = 0; !isEnding; ++n) {
             const std::string id = std::to_string(n);
-            const auto refusal = Add(Pin(i), id).get();
-            if (!refusal) {
+            const auto failure = Add(Pin(i), id).get();
+            if (!failure) {
                 writers[i].stored.insert(id);
                 ++successes;
             } else {
-                EXPECT_EQ(refusal->code, ErrorCode::StoreFailed) << refusal->message;
+                EXPECT_EQ(failure->reason, WriteFailure::Reason::StoreFailed) << failure->message;
                 ++refusals;
                 std::this_thread::yield();
             }
@@ -274,7 +275,7 @@ TEST_F(PostgresTrouble, ServerThatIsGoneIsSaidAndComesBackUnnoticed)
         EXPECT_THAT(error.what(), AllOf(HasSubstr("reading a user failed"), HasSubstr(url),
                                         HasSubstr("the gateway goes on by itself")));
     }
-    EXPECT_EQ(Add("anna", "meanwhile").get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(Add("anna", "meanwhile").get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_THAT(log.Text(),
                 AllOf(HasSubstr("storing a configuration failed"), HasSubstr("goes on by itself")));
     server.Start();
@@ -297,7 +298,7 @@ TEST_F(PostgresTrouble, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOthe
     other.Execute("BEGIN; SELECT FROM gateway_user WHERE pin = 'anna' FOR UPDATE");
     auto anna = Add("anna", "1");
     auto bert = Add("bert", "1");
-    EXPECT_EQ(anna.get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(anna.get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_FALSE(bert.get());
     EXPECT_THAT(log.Text(), HasSubstr("Another session holds a lock: find it in pg_stat_activity"));
     EXPECT_TRUE(store->FindUser("anna")) << "reads go on";
@@ -308,7 +309,7 @@ TEST_F(PostgresTrouble, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOthe
 
 TEST_F(PostgresTrouble, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForEver)
 {
-    PostgresConnection::Limits short_;
+    PostgresLimits short_;
     short_.answer = std::chrono::seconds(3);
     PostgresConnection silent(PostgresTarget(url), short_);
     silent.Execute("BEGIN; SELECT FROM gateway_user WHERE pin = 'anna' FOR UPDATE");
@@ -352,7 +353,7 @@ TEST_F(PostgresInDoubt, CommitThatDidNotArriveIsRefused)
 {
     OpenThroughProxy();
     proxy.Break(AtCommit::CutBefore);
-    EXPECT_EQ(Add("anna", "1").get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(Add("anna", "1").get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_TRUE(proxy.IsBroken());
     EXPECT_EQ(StoredOfAnna(), std::set<std::string>{"before"});
     EXPECT_THAT(log.Text(), HasSubstr("are not stored, as"));
@@ -387,7 +388,7 @@ TEST_F(PostgresInDoubt, TransactionThatIsStillUnderWayIsWaitedFor)
     EXPECT_FALSE(IsReady(answer));
     outside.Execute("SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
                     "WHERE datname = current_database() AND state = 'idle in transaction'");
-    EXPECT_EQ(answer.get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(answer.get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_EQ(StoredOfAnna(), std::set<std::string>{"before"});
 }
 
@@ -398,7 +399,7 @@ TEST_F(PostgresInDoubt, AnswerWaitsForAServerThatCannotBeReachedAndOthersAreRefu
         proxy.Break(how, true);
         auto answer = Add("anna", std::to_string(how == AtCommit::CutAfter));
         ASSERT_TRUE(IsSoon([&] { return proxy.IsBroken(); }));
-        EXPECT_EQ(Add("bert", "1").get()->code, ErrorCode::StoreFailed);
+        EXPECT_EQ(Add("bert", "1").get()->reason, WriteFailure::Reason::StoreFailed);
         EXPECT_FALSE(IsReady(answer)) << "nobody can know";
         proxy.Release();
         EXPECT_EQ(!answer.get().has_value(), how == AtCommit::CutAfter);
@@ -416,10 +417,10 @@ TEST_F(PostgresInDoubt, CloseEndsTheDoubtWithAnAnswerThatSaysSo)
     auto answer = Add("anna", "1");
     ASSERT_TRUE(IsSoon([&] { return proxy.IsBroken(); }));
     store->Close();
-    const auto refusal = answer.get();
-    ASSERT_TRUE(refusal);
-    EXPECT_EQ(refusal->code, ErrorCode::StoreFailed);
-    EXPECT_THAT(refusal->message, HasSubstr("not known whether this is stored"));
+    const auto failure = answer.get();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::OutcomeUnknown);
+    EXPECT_THAT(failure->message, HasSubstr("not known whether this is stored"));
     EXPECT_THAT(log.Text(), HasSubstr("may be stored or not"));
 }
 
@@ -439,7 +440,7 @@ TEST_F(PostgresInDoubt, WritesOfABatchShareOneFate)
                 }
                 return stored;
             },
-            [](const std::optional<Refusal>& refusal) { EXPECT_FALSE(refusal); });
+            [](const std::optional<WriteFailure>& failure) { EXPECT_FALSE(failure); });
         isBlocked.get_future().wait();
         std::vector<Answer> answers;
         answers.reserve(10);
@@ -454,7 +455,7 @@ TEST_F(PostgresInDoubt, WritesOfABatchShareOneFate)
         for (Answer& answer : answers) {
             EXPECT_EQ(!answer.get().has_value(), how == AtCommit::CutAfter);
         }
-        EXPECT_EQ(unknown.get()->code, ErrorCode::StoreFailed);
+        EXPECT_EQ(unknown.get()->reason, WriteFailure::Reason::StoreFailed);
         EXPECT_EQ(StoredOfAnna().size(), before + (how == AtCommit::CutAfter ? 10 : 0));
     }
 }

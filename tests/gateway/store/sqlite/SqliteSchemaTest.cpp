@@ -1,6 +1,6 @@
-#include "store/sqlite/SqliteSchema.h"
+#include "SqliteSchema.h"
 
-#include "store/sqlite/SqliteError.h"
+#include "SqliteError.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 #include "store/sqlite/SqliteStore.h"
 
+#include "SqliteConnection.h"
 #include "store/StoreError.h"
 #include "support/Await.h"
 #include "support/LogCapture.h"
@@ -43,7 +44,7 @@ protected:
         ASSERT_FALSE(Await([&](auto done) { store->AddUser({pin, "merchant", "hash"}, done); }));
     }
 
-    std::optional<Refusal> Put(const std::string& pin, const AutoRunConfiguration& configuration)
+    std::optional<WriteFailure> Put(const std::string& pin, const AutoRunConfiguration& configuration)
     {
         return Await([&](auto done) {
             store->EditConfiguration(
@@ -86,9 +87,9 @@ TEST_F(SqliteStoreTest, FullDiskLeavesEveryAnsweredWriteAndNothingElse)
         threads.emplace_back([&, user] {
             for (int i = 0; i < 20; ++i) {
                 const std::string name = std::to_string(i) + std::string(4000, 'x');
-                const auto refusal = Put("user" + std::to_string(user), Named(name));
-                if (refusal) {
-                    EXPECT_EQ(refusal->code, ErrorCode::StoreFailed);
+                const auto failure = Put("user" + std::to_string(user), Named(name));
+                if (failure) {
+                    EXPECT_EQ(failure->reason, WriteFailure::Reason::StoreFailed);
                     ++failures;
                 } else {
                     lastStored[static_cast<std::size_t>(user)] = name;

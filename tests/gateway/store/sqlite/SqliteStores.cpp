@@ -1,3 +1,4 @@
+#include "SqliteConnection.h"
 #include "store/StoreTest.h"
 #include "store/sqlite/SqliteStore.h"
 #include "support/TemporaryFolder.h"
@@ -16,7 +17,7 @@ public:
         sqlite.clock = options.clock;
         sqlite.queueLimit = options.queueLimit;
         sqlite.mustExist = options.mustExist;
-        return std::make_unique<SqliteStore>(std::move(sqlite), std::move(logger));
+        return std::make_unique<SqliteStore>(sqlite, std::move(logger));
     }
 
     void Execute(const std::string& sql) override

@@ -1,6 +1,6 @@
-#include "store/sqlite/SqliteWriter.h"
+#include "SqliteWriter.h"
 
-#include "envelope/Refused.h"
+#include "store/rows/WriteRefused.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
 
@@ -37,10 +37,10 @@ protected:
                                                      std::chrono::milliseconds(50));
     }
 
-    static SqliteWriter::Write Insert(int n, int thread = 0)
+    static IEngine::Work Insert(int n, int thread = 0)
     {
-        return [n, thread](SqliteConnection& connection) {
-            connection.Query("INSERT INTO t VALUES (?1, ?2)").BindInteger(1, n).BindInteger(2, thread).Run();
+        return [n, thread](IConnection& connection) {
+            connection.Query("INSERT INTO t VALUES ($1, $2)")->BindInteger(n).BindInteger(thread).Run();
         };
     }
 
@@ -49,24 +49,29 @@ protected:
     {
         std::promise<void> isBlocked;
         release = std::promise<void>();
-        writer->Submit(
-            "blocking",
-            [&isBlocked, released = release.get_future().share()](SqliteConnection&) {
-                isBlocked.set_value();
-                released.wait();
-            },
-            [](const std::optional<Refusal>&) {});
+        writer->Submit({"blocking",
+                        {},
+                        [&isBlocked, released = release.get_future().share()](IConnection&) {
+                            isBlocked.set_value();
+                            released.wait();
+                        },
+                        [](const std::optional<WriteFailure>&) {},
+                        std::nullopt});
         isBlocked.get_future().wait();
     }
 
     void Release() { release.set_value(); }
 
-    std::future<std::optional<Refusal>> Submit(SqliteWriter::Write write)
+    std::future<std::optional<WriteFailure>> Submit(IEngine::Work write)
     {
-        auto promise = std::make_shared<std::promise<std::optional<Refusal>>>();
+        auto promise = std::make_shared<std::promise<std::optional<WriteFailure>>>();
         auto future = promise->get_future();
-        writer->Submit("writing", std::move(write),
-                       [promise](const std::optional<Refusal>& refusal) { promise->set_value(refusal); });
+        writer->Submit(
+            {"writing",
+             {},
+             std::move(write),
+             [promise](const std::optional<WriteFailure>& failure) { promise->set_value(failure); },
+             std::nullopt});
         return future;
     }
 
@@ -89,13 +94,14 @@ TEST_F(SqliteWriterTest, WriteIsCommittedWhenItIsAnswered)
 TEST_F(SqliteWriterTest, WritesThatWaitTogetherAreCommittedTogether)
 {
     Block();
-    std::vector<std::future<std::optional<Refusal>>> answers;
+    std::vector<std::future<std::optional<WriteFailure>>> answers;
     std::vector<std::string> committedSeen(10);
     for (int n = 0; n < 10; ++n) {
-        answers.push_back(Submit([this, n, &committedSeen](SqliteConnection& connection) {
+        answers.push_back(Submit([this, n, &committedSeen](IConnection& connection) {
             Insert(n)(connection);
             committedSeen[static_cast<std::size_t>(n)] = Committed();
-            EXPECT_EQ(connection.SingleValue("SELECT count(*) FROM t"), std::to_string(n + 1));
+            EXPECT_EQ(static_cast<SqliteConnection&>(connection).SingleValue("SELECT count(*) FROM t"),
+                      std::to_string(n + 1));
         }));
     }
     Release();
@@ -110,24 +116,24 @@ TEST_F(SqliteWriterTest, FailingWritesOfABatchHarmNoOther)
 {
     Block();
     auto first = Submit(Insert(1));
-    auto duplicate = Submit([](SqliteConnection& connection) {
+    auto duplicate = Submit([](IConnection& connection) {
         Insert(2)(connection);
         Insert(1)(connection);
     });
-    auto refused = Submit([](SqliteConnection& connection) {
+    auto refused = Submit([](IConnection& connection) {
         Insert(3)(connection);
-        throw Refused(ErrorCode::LimitExceeded, "no");
+        throw WriteRefused(WriteFailure(WriteFailure::Reason::EditRefused, "no"));
     });
-    auto thrown = Submit([](SqliteConnection& connection) {
+    auto thrown = Submit([](IConnection& connection) {
         Insert(4)(connection);
         throw std::runtime_error("oops");
     });
     auto last = Submit(Insert(5));
     Release();
     EXPECT_FALSE(first.get());
-    EXPECT_EQ(duplicate.get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(duplicate.get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_EQ(refused.get()->message, "no");
-    EXPECT_EQ(thrown.get()->code, ErrorCode::Internal);
+    EXPECT_EQ(thrown.get()->reason, WriteFailure::Reason::Internal);
     EXPECT_FALSE(last.get());
     EXPECT_EQ(outside->SingleValue("SELECT group_concat(n) FROM t"), "1,5");
     EXPECT_THAT(log.Text(), HasSubstr("UNIQUE constraint failed"));
@@ -137,15 +143,15 @@ TEST_F(SqliteWriterTest, WriteThatTakesTheTransactionWithItHarmsNoOther)
 {
     Block();
     auto first = Submit(Insert(1));
-    auto culprit = Submit([](SqliteConnection& connection) {
+    auto culprit = Submit([](IConnection& connection) {
         // What SQLite does by itself when a disk is full at the wrong moment.
-        connection.Execute("ROLLBACK");
+        static_cast<SqliteConnection&>(connection).Execute("ROLLBACK");
         throw SqliteError(13, "database or disk is full");
     });
     auto last = Submit(Insert(2));
     Release();
     EXPECT_FALSE(first.get());
-    EXPECT_EQ(culprit.get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(culprit.get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_FALSE(last.get());
     EXPECT_EQ(outside->SingleValue("SELECT group_concat(n) FROM t"), "1,2");
     EXPECT_THAT(log.Text(), HasSubstr("The disk is full: free space"));
@@ -161,12 +167,15 @@ TEST_F(SqliteWriterTest, ManyThreadsAreAllAnsweredInTheOrderOfEach)
     for (int thread = 0; thread < threads; ++thread) {
         running.emplace_back([&, thread] {
             for (int i = 0; i < each; ++i) {
-                writer->Submit("writing", Insert(thread * each + i, thread),
-                               [&, thread, i](const std::optional<Refusal>& refusal) {
-                                   EXPECT_FALSE(refusal);
-                                   order[static_cast<std::size_t>(thread)].push_back(i);
-                                   ++answered;
-                               });
+                writer->Submit({"writing",
+                                {},
+                                Insert(thread * each + i, thread),
+                                [&, thread, i](const std::optional<WriteFailure>& failure) {
+                                    EXPECT_FALSE(failure);
+                                    order[static_cast<std::size_t>(thread)].push_back(i);
+                                    ++answered;
+                                },
+                                std::nullopt});
             }
         });
     }
@@ -190,7 +199,7 @@ TEST_F(SqliteWriterTest, FullQueueIsBusyAtOnceAndTheWaitingWritesAreDone)
     auto second = Submit(Insert(2));
     auto third = Submit(Insert(3));
     ASSERT_EQ(third.wait_for(std::chrono::seconds(0)), std::future_status::ready);
-    EXPECT_EQ(third.get()->code, ErrorCode::Busy);
+    EXPECT_EQ(third.get()->reason, WriteFailure::Reason::QueueFull);
     Release();
     EXPECT_FALSE(first.get());
     EXPECT_FALSE(second.get());
@@ -207,14 +216,14 @@ TEST_F(SqliteWriterTest, CloseDoesWhatWaitsAndMovesTheLogIntoTheFile)
     SqliteConnection alone(folder.Write("alone.db", ReadBytes(file)), SqliteConnection::Mode::ReadWrite,
                            std::chrono::milliseconds(0));
     EXPECT_EQ(alone.SingleValue("SELECT count(*) FROM t"), "1") << "the file needs its log no longer";
-    EXPECT_EQ(Submit(Insert(2)).get()->code, ErrorCode::Busy);
+    EXPECT_EQ(Submit(Insert(2)).get()->reason, WriteFailure::Reason::Closing);
 }
 
 TEST_F(SqliteWriterTest, LockOfAnotherProgramIsWaitedForAndThenRefused)
 {
     SqliteConnection other(file, SqliteConnection::Mode::ReadWrite, std::chrono::milliseconds(0));
     other.Execute("BEGIN EXCLUSIVE");
-    EXPECT_EQ(Submit(Insert(1)).get()->code, ErrorCode::StoreFailed);
+    EXPECT_EQ(Submit(Insert(1)).get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_THAT(log.Text(), HasSubstr("The database is locked"));
     other.Execute("ROLLBACK");
     EXPECT_FALSE(Submit(Insert(1)).get());

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "store/WriteFailure.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace TLGateway {
+
+// A write throws this to be undone, alone among those of its transaction.
+class WriteRefused final : public std::runtime_error
+{
+public:
+    explicit WriteRefused(WriteFailure failure)
+        : std::runtime_error(failure.message), m_failure(std::move(failure))
+    {}
+
+    [[nodiscard]] const WriteFailure& Failure() const noexcept { return m_failure; }
+
+private:
+    WriteFailure m_failure;
+};
+
+} // namespace TLGateway

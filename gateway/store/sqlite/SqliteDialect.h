@@ -1,0 +1,24 @@
+#pragma once
+
+#include "store/rows/IDialect.h"
+
+namespace TLGateway {
+
+// SQLite's SQL: times are integers, and a statement changes one table.
+class SqliteDialect final : public IDialect
+{
+public:
+    [[nodiscard]] std::string UserTable() const override;
+    [[nodiscard]] std::string SecondsOf(std::string_view column) const override;
+    [[nodiscard]] std::string TimeOf(std::string_view parameter) const override;
+
+    void EndAccess(IConnection& connection, const std::string& pin) const override;
+    void AddToken(IConnection& connection, const TokenRecord& token, UnixTime forgetBefore) const override;
+    void AddLoginFailure(IConnection& connection, const std::string& pin, UnixTime at,
+                         UnixTime forgetBefore) const override;
+    void AddRevision(IConnection& connection, const Revision& revision,
+                     std::int64_t lastDropped) const override;
+    void ClearApps(IConnection& connection) const override;
+};
+
+} // namespace TLGateway

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "SqliteConnection.h"
+#include "store/sqlite/SqliteStore.h"
+
+#include <memory>
+
+namespace TLGateway {
+
+// Opens or makes the file for writing, with the newest schema. Throws StoreError.
+[[nodiscard]] std::unique_ptr<SqliteConnection> OpenForWriting(const SqliteStore::Options& options);
+
+} // namespace TLGateway
