@@ -304,24 +304,24 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>EarlierTabsModel</name>
     <message>
-        <source>Offered at the next start, and opened again.</source>
+        <source>Offered at the next start and opened again.</source>
         <translation>下次启动时已提示，并已重新打开。</translation>
     </message>
     <message>
-        <source>Offered at the next start, and not wanted.</source>
+        <source>Offered at the next start and declined.</source>
         <translation>下次启动时已提示，但选择了不打开。</translation>
     </message>
     <message>
-        <source>Open when the client ended, and never offered.</source>
+        <source>Open when the client ended, but never offered.</source>
         <translation>客户端结束时打开着，之后未曾提示。</translation>
     </message>
     <message>
-        <source>What was kept of these tabs is damaged.</source>
+        <source>The saved record of these tabs is damaged.</source>
         <translation>保存的标签页数据已损坏。</translation>
     </message>
     <message>
-        <source>They were to open again, but not all did.</source>
-        <translation>本应重新打开，但未能全部打开。</translation>
+        <source>Not all of these tabs could be reopened.</source>
+        <translation>未能重新打开全部这些标签页。</translation>
     </message>
     <message>
         <source>1 tab</source>
@@ -1038,20 +1038,20 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>先前的标签页…</translation>
     </message>
     <message>
-        <source>What was kept of the tabs of the last run is damaged and could not be read.</source>
-        <translation>上次运行保留的标签页记录已损坏，无法读取。</translation>
+        <source>The saved tabs of your last session are damaged and cannot be read.</source>
+        <translation>您上次会话保存的标签页已损坏，无法读取。</translation>
     </message>
     <message>
-        <source>What was kept of the tabs of the last run is damaged in part. What could be read came back (tabs: %1).</source>
-        <translation>上次运行保留的标签页记录部分损坏。能读取的已恢复（标签页：%1 个）。</translation>
+        <source>Part of the saved tabs of your last session is damaged. The rest is open again (tabs: %1).</source>
+        <translation>您上次会话保存的标签页部分损坏。其余的已重新打开（标签页：%1 个）。</translation>
     </message>
     <message>
-        <source>%1 of the %2 tabs of the last run came back. All are kept under “Earlier tabs…”.</source>
-        <translation>上次运行的 %2 个标签页中恢复了 %1 个。全部保留在“先前的标签页…”中。</translation>
+        <source>%1 of the %2 tabs of your last session came back. “Earlier tabs…” has all of them.</source>
+        <translation>您上次会话的 %2 个标签页中恢复了 %1 个。“先前的标签页…”中有全部标签页。</translation>
     </message>
     <message>
-        <source>The client ended unexpectedly twice after tabs were reopened. This time every page loads only when you select its tab.</source>
-        <translation>重新打开标签页后，客户端两次意外退出。这一次，页面只在您选择其标签页时才加载。</translation>
+        <source>The client crashed twice after it had reopened your tabs. This time, each page loads only when you select its tab.</source>
+        <translation>客户端在重新打开您的标签页后两次崩溃。这一次，页面只在您选择其标签页时才加载。</translation>
     </message>
 </context>
 <context>

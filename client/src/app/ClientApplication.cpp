@@ -378,7 +378,10 @@ void ClientApplication::MakeWindow()
                                                   m_services.get(), m_kept.get(), m_loader.GetModules());
     connect(m_watch.get(), &GatewayWatch::SigFound, m_settings.get(), &ClientSettings::LoadAgain);
     m_window->AddRestartAction();
-    m_tabs = std::make_unique<TabKeeper>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);
+    m_tabs = std::make_unique<TabKeeper>(
+        window, m_questions.get(), &m_notices, &ClientServices::LoadPicture, [this] {
+            return m_services->router.IsListed(TabKeeper::GetUpdateUrl(), m_lifeCycle.GetRunningModule());
+        });
 }
 
 void ClientApplication::ShowWindow()
@@ -440,7 +443,7 @@ void ClientApplication::End(EndKind kind)
     m_endKind = kind;
     m_userInformation->Stop();
     if (m_tabs) {
-        m_tabs->TakeEnding();
+        m_tabs->PrepareEnd();
     }
     if (m_settings) {
         m_settings->Close();

@@ -76,6 +76,13 @@ void ClientRouter::SetModules(const std::vector<LoadedModule>& modules)
     }
 }
 
+bool ClientRouter::IsListed(const QString& url, const QString& moduleKey) const
+{
+    const std::vector<ModuleRoutes> modules = RoutesFor(VXRouterProtocol(url));
+    return std::any_of(modules.begin(), modules.end(),
+                       [&moduleKey](const ModuleRoutes& module) { return module.key == moduleKey; });
+}
+
 void ClientRouter::AddRoute(const QString& url, Handler handler)
 {
     m_routes.push_back({url, std::move(handler)});

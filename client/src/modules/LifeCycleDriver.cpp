@@ -5,18 +5,7 @@
 #include "frame-core/IBusinessModule.h"
 #include "frame-core/ILifeCycle.h"
 
-namespace {
-
-void Call(const LoadedModule& loaded, const char* name, void (ILifeCycle::*hook)())
-{
-    GuardedCall(loaded.key, name, [&loaded, hook] {
-        if (ILifeCycle* const lifeCycle = loaded.module->GetLifeCycle()) {
-            (lifeCycle->*hook)();
-        }
-    });
-}
-
-} // namespace
+#include <utility>
 
 void LifeCycleDriver::SetModules(const std::vector<LoadedModule>& modules)
 {
@@ -127,6 +116,17 @@ bool LifeCycleDriver::Advance(Moment from, Moment to)
     }
     m_moment = to;
     return true;
+}
+
+void LifeCycleDriver::Call(const LoadedModule& loaded, const char* name, void (ILifeCycle::*hook)())
+{
+    const QString outer = std::exchange(m_running, loaded.key);
+    GuardedCall(loaded.key, name, [&loaded, hook] {
+        if (ILifeCycle* const lifeCycle = loaded.module->GetLifeCycle()) {
+            (lifeCycle->*hook)();
+        }
+    });
+    m_running = outer;
 }
 
 void LifeCycleDriver::CallUp(const char* name, void (ILifeCycle::*hook)())

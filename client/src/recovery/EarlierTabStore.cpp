@@ -12,10 +12,10 @@
 
 namespace {
 
-const QString section = QStringLiteral("CLIENT");
-const QString listField = QStringLiteral("EARLIER_TABS");
-const QString slotKey = QStringLiteral("slot");
-const QString fateKey = QStringLiteral("fate");
+const QString Section = QStringLiteral("CLIENT");
+const QString ListField = QStringLiteral("EARLIER_TABS");
+const QString SlotKey = QStringLiteral("slot");
+const QString FateKey = QStringLiteral("fate");
 
 struct Entry
 {
@@ -30,12 +30,12 @@ QString SlotField(int slot)
 
 QString GetValue(const QString& field)
 {
-    return VXSettingManager::Instance()->GetUserValue(section, field);
+    return VXSettingManager::Instance()->GetUserValue(Section, field);
 }
 
 void SetValue(const QString& field, const QString& value)
 {
-    VXSettingManager::Instance()->SetUserValue(section, field, value);
+    VXSettingManager::Instance()->SetUserValue(Section, field, value);
 }
 
 EarlierTabStore::Fate ToFate(int number)
@@ -53,15 +53,15 @@ bool Has(const QVector<Entry>& entries, int slot)
 QVector<Entry> ReadList()
 {
     QVector<Entry> entries;
-    const QJsonArray array = QJsonDocument::fromJson(GetValue(listField).toUtf8()).array();
+    const QJsonArray array = QJsonDocument::fromJson(GetValue(ListField).toUtf8()).array();
     for (const QJsonValue& value : array) {
         const QJsonObject entry = value.toObject();
-        const int slot = entry.value(slotKey).toInt(-1);
-        if (slot >= 0 && slot < EarlierTabStore::limit && !Has(entries, slot)) {
-            entries.append({slot, ToFate(entry.value(fateKey).toInt())});
+        const int slot = entry.value(SlotKey).toInt(-1);
+        if (slot >= 0 && slot < EarlierTabStore::Limit && !Has(entries, slot)) {
+            entries.append({slot, ToFate(entry.value(FateKey).toInt())});
         }
     }
-    for (int slot = 0; slot < EarlierTabStore::limit; ++slot) {
+    for (int slot = 0; slot < EarlierTabStore::Limit; ++slot) {
         if (!Has(entries, slot) && !GetValue(SlotField(slot)).isEmpty()) {
             entries.append({slot, EarlierTabStore::Fate::Dropped});
         }
@@ -73,9 +73,9 @@ void WriteList(const QVector<Entry>& entries)
 {
     QJsonArray array;
     for (const Entry& entry : entries) {
-        array.append(QJsonObject{{slotKey, entry.slot}, {fateKey, static_cast<int>(entry.fate)}});
+        array.append(QJsonObject{{SlotKey, entry.slot}, {FateKey, static_cast<int>(entry.fate)}});
     }
-    SetValue(listField, QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
+    SetValue(ListField, QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Compact)));
 }
 
 int ChooseSlot(QVector<Entry>* entries, const QString& text)
@@ -88,7 +88,7 @@ int ChooseSlot(QVector<Entry>* entries, const QString& text)
         entries->erase(same);
         return slot;
     }
-    if (entries->size() >= EarlierTabStore::limit) {
+    if (entries->size() >= EarlierTabStore::Limit) {
         return entries->takeLast().slot;
     }
     int slot = 0;

@@ -13,15 +13,15 @@ QString GetReasonText(EarlierTabSet::Reason reason)
 {
     switch (reason) {
     case EarlierTabSet::Reason::Offered:
-        return EarlierTabsModel::tr("Offered at the next start, and opened again.");
+        return EarlierTabsModel::tr("Offered at the next start and opened again.");
     case EarlierTabSet::Reason::Declined:
-        return EarlierTabsModel::tr("Offered at the next start, and not wanted.");
+        return EarlierTabsModel::tr("Offered at the next start and declined.");
     case EarlierTabSet::Reason::Dropped:
-        return EarlierTabsModel::tr("Open when the client ended, and never offered.");
+        return EarlierTabsModel::tr("Open when the client ended, but never offered.");
     case EarlierTabSet::Reason::Unreadable:
-        return EarlierTabsModel::tr("What was kept of these tabs is damaged.");
+        return EarlierTabsModel::tr("The saved record of these tabs is damaged.");
     case EarlierTabSet::Reason::NotRestored:
-        return EarlierTabsModel::tr("They were to open again, but not all did.");
+        return EarlierTabsModel::tr("Not all of these tabs could be reopened.");
     }
     return {};
 }

@@ -4,40 +4,38 @@
 
 #include "settings-store/VXSettingManager.h"
 
-#include <QtCore/QPointer>
 #include <QtCore/QThreadPool>
 
 #include <utility>
 
 namespace {
 
-const QString section = QStringLiteral("CLIENT");
-const QString runningField = QStringLiteral("RUNNING_TABS");
+const QString Section = QStringLiteral("CLIENT");
+const QString RunningField = QStringLiteral("RUNNING_TABS");
 
 void Store(const QString& text)
 {
-    VXSettingManager::Instance()->SetUserValue(section, runningField, text);
+    VXSettingManager::Instance()->SetUserValue(Section, RunningField, text);
 }
 
 } // namespace
 
-OpenTabsRecord::OpenTabsRecord(QObject* parent) : QObject(parent) {}
+OpenTabsRecord::OpenTabsRecord(QThreadPool* thread, QObject* parent) : QObject(parent), m_thread(thread) {}
 
 OpenTabsRecord::~OpenTabsRecord()
 {
-    // A thread of the pool may be about to answer this object.
-    QThreadPool::globalInstance()->waitForDone();
+    m_thread->waitForDone(); // it answers this object
 }
 
 QString OpenTabsRecord::GetText()
 {
-    return VXSettingManager::Instance()->GetUserValue(section, runningField);
+    return VXSettingManager::Instance()->GetUserValue(Section, RunningField);
 }
 
 void OpenTabsRecord::Keep(const TabSet& tabs)
 {
     if (m_last && m_last->current == tabs.current && m_last->tabs == tabs.tabs) {
-        return; // pages tell of much that is nothing new
+        return; // pages often announce what they announced before
     }
     m_last = tabs;
     m_waiting = tabs;
@@ -63,7 +61,7 @@ void OpenTabsRecord::Write()
 {
     m_writing = true;
     m_hasWaiting = false;
-    QThreadPool::globalInstance()->start([this, tabs = std::exchange(m_waiting, {}), round = m_round] {
+    m_thread->start([this, tabs = std::exchange(m_waiting, {}), round = m_round] {
         const QString text = TabSetText::Write(tabs);
         QMetaObject::invokeMethod(
             this,

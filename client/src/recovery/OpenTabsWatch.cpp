@@ -13,12 +13,12 @@ OpenTabsWatch::~OpenTabsWatch() = default;
 void OpenTabsWatch::Start(MainWindow* window)
 {
     m_running = true;
-    connect(window, &MainWindow::SigTabOpened, this, &OpenTabsWatch::TakeChange);
-    connect(window, &MainWindow::SigTabClosed, this, &OpenTabsWatch::TakeChange);
-    connect(window, &MainWindow::SigTabMoved, this, &OpenTabsWatch::TakeChange);
-    connect(window, &MainWindow::SigTabChanged, this, &OpenTabsWatch::TakeChange);
-    connect(window, &MainWindow::SigTabSelected, this, &OpenTabsWatch::TakeChange);
-    TakeChange();
+    connect(window, &MainWindow::SigTabOpened, this, &OpenTabsWatch::HandleChange);
+    connect(window, &MainWindow::SigTabClosed, this, &OpenTabsWatch::HandleChange);
+    connect(window, &MainWindow::SigTabMoved, this, &OpenTabsWatch::HandleChange);
+    connect(window, &MainWindow::SigTabChanged, this, &OpenTabsWatch::HandleChange);
+    connect(window, &MainWindow::SigTabSelected, this, &OpenTabsWatch::HandleChange);
+    HandleChange();
 }
 
 void OpenTabsWatch::Stop()
@@ -28,7 +28,7 @@ void OpenTabsWatch::Stop()
     m_delay->Stop();
 }
 
-void OpenTabsWatch::TakeChange()
+void OpenTabsWatch::HandleChange()
 {
     if (!m_running) {
         return;
@@ -48,6 +48,6 @@ void OpenTabsWatch::Tell()
         return;
     }
     m_changed = false;
-    m_delay->Start(pause, [this] { Tell(); });
-    Q_EMIT SigKeep();
+    m_delay->Start(Pause, [this] { Tell(); });
+    Q_EMIT SigChanged();
 }

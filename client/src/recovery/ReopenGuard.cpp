@@ -8,9 +8,9 @@
 
 namespace {
 
-const QString section = QStringLiteral("CLIENT");
+const QString Section = QStringLiteral("CLIENT");
 /// Empty, or the number of deaths there will have been if the client dies now.
-const QString deathsField = QStringLiteral("REOPEN_DEATHS");
+const QString DeathsField = QStringLiteral("REOPEN_DEATHS");
 
 } // namespace
 
@@ -22,26 +22,26 @@ ReopenGuard::~ReopenGuard() = default;
 
 bool ReopenGuard::IsCareNeeded()
 {
-    const int stored = VXSettingManager::Instance()->GetUserValue(section, deathsField).toInt();
-    m_deaths = std::clamp(stored, 0, deathLimit);
-    return m_deaths >= deathLimit;
+    const int stored = VXSettingManager::Instance()->GetUserValue(Section, DeathsField).toInt();
+    m_deaths = std::clamp(stored, 0, DeathLimit);
+    return m_deaths >= DeathLimit;
 }
 
-void ReopenGuard::TakeStart(bool reopened)
+void ReopenGuard::HandleStart(bool reopened)
 {
     m_started = true;
     if (reopened) {
-        const int next = std::min(m_deaths + 1, deathLimit);
-        VXSettingManager::Instance()->SetUserValue(section, deathsField, QString::number(next));
+        const int next = std::min(m_deaths + 1, DeathLimit);
+        VXSettingManager::Instance()->SetUserValue(Section, DeathsField, QString::number(next));
     }
-    m_delay->Start(critical, [this] { TakeEnd(); });
+    m_delay->Start(Critical, [this] { HandleEnd(); });
 }
 
-void ReopenGuard::TakeEnd()
+void ReopenGuard::HandleEnd()
 {
     m_delay->Stop();
-    if (m_started && !VXSettingManager::Instance()->GetUserValue(section, deathsField).isEmpty()) {
-        VXSettingManager::Instance()->SetUserValue(section, deathsField, QString());
+    if (m_started && !VXSettingManager::Instance()->GetUserValue(Section, DeathsField).isEmpty()) {
+        VXSettingManager::Instance()->SetUserValue(Section, DeathsField, QString());
     }
     m_deaths = 0;
 }

@@ -20,25 +20,26 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
-// What the client tells whoever keeps the tabs. Nobody needs to listen.
-const QString updateUrl = QStringLiteral("tl://autorun/update");
-const QString cleanUrl = QStringLiteral("tl://autorun/clean");
-const QString restartUpdateUrl = QStringLiteral("tl://autorun/restart/update");
+// What the client tells modules that keep tabs. It works without any.
+const QString UpdateUrl = QStringLiteral("tl://autorun/update");
+const QString CleanUrl = QStringLiteral("tl://autorun/clean");
+const QString RestartUpdateUrl = QStringLiteral("tl://autorun/restart/update");
 
-const QString urlParameter = QStringLiteral("url");
+const QString UrlParameter = QStringLiteral("url");
 
-const QString missingId = QStringLiteral("tabs-missing");
-const QString careId = QStringLiteral("tabs-unloaded");
+const QString MissingId = QStringLiteral("tabs-missing");
+const QString CareId = QStringLiteral("tabs-unloaded");
 
 /// With the address, which a person reads and a record leaves out.
 TabRecord ToShownTab(TabRecord tab)
 {
     const VXRouterProtocol route(tab.routerUrl);
     if (route.Matches(TabRouterUrls::BrowserOpen)) {
-        tab.address = QUrl(route.GetWith(urlParameter));
+        tab.address = QUrl(route.GetWith(UrlParameter));
     }
     return tab;
 }
@@ -74,7 +75,7 @@ QVector<EarlierTabSet> ReadEarlierSets()
     return sets;
 }
 
-/// Whether the next log-in is to offer the tabs: the user did not choose this end.
+/// Whether the next log-in offers the tabs: the user did not choose this end.
 bool LeavesTabs(EndKind kind)
 {
     return kind == EndKind::SystemEnd || kind == EndKind::Refused;
@@ -94,31 +95,39 @@ void OpenAgain(const QVector<TabRecord>& tabs)
 } // namespace
 
 TabKeeper::TabKeeper(MainWindow* window, QuestionWatch* questions, NoticeBoard* notices,
-                     const PictureLoader& loadPicture, QObject* parent)
+                     const PictureLoader& loadPicture, TabReopening::IsKeepersTurn isKeepersTurn,
+                     QObject* parent)
     : QObject(parent)
     , m_window(window)
     , m_notices(notices)
     , m_loadPicture(loadPicture)
     , m_earlier(new QAction(this))
     , m_watch(std::make_unique<TimerDelay>())
+    , m_record(&m_thread)
     , m_guard(std::make_unique<TimerDelay>())
-    , m_returning(window, &m_guard, questions)
+    , m_reopening(window, &m_guard, questions, std::move(isKeepersTurn))
 {
+    m_thread.setMaxThreadCount(1);
     m_earlier->setObjectName(QStringLiteral("earlier_tabs_action"));
     connect(m_earlier, &QAction::triggered, this, &TabKeeper::ShowEarlierTabs);
     window->AddTabAction(m_earlier);
     window->installEventFilter(this);
     Retranslate();
-    connect(&m_watch, &OpenTabsWatch::SigKeep, this, &TabKeeper::Keep);
-    connect(&m_returning, &TabReopening::SigCareTaken, this, &TabKeeper::ShowCare);
-    connect(&m_returning, &TabReopening::SigMissing, this, &TabKeeper::ShowMissing);
+    connect(&m_watch, &OpenTabsWatch::SigChanged, this, &TabKeeper::Keep);
+    connect(&m_reopening, &TabReopening::SigCareTaken, this, &TabKeeper::ShowCare);
+    connect(&m_reopening, &TabReopening::SigMissing, this, &TabKeeper::ShowMissing);
 }
 
 TabKeeper::~TabKeeper() = default;
 
+QString TabKeeper::GetUpdateUrl()
+{
+    return UpdateUrl;
+}
+
 void TabKeeper::Show(bool restarted, const std::function<void()>& mainFrameShow)
 {
-    m_returning.Run(restarted, mainFrameShow);
+    m_reopening.Run(restarted, mainFrameShow);
     if (m_ending) {
         return;
     }
@@ -126,20 +135,20 @@ void TabKeeper::Show(bool restarted, const std::function<void()>& mainFrameShow)
     m_watch.Start(m_window);
 }
 
-void TabKeeper::TakeEnding()
+void TabKeeper::PrepareEnd()
 {
     m_ending = true;
-    m_returning.Cancel();
+    m_reopening.Cancel();
 }
 
 void TabKeeper::KeepOnDisk()
 {
     if (!m_watch.IsRunning()) {
-        return; // the tabs of the run before may still have to be offered
+        return; // the tabs of the last run may still be on offer
     }
-    VXRouterProtocol(updateUrl).Execute();
-    m_running.KeepNow(GetOpenTabs());
-    // Whoever ends the session may end this process the moment it looks idle.
+    VXRouterProtocol(UpdateUrl).Execute();
+    m_record.KeepNow(GetOpenTabs());
+    // The system may end this process the moment it looks idle.
     VXSettingManager::Instance()->Flush();
 }
 
@@ -150,7 +159,7 @@ void TabKeeper::BeforeEnd(EndKind kind, const QString& ignoreUrl)
         KeepOnDisk();
     }
     m_watch.Stop();
-    m_guard.TakeEnd();
+    m_guard.HandleEnd();
     if (kept && kind == EndKind::Restart) {
         KeepForRestart(ignoreUrl);
     }
@@ -161,21 +170,21 @@ void TabKeeper::AfterMainFrameQuit(EndKind kind)
     if (!m_shown || LeavesTabs(kind)) {
         return;
     }
-    VXRouterProtocol(cleanUrl).Execute();
+    VXRouterProtocol(CleanUrl).Execute();
     if (kind != EndKind::Restart) {
-        m_running.Clear();
+        m_record.Clear();
     }
 }
 
 void TabKeeper::Keep()
 {
-    VXRouterProtocol(updateUrl).Execute();
-    m_running.Keep(GetOpenTabs());
+    VXRouterProtocol(UpdateUrl).Execute();
+    m_record.Keep(GetOpenTabs());
 }
 
 void TabKeeper::KeepForRestart(const QString& ignoreUrl)
 {
-    VXRouterProtocol(restartUpdateUrl).With(QStringLiteral("ignore"), ignoreUrl).Execute();
+    VXRouterProtocol(RestartUpdateUrl).With(QStringLiteral("ignore"), ignoreUrl).Execute();
     TabSet tabs = GetOpenTabs();
     const auto isIgnored = [&ignoreUrl](const TabRecord& tab) {
         return tab.routerUrl.compare(ignoreUrl, Qt::CaseInsensitive) == 0;
@@ -187,7 +196,7 @@ void TabKeeper::KeepForRestart(const QString& ignoreUrl)
             std::count_if(tabs.tabs.cbegin(), tabs.tabs.cbegin() + std::max(tabs.current, 0), isIgnored));
     }
     tabs.tabs.erase(std::remove_if(tabs.tabs.begin(), tabs.tabs.end(), isIgnored), tabs.tabs.end());
-    m_running.KeepNow(tabs);
+    m_record.KeepNow(tabs);
 }
 
 TabSet TabKeeper::GetOpenTabs() const
@@ -227,17 +236,17 @@ void TabKeeper::ShowEarlierTabs()
 void TabKeeper::ShowMissing(int reopened, int expected)
 {
     m_notices->Show(
-        missingId, NoticeKind::Warning,
+        MissingId, NoticeKind::Warning,
         [reopened, expected] {
             if (expected == 0) {
-                return tr("What was kept of the tabs of the last run is damaged and could not be read.");
+                return tr("The saved tabs of your last session are damaged and cannot be read.");
             }
             if (reopened == expected) {
-                return tr("What was kept of the tabs of the last run is damaged in part. What could be read "
-                          "came back (tabs: %1).")
+                return tr("Part of the saved tabs of your last session is damaged. The rest is open again "
+                          "(tabs: %1).")
                     .arg(reopened);
             }
-            return tr("%1 of the %2 tabs of the last run came back. All are kept under “Earlier tabs…”.")
+            return tr("%1 of the %2 tabs of your last session came back. “Earlier tabs…” has all of them.")
                 .arg(reopened)
                 .arg(expected);
         },
@@ -248,9 +257,9 @@ void TabKeeper::ShowMissing(int reopened, int expected)
 
 void TabKeeper::ShowCare()
 {
-    m_notices->Show(careId, NoticeKind::Warning, [] {
-        return tr("The client ended unexpectedly twice after tabs were reopened. This time every page loads "
-                  "only when you select its tab.");
+    m_notices->Show(CareId, NoticeKind::Warning, [] {
+        return tr("The client crashed twice after it had reopened your tabs. This time, each page loads only "
+                  "when you select its tab.");
     });
 }
 

@@ -1,5 +1,6 @@
 #include "recovery/TabReopening.h"
 
+#include "ReopenedSet.h"
 #include "TabSetText.h"
 #include "recovery/EarlierTabStore.h"
 #include "recovery/OpenTabsRecord.h"
@@ -11,55 +12,49 @@
 #include "frame-core/IBrowserTab.h"
 
 #include <QtCore/QEvent>
-#include <QtCore/QHash>
-#include <QtCore/QQueue>
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 
-TabReopening::TabReopening(MainWindow* window, ReopenGuard* guard, QuestionWatch* questions, QObject* parent)
-    : QObject(parent), m_window(window), m_guard(guard), m_questions(questions)
+#include <optional>
+#include <utility>
+
+TabReopening::TabReopening(MainWindow* window, ReopenGuard* guard, QuestionWatch* questions,
+                           IsKeepersTurn isKeepersTurn, QObject* parent)
+    : QObject(parent)
+    , m_window(window)
+    , m_guard(guard)
+    , m_questions(questions)
+    , m_isKeepersTurn(std::move(isKeepersTurn))
 {}
 
 TabReopening::~TabReopening() = default;
 
 void TabReopening::Run(bool restarted, const std::function<void()>& mainFrameShow)
 {
-    m_text = OpenTabsRecord::GetText();
-    const TabSetText::Reading reading = TabSetText::Read(m_text);
-    m_last = reading.tabs;
-    m_whole = reading.whole;
-    if (!m_text.isEmpty() && !restarted) {
-        // Before anything else: it is there also when this process ends while the user is being asked.
-        EarlierTabStore::Add(m_text, EarlierTabStore::Fate::Dropped);
-    }
-    m_care = m_guard->IsCareNeeded();
-    if (m_care) {
-        m_window->SetOpenDelayed(true);
-        Q_EMIT SigCareTaken();
-    }
-    // An address may be open more than once; its tabs come back in the order in which they were kept.
-    QHash<QString, QQueue<TabRecord>> waiting;
-    for (const TabRecord& tab : qAsConst(m_last.tabs)) {
-        waiting[tab.routerUrl].enqueue(tab);
-    }
-    m_window->BeginReopening([waiting](const QString& routerUrl) mutable -> std::optional<TabRecord> {
-        const auto found = waiting.find(routerUrl);
-        if (found == waiting.end() || found->isEmpty()) {
+    ReadRecord(restarted);
+    BeginCare();
+    ReopenedSet set(m_last);
+    int first = -1; // where the reopened tabs begin
+    m_window->BeginReopening([this, &set, &first](const QString& routerUrl) -> std::optional<TabRecord> {
+        if (!m_isKeepersTurn()) {
             return std::nullopt;
         }
-        return found->dequeue();
+        if (first < 0) {
+            first = m_window->GetTabCount();
+        }
+        return set.Claim(routerUrl);
     });
-    bool asked = false;
-    const QMetaObject::Connection question =
-        connect(m_questions, &QuestionWatch::SigAsked, this, [&asked] { asked = true; });
-    const int before = m_window->GetTabCount();
+    const auto asked = connect(m_questions, &QuestionWatch::SigAsked, this, &TabReopening::HandleAsked);
+    const auto answered =
+        connect(m_questions, &QuestionWatch::SigAnswered, this, &TabReopening::HandleAnswered);
 
     mainFrameShow();
 
-    disconnect(question);
+    disconnect(asked);
+    disconnect(answered);
     m_window->EndReopening();
     if (!m_cancelled) {
-        TakeOutcome(restarted, before, asked);
+        HandleOutcome(set, restarted, first);
     }
 }
 
@@ -68,39 +63,79 @@ void TabReopening::Cancel()
     m_cancelled = true;
 }
 
-void TabReopening::TakeOutcome(bool restarted, int before, bool asked)
+void TabReopening::ReadRecord(bool restarted)
 {
-    const int reopened = m_window->GetTabCount() - before;
+    m_text = OpenTabsRecord::GetText();
+    const TabSetText::Reading reading = TabSetText::Read(m_text);
+    m_last = reading.tabs;
+    m_whole = reading.whole;
+    m_answer = Answer::NotAsked;
+    if (!m_text.isEmpty() && !restarted) {
+        // First of all, so that the set is there even when this process ends while the user is being asked.
+        EarlierTabStore::Add(m_text, EarlierTabStore::Fate::Dropped);
+    }
+}
+
+void TabReopening::BeginCare()
+{
+    m_care = m_guard->IsCareNeeded();
+    if (m_care) {
+        m_window->SetOpenDelayed(true);
+        Q_EMIT SigCareTaken();
+    }
+}
+
+void TabReopening::HandleAsked(const QString& text)
+{
+    if (m_answer == Answer::NotAsked && m_isKeepersTurn()) {
+        m_question = text;
+        m_answer = Answer::Open;
+    }
+}
+
+void TabReopening::HandleAnswered(const QString& text, const QString& answer)
+{
+    if (m_answer == Answer::Open && text == m_question) {
+        m_answer = answer == QLatin1String("Yes") ? Answer::Yes : Answer::No;
+    }
+}
+
+void TabReopening::HandleOutcome(const ReopenedSet& set, bool restarted, int first)
+{
+    const int reopened = set.GetReopened();
     const int expected = m_last.tabs.size();
-    m_guard->TakeStart(reopened > 0);
+    m_guard->HandleStart(reopened > 0);
     if (reopened > 0) {
-        BringToFront(before);
+        BringToFront(set, first);
     }
     if (m_care) {
         // Without tabs to reopen, the start list may still be on its way.
         qApp->installEventFilter(this);
-        QTimer::singleShot(reopened > 0 ? 0 : ReopenGuard::critical, this, &TabReopening::EndCare);
+        QTimer::singleShot(reopened > 0 ? 0 : ReopenGuard::Critical, this, &TabReopening::EndCare);
     }
     if (m_text.isEmpty()) {
         return;
     }
-    const bool missing = reopened < expected;
-    // With more than could be read, the module knew better.
+    const int lost = set.GetLost();
+    // With more tabs than the damaged record gave away, the module knew better.
     const bool unread = !m_whole && reopened <= expected;
-    if (restarted && !missing && !unread) {
+    if (restarted && lost == 0 && !unread) {
         return;
     }
-    const auto fate = reopened > 0
-                          ? (missing ? EarlierTabStore::Fate::NotWhole : EarlierTabStore::Fate::Reopened)
-                      : asked ? EarlierTabStore::Fate::Declined
-                              : EarlierTabStore::Fate::Dropped;
+    const bool declined = m_answer == Answer::No && reopened == 0;
+    auto fate = EarlierTabStore::Fate::Dropped;
+    if (declined) {
+        fate = EarlierTabStore::Fate::Declined;
+    } else if (reopened > 0 || m_answer == Answer::Yes) {
+        fate = lost > 0 ? EarlierTabStore::Fate::NotWhole : EarlierTabStore::Fate::Reopened;
+    }
     EarlierTabStore::Add(m_text, fate);
-    if ((missing || unread) && fate != EarlierTabStore::Fate::Declined) {
-        Q_EMIT SigMissing(reopened, expected);
+    if ((lost > 0 || unread) && !declined) {
+        Q_EMIT SigMissing(expected - lost, expected);
     }
 }
 
-void TabReopening::BringToFront(int before)
+void TabReopening::BringToFront(const ReopenedSet& set, int first)
 {
     if (m_care || m_last.current < 0) {
         return;
@@ -110,12 +145,12 @@ void TabReopening::BringToFront(int before)
         const IBrowserTab* const tab = m_window->GetTab(index);
         return tab && tab->GetRouterUrl() == wanted;
     };
-    // The same place first: an address may be open more than once.
-    if (isWanted(before + m_last.current)) {
-        m_window->SelectTab(before + m_last.current);
+    // The same tab first: an address may be open more than once.
+    if (set.GetFront() >= 0 && isWanted(first + set.GetFront())) {
+        m_window->SelectTab(first + set.GetFront());
         return;
     }
-    for (int index = before; index < m_window->GetTabCount(); ++index) {
+    for (int index = first; index < m_window->GetTabCount(); ++index) {
         if (isWanted(index)) {
             m_window->SelectTab(index);
             return;

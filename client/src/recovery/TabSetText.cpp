@@ -11,16 +11,16 @@
 
 namespace {
 
-constexpr int formatVersion = 1;
+constexpr int FormatVersion = 1;
 
-const QString versionKey = QStringLiteral("version");
-const QString whenKey = QStringLiteral("when");
-const QString currentKey = QStringLiteral("current");
-const QString countKey = QStringLiteral("count");
-const QString urlKey = QStringLiteral("url");
-const QString titleKey = QStringLiteral("title");
-const QString iconKey = QStringLiteral("icon");
-const QString typeKey = QStringLiteral("type");
+const QString VersionKey = QStringLiteral("version");
+const QString WhenKey = QStringLiteral("when");
+const QString CurrentKey = QStringLiteral("current");
+const QString CountKey = QStringLiteral("count");
+const QString UrlKey = QStringLiteral("url");
+const QString TitleKey = QStringLiteral("title");
+const QString IconKey = QStringLiteral("icon");
+const QString TypeKey = QStringLiteral("type");
 
 void Append(QByteArray& text, const QJsonObject& line)
 {
@@ -42,16 +42,16 @@ bool OpensTab(const QString& routerUrl)
 
 bool ReadHead(const QJsonObject& line, TabSet* tabs, int* count)
 {
-    tabs->when = QDateTime::fromString(line.value(whenKey).toString(), Qt::ISODateWithMs);
-    tabs->current = line.value(currentKey).toInt(-1);
-    *count = line.value(countKey).toInt(-1);
-    return tabs->when.isValid() && *count >= 0 && line.value(versionKey).toInt() == formatVersion;
+    tabs->when = QDateTime::fromString(line.value(WhenKey).toString(), Qt::ISODateWithMs);
+    tabs->current = line.value(CurrentKey).toInt(-1);
+    *count = line.value(CountKey).toInt(-1);
+    return tabs->when.isValid() && *count >= 0 && line.value(VersionKey).toInt() == FormatVersion;
 }
 
 bool ReadTab(const QJsonObject& line, QVector<TabRecord>* tabs)
 {
-    const TabRecord tab{line.value(urlKey).toString(), line.value(titleKey).toString(),
-                        line.value(iconKey).toString(), line.value(typeKey).toInt()};
+    const TabRecord tab{line.value(UrlKey).toString(), line.value(TitleKey).toString(),
+                        line.value(IconKey).toString(), line.value(TypeKey).toInt()};
     if (!OpensTab(tab.routerUrl)) {
         return false;
     }
@@ -68,13 +68,13 @@ QString TabSetText::Write(const TabSet& tabs)
     }
     QByteArray text;
     text.reserve(tabs.tabs.size() * 200);
-    Append(text, {{versionKey, formatVersion},
-                  {whenKey, tabs.when.toUTC().toString(Qt::ISODateWithMs)},
-                  {currentKey, tabs.current},
-                  {countKey, tabs.tabs.size()}});
+    Append(text, {{VersionKey, FormatVersion},
+                  {WhenKey, tabs.when.toUTC().toString(Qt::ISODateWithMs)},
+                  {CurrentKey, tabs.current},
+                  {CountKey, tabs.tabs.size()}});
     for (const TabRecord& tab : tabs.tabs) {
         Append(text,
-               {{urlKey, tab.routerUrl}, {titleKey, tab.title}, {iconKey, tab.iconUrl}, {typeKey, tab.type}});
+               {{UrlKey, tab.routerUrl}, {TitleKey, tab.title}, {IconKey, tab.iconUrl}, {TypeKey, tab.type}});
     }
     return QString::fromUtf8(text);
 }
@@ -91,7 +91,7 @@ TabSetText::Reading TabSetText::Read(const QString& text)
     int count = -1;
     reading.whole = head && ReadHead(*head, &reading.tabs, &count);
     // A first line that is no head may be a tab whose head was cut away.
-    const int first = head && head->contains(urlKey) ? 0 : 1;
+    const int first = head && head->contains(UrlKey) ? 0 : 1;
     for (int i = first; i < lines.size(); ++i) {
         const std::optional<QJsonObject> line = ParseLine(lines.at(i));
         if (!line || !ReadTab(*line, &reading.tabs.tabs)) {

@@ -147,6 +147,17 @@ TEST_F(ClientRouterTest, ModuleThatThrowsLeavesItsUrl)
     EXPECT_FALSE(Execute("tl://autorun/update"));
 }
 
+TEST_F(ClientRouterTest, TellsWhichModuleListedAUrl)
+{
+    const QString url = QStringLiteral("tl://autorun/update");
+    m_module.urls = QStringList{url};
+    m_router.SetModules({m_module.AsLoaded()});
+    EXPECT_TRUE(m_router.IsListed(url, m_module.AsLoaded().key));
+    EXPECT_FALSE(m_router.IsListed(url, QStringLiteral("another")));
+    EXPECT_FALSE(m_router.IsListed(url, QString()));
+    EXPECT_FALSE(m_router.IsListed(TabRouterUrls::PluginOpen, m_module.AsLoaded().key));
+}
+
 TEST_F(ClientRouterTest, ModulesTakenOutAreNotAskedAnyMore)
 {
     m_module.urls = QStringList{QStringLiteral("tl://autorun/update")};

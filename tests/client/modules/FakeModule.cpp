@@ -36,6 +36,9 @@ QStringList FakeModule::GetRouteUrls()
 void FakeModule::Note(const char* hook)
 {
     m_calls->append(m_key + QLatin1Char(' ') + QLatin1String(hook));
+    if (during) {
+        during();
+    }
     if (throwsIn == QLatin1String(hook)) {
         throw std::runtime_error("a fault in the module");
     }

@@ -8,6 +8,8 @@
 
 #include <QtCore/QStringList>
 
+#include <functional>
+
 /// A module in the test's own process that writes down each hook as "<key> <hook>", and does what the test
 /// wants where a module may misbehave.
 class FakeModule final : public IBusinessModule, public ILifeCycle, public IRouteInterceptor
@@ -19,6 +21,8 @@ public:
 
     /// A hook of this name throws. Empty: none does.
     QString throwsIn;
+    /// Runs inside each hook. Empty: nothing.
+    std::function<void()> during;
     BeforeCloseResult beforeClose = BeforeCloseResult::Close;
     bool hasHooks = true;
     QStringList urls;

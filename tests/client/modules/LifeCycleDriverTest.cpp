@@ -73,6 +73,16 @@ TEST_F(LifeCycleDriverTest, FrameIsNotShownBeforeItIsCreated)
                                    QStringLiteral("a MainFrameShow"), QStringLiteral("b MainFrameShow")}));
 }
 
+TEST_F(LifeCycleDriverTest, TellsWhichModulesHookIsRunning)
+{
+    QStringList running;
+    m_a.during = [this, &running] { running << m_driver.GetRunningModule(); };
+    m_b.during = m_a.during;
+    m_driver.StartApp();
+    EXPECT_EQ(running, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(m_driver.GetRunningModule(), QString());
+}
+
 TEST_F(LifeCycleDriverTest, EachMomentHappensOnce)
 {
     ComeUp();

@@ -91,7 +91,7 @@ TEST_F(EarlierTabStoreTest, NewestStandsFirstAndTheOldestMakesRoom)
     for (int number = 1; number <= 12; ++number) {
         EarlierTabStore::Add(TextOf(number), Fate::Dropped);
         EXPECT_EQ(GetNumbers().constFirst(), number);
-        EXPECT_LE(GetNumbers().size(), EarlierTabStore::limit);
+        EXPECT_LE(GetNumbers().size(), EarlierTabStore::Limit);
     }
     EXPECT_EQ(GetNumbers(), (QVector<int>{12, 11, 10, 9, 8}));
 }

@@ -26,41 +26,40 @@ protected:
         QSemaphore open;
     };
 
-    OpenTabsRecordTest() { QThreadPool::globalInstance()->setMaxThreadCount(1); }
+    OpenTabsRecordTest() { m_thread.setMaxThreadCount(1); }
     ~OpenTabsRecordTest() override
     {
         for (const std::shared_ptr<Gate>& gate : m_gates) {
             gate->open.release();
         }
-        QThreadPool::globalInstance()->waitForDone();
-        QThreadPool::globalInstance()->setMaxThreadCount(m_threads);
+        m_thread.waitForDone();
     }
 
     /// What is begun from now on waits until the gate is opened.
     Gate* CloseGate()
     {
         auto gate = std::make_shared<Gate>();
-        QThreadPool::globalInstance()->start([gate] {
+        m_thread.start([gate] {
             gate->reached.release();
             gate->open.acquire();
         });
         m_gates.push_back(gate);
         return gate.get();
     }
-    static void FinishEverything()
+    void FinishEverything()
     {
-        QThreadPool::globalInstance()->waitForDone();
+        m_thread.waitForDone();
         RunQueuedEvents();
-        QThreadPool::globalInstance()->waitForDone();
+        m_thread.waitForDone();
         RunQueuedEvents();
     }
     static QString TextOf(int count) { return TabSetText::Write(MakeTabs(count)); }
 
     UserStore m_store;
-    OpenTabsRecord m_running;
+    QThreadPool m_thread;
+    OpenTabsRecord m_running{&m_thread};
 
 private:
-    int m_threads = QThreadPool::globalInstance()->maxThreadCount();
     std::vector<std::shared_ptr<Gate>> m_gates;
 };
 
@@ -189,13 +188,13 @@ TEST_F(OpenTabsRecordTest, EndWhileOneIsBeingWrittenIsHarmless)
 {
     const TabSet many = MakeTabs(1000);
     for (int round = 0; round < 8; ++round) {
-        auto running = std::make_unique<OpenTabsRecord>();
+        auto running = std::make_unique<OpenTabsRecord>(&m_thread);
         Gate* const gate = CloseGate();
         running->Keep(many);
         running->Keep(MakeTabs(1));
         gate->open.release();
         running.reset();
-        EXPECT_EQ(QThreadPool::globalInstance()->activeThreadCount(), 0) << "a thread may still answer it";
+        EXPECT_EQ(m_thread.activeThreadCount(), 0) << "a thread may still answer it";
         FinishEverything();
     }
 }

@@ -17,7 +17,7 @@ protected:
         auto delay = std::make_unique<ManualDelay>();
         m_delay = delay.get();
         m_watch = std::make_unique<OpenTabsWatch>(std::move(delay));
-        m_kept = std::make_unique<QSignalSpy>(m_watch.get(), &OpenTabsWatch::SigKeep);
+        m_kept = std::make_unique<QSignalSpy>(m_watch.get(), &OpenTabsWatch::SigChanged);
     }
     ~OpenTabsWatchTest() override { m_watch.reset(); }
 
@@ -167,7 +167,7 @@ TEST_F(OpenTabsWatchTest, AfterTheEndNothingIsTold)
 
 TEST_F(OpenTabsWatchTest, TabThatChangesWhileItIsToldIsToldNextTime)
 {
-    QObject::connect(m_watch.get(), &OpenTabsWatch::SigKeep, m_window.get(), [this] {
+    QObject::connect(m_watch.get(), &OpenTabsWatch::SigChanged, m_window.get(), [this] {
         if (m_window->GetTabCount() == 1) {
             OpenUrl(QStringLiteral("https://a.example/"));
         }
@@ -191,7 +191,7 @@ TEST_F(OpenTabsWatchTest, InRealTimeEachKeepsItsDistanceAndNoneIsStarved)
     QElapsedTimer clock;
     clock.start();
     int told = 0;
-    QObject::connect(&watch, &OpenTabsWatch::SigKeep, page, [&told] { ++told; });
+    QObject::connect(&watch, &OpenTabsWatch::SigChanged, page, [&told] { ++told; });
     watch.Start(m_window.get());
     ASSERT_TRUE(WaitUntil([&told] { return told >= 4; }));
     EXPECT_GE(clock.elapsed(), 3 * 500) << "told " << told << " times";

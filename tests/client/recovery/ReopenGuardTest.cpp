@@ -21,7 +21,7 @@ protected:
             delay = owned.get();
             guard = std::make_unique<ReopenGuard>(std::move(owned));
             careNeeded = guard->IsCareNeeded();
-            guard->TakeStart(reopened);
+            guard->HandleStart(reopened);
         }
 
         ManualDelay* delay;
@@ -86,11 +86,11 @@ TEST_F(ReopenGuardTest, OrderlyEndIsNoDeath)
     for (int i = 0; i < 5; ++i) {
         Start start;
         EXPECT_FALSE(start.careNeeded) << i;
-        start.guard->TakeEnd();
+        start.guard->HandleEnd();
         EXPECT_EQ(start.delay->GetPause(), -1);
     }
     DiesAfterReopening();
-    Start().guard->TakeEnd();
+    Start().guard->HandleEnd();
     EXPECT_FALSE(DiesAfterReopening()) << "the one before is still counted";
     EXPECT_FALSE(DiesAfterReopening());
     EXPECT_TRUE(DiesAfterReopening());
@@ -114,7 +114,7 @@ TEST_F(ReopenGuardTest, EndBeforeAnythingWasReopenedKeepsTheCareForTheNextStart)
     {
         ReopenGuard guard(std::make_unique<ManualDelay>());
         EXPECT_TRUE(guard.IsCareNeeded());
-        guard.TakeEnd(); // while the user was being asked
+        guard.HandleEnd(); // while the user was being asked
     }
     EXPECT_TRUE(DiesAfterReopening());
 }
@@ -123,7 +123,7 @@ TEST_F(ReopenGuardTest, EndAtTheLoginDialogTouchesNobodysCount)
 {
     DiesAfterReopening();
     DiesAfterReopening();
-    ReopenGuard(std::make_unique<ManualDelay>()).TakeEnd();
+    ReopenGuard(std::make_unique<ManualDelay>()).HandleEnd();
     EXPECT_TRUE(DiesAfterReopening());
 }
 
@@ -137,7 +137,7 @@ TEST_F(ReopenGuardTest, DamagedCountIsHarmless)
     }
     SetStored("2147483647");
     EXPECT_TRUE(DiesAfterReopening());
-    Start().guard->TakeEnd();
+    Start().guard->HandleEnd();
     EXPECT_FALSE(DiesAfterReopening());
 }
 

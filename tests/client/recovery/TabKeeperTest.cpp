@@ -54,7 +54,8 @@ protected:
     TabKeeperTest()
     {
         m_notices.SetBar(m_window->GetNoticeBar());
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
     }
     ~TabKeeperTest() override { m_tabs.reset(); }
 
@@ -169,7 +170,8 @@ TEST_F(TabKeeperTest, LastTabThatIsClosedLeavesNothingToKeep)
 TEST_F(TabKeeperTest, QuitAndLogOutCleanUpOnceTheModulesAreDone)
 {
     for (const EndKind kind : {EndKind::Quit, EndKind::LogOut}) {
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
         ShowThree();
         ASSERT_TRUE(WaitUntil([] { return !OpenTabsRecord::GetText().isEmpty(); }));
         m_told.clear();
@@ -192,7 +194,8 @@ TEST_F(TabKeeperTest, QuitAndLogOutCleanUpOnceTheModulesAreDone)
 TEST_F(TabKeeperTest, WhatHappensAfterTheEndBeganIsNotTold)
 {
     for (const EndKind kind : {EndKind::Quit, EndKind::SystemEnd}) {
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
         ShowThree();
         m_tabs->BeforeEnd(kind, QString());
         const QStringList told = m_told;
@@ -200,7 +203,7 @@ TEST_F(TabKeeperTest, WhatHappensAfterTheEndBeganIsNotTold)
         // One that did not hear of the end, and has to keep the same distance.
         OpenTabsWatch other(std::make_unique<TimerDelay>());
         int changes = 0;
-        QObject::connect(&other, &OpenTabsWatch::SigKeep, m_window.get(), [&changes] { ++changes; });
+        QObject::connect(&other, &OpenTabsWatch::SigChanged, m_window.get(), [&changes] { ++changes; });
         other.Start(m_window.get());
         ASSERT_TRUE(WaitUntil([&changes] { return changes == 1; }));
         m_window->CloseTab(3);
@@ -338,8 +341,9 @@ TEST_F(TabKeeperTest, EndBeforeTheWindowWasReadyTouchesNothing)
     LeaveBehind(MakeTabs(3));
     for (const EndKind kind :
          {EndKind::Quit, EndKind::LogOut, EndKind::Refused, EndKind::Restart, EndKind::SystemEnd}) {
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
-        m_tabs->TakeEnding();
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
+        m_tabs->PrepareEnd();
         End(kind);
         EXPECT_TRUE(m_told.isEmpty());
         EXPECT_EQ(GetKept(), MakeTabs(3));
@@ -351,9 +355,10 @@ TEST_F(TabKeeperTest, EndWhileTheUserIsAskedKeepsTheTabs)
     for (const EndKind kind :
          {EndKind::Quit, EndKind::LogOut, EndKind::Refused, EndKind::Restart, EndKind::SystemEnd}) {
         LeaveBehind(MakeTabs(3));
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
         QuestionAnswer escape(Qt::Key_Escape); // as the end closes what is open
-        escape.SetBefore([this] { m_tabs->TakeEnding(); });
+        escape.SetBefore([this] { m_tabs->PrepareEnd(); });
         m_tabs->Show(false, [] { Offer(MakeTabs(3).tabs); });
         End(kind);
         RunQueuedEvents();
@@ -379,7 +384,7 @@ TEST_F(TabKeeperTest, MissingTabsAreToldWithAWayToThem)
     m_tabs->Show(true, [] { Reopen(MakeTabs(2).tabs); });
     EXPECT_EQ(
         GetNotice(missingId),
-        QStringLiteral("2 of the 3 tabs of the last run came back. All are kept under “Earlier tabs…”."));
+        QStringLiteral("2 of the 3 tabs of your last session came back. “Earlier tabs…” has all of them."));
     QList<QAbstractButton*> buttons = m_window->GetNoticeBar()->findChildren<QAbstractButton*>();
     const auto way = std::find_if(buttons.cbegin(), buttons.cend(), [](const QAbstractButton* button) {
         return button->text() == QStringLiteral("Earlier tabs…");
@@ -397,8 +402,8 @@ TEST_F(TabKeeperTest, RecordThatWasReadInPartIsToldAlsoWhenAllOfThatCameBack)
     ASSERT_EQ(TabSetText::Read(OpenTabsRecord::GetText()).tabs.tabs.size(), 2);
     m_tabs->Show(false, [&tabs] { Reopen(tabs.tabs.mid(0, 2)); });
     EXPECT_EQ(GetNotice(missingId),
-              QStringLiteral("What was kept of the tabs of the last run is damaged in part. What could be "
-                             "read came back (tabs: 2)."));
+              QStringLiteral("Part of the saved tabs of your last session is damaged. The rest is open again "
+                             "(tabs: 2)."));
 }
 
 TEST_F(TabKeeperTest, RecordThatWasReadInPartIsNotToldWhenMoreCameBack)
@@ -415,7 +420,7 @@ TEST_F(TabKeeperTest, RecordThatCannotBeReadIsToldAndHasNoWayToIt)
     LeaveBehind(QStringLiteral("nothing that can be read"));
     Show();
     EXPECT_EQ(GetNotice(missingId),
-              QStringLiteral("What was kept of the tabs of the last run is damaged and could not be read."));
+              QStringLiteral("The saved tabs of your last session are damaged and cannot be read."));
     const QList<QAbstractButton*> buttons = m_window->GetNoticeBar()->findChildren<QAbstractButton*>();
     for (const QAbstractButton* button : buttons) {
         EXPECT_NE(button->text(), QStringLiteral("Earlier tabs…"));
@@ -427,7 +432,7 @@ TEST_F(TabKeeperTest, CareAfterTwoDeathsIsTold)
     DieTwice();
     LeaveBehind(MakeTabs(3, 2));
     m_tabs->Show(false, [] { Reopen(MakeTabs(3).tabs); });
-    EXPECT_TRUE(GetNotice(careId).contains(QStringLiteral("ended unexpectedly twice")));
+    EXPECT_TRUE(GetNotice(careId).contains(QStringLiteral("crashed twice")));
     EXPECT_TRUE(m_pages.pages.isEmpty());
     EXPECT_EQ(CountDelayed(), 3);
     ASSERT_TRUE(WaitUntil([] { return GetKept().current == -1 && GetKept().tabs.size() == 3; }));
@@ -438,11 +443,13 @@ TEST_F(TabKeeperTest, OrderlyEndsAreNoDeaths)
 {
     for (const EndKind kind : {EndKind::Quit, EndKind::Restart, EndKind::SystemEnd, EndKind::LogOut}) {
         LeaveBehind(MakeTabs(1));
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
         m_tabs->Show(true, [] { Reopen(MakeTabs(1).tabs); });
         End(kind);
     }
-    m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+    m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                         [] { return true; });
     Show();
     EXPECT_FALSE(m_window->GetNoticeBar()->IsShown(careId));
 }
@@ -451,11 +458,13 @@ TEST_F(TabKeeperTest, KilledTwiceAfterReopeningTheNextStartTakesCare)
 {
     for (int i = 0; i < 2; ++i) {
         LeaveBehind(MakeTabs(1));
-        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+        m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                             [] { return true; });
         m_tabs->Show(true, [] { Reopen(MakeTabs(1).tabs); });
         EXPECT_FALSE(m_window->GetNoticeBar()->IsShown(careId));
     }
-    m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader());
+    m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
+                                         [] { return true; });
     Show();
     EXPECT_TRUE(m_window->GetNoticeBar()->IsShown(careId));
 }

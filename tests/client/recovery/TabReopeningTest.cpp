@@ -10,6 +10,8 @@
 #include "recovery/ReopenGuard.h"
 #include "recovery/TabReopening.h"
 
+#include "base/VXRouterProtocol.h"
+
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
@@ -22,7 +24,20 @@ protected:
     TabReopeningTest() : m_guard(MakeDelay()) {}
 
     /// The log-in, in which the module calls `act`.
-    void Run(const std::function<void()>& act, bool restarted = false) { m_returning.Run(restarted, act); }
+    void Run(const std::function<void()>& act, bool restarted = false) { m_reopening.Run(restarted, act); }
+    /// The turn of a module that keeps no tabs.
+    void RunAsOtherModule(const std::function<void()>& act)
+    {
+        m_keepersTurn = false;
+        act();
+        m_keepersTurn = true;
+    }
+    static void OpenPage()
+    {
+        VXRouterProtocol(QStringLiteral("tl://browser/open"))
+            .With(QStringLiteral("url"), QStringLiteral("https://foreign.example/"))
+            .Execute();
+    }
     std::unique_ptr<IDelay> MakeDelay()
     {
         auto delay = std::make_unique<ManualDelay>();
@@ -33,10 +48,11 @@ protected:
     QVariantList GetMissing() const { return m_missing.isEmpty() ? QVariantList() : m_missing.first(); }
 
     ManualDelay* m_delay = nullptr;
+    bool m_keepersTurn = true;
     ReopenGuard m_guard;
-    TabReopening m_returning{m_window.get(), &m_guard, &m_questions};
-    QSignalSpy m_missing{&m_returning, &TabReopening::SigMissing};
-    QSignalSpy m_care{&m_returning, &TabReopening::SigCareTaken};
+    TabReopening m_reopening{m_window.get(), &m_guard, &m_questions, [this] { return m_keepersTurn; }};
+    QSignalSpy m_missing{&m_reopening, &TabReopening::SigMissing};
+    QSignalSpy m_care{&m_reopening, &TabReopening::SigCareTaken};
 };
 
 TEST_F(TabReopeningTest, AfterAnOrderlyEndNothingIsKeptAndNothingSaid)
@@ -86,7 +102,7 @@ TEST_F(TabReopeningTest, QuestionThatTheEndClosesWasNotAnswered)
     const TabSet tabs = MakeTabs(3);
     LeaveBehind(tabs);
     QuestionAnswer escape(Qt::Key_Escape);
-    escape.SetBefore([this] { m_returning.Cancel(); });
+    escape.SetBefore([this] { m_reopening.Cancel(); });
     Run([&tabs] { Offer(tabs.tabs); });
     EXPECT_EQ(GetFates(), QVector<Fate>{Fate::Dropped});
     EXPECT_EQ(OpenTabsRecord::GetText(), TabSetText::Write(tabs));
@@ -110,6 +126,83 @@ TEST_F(TabReopeningTest, SomeThatDidNotComeBackAreSaidToBeMissing)
     Run([&tabs] { Offer(tabs.tabs.mid(1, 3)); });
     EXPECT_EQ(GetFates(), QVector<Fate>{Fate::NotWhole});
     EXPECT_EQ(GetMissing(), (QVariantList{3, 5}));
+}
+
+TEST_F(TabReopeningTest, TabOfAnotherModuleIsNoneOfTheSet)
+{
+    const TabSet tabs = MakeTabs(3);
+    LeaveBehind(tabs);
+    const QuestionAnswer no(QStringLiteral("no_button"));
+    Run([this, &tabs] {
+        RunAsOtherModule([] { OpenPage(); });
+        Offer(tabs.tabs);
+    });
+    EXPECT_EQ(GetFates(), QVector<Fate>{Fate::Declined});
+    EXPECT_TRUE(m_missing.isEmpty()) << "the user declined, whatever another module opened";
+    EXPECT_EQ(CountDelayed(), 0);
+    ReopenGuard next(MakeDelay());
+    EXPECT_FALSE(next.IsCareNeeded());
+}
+
+TEST_F(TabReopeningTest, TabOfAnotherModuleHidesNoneThatIsLost)
+{
+    const TabSet tabs = MakeTabs(5);
+    LeaveBehind(tabs);
+    const QuestionAnswer yes(QStringLiteral("yes_button"));
+    Run([this, &tabs] {
+        RunAsOtherModule([] { OpenPage(); });
+        Offer(tabs.tabs.mid(0, 4));
+        RunAsOtherModule([] { OpenPage(); });
+    });
+    EXPECT_EQ(GetFates(), QVector<Fate>{Fate::NotWhole});
+    EXPECT_EQ(GetMissing(), (QVariantList{4, 5}));
+}
+
+TEST_F(TabReopeningTest, DeathsWithATabOfAnotherModuleAloneDoNotCount)
+{
+    const TabSet tabs = MakeTabs(3);
+    for (int i = 0; i < 3; ++i) {
+        LeaveBehind(tabs);
+        const QuestionAnswer no(QStringLiteral("no_button"));
+        ReopenGuard guard(MakeDelay());
+        TabReopening reopening(m_window.get(), &guard, &m_questions, [this] { return m_keepersTurn; });
+        reopening.Run(false, [this, &tabs] {
+            RunAsOtherModule([] { OpenPage(); });
+            Offer(tabs.tabs);
+        });
+    }
+    EXPECT_FALSE(m_guard.IsCareNeeded());
+}
+
+TEST_F(TabReopeningTest, QuestionOfAnotherModuleIsNoAnswerAboutTheTabs)
+{
+    LeaveBehind(MakeTabs(3));
+    const QuestionAnswer no(QStringLiteral("no_button"));
+    Run([this] { RunAsOtherModule([] { Offer({}); }); });
+    EXPECT_EQ(GetFates(), QVector<Fate>{Fate::Dropped});
+    EXPECT_EQ(GetMissing(), (QVariantList{0, 3})) << "nobody was asked about them";
+}
+
+TEST_F(TabReopeningTest, YesAfterWhichNoTabCameBackIsSaid)
+{
+    LeaveBehind(MakeTabs(3));
+    const QuestionAnswer yes(QStringLiteral("yes_button"));
+    Run([] { Offer({}); });
+    EXPECT_EQ(GetFates(), QVector<Fate>{Fate::NotWhole});
+    EXPECT_EQ(GetMissing(), (QVariantList{0, 3}));
+}
+
+TEST_F(TabReopeningTest, TabThatWentToAnotherPageAtTheLastMomentIsNotMissing)
+{
+    const TabSet tabs = MakeTabs(3);
+    LeaveBehind(tabs);
+    Run(
+        [&tabs] {
+            Reopen(tabs.tabs.mid(0, 2));
+            OpenPage(); // the module's record is a moment newer
+        },
+        true);
+    EXPECT_TRUE(m_missing.isEmpty());
 }
 
 TEST_F(TabReopeningTest, AfterARestartWithAllTabsNothingIsKept)
@@ -308,14 +401,14 @@ TEST_F(TabReopeningTest, OnlyAStartThatReopenedCountsTowardsTheDeaths)
     LeaveBehind(MakeTabs(1));
     for (int i = 0; i < 3; ++i) {
         ReopenGuard guard(MakeDelay());
-        TabReopening returning(m_window.get(), &guard, &m_questions);
-        returning.Run(true, [] {});
+        TabReopening reopening(m_window.get(), &guard, &m_questions, [] { return true; });
+        reopening.Run(true, [] {});
     }
     EXPECT_FALSE(m_guard.IsCareNeeded());
     for (int i = 0; i < 2; ++i) {
         ReopenGuard guard(MakeDelay());
-        TabReopening returning(m_window.get(), &guard, &m_questions);
-        returning.Run(true, [] { Reopen(MakeTabs(1).tabs); });
+        TabReopening reopening(m_window.get(), &guard, &m_questions, [] { return true; });
+        reopening.Run(true, [] { Reopen(MakeTabs(1).tabs); });
     }
     EXPECT_TRUE(m_guard.IsCareNeeded());
 }

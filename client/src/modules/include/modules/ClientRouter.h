@@ -25,6 +25,8 @@ public:
     /// Reads every module's list of URLs, after `InitModule`. An empty list takes all of them out, before
     /// `UninitModule`.
     void SetModules(const std::vector<LoadedModule>& modules);
+    /// Whether the module listed the URL.
+    bool IsListed(const QString& url, const QString& moduleKey) const;
     /// Puts a URL into the client's own table; the handler tells whether it acted.
     void AddRoute(const QString& url, Handler handler);
     /// The object is not owned and may go.

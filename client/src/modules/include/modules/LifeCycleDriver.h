@@ -27,6 +27,10 @@ public:
     /// Asks every module until one refuses. True: the main window may close.
     bool MayClose();
 
+    /// The key of the module whose hook is running; of the innermost one, should a hook's event loop let
+    /// another one run. Empty between hooks.
+    QString GetRunningModule() const { return m_running; }
+
     void LogOut();
     void MainFrameQuit();
     /// In place of `MainFrameQuit` when the system ends the session: what the hook would clear is what the
@@ -51,10 +55,12 @@ private:
     };
 
     bool Advance(Moment from, Moment to);
+    void Call(const LoadedModule& loaded, const char* name, void (ILifeCycle::*hook)());
     void CallUp(const char* name, void (ILifeCycle::*hook)());
     void CallDown(const char* name, void (ILifeCycle::*hook)());
 
     std::vector<LoadedModule> m_modules;
+    QString m_running;
     Moment m_moment = Moment::Nothing;
     bool m_loggedOut = false;
 };

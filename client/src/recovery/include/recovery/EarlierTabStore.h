@@ -5,12 +5,12 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
-/// The last sets of tabs that were open in runs which did not end in good order, per user, in the settings
-/// store. A set is stored as its run left it, also when it is damaged. GUI thread.
+/// The tabs of the last runs that did not end in good order, per user, in the settings store. A set is stored
+/// as its run left it, even when it is damaged. GUI thread.
 class EarlierTabStore final
 {
 public:
-    static constexpr int limit = 5; ///< sets; the oldest makes room
+    static constexpr int Limit = 5; ///< sets; the oldest makes room
 
     /// What became of a set.
     enum class Fate
@@ -30,7 +30,7 @@ public:
 
     EarlierTabStore() = delete;
 
-    /// Adds the text of a run's record as the newest set, or changes the fate of one that is there.
+    /// Adds the text of a run's record as the newest set, or changes the fate of the set with this text.
     static void Add(const QString& text, Fate fate);
 
     /// The newest first. A set of which nothing can be read is left out.

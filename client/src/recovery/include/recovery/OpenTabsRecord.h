@@ -7,36 +7,40 @@
 
 #include <optional>
 
-/// The client's own record of the tabs that are open, per user, in the settings store. Beside it stand the
-/// records of modules, of which the client knows nothing. Writing the text happens on a thread of the pool;
-/// nothing of it waits for the disk. GUI thread.
+class QThreadPool;
+
+/// The client's own record of the open tabs, per user, in the settings store. Modules keep records of their
+/// own, of which the client knows nothing. Nothing here waits for the disk. GUI thread.
 class OpenTabsRecord final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit OpenTabsRecord(QObject* parent = nullptr);
+    /// Writes on `thread`, which is not owned, runs one task at a time and serves nobody else: the destructor
+    /// waits for it.
+    explicit OpenTabsRecord(QThreadPool* thread, QObject* parent = nullptr);
     ~OpenTabsRecord() override;
 
-    /// As the run before, or this one, left it: empty after an orderly end. May be damaged
+    /// As the last run, or this one, left it: empty after an orderly end. May be damaged
     /// (`TabSetText::Read`).
     static QString GetText();
 
-    /// Returns at once. Of several that come while one is being written only the last one is; the same tabs
-    /// once more are not, so that `TabSet::when` is the time of the last change.
+    /// Returns at once. Of several sets that arrive while one is being written, only the last is written. A
+    /// set with the same tabs is not, so that `TabSet::when` is the time of the last change.
     void Keep(const TabSet& tabs);
     /// Returns with the text handed to the settings store, which still has to bring it to disk.
     void KeepNow(const TabSet& tabs);
-    /// Nothing is open any more, in good order.
+    /// No tab is open any more, after an orderly end.
     void Clear();
 
 private:
     void Write();
     void Drop();
 
-    std::optional<TabSet> m_last; // what came last
+    QThreadPool* m_thread;
+    std::optional<TabSet> m_last; // the set that came last
     TabSet m_waiting;
     bool m_hasWaiting = false;
     bool m_writing = false;
-    int m_round = 0; // what was begun in an earlier round counts no more
+    int m_round = 0; // a text from an earlier round is not stored
 };

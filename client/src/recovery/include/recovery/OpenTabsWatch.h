@@ -8,30 +8,30 @@
 class IDelay;
 class MainWindow;
 
-/// Says when the open tabs are to be kept: after a change of their set, order, addresses, titles or icons,
-/// or of the tab in front. The first change is told from the event loop at once, further ones at most every
-/// 500 ms; a page that never stops changing its title does not put it off. GUI thread.
+/// Says when the open tabs changed: their set, order, addresses, titles or icons, or the tab in front.
+/// Announces the first change from the event loop at once and further ones at most every 500 ms; a page that
+/// never stops changing its title does not delay it. GUI thread.
 class OpenTabsWatch final : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int pause = 500; ///< [ms]
+    static constexpr int Pause = 500; ///< [ms]
 
     explicit OpenTabsWatch(std::unique_ptr<IDelay> delay, QObject* parent = nullptr);
     ~OpenTabsWatch() override;
 
-    /// From now on, with one `SigKeep` for what stands already. `window` is not owned.
+    /// Watches from now on, and announces what is open already by one `SigChanged`. Does not own `window`.
     void Start(MainWindow* window);
-    /// Nothing more is told, whatever has changed.
+    /// Announces nothing more, not even a change that waits.
     void Stop();
     bool IsRunning() const noexcept { return m_running; }
 
 Q_SIGNALS:
-    void SigKeep();
+    void SigChanged();
 
 private:
-    void TakeChange();
+    void HandleChange();
     void Tell();
 
     std::unique_ptr<IDelay> m_delay;

@@ -14,19 +14,19 @@ class ReopenGuard final : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int critical = 30000; ///< [ms] after reopening; who lives longer did not die of it
-    static constexpr int deathLimit = 2;
+    static constexpr int Critical = 30000; ///< [ms]; a client that dies later did not die of its tabs
+    static constexpr int DeathLimit = 2;
 
     explicit ReopenGuard(std::unique_ptr<IDelay> delay, QObject* parent = nullptr);
     ~ReopenGuard() override;
 
-    /// Once the user is known, before anything is reopened: whether nothing is to load by itself.
+    /// Call once the user is known, before anything is reopened. Whether nothing may load by itself.
     bool IsCareNeeded();
-    /// What was to be reopened has been, in this moment, or nothing was.
-    void TakeStart(bool reopened);
-    /// The client ends because somebody wants it to: it has not died. Before `TakeStart` that says nothing,
-    /// and the next start is as careful as this one would have been.
-    void TakeEnd();
+    /// Call when reopening has just finished; `reopened` says whether any tab was.
+    void HandleStart(bool reopened);
+    /// The client ends on purpose: it has not died. Before `HandleStart` this says nothing, and the next
+    /// start is as careful as this one would have been.
+    void HandleEnd();
 
 private:
     std::unique_ptr<IDelay> m_delay;
