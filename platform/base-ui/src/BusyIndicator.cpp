@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int turnTime = 900; // [ms]
+constexpr int TurnTime = 900; // [ms]
 
 } // namespace
 
@@ -16,7 +16,7 @@ BusyIndicator::BusyIndicator(QWidget* parent) : QWidget(parent), m_turn(new QVar
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_turn->setStartValue(0.0);
     m_turn->setEndValue(360.0);
-    m_turn->setDuration(turnTime);
+    m_turn->setDuration(TurnTime);
     m_turn->setLoopCount(-1);
     connect(m_turn, &QVariantAnimation::valueChanged, this, [this] { update(); });
 }

@@ -13,13 +13,13 @@
 namespace {
 
 // [px, unscaled]
-constexpr int inset = 8;
-constexpr int gap = 8;
-constexpr int cornerRadius = 4;
+constexpr int Inset = 8;
+constexpr int Gap = 8;
+constexpr int CornerRadius = 4;
 
 QRect GetInner(const QRect& row)
 {
-    return row.adjusted(Scaled(inset), 0, -Scaled(inset), 0);
+    return row.adjusted(Scaled(Inset), 0, -Scaled(Inset), 0);
 }
 
 } // namespace
@@ -42,7 +42,7 @@ void ComboItemDelegate::PaintItem(QPainter* painter, const QRect& area, Qt::Layo
         const QRect picture =
             QStyle::alignedRect(direction, Qt::AlignLeft | Qt::AlignVCenter, iconSize, area);
         icon.paint(painter, picture, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
-        rest = QStyle::visualRect(direction, area, area.adjusted(iconSize.width() + Scaled(gap), 0, 0, 0));
+        rest = QStyle::visualRect(direction, area, area.adjusted(iconSize.width() + Scaled(Gap), 0, 0, 0));
     }
     painter->drawText(rest, int(start) | Qt::TextSingleLine,
                       painter->fontMetrics().elidedText(text, Qt::ElideRight, rest.width()));
@@ -61,7 +61,7 @@ void ComboItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         painter->setPen(Qt::NoPen);
         painter->setBrush(
             ThemedColor(m_combo->property("rowColor").value<QColor>(), colors, QPalette::Highlight));
-        painter->drawRoundedRect(option.rect, Scaled(cornerRadius), Scaled(cornerRadius));
+        painter->drawRoundedRect(option.rect, Scaled(CornerRadius), Scaled(CornerRadius));
     }
     painter->setPen(ThemedColor(m_combo->property("rowTextColor").value<QColor>(), colors,
                                 chosen ? QPalette::HighlightedText : QPalette::Text));
@@ -80,8 +80,8 @@ int ComboItemDelegate::GetNeededWidth(const QStyleOptionViewItem& option, const 
 {
     const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
     const bool hasIcon = !index.data(Qt::DecorationRole).value<QIcon>().isNull();
-    const int icon = hasIcon ? m_combo->iconSize().width() + Scaled(gap) : 0;
-    return text + icon + 2 * Scaled(inset);
+    const int icon = hasIcon ? m_combo->iconSize().width() + Scaled(Gap) : 0;
+    return text + icon + 2 * Scaled(Inset);
 }
 
 bool ComboItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

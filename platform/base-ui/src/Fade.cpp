@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int fadeTime = 140; // [ms]
+constexpr int FadeTime = 140; // [ms]
 
 } // namespace
 
@@ -32,7 +32,7 @@ void Fade::GoTo(qreal opacity)
         m_widget->style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, m_widget) > 0;
     setStartValue(from);
     setEndValue(opacity);
-    setDuration(animated ? fadeTime : 0);
+    setDuration(animated ? FadeTime : 0);
     start();
 }
 

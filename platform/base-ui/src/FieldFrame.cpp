@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int cornerRadius = 6; // [px, unscaled]
+constexpr int CornerRadius = 6; // [px, unscaled]
 
 } // namespace
 
@@ -16,7 +16,7 @@ void FieldFrame::PaintFill(QPainter* painter, const QRect& area, const QColor& c
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(color);
-    const qreal radius = Scaled(cornerRadius);
+    const qreal radius = Scaled(CornerRadius);
     painter->drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter->restore();
 }
@@ -25,7 +25,7 @@ void FieldFrame::PaintBorder(QPainter* painter, const QRect& area, const QColor&
 {
     const int line = active ? Scaled(2) : Scaled(1);
     const qreal inset = line / 2.0;
-    const qreal radius = Scaled(cornerRadius) - inset;
+    const qreal radius = Scaled(CornerRadius) - inset;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(color, line));

@@ -22,7 +22,7 @@ struct KnownButton
 };
 
 // In the order in which they stand.
-constexpr KnownButton knownButtons[] = {
+constexpr KnownButton KnownButtons[] = {
     {QMessageBox::Ok, "ok_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "OK")},
     {QMessageBox::Yes, "yes_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "Yes")},
     {QMessageBox::YesToAll, "yes_to_all_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "Yes to all")},
@@ -45,7 +45,7 @@ constexpr KnownButton knownButtons[] = {
 
 const KnownButton* Find(QMessageBox::StandardButton answer)
 {
-    for (const KnownButton& known : knownButtons) {
+    for (const KnownButton& known : KnownButtons) {
         if (known.answer == answer) {
             return &known;
         }
@@ -80,7 +80,7 @@ MessageDialog::MessageDialog(const QString& text, QMessageBox::StandardButtons b
     layout->addWidget(m_label, 1);
     layout->addLayout(m_buttonLayout);
     m_buttonLayout->addStretch();
-    for (const KnownButton& known : knownButtons) {
+    for (const KnownButton& known : KnownButtons) {
         if (buttons.testFlag(known.answer)) {
             AddButton(known.answer, buttonTexts.value(m_choices.size()));
         }
@@ -113,7 +113,7 @@ QMessageBox::StandardButton MessageDialog::GetEscapeAnswer(QMessageBox::Standard
         return QMessageBox::No;
     }
     QMessageBox::StandardButton last = QMessageBox::Ok;
-    for (const KnownButton& known : knownButtons) {
+    for (const KnownButton& known : KnownButtons) {
         if (buttons.testFlag(known.answer)) {
             last = known.answer;
         }

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int patience = 200; // [ms]
-constexpr int lowest = 180;   // [px, unscaled]
+constexpr int Patience = 200; // [ms]
+constexpr int Lowest = 180;   // [px, unscaled]
 
 QLabel* MakeLabel(const QString& objectName, QWidget* parent)
 {
@@ -65,7 +65,7 @@ RequestStatusBaseWidget::RequestStatusBaseWidget(QWidget* parent)
     AddTo(m_failedPanel, m_failedSign, m_failedLabel, m_refreshButton);
 
     m_patience->setSingleShot(true);
-    m_patience->setInterval(patience);
+    m_patience->setInterval(Patience);
     connect(m_patience, &QTimer::timeout, this, &RequestStatusBaseWidget::Apply);
     connect(m_refreshButton, &QPushButton::clicked, this, &RequestStatusBaseWidget::SigRefresh);
     m_scaleWatch = std::make_unique<ScaleWatch>([this] { AdjustForScale(); });
@@ -119,7 +119,7 @@ QSize RequestStatusBaseWidget::sizeHint() const
         return content;
     }
     const QSize panel = m_loadingPanel->sizeHint().expandedTo(m_failedPanel->sizeHint());
-    return {qMax(content.width(), panel.width()), qMax(qMax(m_lastHeight, Scaled(lowest)), panel.height())};
+    return {qMax(content.width(), panel.width()), qMax(qMax(m_lastHeight, Scaled(Lowest)), panel.height())};
 }
 
 QSize RequestStatusBaseWidget::minimumSizeHint() const

@@ -17,13 +17,13 @@
 namespace {
 
 // [px, unscaled]
-constexpr int pointerHeight = 6;
-constexpr int pointerWidth = 12;
-constexpr int cornerRadius = 6;
-constexpr int padding = 10;
-constexpr int signSize = 14;
-constexpr int signGap = 6;
-constexpr int shortestText = 80;
+constexpr int PointerHeight = 6;
+constexpr int PointerWidth = 12;
+constexpr int CornerRadius = 6;
+constexpr int Padding = 10;
+constexpr int SignSize = 14;
+constexpr int SignGap = 6;
+constexpr int ShortestText = 80;
 
 QWidget* PlaceFor(QWidget* parent)
 {
@@ -105,17 +105,17 @@ int TLBubbleLabel::GetLead() const
 void TLBubbleLabel::Adjust()
 {
     m_lead = GetLead();
-    const int around = 2 * Scaled(padding) + Scaled(signSize) + Scaled(signGap);
+    const int around = 2 * Scaled(Padding) + Scaled(SignSize) + Scaled(SignGap);
     int room = QWIDGETSIZE_MAX;
     if (parentWidget() != nullptr) {
-        room = qMax(Scaled(shortestText), parentWidget()->width() - x() - Scaled(8) - around);
+        room = qMax(Scaled(ShortestText), parentWidget()->width() - x() - Scaled(8) - around);
     }
     const QRect needed = fontMetrics().boundingRect(QRect(0, 0, room, QWIDGETSIZE_MAX),
                                                     Qt::AlignLeft | Qt::TextWordWrap, text());
     const int width =
-        qMax(needed.width() + around, m_pointerOffset + Scaled(pointerWidth) + 2 * Scaled(cornerRadius));
-    const int height = qMax(needed.height(), Scaled(signSize)) + 2 * Scaled(padding) * 6 / 10;
-    resize(width, m_lead + Scaled(pointerHeight) + height);
+        qMax(needed.width() + around, m_pointerOffset + Scaled(PointerWidth) + 2 * Scaled(CornerRadius));
+    const int height = qMax(needed.height(), Scaled(SignSize)) + 2 * Scaled(Padding) * 6 / 10;
+    resize(width, m_lead + Scaled(PointerHeight) + height);
     update();
 }
 
@@ -128,14 +128,14 @@ QPainterPath TLBubbleLabel::GetOutline() const
 {
     const bool up = m_direction == BubbleDirection::Up;
     const qreal line = Scaled(1) / 2.0;
-    const qreal pointer = Scaled(pointerHeight);
+    const qreal pointer = Scaled(PointerHeight);
     const QRectF body =
         QRectF(rect()).adjusted(line, up ? m_lead + pointer : line, -line, up ? -line : -pointer);
-    const qreal radius = Scaled(cornerRadius);
+    const qreal radius = Scaled(CornerRadius);
 
     QPainterPath box;
     box.addRoundedRect(body, radius, radius);
-    const qreal half = Scaled(pointerWidth) / 2.0;
+    const qreal half = Scaled(PointerWidth) / 2.0;
     const qreal tip =
         qBound(body.left() + radius + half, qreal(m_pointerOffset), body.right() - radius - half);
     const qreal base = up ? body.top() + 1 : body.bottom() - 1;
@@ -158,15 +158,15 @@ void TLBubbleLabel::paintEvent(QPaintEvent*)
     painter.drawPath(GetOutline());
 
     const bool up = m_direction == BubbleDirection::Up;
-    const int pointer = Scaled(pointerHeight);
+    const int pointer = Scaled(PointerHeight);
     const QRect body =
-        rect().adjusted(Scaled(padding), up ? m_lead + pointer : 0, -Scaled(padding), up ? 0 : -pointer);
+        rect().adjusted(Scaled(Padding), up ? m_lead + pointer : 0, -Scaled(Padding), up ? 0 : -pointer);
     const QRect sign = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
-                                           QSize(Scaled(signSize), Scaled(signSize)), body);
+                                           QSize(Scaled(SignSize), Scaled(SignSize)), body);
     const QColor text = ThemedColor(m_textColor, colors, QPalette::ToolTipText);
     SignPainter::Paint(&painter, sign, Sign::Warning, m_signColor.isValid() ? m_signColor : text);
 
-    const int lead = Scaled(signSize) + Scaled(signGap);
+    const int lead = Scaled(SignSize) + Scaled(SignGap);
     const QRect area = QStyle::visualRect(layoutDirection(), body, body.adjusted(lead, 0, 0, 0));
     painter.setPen(text);
     painter.drawText(area,

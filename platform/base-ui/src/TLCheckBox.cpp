@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr int boxSize = 16;  // [px, unscaled]
-constexpr int boxMargin = 2; // [px, unscaled]
-constexpr int gap = 8;       // [px, unscaled]
+constexpr int BoxSize = 16;  // [px, unscaled]
+constexpr int BoxMargin = 2; // [px, unscaled]
+constexpr int Gap = 8;       // [px, unscaled]
 
 } // namespace
 
@@ -40,21 +40,21 @@ void TLCheckBox::Construct()
 
 QRect TLCheckBox::GetBox() const
 {
-    const int size = Scaled(boxSize);
-    const QRect box(Scaled(boxMargin), (height() - size) / 2, size, size);
+    const int size = Scaled(BoxSize);
+    const QRect box(Scaled(BoxMargin), (height() - size) / 2, size, size);
     return QStyle::visualRect(layoutDirection(), rect(), box);
 }
 
 QSize TLCheckBox::sizeHint() const
 {
-    int width = Scaled(boxSize) + 2 * Scaled(boxMargin);
+    int width = Scaled(BoxSize) + 2 * Scaled(BoxMargin);
     int height = width;
     if (!text().isEmpty()) {
         const QSize size = fontMetrics().size(Qt::TextShowMnemonic, text());
-        width += Scaled(gap) - Scaled(boxMargin) + size.width();
+        width += Scaled(Gap) - Scaled(BoxMargin) + size.width();
         height = qMax(height, size.height());
     } else if (m_sizeClass == 1) {
-        width += Scaled(gap) - Scaled(boxMargin);
+        width += Scaled(Gap) - Scaled(BoxMargin);
         height = Scaled(32);
     }
     return {width, height};
@@ -63,7 +63,7 @@ QSize TLCheckBox::sizeHint() const
 QSize TLCheckBox::minimumSizeHint() const
 {
     const QSize size = sizeHint();
-    return {size.width(), qMin(size.height(), Scaled(boxSize))};
+    return {size.width(), qMin(size.height(), Scaled(BoxSize))};
 }
 
 bool TLCheckBox::hitButton(const QPoint& point) const
@@ -144,7 +144,7 @@ void TLCheckBox::paintEvent(QPaintEvent*)
     if (option.text.isEmpty()) {
         return;
     }
-    const int lead = Scaled(boxMargin) + Scaled(boxSize) + Scaled(gap);
+    const int lead = Scaled(BoxMargin) + Scaled(BoxSize) + Scaled(Gap);
     const QRect area = QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(lead, 0, 0, 0));
     const int flags =
         int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)) |

@@ -15,9 +15,9 @@
 namespace {
 
 // [px, unscaled]
-constexpr int inset = 10;
-constexpr int gap = 8;
-constexpr int arrowWidth = 8;
+constexpr int Inset = 10;
+constexpr int Gap = 8;
+constexpr int ArrowWidth = 8;
 
 } // namespace
 
@@ -55,13 +55,13 @@ QSize TLComboBox::sizeHint() const
     const int height =
         qMax(qMax(Scaled(32), fontMetrics().height() + 2 * Scaled(4)), iconSize().height() + 2 * Scaled(4));
     const int text = fontMetrics().averageCharWidth() * 16;
-    return {text + iconSize().width() + 2 * Scaled(inset) + Scaled(arrowWidth) + 2 * Scaled(gap), height};
+    return {text + iconSize().width() + 2 * Scaled(Inset) + Scaled(ArrowWidth) + 2 * Scaled(Gap), height};
 }
 
 QSize TLComboBox::minimumSizeHint() const
 {
     const int text = fontMetrics().averageCharWidth() * 6;
-    return {text + iconSize().width() + 2 * Scaled(inset) + Scaled(arrowWidth) + 2 * Scaled(gap),
+    return {text + iconSize().width() + 2 * Scaled(Inset) + Scaled(ArrowWidth) + 2 * Scaled(Gap),
             sizeHint().height()};
 }
 
@@ -103,9 +103,9 @@ void TLComboBox::paintEvent(QPaintEvent*)
     FieldFrame::PaintFill(&painter, rect(), fill);
     FieldFrame::PaintBorder(&painter, rect(), border, active);
 
-    const QRect inner = rect().adjusted(Scaled(inset), 0, -Scaled(inset), 0);
+    const QRect inner = rect().adjusted(Scaled(Inset), 0, -Scaled(Inset), 0);
     const QRect arrow = QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter,
-                                            QSize(Scaled(arrowWidth), Scaled(arrowWidth) / 2), inner);
+                                            QSize(Scaled(ArrowWidth), Scaled(ArrowWidth) / 2), inner);
     const QPoint arrowLines[] = {arrow.topLeft(), QPoint(arrow.center().x(), arrow.bottom()),
                                  arrow.topRight()};
     painter.setPen(QPen(text, Scaled(3) / 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -113,7 +113,7 @@ void TLComboBox::paintEvent(QPaintEvent*)
 
     painter.setPen(text);
     const QRect label =
-        QStyle::visualRect(layoutDirection(), inner, inner.adjusted(0, 0, -Scaled(arrowWidth + gap), 0));
+        QStyle::visualRect(layoutDirection(), inner, inner.adjusted(0, 0, -Scaled(ArrowWidth + Gap), 0));
     const int current = currentIndex();
     ComboItemDelegate::PaintItem(&painter, label, layoutDirection(), iconSize(), itemIcon(current),
                                  currentText(), isEnabled());

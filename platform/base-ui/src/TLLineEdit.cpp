@@ -13,9 +13,9 @@
 namespace {
 
 // [px, unscaled]
-constexpr int clearSize = 20;
-constexpr int clearInset = 6;
-constexpr int textInset = 8;
+constexpr int ClearSize = 20;
+constexpr int ClearInset = 6;
+constexpr int TextInset = 8;
 
 } // namespace
 
@@ -35,7 +35,7 @@ void TLLineEdit::Construct()
 {
     setFrame(false);
     setAttribute(Qt::WA_Hover);
-    m_clearButton = new CloseButton(clearSize, this);
+    m_clearButton = new CloseButton(ClearSize, this);
     m_clearButton->setObjectName(QStringLiteral("clear_button"));
     m_clearButton->setFocusPolicy(Qt::NoFocus);
     m_clearButton->setCursor(Qt::ArrowCursor);
@@ -121,12 +121,12 @@ void TLLineEdit::PlaceClearButton()
     const bool useful = !text().isEmpty() && isEnabled() && !isReadOnly();
     m_clearButton->setVisible(useful);
     // The room is kept also while the button is not there, so that the text does not jump.
-    const int start = Scaled(textInset);
-    const int end = Scaled(clearInset) + Scaled(clearSize) + Scaled(4);
+    const int start = Scaled(TextInset);
+    const int end = Scaled(ClearInset) + Scaled(ClearSize) + Scaled(4);
     const bool leftToRight = isLeftToRight();
     setTextMargins(leftToRight ? start : end, 0, leftToRight ? end : start, 0);
     const QSize size = m_clearButton->sizeHint();
-    const QRect place(width() - Scaled(clearInset) - size.width(), (height() - size.height()) / 2,
+    const QRect place(width() - Scaled(ClearInset) - size.width(), (height() - size.height()) / 2,
                       size.width(), size.height());
     m_clearButton->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
 }

@@ -16,14 +16,14 @@
 namespace {
 
 // [px, unscaled]
-constexpr int fromTop = 56;
-constexpr int fromSides = 16;
-constexpr int widest = 480;
-constexpr int paddingX = 14;
-constexpr int paddingY = 9;
-constexpr int cornerRadius = 8;
-constexpr int signSize = 16;
-constexpr int signGap = 8;
+constexpr int FromTop = 56;
+constexpr int FromSides = 16;
+constexpr int Widest = 480;
+constexpr int PaddingX = 14;
+constexpr int PaddingY = 9;
+constexpr int CornerRadius = 8;
+constexpr int SignSize = 16;
+constexpr int SignGap = 8;
 
 Sign SignFor(int type)
 {
@@ -121,12 +121,12 @@ void TLToast::changeEvent(QEvent* event)
 void TLToast::Adjust()
 {
     const QWidget* const window = parentWidget();
-    const int around = 2 * Scaled(paddingX) + Scaled(signSize) + Scaled(signGap);
-    const int room = qMin(Scaled(widest), window->width() - 2 * Scaled(fromSides)) - around;
+    const int around = 2 * Scaled(PaddingX) + Scaled(SignSize) + Scaled(SignGap);
+    const int room = qMin(Scaled(Widest), window->width() - 2 * Scaled(FromSides)) - around;
     const QRect needed = fontMetrics().boundingRect(QRect(0, 0, qMax(room, 1), QWIDGETSIZE_MAX),
                                                     Qt::AlignLeft | Qt::TextWordWrap, text());
-    const QSize size(needed.width() + around, qMax(needed.height(), Scaled(signSize)) + 2 * Scaled(paddingY));
-    const int top = qMax(0, qMin(Scaled(fromTop), window->height() - size.height() - Scaled(fromSides)));
+    const QSize size(needed.width() + around, qMax(needed.height(), Scaled(SignSize)) + 2 * Scaled(PaddingY));
+    const int top = qMax(0, qMin(Scaled(FromTop), window->height() - size.height() - Scaled(FromSides)));
     setGeometry((window->width() - size.width()) / 2, top, size.width(), size.height());
     update();
 }
@@ -142,13 +142,13 @@ void TLToast::paintEvent(QPaintEvent*)
     painter.setPen(QPen(ThemedColor(m_borderColor, colors, QPalette::ToolTipBase), line));
     painter.setBrush(ThemedColor(m_toastColor, colors, QPalette::ToolTipBase));
     painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2),
-                            Scaled(cornerRadius), Scaled(cornerRadius));
+                            Scaled(CornerRadius), Scaled(CornerRadius));
 
-    const QRect body = rect().adjusted(Scaled(paddingX), 0, -Scaled(paddingX), 0);
+    const QRect body = rect().adjusted(Scaled(PaddingX), 0, -Scaled(PaddingX), 0);
     const QRect sign = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
-                                           QSize(Scaled(signSize), Scaled(signSize)), body);
+                                           QSize(Scaled(SignSize), Scaled(SignSize)), body);
     SignPainter::Paint(&painter, sign, SignFor(m_type), m_signColor.isValid() ? m_signColor : text);
-    const int lead = Scaled(signSize) + Scaled(signGap);
+    const int lead = Scaled(SignSize) + Scaled(SignGap);
     painter.setPen(text);
     painter.drawText(QStyle::visualRect(layoutDirection(), body, body.adjusted(lead, 0, 0, 0)),
                      int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)) |

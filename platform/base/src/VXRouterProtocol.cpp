@@ -10,7 +10,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcRouter, "tl.router")
+Q_LOGGING_CATEGORY(logRouter, "tl.router")
 
 int HexDigit(QChar c)
 {
@@ -101,12 +101,12 @@ RouteParts Split(const QString& url)
 IRouteExecutor* ExecutorOrWarning(const QString& base)
 {
     if (Split(base).module.isNull()) {
-        qCWarning(lcRouter, "Not a router URL: %ls", qUtf16Printable(base));
+        qCWarning(logRouter, "Not a router URL: %ls", qUtf16Printable(base));
         return nullptr;
     }
     IRouteExecutor* executor = IRouteExecutor::Provided();
     if (!executor) {
-        qCWarning(lcRouter, "Nobody routes %ls", qUtf16Printable(base));
+        qCWarning(logRouter, "Nobody routes %ls", qUtf16Printable(base));
     }
     return executor;
 }

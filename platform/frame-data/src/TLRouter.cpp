@@ -8,13 +8,13 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcRouter, "tl.router")
+Q_LOGGING_CATEGORY(logRouter, "tl.router")
 
 ITabOpener* OpenerOrWarning()
 {
     ITabOpener* opener = ITabOpener::Provided();
     if (!opener) {
-        qCWarning(lcRouter, "Nobody is there to open a tab; the request is dropped.");
+        qCWarning(logRouter, "Nobody is there to open a tab; the request is dropped.");
     }
     return opener;
 }

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr int maximumLength = 8192; // [UTF-16 code units]
-constexpr int maximumStored = 2048; // [code points]
+constexpr int MaximumLength = 8192; // [UTF-16 code units]
+constexpr int MaximumStored = 2048; // [code points]
 
 // Characters that have no place in an address, whatever a parser would make of them: they serve to
 // show one address and open another.
@@ -72,7 +72,7 @@ bool IsIn(const QString& host, const QString& domain)
 QUrl TLUrlUtils::ToWebUrl(const QString& address)
 {
     const QString text = address.trimmed();
-    if (text.size() > maximumLength || std::any_of(text.cbegin(), text.cend(), IsRefused)) {
+    if (text.size() > MaximumLength || std::any_of(text.cbegin(), text.cend(), IsRefused)) {
         return QUrl();
     }
 
@@ -98,7 +98,7 @@ bool TLUrlUtils::IsVXUrl(const QString& address)
         return false;
     }
     const QUrl url = ToWebUrl(address);
-    if (url.isEmpty() || address.toUcs4().size() > maximumStored) {
+    if (url.isEmpty() || address.toUcs4().size() > MaximumStored) {
         return false;
     }
 

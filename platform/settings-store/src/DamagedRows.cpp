@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int maximumRows = 32;
-constexpr qint64 maximumSize = qint64(4) * 1024 * 1024; // [bytes]
+constexpr int MaximumRows = 32;
+constexpr qint64 MaximumSize = qint64(4) * 1024 * 1024; // [bytes]
 
 bool Move(QSqlQuery* query, qint64 rowId, const QString& now)
 {
@@ -39,7 +39,7 @@ bool Trim(QSqlQuery* query)
     qint64 lastDropped = 0;
     for (int count = 1; lastDropped == 0 && query->next(); ++count) {
         size += query->value(1).toLongLong();
-        if (count > maximumRows || (count > 1 && size > maximumSize)) {
+        if (count > MaximumRows || (count > 1 && size > MaximumSize)) {
             lastDropped = query->value(0).toLongLong();
         }
     }

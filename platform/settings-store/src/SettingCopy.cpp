@@ -18,7 +18,7 @@ SettingCopy::SettingCopy(const QString& file)
 {
     const QString copy = GetPathOf(QStringLiteral("copy"));
     if (m_folder.isValid() && CopyIfThere(file, copy) &&
-        CopyIfThere(file + SettingFileNames::log, copy + SettingFileNames::log)) {
+        CopyIfThere(file + SettingFileNames::Log, copy + SettingFileNames::Log)) {
         m_file = copy;
     }
 }

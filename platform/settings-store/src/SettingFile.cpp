@@ -20,8 +20,8 @@
 namespace {
 
 // How long another program's lock is waited for. Twice as long is still less than what a flush may take. [ms]
-constexpr int busyTimeout = 2000;
-constexpr int smallestDatabase = 512; // [bytes]
+constexpr int BusyTimeout = 2000;
+constexpr int SmallestDatabase = 512; // [bytes]
 
 // Whether something stands at the path that never will be opened. A sound file can fail to open as well,
 // when the system is short of something; it is not touched.
@@ -36,7 +36,7 @@ bool IsInTheWay(const QString& path)
 bool IsTooShort(const QString& path)
 {
     const QFileInfo info(path);
-    return info.isFile() && info.size() < smallestDatabase;
+    return info.isFile() && info.size() < SmallestDatabase;
 }
 
 // Whether the head says that a newer SQLite wrote the file, which none of ours did: this one would read it
@@ -57,8 +57,8 @@ bool HasStrangeHead(const QString& path)
 // Whether there are changes to a file that itself is not there.
 bool HasOnlyLog(const QString& path)
 {
-    return !QFileInfo::exists(path) && (QFileInfo(path + SettingFileNames::log).size() > 0 ||
-                                        QFileInfo(path + SettingFileNames::journal).size() > 0);
+    return !QFileInfo::exists(path) && (QFileInfo(path + SettingFileNames::Log).size() > 0 ||
+                                        QFileInfo(path + SettingFileNames::Journal).size() > 0);
 }
 
 // What is damaged and not there in another row.
@@ -91,7 +91,7 @@ bool InsertRows(QSqlQuery* query, const SettingValues& values)
 } // namespace
 
 SettingFile::SettingFile(const QString& path)
-    : m_path(QFileInfo(path).absoluteFilePath()), m_lock(m_path + SettingFileNames::lock)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_lock(m_path + SettingFileNames::Lock)
 {}
 
 SettingFile::~SettingFile()
@@ -218,7 +218,7 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
     if (HasStrangeHead(m_path)) {
         return {SettingFault::Damaged, tr("its head is not that of a database")};
     }
-    if (QFileInfo(m_path + SettingFileNames::log).size() > 0) {
+    if (QFileInfo(m_path + SettingFileNames::Log).size() > 0) {
         Problem problem = ExamineCopy(m_path);
         if (problem.IsFatal()) {
             return problem;
@@ -226,7 +226,7 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
     }
 
     QSqlError error;
-    m_connection = SettingConnection::Open(m_path, busyTimeout, &error);
+    m_connection = SettingConnection::Open(m_path, BusyTimeout, &error);
     if (m_connection.isEmpty()) {
         return {IsInTheWay(m_path) ? SettingFault::Damaged : SettingFault::Other, error.databaseText()};
     }
@@ -234,7 +234,7 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
     if (!problem.None()) {
         CloseConnection();
     } else {
-        QFile::remove(m_path + SettingFileNames::draft);
+        QFile::remove(m_path + SettingFileNames::Draft);
     }
     return problem;
 }
@@ -247,7 +247,7 @@ bool SettingFile::ReadAlone(const Problem& problem, SettingContent* loaded)
         return false;
     }
     QSqlError error;
-    QString connection = SettingConnection::Open(m_path, busyTimeout, &error);
+    QString connection = SettingConnection::Open(m_path, BusyTimeout, &error);
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
         QSqlQuery query(database);
@@ -329,7 +329,7 @@ SettingFile::Problem SettingFile::ExamineCopy(const QString& file)
 {
     const SettingCopy copy(file);
     QSqlError error;
-    QString connection = SettingConnection::Open(copy.GetFile(), busyTimeout, &error);
+    QString connection = SettingConnection::Open(copy.GetFile(), BusyTimeout, &error);
     if (copy.GetFile().isEmpty() || connection.isEmpty()) {
         return {}; // there may be no room for it
     }
@@ -395,12 +395,12 @@ SettingFile::Problem SettingFile::MakeFile()
 
 bool SettingFile::IsWholeDraft() const
 {
-    const QString draft = m_path + SettingFileNames::draft;
+    const QString draft = m_path + SettingFileNames::Draft;
     if (IsTooShort(draft) || !QFileInfo(draft).isFile()) {
         return false;
     }
     QSqlError error;
-    QString connection = SettingConnection::Open(draft, busyTimeout, &error);
+    QString connection = SettingConnection::Open(draft, BusyTimeout, &error);
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
     const bool isWhole =
         !connection.isEmpty() && Examine(connection, &kind).None() && kind == SettingTable::Kind::Ours;
@@ -410,11 +410,11 @@ bool SettingFile::IsWholeDraft() const
 
 SettingFile::Problem SettingFile::MakeDraft(const SettingValues& values)
 {
-    const QString draft = m_path + SettingFileNames::draft;
-    QFile::remove(draft + SettingFileNames::journal);
+    const QString draft = m_path + SettingFileNames::Draft;
+    QFile::remove(draft + SettingFileNames::Journal);
     QFile::remove(draft);
     QSqlError error;
-    QString connection = SettingConnection::Open(draft, busyTimeout, &error);
+    QString connection = SettingConnection::Open(draft, BusyTimeout, &error);
     if (connection.isEmpty()) {
         return ProblemOf(error);
     }
@@ -430,10 +430,10 @@ SettingFile::Problem SettingFile::TakeDraft()
 {
     // Empty leftovers, which must not be taken for its own.
     for (const QString& suffix :
-         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal}) {
+         {SettingFileNames::Log, SettingFileNames::LogIndex, SettingFileNames::Journal}) {
         QFile::remove(m_path + suffix);
     }
-    QFile file(m_path + SettingFileNames::draft);
+    QFile file(m_path + SettingFileNames::Draft);
     return file.rename(m_path) ? Problem{} : Problem{SettingFault::Other, file.errorString()};
 }
 
@@ -501,12 +501,12 @@ SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileRep
     const QString name =
         m_path + kind + QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMddTHHmmsszzzZ"));
     QString aside = name;
-    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::log); ++i) {
+    for (int i = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + SettingFileNames::Log); ++i) {
         aside = QStringLiteral("%1-%2").arg(name).arg(i);
     }
 
     for (const QString& suffix :
-         {SettingFileNames::log, SettingFileNames::logIndex, SettingFileNames::journal, QString()}) {
+         {SettingFileNames::Log, SettingFileNames::LogIndex, SettingFileNames::Journal, QString()}) {
         if (!QFileInfo::exists(m_path + suffix)) {
             continue;
         }
@@ -514,7 +514,7 @@ SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileRep
             return {SettingFault::Other,
                     tr("the damaged file %1 cannot be renamed").arg(QDir::toNativeSeparators(m_path))};
         }
-        if (suffix != SettingFileNames::logIndex) {
+        if (suffix != SettingFileNames::LogIndex) {
             report->setAsideFile = aside + suffix; // the last one is the database, if it is there at all
         }
     }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience = 1000; // [ms]
+constexpr int Patience = 1000; // [ms]
 
 } // namespace
 
@@ -35,7 +35,7 @@ bool SettingLock::Take()
 bool SettingLock::TryOnce(bool* isDamaged)
 {
     QSqlError error;
-    m_connection = SettingConnection::Open(m_file, patience, &error);
+    m_connection = SettingConnection::Open(m_file, Patience, &error);
     if (!m_connection.isEmpty()) {
         QSqlQuery query(QSqlDatabase::database(m_connection));
         if (query.exec(QStringLiteral("PRAGMA journal_mode=MEMORY")) &&

@@ -6,11 +6,11 @@
 
 namespace {
 
-constexpr int checksumSize = 8; // [bytes]
+constexpr int ChecksumSize = 8; // [bytes]
 
 // The values of the column "scope".
-constexpr qint64 scopeGlobal = 0;
-constexpr qint64 scopeUser = 1;
+constexpr qint64 ScopeGlobal = 0;
+constexpr qint64 ScopeUser = 1;
 
 // A null text is the same value as an empty one, but SQLite would take it for no value.
 QByteArray ToBytes(const QString& text)
@@ -37,7 +37,7 @@ void AddNumber(qint64 number, QCryptographicHash* hash)
 SettingRow SettingRow::Of(const SettingKey& key, const QString& value)
 {
     SettingRow row;
-    row.scope = key.ofUser ? scopeUser : scopeGlobal;
+    row.scope = key.ofUser ? ScopeUser : ScopeGlobal;
     row.user = ToBytes(key.user);
     row.section = ToBytes(key.section);
     row.field = ToBytes(key.field);
@@ -48,7 +48,7 @@ SettingRow SettingRow::Of(const SettingKey& key, const QString& value)
 
 SettingKey SettingRow::GetKey() const
 {
-    return {scope == scopeUser, FromBytes(user), FromBytes(section), FromBytes(field)};
+    return {scope == ScopeUser, FromBytes(user), FromBytes(section), FromBytes(field)};
 }
 
 QString SettingRow::GetText() const
@@ -64,7 +64,7 @@ QByteArray SettingRow::CountChecksum() const
         AddNumber(bytes->size(), &hash); // so that no byte can change sides unnoticed
         hash.addData(*bytes);
     }
-    return hash.result().left(checksumSize);
+    return hash.result().left(ChecksumSize);
 }
 
 bool SettingRow::IsSound() const

@@ -14,11 +14,11 @@
 namespace {
 
 // How many rows that neither end of the table leads to are looked for one by one. [rows]
-constexpr qint64 maximumProbes = 10000;
-constexpr int pageSize = 4096;    // of all our files [bytes]
-constexpr int smallestRow = 8;    // [bytes]
-constexpr int patience = 2000;    // [ms]
-constexpr qint64 atLeastRows = 1; // of a file without a size
+constexpr qint64 MaximumProbes = 10000;
+constexpr int PageSize = 4096;    // of all our files [bytes]
+constexpr int SmallestRow = 8;    // [bytes]
+constexpr int Patience = 2000;    // [ms]
+constexpr qint64 AtLeastRows = 1; // of a file without a size
 
 // A damaged page ends a walk along the table, so that it is walked from both ends; what lies between two
 // damaged pages is reached through the row ids, which are nearly dense since rows are hardly ever deleted.
@@ -32,7 +32,7 @@ SettingContent ReadAround(const QSqlDatabase& database, qint64 maximumRows, Sett
     }
     const SettingTable::ReadResult backward =
         SettingTable::ReadAll(database, SettingTable::Direction::Backward, maximumRows, checksums, &content);
-    const qint64 farthest = forward.lastRowId + maximumProbes;
+    const qint64 farthest = forward.lastRowId + MaximumProbes;
     const qint64 end = backward.lastRowId > 0 ? qMin(backward.lastRowId, farthest) : farthest;
     SettingTable::ReadEach(database, forward.lastRowId + 1, end, checksums, &content);
     return content;
@@ -41,9 +41,9 @@ SettingContent ReadAround(const QSqlDatabase& database, qint64 maximumRows, Sett
 SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
 {
     // No file holds more rows than this; damage can lead a walk in circles.
-    const qint64 size = QFileInfo(copy).size() + QFileInfo(copy + SettingFileNames::log).size();
+    const qint64 size = QFileInfo(copy).size() + QFileInfo(copy + SettingFileNames::Log).size();
     QSqlError error;
-    QString connection = SettingConnection::Open(copy, patience, &error);
+    QString connection = SettingConnection::Open(copy, Patience, &error);
     SettingContent content;
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
@@ -51,7 +51,7 @@ SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
         QSqlQuery query(database);
         query.exec(QStringLiteral("PRAGMA writable_schema=ON"));
         query.finish();
-        content = ReadAround(database, qMax(size / smallestRow, atLeastRows), checksums);
+        content = ReadAround(database, qMax(size / SmallestRow, AtLeastRows), checksums);
     }
     SettingConnection::Close(&connection);
     return content;
@@ -61,10 +61,10 @@ SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
 QByteArray MakeFirstPage(const QString& emptyFile)
 {
     QSqlError error;
-    QString connection = SettingConnection::Open(emptyFile, patience, &error);
+    QString connection = SettingConnection::Open(emptyFile, Patience, &error);
     if (!connection.isEmpty()) {
         QSqlQuery query(QSqlDatabase::database(connection));
-        query.exec(QStringLiteral("PRAGMA page_size=%1").arg(pageSize));
+        query.exec(QStringLiteral("PRAGMA page_size=%1").arg(PageSize));
         for (const QString& statement : SettingTable::CreateStatements()) {
             query.exec(statement);
         }
@@ -74,9 +74,9 @@ QByteArray MakeFirstPage(const QString& emptyFile)
     QFile file(emptyFile);
     QByteArray page;
     if (file.open(QFile::ReadOnly)) {
-        page = file.read(pageSize);
+        page = file.read(PageSize);
     }
-    if (page.size() < pageSize) {
+    if (page.size() < PageSize) {
         return {};
     }
     page[18] = page[19] = 2;       // there may be a log

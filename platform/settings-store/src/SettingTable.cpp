@@ -9,16 +9,16 @@
 namespace {
 
 // The version of the table's layout, kept in the file's user_version.
-constexpr int layoutVersion = 2;
+constexpr int LayoutVersion = 2;
 
 // In place of a scope that is no number: fits no checksum.
-constexpr qint64 noScope = -1;
+constexpr qint64 NoScope = -1;
 
-const QString checksumColumn = QStringLiteral("checksum BLOB NOT NULL DEFAULT x''");
+const QString ChecksumColumn = QStringLiteral("checksum BLOB NOT NULL DEFAULT x''");
 
 QString VersionStatement()
 {
-    return QStringLiteral("PRAGMA user_version=%1").arg(layoutVersion);
+    return QStringLiteral("PRAGMA user_version=%1").arg(LayoutVersion);
 }
 
 // Texts are read, and written below, as the bytes that the file has: SQLite's own way from and to UTF-16
@@ -36,7 +36,7 @@ SettingRow RowOf(const QSqlQuery& query)
     bool isNumber = false;
     row.scope = query.value(1).toLongLong(&isNumber);
     if (!isNumber) {
-        row.scope = noScope;
+        row.scope = NoScope;
     }
     row.user = query.value(2).toByteArray();
     row.section = query.value(3).toByteArray();
@@ -92,7 +92,7 @@ QStringList SettingTable::CreateStatements()
             "CREATE TABLE setting ("
             "scope INTEGER NOT NULL, user TEXT NOT NULL, section TEXT NOT NULL, "
             "field TEXT NOT NULL, value TEXT NOT NULL, %1, PRIMARY KEY (scope, user, section, field))")
-            .arg(checksumColumn),
+            .arg(ChecksumColumn),
         DamagedRows::CreateStatement(),
         VersionStatement(),
     };
@@ -121,9 +121,9 @@ QSqlError SettingTable::Recognise(const QSqlDatabase& database, Kind* kind)
         *kind = Kind::Empty;
     } else if (version == 1 && columns == before) {
         *kind = Kind::Version1;
-    } else if (version == layoutVersion && columns == before + QStringList(QStringLiteral("checksum0"))) {
+    } else if (version == LayoutVersion && columns == before + QStringList(QStringLiteral("checksum0"))) {
         *kind = Kind::Ours;
-    } else if (version > layoutVersion && !columns.isEmpty()) {
+    } else if (version > LayoutVersion && !columns.isEmpty()) {
         *kind = Kind::Later;
     } else {
         *kind = Kind::Foreign;
@@ -143,7 +143,7 @@ QSqlError SettingTable::BringUpToDate(const QSqlDatabase& database)
     };
     for (const QString& statement :
          {QStringLiteral("BEGIN IMMEDIATE"),
-          QStringLiteral("ALTER TABLE setting ADD COLUMN ") + checksumColumn, DamagedRows::CreateStatement(),
+          QStringLiteral("ALTER TABLE setting ADD COLUMN ") + ChecksumColumn, DamagedRows::CreateStatement(),
           VersionStatement(), SelectStatement(true)}) {
         if (!query.exec(statement)) {
             return failed();

@@ -8,9 +8,9 @@
 namespace {
 
 // How long values are gathered before they are written together, when nobody waits for them.
-constexpr std::chrono::milliseconds gatherTime(20);
+constexpr std::chrono::milliseconds GatherTime(20);
 // How long a flush waits for the disk.
-constexpr std::chrono::seconds flushBound(5);
+constexpr std::chrono::seconds FlushBound(5);
 
 } // namespace
 
@@ -57,7 +57,7 @@ bool SettingWriter::Flush()
     m_attemptWanted = true;
     m_hurry = true;
     m_wake.notify_one();
-    const auto bound = m_isStalled ? std::chrono::seconds(0) : flushBound;
+    const auto bound = m_isStalled ? std::chrono::seconds(0) : FlushBound;
     if (m_done.wait_for(lock, bound, [this, mine] { return m_attempted >= mine; })) {
         return m_written >= mine;
     }
@@ -106,7 +106,7 @@ void SettingWriter::Run()
         if (!m_attemptWanted) {
             return;
         }
-        m_wake.wait_for(lock, gatherTime, [this] { return m_hurry || m_stop; });
+        m_wake.wait_for(lock, GatherTime, [this] { return m_hurry || m_stop; });
         const SettingValues batch = std::exchange(m_waiting, SettingValues());
         const quint64 upTo = m_queued;
         m_attemptWanted = false;

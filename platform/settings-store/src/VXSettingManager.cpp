@@ -10,7 +10,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcSettings, "tl.settings")
+Q_LOGGING_CATEGORY(logSettings, "tl.settings")
 
 SettingKey UserKey(const QString& section, const QString& field)
 {
@@ -98,17 +98,17 @@ bool VXSettingManager::Flush()
 void VXSettingManager::Tell(const SettingFileReport& report)
 {
     if (!report.setAsideFile.isEmpty()) {
-        qCWarning(lcSettings, "%ls Set aside as %ls", qUtf16Printable(report.setAsideReason),
+        qCWarning(logSettings, "%ls Set aside as %ls", qUtf16Printable(report.setAsideReason),
                   qUtf16Printable(report.setAsideFile));
         Q_EMIT SigStoreSetAside(report.setAsideFile, report.setAsideReason);
     }
     for (const SettingKey& key : report.damagedValues) {
-        qCWarning(lcSettings, "Damaged value set aside: %ls / %ls", qUtf16Printable(key.section),
+        qCWarning(logSettings, "Damaged value set aside: %ls / %ls", qUtf16Printable(key.section),
                   qUtf16Printable(key.field));
         Q_EMIT SigValueDamaged(key.user, key.section, key.field);
     }
     if (!report.failure.isEmpty()) {
-        qCWarning(lcSettings, "%ls", qUtf16Printable(report.failure));
+        qCWarning(logSettings, "%ls", qUtf16Printable(report.failure));
         Q_EMIT SigStoreFailed(report.failure);
     }
 }

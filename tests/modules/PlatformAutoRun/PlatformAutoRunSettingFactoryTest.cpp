@@ -21,7 +21,7 @@ namespace {
 
 constexpr SettingWidgetId PageId(10, 60);
 
-const QStringList captions{
+const QStringList Captions{
     QStringLiteral("Homepage"), QStringLiteral("Set the URL that opens when you start it"),
     QStringLiteral("+custom URL"), QStringLiteral("Set the App that opens when you start it"),
     QStringLiteral("+Add App")};
@@ -119,7 +119,7 @@ TEST_F(PlatformAutoRunSettingFactoryTest, PageIsMadeAnewWithoutAParentForItsIdOn
 
 TEST_F(PlatformAutoRunSettingFactoryTest, WithoutAConfigurationTheWordsAreTheCaptions)
 {
-    EXPECT_EQ(factory.GetSearchKeywords(PageId), captions);
+    EXPECT_EQ(factory.GetSearchKeywords(PageId), Captions);
 }
 
 TEST_F(PlatformAutoRunSettingFactoryTest, NamesOfSystemEntriesAndAppsAndAddressesOfCustomOnesFollow)
@@ -129,21 +129,21 @@ TEST_F(PlatformAutoRunSettingFactoryTest, NamesOfSystemEntriesAndAppsAndAddresse
                       R"({"name":"Orders","url":"orders"})");
     const QStringList words{QStringLiteral("Today"), QStringLiteral("News"), QStringLiteral("Orders"),
                             QStringLiteral("https://c/"), QStringLiteral("https://d/")};
-    EXPECT_EQ(factory.GetSearchKeywords(PageId), captions + words);
+    EXPECT_EQ(factory.GetSearchKeywords(PageId), Captions + words);
 }
 
 TEST_F(PlatformAutoRunSettingFactoryTest, EmptyAddressesAndNamesGiveNoWord)
 {
     ReadConfiguration(R"({"name":"","url":"https://a/"})", R"({"name":"Mine","url":""})",
                       R"({"name":"","url":"orders"},{"name":"Chat","url":"chat"})");
-    EXPECT_EQ(factory.GetSearchKeywords(PageId), captions + QStringList{QStringLiteral("Chat")});
+    EXPECT_EQ(factory.GetSearchKeywords(PageId), Captions + QStringList{QStringLiteral("Chat")});
 }
 
 TEST_F(PlatformAutoRunSettingFactoryTest, WordsThatOccurTwiceStayTwice)
 {
     ReadConfiguration(R"({"name":"Homepage"})", R"({"url":"Orders"})", R"({"name":"Orders"})");
     const QStringList words{QStringLiteral("Homepage"), QStringLiteral("Orders"), QStringLiteral("Orders")};
-    EXPECT_EQ(factory.GetSearchKeywords(PageId), captions + words);
+    EXPECT_EQ(factory.GetSearchKeywords(PageId), Captions + words);
 }
 
 TEST_F(PlatformAutoRunSettingFactoryTest, CaptionsAreInTheLanguageOfTheUserInterface)

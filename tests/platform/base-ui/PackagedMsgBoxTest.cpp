@@ -17,12 +17,12 @@
 
 namespace {
 
-constexpr QMessageBox::StandardButtons yesOrNo = QMessageBox::Yes | QMessageBox::No;
-const QString question = QStringLiteral("recover the tabs?");
+constexpr QMessageBox::StandardButtons YesOrNo = QMessageBox::Yes | QMessageBox::No;
+const QString Question = QStringLiteral("recover the tabs?");
 
 /// Asks, and runs `act` as soon as the dialog has the user's attention.
 QMessageBox::StandardButton Ask(const std::function<void(QDialog*)>& act, QWidget* parent = nullptr,
-                                QMessageBox::StandardButtons buttons = yesOrNo,
+                                QMessageBox::StandardButtons buttons = YesOrNo,
                                 const QStringList& buttonTexts = {}, TextStyle style = TextStyle::Default)
 {
     bool acted = false;
@@ -39,7 +39,7 @@ QMessageBox::StandardButton Ask(const std::function<void(QDialog*)>& act, QWidge
     });
     timer.start(1);
     const QMessageBox::StandardButton answer =
-        PackagedMsgBox::question(question, parent, buttons, buttonTexts, style);
+        PackagedMsgBox::question(Question, parent, buttons, buttonTexts, style);
     EXPECT_TRUE(acted);
     return answer;
 }
@@ -97,7 +97,7 @@ TEST(PackagedMsgBoxTest, ClosingFromOutsideIsTheEscapeAnswer)
 {
     EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }), QMessageBox::No);
     EXPECT_EQ(Ask([](QDialog* dialog) { dialog->reject(); }), QMessageBox::No);
-    EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }, nullptr, yesOrNo | QMessageBox::Cancel),
+    EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }, nullptr, YesOrNo | QMessageBox::Cancel),
               QMessageBox::Cancel);
     EXPECT_EQ(Ask([](QDialog* dialog) { dialog->close(); }, nullptr, QMessageBox::Retry | QMessageBox::Abort),
               QMessageBox::Abort);
@@ -194,14 +194,14 @@ TEST(PackagedMsgBoxTest, TakesButtonTextsInTheOrderOfTheButtons)
             EXPECT_LT(Button(dialog, "yes_button")->x(), Button(dialog, "no_button")->x());
             dialog->close();
         },
-        nullptr, yesOrNo, {QStringLiteral("Open them"), QStringLiteral("Not now")});
+        nullptr, YesOrNo, {QStringLiteral("Open them"), QStringLiteral("Not now")});
     Ask(
         [](QDialog* dialog) {
             EXPECT_EQ(Button(dialog, "yes_button")->text(), QStringLiteral("Yes"));
             EXPECT_EQ(Button(dialog, "no_button")->text(), QStringLiteral("No"));
             dialog->close();
         },
-        nullptr, yesOrNo, {QString()});
+        nullptr, YesOrNo, {QString()});
 }
 
 TEST(PackagedMsgBoxTest, FollowsAChangeOfLanguageWhileItIsOpen)
@@ -223,7 +223,7 @@ TEST(PackagedMsgBoxTest, CopiesItsText)
     Ask([](QDialog* dialog) {
         QGuiApplication::clipboard()->clear();
         QTest::keySequence(dialog, QKeySequence::Copy);
-        EXPECT_EQ(QGuiApplication::clipboard()->text(), question);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), Question);
         dialog->close();
     });
 }
@@ -235,7 +235,7 @@ TEST(PackagedMsgBoxTest, WritesStrongTextBold)
             EXPECT_TRUE(dialog->findChild<QLabel*>(QStringLiteral("text_label"))->font().bold());
             dialog->close();
         },
-        nullptr, yesOrNo, {}, TextStyle::Strong);
+        nullptr, YesOrNo, {}, TextStyle::Strong);
     Ask([](QDialog* dialog) {
         EXPECT_FALSE(dialog->findChild<QLabel*>(QStringLiteral("text_label"))->font().bold());
         dialog->close();

@@ -14,7 +14,7 @@
 
 namespace {
 
-const QString message = QStringLiteral("URL cannot be empty");
+const QString Message = QStringLiteral("URL cannot be empty");
 
 /// A dialog with a field in a box of its own, and the bubble placed as a form places it.
 class TLBubbleLabelTest : public testing::Test
@@ -86,7 +86,7 @@ TEST_F(TLBubbleLabelTest, IsHiddenUntilItIsShown)
 
 TEST_F(TLBubbleLabelTest, MovedOntoAFieldItHangsBelowIt)
 {
-    Complain(message);
+    Complain(Message);
     EXPECT_EQ(m_bubble->pos(), m_field->pos() + QPoint(0, 10));
     const QRect painted = GetPainted();
     EXPECT_GT(painted.top(), GetField().bottom());
@@ -97,7 +97,7 @@ TEST_F(TLBubbleLabelTest, MovedOntoAFieldItHangsBelowIt)
 
 TEST_F(TLBubbleLabelTest, ThePointerPointsFortyPixelsFromTheLeft)
 {
-    Complain(message);
+    Complain(Message);
     const QRect painted = GetPainted();
     const QImage image = Painted(&m_dialog);
     QList<int> columns;
@@ -112,7 +112,7 @@ TEST_F(TLBubbleLabelTest, ThePointerPointsFortyPixelsFromTheLeft)
 
 TEST_F(TLBubbleLabelTest, ElsewhereItBeginsWhereItIsMovedTo)
 {
-    Complain(message);
+    Complain(Message);
     m_bubble->move(20, 110);
     const QRect painted = GetPainted();
     EXPECT_NEAR(painted.top(), m_bubble->mapTo(&m_dialog, QPoint()).y(), 2);
@@ -120,7 +120,7 @@ TEST_F(TLBubbleLabelTest, ElsewhereItBeginsWhereItIsMovedTo)
 
 TEST_F(TLBubbleLabelTest, PointsDownFromAboveWhenItIsTold)
 {
-    Complain(message, BubbleDirection::Down);
+    Complain(Message, BubbleDirection::Down);
     m_bubble->move(20, 60);
     const QRect painted = GetPainted();
     const QImage image = Painted(&m_dialog);
@@ -133,7 +133,7 @@ TEST_F(TLBubbleLabelTest, PointsDownFromAboveWhenItIsTold)
 
 TEST_F(TLBubbleLabelTest, HidesAtOnceAndComesBackAsTheSameBubble)
 {
-    Complain(message);
+    Complain(Message);
     m_bubble->hide();
     EXPECT_FALSE(m_bubble->isVisible());
     Complain(QStringLiteral("Please enter the VX URL"));
@@ -146,13 +146,13 @@ TEST_F(TLBubbleLabelTest, StaysWithinTheFormWhenItsTextIsLong)
     Complain(QStringLiteral("A message that goes on and on. ").repeated(5));
     EXPECT_LE(m_bubble->geometry().right(), m_bubble->parentWidget()->width());
     const int height = m_bubble->height();
-    Complain(message);
+    Complain(Message);
     EXPECT_LT(m_bubble->height(), height);
 }
 
 TEST_F(TLBubbleLabelTest, LetsClicksThrough)
 {
-    Complain(message);
+    Complain(Message);
     EXPECT_EQ(m_bubble->parentWidget()->childAt(m_bubble->pos() + QPoint(5, 5)), m_field);
 }
 
@@ -164,9 +164,9 @@ TEST_F(TLBubbleLabelTest, ShowsHtmlAsText)
 
 TEST_F(TLBubbleLabelTest, IsAnAlertForScreenReaders)
 {
-    Complain(message);
+    Complain(Message);
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(m_bubble);
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::AlertMessage);
-    EXPECT_EQ(accessible->text(QAccessible::Name), message);
+    EXPECT_EQ(accessible->text(QAccessible::Name), Message);
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-const QString limit = QStringLiteral("Custom URL cannot exceed 5");
+const QString Limit = QStringLiteral("Custom URL cannot exceed 5");
 
 class TLToastTest : public testing::Test
 {
@@ -35,21 +35,21 @@ protected:
 
 TEST_F(TLToastTest, StandsAtTheTopOfTheActiveWindow)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     ASSERT_EQ(GetToasts().size(), 1);
     const TLToast* const toast = GetToasts().constFirst();
     EXPECT_TRUE(toast->isVisible());
-    EXPECT_EQ(toast->text(), limit);
+    EXPECT_EQ(toast->text(), Limit);
     EXPECT_EQ(toast->GetToastType(), ToastType::Warning);
     EXPECT_EQ(toast->textFormat(), Qt::PlainText);
     EXPECT_NEAR(toast->geometry().center().x(), 300, 1);
     EXPECT_LT(toast->geometry().bottom(), 200);
-    EXPECT_GE(toast->width(), toast->fontMetrics().horizontalAdvance(limit));
+    EXPECT_GE(toast->width(), toast->fontMetrics().horizontalAdvance(Limit));
 }
 
 TEST_F(TLToastTest, TakesNeitherFocusNorClicks)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     EXPECT_TRUE(m_field.hasFocus());
     const QPoint middle = GetToasts().constFirst()->geometry().center();
     EXPECT_EQ(m_window.childAt(middle), nullptr);
@@ -57,7 +57,7 @@ TEST_F(TLToastTest, TakesNeitherFocusNorClicks)
 
 TEST_F(TLToastTest, GoesByItself)
 {
-    TLToast::Show(limit, 2, 20);
+    TLToast::Show(Limit, 2, 20);
     const QPointer<TLToast> toast(GetToasts().value(0));
     ASSERT_FALSE(toast.isNull());
     EXPECT_TRUE(QTest::qWaitFor([&] { return toast.isNull(); }));
@@ -65,7 +65,7 @@ TEST_F(TLToastTest, GoesByItself)
 
 TEST_F(TLToastTest, ASecondOneTakesThePlaceOfTheFirst)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     TLToast::Show(QStringLiteral("Saved"), ToastType::Success);
     ASSERT_EQ(GetToasts().size(), 1);
     EXPECT_EQ(GetToasts().constFirst()->text(), QStringLiteral("Saved"));
@@ -74,7 +74,7 @@ TEST_F(TLToastTest, ASecondOneTakesThePlaceOfTheFirst)
 
 TEST_F(TLToastTest, AnUnknownTypeIsInformation)
 {
-    TLToast::Show(limit, 77);
+    TLToast::Show(Limit, 77);
     ASSERT_EQ(GetToasts().size(), 1);
     EXPECT_EQ(GetToasts().constFirst()->GetToastType(), ToastType::Information);
 }
@@ -93,13 +93,13 @@ TEST_F(TLToastTest, StandsOverAModalDialog)
     dialog.show();
     dialog.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     EXPECT_EQ(dialog.findChildren<TLToast*>().size(), 1);
 }
 
 TEST_F(TLToastTest, FollowsItsWindowAndWrapsInANarrowOne)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     const TLToast* const toast = GetToasts().constFirst();
     const int height = toast->height();
     m_window.resize(160, 400);
@@ -110,28 +110,28 @@ TEST_F(TLToastTest, FollowsItsWindowAndWrapsInANarrowOne)
 
 TEST_F(TLToastTest, FollowsItsFont)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     TLToast* const toast = GetToasts().constFirst();
     const QSize size = toast->size();
     QFont font = toast->font();
     font.setPixelSize(26);
     toast->setFont(font);
     EXPECT_GT(toast->width(), size.width());
-    EXPECT_GE(toast->width(), toast->fontMetrics().horizontalAdvance(limit));
+    EXPECT_GE(toast->width(), toast->fontMetrics().horizontalAdvance(Limit));
 }
 
 TEST_F(TLToastTest, IsAnAlertForScreenReaders)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(GetToasts().constFirst());
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::AlertMessage);
-    EXPECT_EQ(accessible->text(QAccessible::Name), limit);
+    EXPECT_EQ(accessible->text(QAccessible::Name), Limit);
 }
 
 TEST(TLToastWithoutWindowTest, ShowsNothing)
 {
-    TLToast::Show(limit, 2);
+    TLToast::Show(Limit, 2);
     const QWidgetList widgets = QApplication::allWidgets();
     for (const QWidget* widget : widgets) {
         EXPECT_EQ(qobject_cast<const TLToast*>(widget), nullptr);

@@ -12,7 +12,7 @@ namespace {
 
 // Read by Qt when the application object is made: the one screen that there is in tests is a sharp one.
 // Moving to it is told as Qt tells it, by the window's signal.
-const bool isSharp = qputenv("QT_FONT_DPI", "144");
+const bool IsSharp = qputenv("QT_FONT_DPI", "144");
 
 class CountingAdapter final : public IDpiAdapter
 {
@@ -29,7 +29,7 @@ class DpiToolScreenTest : public ::testing::Test
 protected:
     DpiToolScreenTest()
     {
-        EXPECT_TRUE(isSharp);
+        EXPECT_TRUE(IsSharp);
         EXPECT_EQ(m_window->screen()->logicalDotsPerInch(), 144.0);
     }
     ~DpiToolScreenTest() override

@@ -19,7 +19,7 @@
 
 namespace {
 
-const QString none;
+const QString None;
 
 /// Counts events of one type that reach a widget.
 class EventCounter final : public QObject
@@ -100,7 +100,7 @@ TEST_F(ImageLabelTest, ShowsThePictureWhenItIsThere)
 {
     m_server.Enqueue(Body(Qt::blue));
     EXPECT_TRUE(ShowsNothing());
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     EXPECT_TRUE(ShowsNothing());
     EXPECT_TRUE(Shows(Qt::blue));
 }
@@ -140,7 +140,7 @@ TEST_F(ImageLabelTest, WhatIsNoPictureLeavesTheDefault)
 TEST_F(ImageLabelTest, AnEmptyDefaultIsNothingAtFirstAndTheProgramsPictureInPlaceOfAMissingOne)
 {
     m_server.SetStanding(ScriptedReply::Html("<html></html>"));
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     EXPECT_TRUE(ShowsNothing());
     Settle();
     EXPECT_EQ(Middle(), QColor(1, 2, 3)) << "the one in resources.qrc";
@@ -148,18 +148,18 @@ TEST_F(ImageLabelTest, AnEmptyDefaultIsNothingAtFirstAndTheProgramsPictureInPlac
 
 TEST_F(ImageLabelTest, ADefaultThatIsNoPictureIsNothing)
 {
-    m_label->SetImage(none, m_folder.filePath(QStringLiteral("missing.png")));
+    m_label->SetImage(None, m_folder.filePath(QStringLiteral("missing.png")));
     EXPECT_TRUE(ShowsNothing());
 }
 
 TEST_F(ImageLabelTest, AnEmptyAddressShowsTheDefaultAndAsksNobody)
 {
     m_server.Enqueue(Body(Qt::blue));
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     EXPECT_TRUE(Shows(Qt::blue));
-    m_label->SetImage(none, m_default);
+    m_label->SetImage(None, m_default);
     EXPECT_EQ(Middle(), QColor(Qt::yellow));
-    m_label->SetImage(none, none);
+    m_label->SetImage(None, None);
     EXPECT_TRUE(ShowsNothing());
     EXPECT_EQ(m_server.GetRequestCount(), 1);
 }
@@ -183,9 +183,9 @@ TEST_F(ImageLabelTest, AnAddressGivenUpMeanwhileIsNotShown)
 TEST_F(ImageLabelTest, AnAddressGivenUpForNoneIsNotShown)
 {
     m_server.Enqueue(Body(Qt::red).Held());
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     ASSERT_TRUE(WaitUntil([this] { return m_server.GetRequestCount() == 1; }));
-    m_label->SetImage(none, m_default);
+    m_label->SetImage(None, m_default);
     m_server.Release();
     Settle();
     EXPECT_EQ(Middle(), QColor(Qt::yellow));
@@ -195,9 +195,9 @@ TEST_F(ImageLabelTest, AnotherAddressTakesTheFormerPictureAwayAtOnce)
 {
     m_server.Enqueue(Body(Qt::red));
     m_server.Enqueue(Body(Qt::blue).Held());
-    m_label->SetImage(Url(QStringLiteral("/first")), none);
+    m_label->SetImage(Url(QStringLiteral("/first")), None);
     EXPECT_TRUE(Shows(Qt::red));
-    m_label->SetImage(Url(QStringLiteral("/second")), none);
+    m_label->SetImage(Url(QStringLiteral("/second")), None);
     EXPECT_TRUE(ShowsNothing());
     ASSERT_TRUE(WaitUntil([this] { return m_server.GetRequestCount() == 2; }));
     m_server.Release();
@@ -219,7 +219,7 @@ TEST_F(ImageLabelTest, TheSameAddressAgainKeepsThePicture)
 TEST_F(ImageLabelTest, MayBeDestroyedWhileThePictureIsOnItsWay)
 {
     m_server.Enqueue(Body(Qt::blue).Held());
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     ASSERT_TRUE(WaitUntil([this] { return m_server.GetRequestCount() == 1; }));
     m_label.reset();
     bool isThere = false;
@@ -237,7 +237,7 @@ TEST_F(ImageLabelTest, FiveHundredLabelsOfOneAddressMakeOneDownload)
     for (int i = 0; i < 500; ++i) {
         labels.push_back(new ImageLabel(&row));
         labels.back()->setFixedSize(16, 16);
-        labels.back()->SetImage(Url(), none);
+        labels.back()->SetImage(Url(), None);
     }
     for (ImageLabel* const label : labels) {
         EXPECT_TRUE(WaitUntil([label] { return Painted(label).pixelColor(8, 8) == QColor(Qt::blue); }));
@@ -254,7 +254,7 @@ TEST_F(ImageLabelTest, AShownLabelIsPaintedAnewWhenThePictureComes)
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     EventCounter paints(m_label.get(), QEvent::Paint);
     m_server.Enqueue(Body(Qt::blue));
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     const int before = paints.GetCount();
     EXPECT_TRUE(WaitUntil([&] { return paints.GetCount() > before; }));
     EXPECT_TRUE(Shows(Qt::blue));
@@ -264,7 +264,7 @@ TEST_F(ImageLabelTest, AShownLabelIsPaintedAnewWhenThePictureComes)
 TEST_F(ImageLabelTest, AWidePictureKeepsItsProportions)
 {
     m_server.Enqueue(Body(Qt::blue, QSize(64, 32)));
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     EXPECT_TRUE(Shows(Qt::blue));
     const QImage painted = Painted(m_label.get());
     EXPECT_EQ(painted.pixelColor(8, 3).alpha(), 0);
@@ -277,7 +277,7 @@ TEST_F(ImageLabelTest, TheBoxStandsInTheMiddleOfALargerLabel)
 {
     m_label->setFixedSize(32, 24);
     EXPECT_EQ(m_label->sizeHint(), QSize(16, 16));
-    m_label->SetImage(none, m_default);
+    m_label->SetImage(None, m_default);
     const QImage painted = Painted(m_label.get());
     EXPECT_EQ(painted.pixelColor(8, 4), QColor(Qt::yellow));
     EXPECT_EQ(painted.pixelColor(23, 19), QColor(Qt::yellow));
@@ -289,14 +289,14 @@ TEST_F(ImageLabelTest, WithoutABoxThePictureFillsTheLabel)
 {
     ImageLabel label;
     label.setFixedSize(40, 40);
-    label.SetImage(none, m_default);
+    label.SetImage(None, m_default);
     EXPECT_EQ(Painted(&label).pixelColor(0, 0), QColor(Qt::yellow));
     EXPECT_EQ(Painted(&label).pixelColor(39, 39), QColor(Qt::yellow));
 }
 
 TEST_F(ImageLabelTest, TheMaskRoundsTheCornersSmoothly)
 {
-    m_label->SetImage(none, m_default);
+    m_label->SetImage(None, m_default);
     EXPECT_EQ(Painted(m_label.get()).pixelColor(0, 0), QColor(Qt::yellow));
     m_label->SetPluginMask(4);
     const QImage painted = Painted(m_label.get());
@@ -314,7 +314,7 @@ TEST_F(ImageLabelTest, TheMaskRoundsTheCornersSmoothly)
 TEST_F(ImageLabelTest, TheMaskCutsTheBoxAndTheRadiiCutThePicture)
 {
     m_server.Enqueue(Body(Qt::blue, QSize(64, 32)));
-    m_label->SetImage(Url(), none);
+    m_label->SetImage(Url(), None);
     EXPECT_TRUE(Shows(Qt::blue));
     m_label->SetPluginMask(4); // the picture does not reach the corners of the box
     EXPECT_EQ(Painted(m_label.get()).pixelColor(0, 4), QColor(Qt::blue));
@@ -327,7 +327,7 @@ TEST_F(ImageLabelTest, TheMaskCutsTheBoxAndTheRadiiCutThePicture)
 
 TEST_F(ImageLabelTest, ARowAtTwiceTheScaleHasTwiceTheFace)
 {
-    m_label->SetImage(none, m_default);
+    m_label->SetImage(None, m_default);
     m_label->setFixedSize(32, 32);
     m_label->SetPixmapParam(32, 32, 4, 4);
     m_label->SetPluginMask(8);
@@ -348,7 +348,7 @@ TEST_F(ImageLabelTest, IsSharpAtEveryDevicePixelRatio)
     }
     const QString file = m_folder.filePath(QStringLiteral("lines.png"));
     ASSERT_TRUE(lines.save(file));
-    m_label->SetImage(none, file);
+    m_label->SetImage(None, file);
     EXPECT_NE(Painted(m_label.get()).pixelColor(4, 8), QColor(Qt::black));
     const QImage painted = Painted(m_label.get(), 2);
     ASSERT_EQ(painted.size(), QSize(32, 32));

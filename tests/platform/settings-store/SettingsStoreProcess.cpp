@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int patience = 20000; // [ms]
+constexpr int Patience = 20000; // [ms]
 
 } // namespace
 
@@ -14,7 +14,7 @@ SettingsStoreProcess::SettingsStoreProcess(const QStringList& arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(TL_SETTINGS_STORE_CHILD), arguments);
-    EXPECT_TRUE(m_process.waitForStarted(patience)) << m_process.errorString().toStdString();
+    EXPECT_TRUE(m_process.waitForStarted(Patience)) << m_process.errorString().toStdString();
 }
 
 SettingsStoreProcess::~SettingsStoreProcess()
@@ -24,7 +24,7 @@ SettingsStoreProcess::~SettingsStoreProcess()
 
 QString SettingsStoreProcess::ReadLine()
 {
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(Patience);
     while (!m_process.canReadLine() && m_process.state() == QProcess::Running && !deadline.hasExpired()) {
         m_process.waitForReadyRead(int(deadline.remainingTime()));
     }
@@ -42,13 +42,13 @@ void SettingsStoreProcess::Kill()
         return;
     }
     m_process.kill();
-    EXPECT_TRUE(m_process.waitForFinished(patience));
+    EXPECT_TRUE(m_process.waitForFinished(Patience));
 }
 
 bool SettingsStoreProcess::Finish()
 {
     m_process.closeWriteChannel();
-    return m_process.waitForFinished(patience) && m_process.exitStatus() == QProcess::NormalExit;
+    return m_process.waitForFinished(Patience) && m_process.exitStatus() == QProcess::NormalExit;
 }
 
 QStringList SettingsStoreProcess::ReadRest()

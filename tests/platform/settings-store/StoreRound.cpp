@@ -7,7 +7,7 @@ QString StoreRound::GetSection()
 
 QString StoreRound::GetField(int step)
 {
-    return QStringLiteral("field %1").arg(step % fieldCount);
+    return QStringLiteral("field %1").arg(step % FieldCount);
 }
 
 // From some bytes to some pages.

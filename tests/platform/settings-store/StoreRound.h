@@ -6,7 +6,7 @@
 /// seen which one is there and whether it is whole.
 namespace StoreRound {
 
-inline constexpr int fieldCount = 7;
+inline constexpr int FieldCount = 7;
 
 QString GetSection();
 QString GetField(int step);

@@ -24,13 +24,13 @@ protected:
     }
 
     // Before a round what is on disk at least, after it what is there. -1: no value yet.
-    using Steps = std::array<int, StoreRound::fieldCount>;
+    using Steps = std::array<int, StoreRound::FieldCount>;
 
     // Opens the store that a killed process has left, and takes a look at it.
     void ExpectSoundStoreWithAtLeast(Steps* steps)
     {
         ASSERT_TRUE(m_store.Open(m_file));
-        for (int i = 0; i < StoreRound::fieldCount; ++i) {
+        for (int i = 0; i < StoreRound::FieldCount; ++i) {
             const QString value = m_store.GetUserValue(StoreRound::GetSection(), StoreRound::GetField(i));
             const int found = value.isEmpty() ? -1 : StoreRound::GetStep(value);
             EXPECT_GE(found, steps->at(size_t(i))) << "field " << i;
@@ -76,10 +76,10 @@ TEST_F(VXSettingManagerProcessTest, KilledAtAnyMomentNothingIsLostThatWasSaidToB
             bool ok = false;
             const int step = line.toInt(&ok);
             ASSERT_TRUE(ok) << line.toStdString();
-            steps.at(size_t(step % StoreRound::fieldCount)) = step;
+            steps.at(size_t(step % StoreRound::FieldCount)) = step;
             // The step before may not have waited, but is on disk with this one.
             if (step > 0) {
-                steps.at(size_t((step - 1) % StoreRound::fieldCount)) = step - 1;
+                steps.at(size_t((step - 1) % StoreRound::FieldCount)) = step - 1;
             }
             nextStep = step + 1;
             ++acknowledged;

@@ -19,7 +19,7 @@
 
 namespace {
 
-const QString longAddress = QStringLiteral("https://vx.example/") + QString(200, QLatin1Char('m'));
+const QString LongAddress = QStringLiteral("https://vx.example/") + QString(200, QLatin1Char('m'));
 
 /// Rows in a window, as a page shows them.
 class AutoRunBaseItemTest : public AutoRunUiTest
@@ -471,7 +471,7 @@ TEST_F(AutoRunBaseItemTest, LongAddressIsElidedAtTheRightAndAgainAfterAResize)
 {
     for (const int scale : {1, 2}) {
         DpiTool::SetScale(scale);
-        auto* const row = Add<AutoRunCustomItem>(Entry(QString(), longAddress));
+        auto* const row = Add<AutoRunCustomItem>(Entry(QString(), LongAddress));
         m_page.resize(1200, 100);
         Show(&m_page);
         const QString shown = Text(row)->text();
@@ -500,16 +500,16 @@ TEST_F(AutoRunBaseItemTest, LongAddressIsElidedAtTheRightAndAgainAfterAResize)
 
 TEST_F(AutoRunBaseItemTest, WholeTextIsTheToolTipWhenItIsElidedAndOnlyThen)
 {
-    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), longAddress + QStringLiteral("<b>&x</b>")));
-    EXPECT_EQ(Text(row)->toolTip(), QStringLiteral("<p>%1&lt;b&gt;&amp;x&lt;/b&gt;</p>").arg(longAddress));
+    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), LongAddress + QStringLiteral("<b>&x</b>")));
+    EXPECT_EQ(Text(row)->toolTip(), QStringLiteral("<p>%1&lt;b&gt;&amp;x&lt;/b&gt;</p>").arg(LongAddress));
     auto* const small = Add<AutoRunCustomItem>(Entry(QString(), QStringLiteral("https://vx.example/")));
     EXPECT_EQ(Text(small)->toolTip(), QString());
 }
 
 TEST_F(AutoRunBaseItemTest, BoxIsNamedByItsEntryForScreenReaders)
 {
-    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), longAddress));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(Box(row))->text(QAccessible::Name), longAddress);
+    auto* const row = Add<AutoRunCustomItem>(Entry(QString(), LongAddress));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(Box(row))->text(QAccessible::Name), LongAddress);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(Box(row))->role(), QAccessible::CheckBox);
 }
 

@@ -17,9 +17,9 @@
 
 namespace {
 
-const QString good = QStringLiteral("https://shop.vx.example/orders?x=1#y");
-const QString emptyMessage = QStringLiteral("URL cannot be empty");
-const QString badMessage = QStringLiteral("Please enter the VX URL");
+const QString Good = QStringLiteral("https://shop.vx.example/orders?x=1#y");
+const QString EmptyMessage = QStringLiteral("URL cannot be empty");
+const QString BadMessage = QStringLiteral("Please enter the VX URL");
 
 class AutoRunEditWidgetTest : public AutoRunUiTest
 {
@@ -129,13 +129,13 @@ TEST_F(AutoRunEditWidgetTest, IsADialogWithATitleBarOfItsOwnAndAButtonToClose)
     EXPECT_TRUE((dialog.windowFlags() & Qt::WindowCloseButtonHint) != 0);
     EXPECT_TRUE((dialog.windowFlags() & Qt::FramelessWindowHint) != 0);
     EXPECT_FALSE((dialog.windowFlags() & Qt::WindowContextHelpButtonHint) != 0);
-    Open(Entry(QString(), good));
+    Open(Entry(QString(), Good));
     const auto entry = dialog.GetData();
     Type(QStringLiteral("https://vx.example/other"));
     Click(Find(dialog, "title_close_button"));
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.result(), 0);
-    EXPECT_EQ(entry->url, good);
+    EXPECT_EQ(entry->url, Good);
 }
 
 TEST_F(AutoRunEditWidgetTest, EmptyAddressLeavesTheFieldEmptyWithThePlaceholder)
@@ -150,8 +150,8 @@ TEST_F(AutoRunEditWidgetTest, EmptyAddressLeavesTheFieldEmptyWithThePlaceholder)
 
 TEST_F(AutoRunEditWidgetTest, AddressOfTheEntryStandsInTheFieldWhichHasTheFocus)
 {
-    Open(Entry(QString(), good));
-    EXPECT_EQ(Field()->text(), good);
+    Open(Entry(QString(), Good));
+    EXPECT_EQ(Field()->text(), Good);
     EXPECT_TRUE(Field()->hasFocus());
 }
 
@@ -169,13 +169,13 @@ TEST_F(AutoRunEditWidgetTest, GoodAddressIsWrittenIntoTheEntryAndAccepted)
     const auto entry = Entry(QString());
     Open(entry);
     QTimer::singleShot(0, &dialog, [this] {
-        Type(good);
+        Type(Good);
         Click(Ok());
         EXPECT_FALSE(dialog.isVisible());
         dialog.hide(); // which ends the loop in any case
     });
     EXPECT_EQ(dialog.exec(), 1);
-    EXPECT_EQ(entry->url, good);
+    EXPECT_EQ(entry->url, Good);
     EXPECT_EQ(entry->name, QString());
 }
 
@@ -183,28 +183,28 @@ TEST_F(AutoRunEditWidgetTest, EnterInTheFieldIsOkAndEscapeIsCancel)
 {
     const auto entry = Entry(QString());
     Open(entry);
-    Type(good);
+    Type(Good);
     QTest::keyClick(Field(), Qt::Key_Return);
     EXPECT_EQ(dialog.result(), 1);
-    EXPECT_EQ(entry->url, good);
+    EXPECT_EQ(entry->url, Good);
 
     Open(entry);
     Type(QStringLiteral("https://vx.example/other"));
     QTest::keyClick(Field(), Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.result(), 0);
-    EXPECT_EQ(entry->url, good);
+    EXPECT_EQ(entry->url, Good);
 }
 
 TEST_F(AutoRunEditWidgetTest, EmptyTextIsToldOfAndStays)
 {
-    const auto entry = Entry(QString(), good);
+    const auto entry = Entry(QString(), Good);
     Open(entry);
     Field()->clear();
     Click(Ok());
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(Message(), emptyMessage);
-    EXPECT_EQ(entry->url, good);
+    EXPECT_EQ(Message(), EmptyMessage);
+    EXPECT_EQ(entry->url, Good);
 }
 
 TEST_F(AutoRunEditWidgetTest, OnlySpacesAreNotEmptyAndNoAddress)
@@ -212,7 +212,7 @@ TEST_F(AutoRunEditWidgetTest, OnlySpacesAreNotEmptyAndNoAddress)
     Open(Entry(QString()));
     Type(QStringLiteral("   "));
     Click(Ok());
-    EXPECT_EQ(Message(), badMessage);
+    EXPECT_EQ(Message(), BadMessage);
     EXPECT_EQ(Field()->text(), QStringLiteral("   ")) << "the text is left as it is";
 }
 
@@ -233,7 +233,7 @@ TEST_F(AutoRunEditWidgetTest, AddressesThatTheClientRefusesAreToldOfAndStay)
         Field()->setText(text);
         Click(Ok());
         EXPECT_TRUE(dialog.isVisible()) << utf8;
-        EXPECT_EQ(Message(), badMessage) << utf8;
+        EXPECT_EQ(Message(), BadMessage) << utf8;
         EXPECT_EQ(Field()->text(), text) << utf8;
     }
     EXPECT_EQ(entry->url, QString());
@@ -248,7 +248,7 @@ TEST_F(AutoRunEditWidgetTest, TextOfTenThousandCharactersIsReadAsItStands)
     QTest::keyClick(Field(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Field()->text(), text) << "the field has no limit of its own";
     Click(Ok());
-    EXPECT_EQ(Message(), badMessage);
+    EXPECT_EQ(Message(), BadMessage);
     EXPECT_EQ(entry->url, QString());
 }
 
@@ -259,7 +259,7 @@ TEST_F(AutoRunEditWidgetTest, AddressPastedWithLineBreaksIsRefused)
     QGuiApplication::clipboard()->setText(QStringLiteral("https://vx.example/\r\nhttps://evil.test/\n"));
     QTest::keyClick(Field(), Qt::Key_V, Qt::ControlModifier);
     Click(Ok());
-    EXPECT_EQ(Message(), badMessage);
+    EXPECT_EQ(Message(), BadMessage);
     EXPECT_EQ(entry->url, QString());
 }
 
@@ -268,16 +268,16 @@ TEST_F(AutoRunEditWidgetTest, TypingOneCharacterHidesTheBubbleAndTheSameOneComes
     Open(Entry(QString()));
     Type(QStringLiteral("x"));
     Click(Ok());
-    EXPECT_EQ(Message(), badMessage);
+    EXPECT_EQ(Message(), BadMessage);
     TLBubbleLabel* const bubble = Bubbles().first();
     QTest::keyClicks(Field(), QStringLiteral("y"));
     EXPECT_EQ(Message(), QString());
     Click(Ok());
-    EXPECT_EQ(Message(), badMessage);
+    EXPECT_EQ(Message(), BadMessage);
     Field()->clear();
     EXPECT_EQ(Message(), QString());
     QTest::keyClick(Field(), Qt::Key_Return);
-    EXPECT_EQ(Message(), emptyMessage);
+    EXPECT_EQ(Message(), EmptyMessage);
     EXPECT_EQ(Bubbles(), QList<TLBubbleLabel*>{bubble});
 }
 
@@ -289,7 +289,7 @@ TEST_F(AutoRunEditWidgetTest, BubbleStandsAtTheFieldMovedDownByTen)
         dialog.setFixedSize(532 * scale, 228 * scale);
         QCoreApplication::sendPostedEvents();
         Click(Ok());
-        ASSERT_EQ(Message(), emptyMessage);
+        ASSERT_EQ(Message(), EmptyMessage);
         const QPoint field = Field()->mapTo(&dialog, QPoint(0, 10 * scale));
         EXPECT_EQ(Bubbles().first()->mapTo(&dialog, QPoint()), field) << scale;
         EXPECT_GT(Field()->x(), 40 * scale) << "the field is right of the label";
@@ -298,7 +298,7 @@ TEST_F(AutoRunEditWidgetTest, BubbleStandsAtTheFieldMovedDownByTen)
 
 TEST_F(AutoRunEditWidgetTest, CancelLeavesTheEntryAloneAfterAnEdit)
 {
-    const auto entry = Entry(QString(), good);
+    const auto entry = Entry(QString(), Good);
     Open(entry);
     QTimer::singleShot(0, &dialog, [this] {
         Type(QStringLiteral("https://vx.example/other"));
@@ -307,7 +307,7 @@ TEST_F(AutoRunEditWidgetTest, CancelLeavesTheEntryAloneAfterAnEdit)
         dialog.hide(); // which ends the loop in any case
     });
     EXPECT_EQ(dialog.exec(), 0);
-    EXPECT_EQ(entry->url, good);
+    EXPECT_EQ(entry->url, Good);
 }
 
 TEST_F(AutoRunEditWidgetTest, OkWithoutAnEntryDoesNothingAtAll)
@@ -315,7 +315,7 @@ TEST_F(AutoRunEditWidgetTest, OkWithoutAnEntryDoesNothingAtAll)
     Open({});
     Click(Ok());
     EXPECT_TRUE(dialog.isVisible());
-    Type(good);
+    Type(Good);
     Click(Ok());
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_TRUE(Bubbles().isEmpty());
@@ -324,7 +324,7 @@ TEST_F(AutoRunEditWidgetTest, OkWithoutAnEntryDoesNothingAtAll)
 
 TEST_F(AutoRunEditWidgetTest, HoldsOneReferenceUntilItIsGivenAnother)
 {
-    auto entry = Entry(QString(), good);
+    auto entry = Entry(QString(), Good);
     const QWeakPointer<AutoRunInfoEntity> old = entry;
     dialog.SetData(entry);
     EXPECT_EQ(dialog.GetData(), entry);
@@ -332,7 +332,7 @@ TEST_F(AutoRunEditWidgetTest, HoldsOneReferenceUntilItIsGivenAnother)
     EXPECT_FALSE(old.isNull());
     dialog.SetData(Entry(QString()));
     EXPECT_TRUE(old.isNull());
-    EXPECT_EQ(Field()->text(), good) << "an empty address puts nothing into the field";
+    EXPECT_EQ(Field()->text(), Good) << "an empty address puts nothing into the field";
 }
 
 TEST_F(AutoRunEditWidgetTest, CheckAloneWritesNothingAndClosesNothing)
@@ -340,11 +340,11 @@ TEST_F(AutoRunEditWidgetTest, CheckAloneWritesNothingAndClosesNothing)
     const auto entry = Entry(QString());
     Open(entry);
     EXPECT_FALSE(dialog.CheckInput());
-    EXPECT_EQ(Message(), emptyMessage);
+    EXPECT_EQ(Message(), EmptyMessage);
     Type(QStringLiteral("x"));
     EXPECT_FALSE(dialog.CheckInput());
-    EXPECT_EQ(Message(), badMessage);
-    Type(good);
+    EXPECT_EQ(Message(), BadMessage);
+    Type(Good);
     EXPECT_TRUE(dialog.CheckInput());
     EXPECT_EQ(Message(), QString());
     EXPECT_TRUE(dialog.isVisible());

@@ -21,7 +21,7 @@
 
 namespace {
 
-const QStringList appNames{QStringLiteral("Orders"), QStringLiteral("Stock"), QStringLiteral("Chat"),
+const QStringList AppNames{QStringLiteral("Orders"), QStringLiteral("Stock"), QStringLiteral("Chat"),
                            QStringLiteral("Ads"),    QStringLiteral("Mail"),  QStringLiteral("Bank")};
 
 QByteArray Entity(const QString& id, const QString& url, int type, bool system, bool checked, bool active)
@@ -59,7 +59,7 @@ QStringList Words(const QJsonArray& entries, const QString& kind, const QString&
 AutoRunPageTest::AutoRunPageTest()
 {
     QList<QSharedPointer<TLPluginBaseEntity>> all;
-    for (const QString& name : appNames) {
+    for (const QString& name : AppNames) {
         all.append(App(name, name.toLower()));
     }
     apps->SetPlugins(all);
@@ -100,7 +100,7 @@ QByteArray AutoRunPageTest::Plugins(int count)
 {
     QByteArrayList entries;
     for (int i = 0; i < count; ++i) {
-        entries.append(Plugin(appNames.at(i).toLower().toLatin1()));
+        entries.append(Plugin(AppNames.at(i).toLower().toLatin1()));
     }
     return entries.join(',');
 }

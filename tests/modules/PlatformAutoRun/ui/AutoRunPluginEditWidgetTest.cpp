@@ -21,7 +21,7 @@
 
 namespace {
 
-const QString prompt = QStringLiteral("Please select app");
+const QString Prompt = QStringLiteral("Please select app");
 
 class AutoRunPluginEditWidgetTest : public AutoRunUiTest
 {
@@ -95,7 +95,7 @@ protected:
     std::unique_ptr<AutoRunPluginEditWidget> dialog = std::make_unique<AutoRunPluginEditWidget>();
 };
 
-const QColor defaultColor(1, 2, 3); // of the program's picture in this test
+const QColor DefaultColor(1, 2, 3); // of the program's picture in this test
 
 } // namespace
 
@@ -176,12 +176,12 @@ TEST_F(AutoRunPluginEditWidgetTest, MarginsSpacingsAndIconsFollowTheScale)
 TEST_F(AutoRunPluginEditWidgetTest, OffersThePromptAndTheAppsInTheirOrderWithTheDefaultIcon)
 {
     Open(Entry(QString()));
-    EXPECT_EQ(Offered(), QStringList({prompt, QStringLiteral("Orders"), QStringLiteral("Stock"),
+    EXPECT_EQ(Offered(), QStringList({Prompt, QStringLiteral("Orders"), QStringLiteral("Stock"),
                                       QStringLiteral("Chat")}));
     EXPECT_EQ(Combo()->currentIndex(), 0);
     EXPECT_TRUE(Combo()->itemIcon(0).isNull());
     EXPECT_EQ(Combo()->itemData(0, Qt::UserRole).toString(), QString());
-    EXPECT_EQ(IconColor(1), defaultColor);
+    EXPECT_EQ(IconColor(1), DefaultColor);
     EXPECT_EQ(Combo()->itemData(1, Qt::UserRole).toString(), Icon(1));
     EXPECT_EQ(Combo()->itemData(3, Qt::UserRole).toString(), Icon(4));
     EXPECT_EQ(Find<QLabel>(*dialog, "content_label")->text(), QStringLiteral("Edit App"));
@@ -231,7 +231,7 @@ TEST_F(AutoRunPluginEditWidgetTest, AppOfTheEntryIsOfferedAndSelectedEvenWhenItI
 {
     Open(Entry(QStringLiteral("Stock"), QStringLiteral("stock")),
          {QStringLiteral("orders"), QStringLiteral("stock"), QStringLiteral("CHAT")});
-    EXPECT_EQ(Offered(), QStringList({prompt, QStringLiteral("Stock"), QStringLiteral("Chat")}));
+    EXPECT_EQ(Offered(), QStringList({Prompt, QStringLiteral("Stock"), QStringLiteral("Chat")}));
     EXPECT_EQ(Combo()->currentText(), QStringLiteral("Stock"));
     Click(Ok());
     EXPECT_EQ(dialog->result(), 1);
@@ -241,9 +241,9 @@ TEST_F(AutoRunPluginEditWidgetTest, AddingWhenEveryAppIsThereOffersThePromptOnly
 {
     const auto entry = Entry(QString());
     Open(entry, {QStringLiteral("orders"), QStringLiteral("stock"), QStringLiteral("chat")});
-    EXPECT_EQ(Offered(), QStringList{prompt});
+    EXPECT_EQ(Offered(), QStringList{Prompt});
     Click(Ok());
-    EXPECT_EQ(Message(), prompt);
+    EXPECT_EQ(Message(), Prompt);
     EXPECT_TRUE(IsListOpen());
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(entry->url, QString());
@@ -255,9 +255,9 @@ TEST_F(AutoRunPluginEditWidgetTest, AppThatIsNotOfferedIsNeverOfferedEvenWhenItI
     const auto entry = Entry(QStringLiteral("Hidden"), QStringLiteral("hidden"));
     Open(entry);
     EXPECT_FALSE(Offered().contains(QStringLiteral("Hidden")));
-    EXPECT_EQ(Combo()->currentText(), prompt);
+    EXPECT_EQ(Combo()->currentText(), Prompt);
     Click(Ok());
-    EXPECT_EQ(Message(), prompt);
+    EXPECT_EQ(Message(), Prompt);
     CloseList();
     EXPECT_EQ(entry->name, QStringLiteral("Hidden"));
 }
@@ -265,7 +265,7 @@ TEST_F(AutoRunPluginEditWidgetTest, AppThatIsNotOfferedIsNeverOfferedEvenWhenItI
 TEST_F(AutoRunPluginEditWidgetTest, AppThatIsGoneLeavesThePromptSelected)
 {
     Open(Entry(QStringLiteral("Gone"), QStringLiteral("gone")));
-    EXPECT_EQ(Combo()->currentText(), prompt);
+    EXPECT_EQ(Combo()->currentText(), Prompt);
     EXPECT_EQ(Combo()->count(), 4);
 }
 
@@ -276,7 +276,7 @@ TEST_F(AutoRunPluginEditWidgetTest, AppThatGoesAwayWhileTheDialogIsOpenIsNotTake
     Choose(QStringLiteral("Stock"));
     apps->SetPlugins({});
     Click(Ok());
-    EXPECT_EQ(Message(), prompt);
+    EXPECT_EQ(Message(), Prompt);
     EXPECT_TRUE(IsListOpen());
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(entry->url, QString());
@@ -290,7 +290,7 @@ TEST_F(AutoRunPluginEditWidgetTest, OfTwoAppsWithOneNameTheFirstIsTaken)
                       App(QStringLiteral("Orders"), QStringLiteral("second"))});
     const auto entry = Entry(QStringLiteral("Orders"), QStringLiteral("second"));
     Open(entry);
-    EXPECT_EQ(Offered(), QStringList({prompt, QStringLiteral("Orders"), QStringLiteral("Orders")}));
+    EXPECT_EQ(Offered(), QStringList({Prompt, QStringLiteral("Orders"), QStringLiteral("Orders")}));
     EXPECT_EQ(Combo()->currentIndex(), 1);
     Combo()->setCurrentIndex(2);
     Click(Ok());
@@ -302,7 +302,7 @@ TEST_F(AutoRunPluginEditWidgetTest, EmptyAppListOffersThePromptOnly)
 {
     apps->SetPlugins({});
     Open(Entry(QString()));
-    EXPECT_EQ(Offered(), QStringList{prompt});
+    EXPECT_EQ(Offered(), QStringList{Prompt});
 }
 
 TEST_F(AutoRunPluginEditWidgetTest, WithoutAnAppListNothingIsFilledAndOkIsSilent)
@@ -340,7 +340,7 @@ TEST_F(AutoRunPluginEditWidgetTest, AppListThatArrivesLaterFindsNothingSelected)
     Open(Entry(QString()));
     routes.SetRouteObject(AutoRunRouterUrls::PluginsObject(), apps.get());
     Click(Ok());
-    EXPECT_EQ(Message(), prompt);
+    EXPECT_EQ(Message(), Prompt);
     EXPECT_FALSE(IsListOpen()) << "there is nothing in it";
     EXPECT_TRUE(dialog->isVisible());
 }
@@ -378,7 +378,7 @@ TEST_F(AutoRunPluginEditWidgetTest, NamesAreShownAsTextWhateverIsInThem)
     for (const QString& name : names) {
         const auto entry = Entry(QString());
         Open(entry);
-        EXPECT_EQ(Offered(), QStringList{prompt} + names);
+        EXPECT_EQ(Offered(), QStringList{Prompt} + names);
         Choose(name);
         EXPECT_EQ(Combo()->currentText(), name);
         EXPECT_LE(dialog->width(), 532);
@@ -393,13 +393,13 @@ TEST_F(AutoRunPluginEditWidgetTest, PromptIsNoChoiceAndOkOpensTheList)
     const auto entry = Entry(QString());
     Open(entry);
     Click(Ok());
-    EXPECT_EQ(Message(), prompt);
+    EXPECT_EQ(Message(), Prompt);
     EXPECT_TRUE(IsListOpen());
     CloseList();
     TLBubbleLabel* const bubble = Bubbles().first();
     Choose(QStringLiteral("Chat"));
-    EXPECT_EQ(Message(), prompt) << "nothing but the next message changes it";
-    Choose(prompt);
+    EXPECT_EQ(Message(), Prompt) << "nothing but the next message changes it";
+    Choose(Prompt);
     Click(Ok());
     EXPECT_EQ(Bubbles(), QList<TLBubbleLabel*>{bubble});
     CloseList();
@@ -415,7 +415,7 @@ TEST_F(AutoRunPluginEditWidgetTest, AppWithoutANameIsNoChoice)
     Open(entry);
     Combo()->setCurrentIndex(1);
     Click(Ok());
-    EXPECT_EQ(Message(), prompt);
+    EXPECT_EQ(Message(), Prompt);
     EXPECT_FALSE(IsListOpen());
     EXPECT_EQ(entry->url, QString());
 }
@@ -481,7 +481,7 @@ TEST_F(AutoRunPluginEditWidgetTest, SetDataAgainFillsTheListAnew)
     Open(Entry(QString()));
     dialog->SetExcludeKeys({QStringLiteral("orders")});
     dialog->SetData(Entry(QString(), QStringLiteral("chat")));
-    EXPECT_EQ(Offered(), QStringList({prompt, QStringLiteral("Stock"), QStringLiteral("Chat")}));
+    EXPECT_EQ(Offered(), QStringList({Prompt, QStringLiteral("Stock"), QStringLiteral("Chat")}));
     EXPECT_EQ(Combo()->currentText(), QStringLiteral("Chat"));
 }
 
@@ -497,7 +497,7 @@ TEST_F(AutoRunPluginEditWidgetTest, EveryOfferedAppsIconIsAskedFor)
     }
     asked.sort();
     EXPECT_EQ(asked, QStringList({Icon(2), Icon(4)}));
-    EXPECT_EQ(IconColor(1), defaultColor) << "an icon that cannot be had leaves the default";
+    EXPECT_EQ(IconColor(1), DefaultColor) << "an icon that cannot be had leaves the default";
 }
 
 TEST_F(AutoRunPluginEditWidgetTest, FetchedIconReplacesTheDefaultAndStaysWhenTheFileGoes)
@@ -506,9 +506,9 @@ TEST_F(AutoRunPluginEditWidgetTest, FetchedIconReplacesTheDefaultAndStaysWhenThe
     const QString file = Picture(Qt::blue);
     Q_EMIT images.SigRequestImageFinished(true, Icon(2), file);
     ASSERT_TRUE(QFile::remove(file));
-    EXPECT_EQ(IconColor(1), defaultColor);
+    EXPECT_EQ(IconColor(1), DefaultColor);
     EXPECT_EQ(IconColor(2), QColor(Qt::blue));
-    EXPECT_EQ(IconColor(3), defaultColor);
+    EXPECT_EQ(IconColor(3), DefaultColor);
 }
 
 TEST_F(AutoRunPluginEditWidgetTest, OfTwoItemsWithOneIconAddressOnlyTheFirstGetsIt)
@@ -518,10 +518,10 @@ TEST_F(AutoRunPluginEditWidgetTest, OfTwoItemsWithOneIconAddressOnlyTheFirstGets
     Open(Entry(QString()));
     Q_EMIT images.SigRequestImageFinished(true, Icon(1), Picture(Qt::blue));
     EXPECT_EQ(IconColor(1), QColor(Qt::blue));
-    EXPECT_EQ(IconColor(2), defaultColor);
+    EXPECT_EQ(IconColor(2), DefaultColor);
     Q_EMIT images.SigRequestImageFinished(true, Icon(1), Picture(Qt::green));
     EXPECT_EQ(IconColor(1), QColor(Qt::green)) << "a later answer counts as well";
-    EXPECT_EQ(IconColor(2), defaultColor);
+    EXPECT_EQ(IconColor(2), DefaultColor);
 }
 
 TEST_F(AutoRunPluginEditWidgetTest, AnswersNobodyAskedForAndFailedOnesChangeNothing)
@@ -536,7 +536,7 @@ TEST_F(AutoRunPluginEditWidgetTest, AnswersNobodyAskedForAndFailedOnesChangeNoth
     Q_EMIT images.SigRequestImageFinished(false, Icon(1), blue);
     Q_EMIT images.SigRequestImageFinished(true, Icon(1), QStringLiteral("/nowhere"));
     EXPECT_TRUE(Combo()->itemIcon(0).isNull());
-    EXPECT_EQ(IconColor(1), defaultColor);
+    EXPECT_EQ(IconColor(1), DefaultColor);
 }
 
 TEST_F(AutoRunPluginEditWidgetTest, AnswersAfterItsEndAreNotReceived)
@@ -571,6 +571,6 @@ TEST_F(AutoRunPluginEditWidgetTest, IsChineseInAChineseClientAndFollowsTheLangua
     CloseList();
     EXPECT_EQ(AutoRunPluginAddWidget().GetTitleText(), QString::fromUtf8("添加应用"));
     SwitchToEnglish();
-    EXPECT_EQ(Combo()->currentText(), prompt);
+    EXPECT_EQ(Combo()->currentText(), Prompt);
     EXPECT_EQ(Find<QLabel>(*dialog, "content_label")->text(), QStringLiteral("Edit App"));
 }

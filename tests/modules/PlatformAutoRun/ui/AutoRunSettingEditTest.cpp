@@ -87,14 +87,14 @@ protected:
     }
 };
 
-const QString good = QStringLiteral("https://vx.example/good");
+const QString Good = QStringLiteral("https://vx.example/good");
 
 } // namespace
 
 TEST_F(AutoRunSettingEditTest, AddedUrlStandsLastUntickedAndIsWrittenAtOnce)
 {
     OpenPage(System("s1", true), Web("w1", "https://vx.example/1", true), Plugin("orders"));
-    AddUrl(good);
+    AddUrl(Good);
     const QStringList shown{QStringLiteral("home+!"), QStringLiteral("system:s1+"),
                             QStringLiteral("custom:https://vx.example/1+"),
                             QStringLiteral("custom:https://vx.example/good"), QStringLiteral("app:orders")};
@@ -168,7 +168,7 @@ TEST_F(AutoRunSettingEditTest, BadAddressIsToldOfInTheDialogAndAGoodOneIsTaken)
             EXPECT_TRUE(bubble->isVisible());
             EXPECT_EQ(Shown(), QStringList{QStringLiteral("home+!")});
             EXPECT_EQ(http.GetCallCount(), 1);
-            EnterUrl(dialog, good);
+            EnterUrl(dialog, Good);
         });
         Press("add_label");
     }
@@ -182,7 +182,7 @@ TEST_F(AutoRunSettingEditTest, AddThatIsCancelledChangesNothing)
     const QStringList shown = Shown();
     for (const char* const button : {"cancel_button", "title_close_button"}) {
         const DialogUser<AutoRunAddWidget> user([button](AutoRunAddWidget* dialog) {
-            QTest::keyClicks(Find<TLLineEdit>(*dialog, "content_edit"), good);
+            QTest::keyClicks(Find<TLLineEdit>(*dialog, "content_edit"), Good);
             Click(Find(*dialog, button));
         });
         Press("add_label");
@@ -236,7 +236,7 @@ TEST_F(AutoRunSettingEditTest, MoreEntriesThanTheLimitAreShownAndNoneIsAdded)
 TEST_F(AutoRunSettingEditTest, FifthIsTakenAndRoomComesBackWithADelete)
 {
     OpenPage("", Webs(4));
-    AddUrl(good);
+    AddUrl(Good);
     EndWrite();
     EXPECT_EQ(CustomCount(), QStringLiteral("(5/5)"));
     PressInVain("add_label");
@@ -279,9 +279,9 @@ TEST_F(AutoRunSettingEditTest, EditedUrlIsShownInItsRowAndWritten)
         EXPECT_EQ(monitor.events,
                   QStringList{QStringLiteral("Home_Openingsetting_Edit https://vx.example/1")})
             << "reported before the dialog";
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
-    EXPECT_EQ(Text(Row("w1")), good);
+    EXPECT_EQ(Text(Row("w1")), Good);
     const QStringList written{QStringLiteral("custom:https://vx.example/good+!"),
                               QStringLiteral("custom:https://vx.example/2")};
     ASSERT_EQ(http.GetCallCount(), 2);
@@ -294,7 +294,7 @@ TEST_F(AutoRunSettingEditTest, EditThatIsCancelledChangesNothing)
     OpenPage("", Webs(1), Plugins(1));
     const QStringList shown = Shown();
     EditUrl("w1", [](AutoRunEditWidget* dialog) {
-        QTest::keyClicks(Find<TLLineEdit>(*dialog, "content_edit"), good);
+        QTest::keyClicks(Find<TLLineEdit>(*dialog, "content_edit"), Good);
         Click(Find(*dialog, "cancel_button"));
     });
     EditApp("orders", [](AutoRunPluginEditWidget* dialog) { Click(Find(*dialog, "title_close_button")); });
@@ -565,7 +565,7 @@ TEST_F(AutoRunSettingEditTest, EveryKindOfChangeIsKeptWhileAWriteIsUnderWay)
 {
     OpenPage("", Webs(2), Plugins(1));
     Tick(Row("w1"));
-    AddUrl(good);
+    AddUrl(Good);
     ClickInRow(Row("w2"), "delete_button");
     EditUrl("w1",
             [](AutoRunEditWidget* dialog) { EnterUrl(dialog, QStringLiteral("https://vx.example/x")); });
@@ -706,12 +706,12 @@ TEST_F(AutoRunSettingEditTest, ReadThatEndsWhileTheEditDialogIsOpenKeepsTheEdit)
     OpenPage("", Webs(2));
     EditUrl("w1", [this](AutoRunEditWidget* dialog) {
         ReadOfAnotherPage(Web("w2", "https://vx.example/2", true) + ',' + Web("w1", "https://vx.example/1"));
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
     const QStringList shown{QStringLiteral("home+!"), QStringLiteral("custom:https://vx.example/2+"),
                             QStringLiteral("custom:https://vx.example/good")};
     EXPECT_EQ(Shown(), shown);
-    EXPECT_EQ(Text(Row("w1")), good);
+    EXPECT_EQ(Text(Row("w1")), Good);
     const QStringList written{QStringLiteral("custom:https://vx.example/2+"),
                               QStringLiteral("custom:https://vx.example/good")};
     EXPECT_EQ(Written(LastCall()), written);
@@ -738,7 +738,7 @@ TEST_F(AutoRunSettingEditTest, EditOfAnEntryThatIsGoneSinceWritesNothing)
     OpenPage("", Webs(1));
     EditUrl("w1", [this](AutoRunEditWidget* dialog) {
         ReadOfAnotherPage(Web("w2", "https://vx.example/2"));
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
     const QStringList shown{QStringLiteral("home+!"), QStringLiteral("custom:https://vx.example/2")};
     EXPECT_EQ(Shown(), shown);
@@ -757,13 +757,13 @@ TEST_F(AutoRunSettingEditTest, EditNeverLandsInARowOfAnotherKind)
             TLAutoRunLogic::Instance()->RequestAutoRun(AutoRunIdentifiers::SettingPageIdentity());
             AnswerConfiguration(hasId ? system : WithoutId(system), Web("other", "https://vx.example/2"),
                                 QByteArray());
-            EnterUrl(dialog, good);
+            EnterUrl(dialog, Good);
         });
         QList<AutoRunInfoEntityPtr> cached;
         TLAutoRunLogic::Instance()->GetAutoRunList(cached);
         ASSERT_EQ(cached.size(), 2);
-        EXPECT_NE(cached.first()->url, good);
-        EXPECT_NE(cached.last()->url, good);
+        EXPECT_NE(cached.first()->url, Good);
+        EXPECT_NE(cached.last()->url, Good);
         EXPECT_EQ(http.GetCallCount(), calls + 1) << "a read and no write";
         ClosePage();
     }
@@ -775,7 +775,7 @@ TEST_F(AutoRunSettingEditTest, EditOfOneOfManyWithoutAnIdComesBackToItsOwnRow)
                      WithoutId(Web("w2", "https://vx.example/2")));
     EditUrl("https://vx.example/2", [](AutoRunEditWidget* dialog) {
         DpiTool::SetScale(2); // which makes the rows anew from the same entries
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
     const QStringList shown{QStringLiteral("home+!"), QStringLiteral("custom:https://vx.example/1"),
                             QStringLiteral("custom:https://vx.example/good")};
@@ -789,7 +789,7 @@ TEST_F(AutoRunSettingEditTest, ReadThatEndsWhileTheAddDialogIsOpenKeepsBoth)
     {
         const DialogUser<AutoRunAddWidget> user([this](QDialog* dialog) {
             ReadOfAnotherPage(Webs(3));
-            EnterUrl(dialog, good);
+            EnterUrl(dialog, Good);
         });
         Press("add_label");
     }
@@ -805,7 +805,7 @@ TEST_F(AutoRunSettingEditTest, SaveThatEndsWhileADialogIsOpenIsToldOfAndTheNextI
     EditUrl("w1", [this](AutoRunEditWidget* dialog) {
         EndWrite();
         EXPECT_EQ(succeeded->count(), 1);
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
     const QStringList written{QStringLiteral("custom:https://vx.example/good"),
                               QStringLiteral("custom:https://vx.example/2+")};
@@ -817,9 +817,9 @@ TEST_F(AutoRunSettingEditTest, ChangeOfTheScaleWhileADialogIsOpenKeepsTheEdit)
     OpenPage("", Webs(1));
     EditUrl("w1", [](AutoRunEditWidget* dialog) {
         DpiTool::SetScale(2);
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
-    EXPECT_EQ(Text(Row("w1")), good);
+    EXPECT_EQ(Text(Row("w1")), Good);
     EXPECT_EQ(Written(LastCall()), QStringList{QStringLiteral("custom:https://vx.example/good")});
 }
 
@@ -828,7 +828,7 @@ TEST_F(AutoRunSettingEditTest, PageMayGoWhileItsDialogIsOpen)
     OpenPage("", Webs(1), Plugins(1));
     EditUrl("w1", [this](AutoRunEditWidget* dialog) {
         ClosePage();
-        EnterUrl(dialog, good);
+        EnterUrl(dialog, Good);
     });
     EXPECT_TRUE(page.isNull());
     OpenPage("", Webs(1), Plugins(1));
@@ -841,7 +841,7 @@ TEST_F(AutoRunSettingEditTest, PageMayGoWhileItsDialogIsOpen)
         const DialogUser<QDialog> user([this](QDialog* dialog) {
             ClosePage();
             if (auto* const url = qobject_cast<AutoRunAddWidget*>(dialog)) {
-                EnterUrl(url, good);
+                EnterUrl(url, Good);
             } else {
                 ChooseApp(dialog, QStringLiteral("Bank"));
             }
@@ -871,7 +871,7 @@ TEST_F(AutoRunSettingEditTest, TwoHundredTimesOpenEditAndCloseLeaveNothingBehind
         OpenPage(System("s1"), Webs(2), Plugins(2));
         Tick(Row("s1"));
         EndWrite();
-        AddUrl(good);
+        AddUrl(Good);
         EndWrite();
         EditApp("orders", [](AutoRunPluginEditWidget* dialog) { ChooseApp(dialog, QStringLiteral("Bank")); });
         EndWrite();

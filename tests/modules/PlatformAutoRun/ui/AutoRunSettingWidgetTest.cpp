@@ -25,8 +25,8 @@ namespace {
 
 using AutoRunSettingWidgetTest = AutoRunPageTest;
 
-const QString urlHeading = QStringLiteral("Set the URL that opens when you start it");
-const QString appHeading = QStringLiteral("Set the App that opens when you start it");
+const QString UrlHeading = QStringLiteral("Set the URL that opens when you start it");
+const QString AppHeading = QStringLiteral("Set the App that opens when you start it");
 
 QString CountHtml(int count)
 {
@@ -102,8 +102,8 @@ TEST_F(AutoRunSettingWidgetTest, HasTheNamesAndTextsOfItsForm)
         EXPECT_EQ(line->itemAt(0)->alignment(), Qt::AlignLeft | Qt::AlignTop);
         EXPECT_EQ(Find<QLabel>(fresh, label)->text(), text);
     };
-    checkTitle("top_widget", "horizontalLayout", "top_label", urlHeading);
-    checkTitle("plugin_title_widget", "horizontalLayout_4", "plugin_title_label", appHeading);
+    checkTitle("top_widget", "horizontalLayout", "top_label", UrlHeading);
+    checkTitle("plugin_title_widget", "horizontalLayout_4", "plugin_title_label", AppHeading);
 
     const auto checkList = [&](const char* widget, const char* layout, const char* rows, const char* line,
                                const char* add, const QString& text, const char* count) {
@@ -402,8 +402,8 @@ TEST_F(AutoRunSettingWidgetTest, KeywordAfterTheRowsIsHighlightedInTheHeadingsOn
     DpiTool::SetScale(2); // makes the rows anew
     EXPECT_TRUE(IsHighlighted(Find<QLabel>(*Row("s1"), "text_label")));
     page->SetKeyword(QString());
-    EXPECT_EQ(Label("top_label")->text(), urlHeading);
-    EXPECT_EQ(Label("plugin_title_label")->text(), appHeading);
+    EXPECT_EQ(Label("top_label")->text(), UrlHeading);
+    EXPECT_EQ(Label("plugin_title_label")->text(), AppHeading);
 }
 
 TEST_F(AutoRunSettingWidgetTest, ChangeOfTheScaleMakesAllRowsAnewFromTheCache)
@@ -464,7 +464,7 @@ TEST_F(AutoRunSettingWidgetTest, AnotherLanguageComesWhileThePageIsOpen)
     page->SetKeyword(QStringLiteral("启动"));
     EXPECT_TRUE(IsHighlighted(Label("top_label")));
     page->SetKeyword(QStringLiteral("start"));
-    EXPECT_FALSE(IsHighlighted(Label("top_label")) && Label("top_label")->text().contains(urlHeading));
+    EXPECT_FALSE(IsHighlighted(Label("top_label")) && Label("top_label")->text().contains(UrlHeading));
     SwitchToEnglish();
     EXPECT_TRUE(IsHighlighted(Label("top_label"))) << "the word is highlighted in the new text";
     EXPECT_EQ(Label("add_label")->text(), QStringLiteral("+custom URL"));
