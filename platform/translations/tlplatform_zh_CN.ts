@@ -192,6 +192,13 @@
     </message>
 </context>
 <context>
+    <name>SettingExaminer</name>
+    <message>
+        <source>it was made by another program</source>
+        <translation>由其他程序创建</translation>
+    </message>
+</context>
+<context>
     <name>SettingFile</name>
     <message>
         <source>The folder %1 cannot be made: settings cannot be saved.</source>
@@ -236,10 +243,6 @@
     <message>
         <source>its head is not that of a database</source>
         <translation>文件头不是数据库的文件头</translation>
-    </message>
-    <message>
-        <source>it was made by another program</source>
-        <translation>由其他程序创建</translation>
     </message>
     <message>
         <source>the damaged file %1 cannot be renamed</source>

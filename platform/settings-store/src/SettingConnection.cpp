@@ -51,3 +51,8 @@ SettingFault SettingConnection::FaultOf(const QSqlError& error)
         return SettingFault::Other;
     }
 }
+
+SettingProblem SettingConnection::ProblemOf(const QSqlError& error)
+{
+    return {FaultOf(error), error.databaseText()};
+}

@@ -2,9 +2,10 @@
 
 #include "DamagedRows.h"
 #include "SettingConnection.h"
-#include "SettingCopy.h"
+#include "SettingExaminer.h"
 #include "SettingFileNames.h"
 #include "SettingSalvage.h"
+#include "SettingTransaction.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
@@ -19,8 +20,6 @@
 
 namespace {
 
-// How long another program's lock is waited for. Twice as long is still less than what a flush may take. [ms]
-constexpr int BusyTimeout = 2000;
 constexpr int SmallestDatabase = 512; // [bytes]
 
 // Whether something stands at the path that never will be opened. A sound file can fail to open as well,
@@ -74,18 +73,13 @@ QVector<SettingKey> KeysOf(const SettingContent& content)
     return keys;
 }
 
-bool InsertRows(QSqlQuery* query, const SettingValues& values)
+SettingProblem ReadValues(const QSqlDatabase& database, SettingContent* content)
 {
-    if (!query->prepare(SettingTable::WriteStatement())) {
-        return false;
-    }
-    for (auto it = values.cbegin(); it != values.cend(); ++it) {
-        SettingTable::BindRow(query, SettingRow::Of(it.key(), it.value()));
-        if (!query->exec()) {
-            return false;
-        }
-    }
-    return true;
+    const QSqlError error =
+        SettingTable::ReadAll(database, SettingTable::Direction::Forward, std::numeric_limits<qint64>::max(),
+                              SettingTable::Checksums::Needed, content)
+            .error;
+    return error.isValid() ? SettingConnection::ProblemOf(error) : SettingProblem{};
 }
 
 } // namespace
@@ -114,7 +108,7 @@ SettingFileReport SettingFile::Open()
     }
 
     SettingContent content;
-    Problem problem = OpenConnection(&content);
+    SettingProblem problem = OpenConnection(&content);
     if (problem.IsFatal()) {
         content = SettingSalvage::Read(m_path);
         m_values = content.values;
@@ -138,12 +132,12 @@ SettingFileReport SettingFile::Open()
 SettingFileReport SettingFile::Write(const SettingValues& values)
 {
     SettingFileReport report;
-    Problem problem;
+    SettingProblem problem;
     if (m_connection.isEmpty()) {
         problem = OpenConnection(nullptr);
     }
     if (problem.None()) {
-        problem = WriteRows(m_connection, values);
+        problem = SettingTransaction::WriteRows(m_connection, values);
     }
     const bool isWritten = problem.None();
     if (isWritten || problem.IsFatal()) {
@@ -167,12 +161,7 @@ SettingValues SettingFile::GetValues() const
     return m_values;
 }
 
-SettingFile::Problem SettingFile::ProblemOf(const QSqlError& error)
-{
-    return {SettingConnection::FaultOf(error), error.databaseText()};
-}
-
-QString SettingFile::Sentence(const Problem& problem)
+QString SettingFile::Sentence(const SettingProblem& problem)
 {
     switch (problem.fault) {
     case SettingFault::None:
@@ -200,7 +189,7 @@ QString SettingFile::KeptSentence(int count)
                       : tr("Of its settings, %1 could be read and were kept.").arg(count);
 }
 
-SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
+SettingProblem SettingFile::OpenConnection(SettingContent* loaded)
 {
     if (IsTooShort(m_path)) {
         return {SettingFault::Damaged, tr("it is too short")};
@@ -209,7 +198,7 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
         return {SettingFault::Damaged, tr("only its log is there")};
     }
     if (!QFileInfo::exists(m_path)) {
-        Problem problem = MakeFile();
+        SettingProblem problem = MakeFile();
         if (!problem.None()) {
             return problem;
         }
@@ -219,18 +208,18 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
         return {SettingFault::Damaged, tr("its head is not that of a database")};
     }
     if (QFileInfo(m_path + SettingFileNames::Log).size() > 0) {
-        Problem problem = ExamineCopy(m_path);
+        SettingProblem problem = SettingExaminer::ExamineCopy(m_path);
         if (problem.IsFatal()) {
             return problem;
         }
     }
 
     QSqlError error;
-    m_connection = SettingConnection::Open(m_path, BusyTimeout, &error);
+    m_connection = SettingConnection::Open(m_path, SettingConnection::BusyTimeout, &error);
     if (m_connection.isEmpty()) {
         return {IsInTheWay(m_path) ? SettingFault::Damaged : SettingFault::Other, error.databaseText()};
     }
-    Problem problem = Prepare(loaded);
+    SettingProblem problem = Prepare(loaded);
     if (!problem.None()) {
         CloseConnection();
     } else {
@@ -241,35 +230,35 @@ SettingFile::Problem SettingFile::OpenConnection(SettingContent* loaded)
 
 // Reads a file that cannot be opened for writing, because the disk is full or takes nothing: without the
 // index of the log, which would have to be made, and which nobody needs who has the file alone.
-bool SettingFile::ReadAlone(const Problem& problem, SettingContent* loaded)
+bool SettingFile::ReadAlone(const SettingProblem& problem, SettingContent* loaded)
 {
     if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile()) {
         return false;
     }
     QSqlError error;
-    QString connection = SettingConnection::Open(m_path, BusyTimeout, &error);
+    QString connection = SettingConnection::Open(m_path, SettingConnection::BusyTimeout, &error);
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
         QSqlQuery query(database);
         query.exec(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
         query.finish();
         SettingTable::Kind kind = SettingTable::Kind::Foreign;
-        m_isRead = Examine(connection, &kind).None() && ReadValues(database, loaded).None();
+        m_isRead = SettingExaminer::Examine(connection, &kind).None() && ReadValues(database, loaded).None();
     }
     SettingConnection::Close(&connection);
     return m_isRead;
 }
 
 // Checks the file, reads the values, and brings a file of an earlier version up to date.
-SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
+SettingProblem SettingFile::Prepare(SettingContent* loaded)
 {
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    Problem problem = Examine(m_connection, &kind);
+    SettingProblem problem = SettingExaminer::Examine(m_connection, &kind);
     if (problem.None()) {
         problem = SetUp();
     }
     if (problem.None() && kind == SettingTable::Kind::Empty) {
-        problem = CreateTables(m_connection, {});
+        problem = SettingTransaction::CreateTables(m_connection, {});
     }
     if (!problem.None()) {
         return problem;
@@ -286,7 +275,7 @@ SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
     if (kind == SettingTable::Kind::Version1) {
         const QSqlError error = SettingTable::BringUpToDate(database);
         if (error.isValid()) {
-            return ProblemOf(error);
+            return SettingConnection::ProblemOf(error);
         }
     }
     // Rows that cannot be moved now stay, and are found again when the file is opened again.
@@ -296,73 +285,8 @@ SettingFile::Problem SettingFile::Prepare(SettingContent* loaded)
     return {};
 }
 
-SettingFile::Problem SettingFile::ReadValues(const QSqlDatabase& database, SettingContent* content)
-{
-    const QSqlError error =
-        SettingTable::ReadAll(database, SettingTable::Direction::Forward, std::numeric_limits<qint64>::max(),
-                              SettingTable::Checksums::Needed, content)
-            .error;
-    return error.isValid() ? ProblemOf(error) : Problem{};
-}
-
-// Tells whether it is a store and sound. Nothing is written.
-SettingFile::Problem SettingFile::Examine(const QString& connection, SettingTable::Kind* kind)
-{
-    Problem problem = CheckIntegrity(connection);
-    if (!problem.None()) {
-        return problem;
-    }
-    const QSqlError error = SettingTable::Recognise(QSqlDatabase::database(connection), kind);
-    if (error.isValid()) {
-        return ProblemOf(error);
-    }
-    if (*kind == SettingTable::Kind::Foreign) {
-        return {SettingFault::Damaged, tr("it was made by another program")};
-    }
-    if (*kind == SettingTable::Kind::Later) {
-        return {SettingFault::LaterVersion, QString()};
-    }
-    return {};
-}
-
-SettingFile::Problem SettingFile::ExamineCopy(const QString& file)
-{
-    const SettingCopy copy(file);
-    QSqlError error;
-    QString connection = SettingConnection::Open(copy.GetFile(), BusyTimeout, &error);
-    if (copy.GetFile().isEmpty() || connection.isEmpty()) {
-        return {}; // there may be no room for it
-    }
-    SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    Problem problem = Examine(connection, &kind);
-    SettingConnection::Close(&connection);
-    return problem;
-}
-
-SettingFile::Problem SettingFile::CheckIntegrity(const QString& connection)
-{
-    QSqlQuery query(QSqlDatabase::database(connection));
-    query.setForwardOnly(true);
-    if (!query.exec(QStringLiteral("PRAGMA integrity_check(1)")) || !query.next()) {
-        Problem problem = ProblemOf(query.lastError());
-        // There is nothing wrong with the statement: SQLite says so of a head with a format that it does not
-        // know, too.
-        constexpr int sqliteError = 1;
-        if (query.lastError().nativeErrorCode().toInt() == sqliteError) {
-            problem.fault = SettingFault::Damaged;
-        }
-        return problem;
-    }
-    const QString verdict = query.value(0).toString();
-    if (verdict == QLatin1String("ok")) {
-        return {};
-    }
-    return {SettingFault::Damaged,
-            verdict.section(QLatin1Char('\n'), -1)}; // below a line that names the database
-}
-
 // A file that cannot be written can still be read; the first write will say so.
-SettingFile::Problem SettingFile::SetUp()
+SettingProblem SettingFile::SetUp()
 {
     QSqlQuery query(QSqlDatabase::database(m_connection));
     query.setForwardOnly(true);
@@ -370,7 +294,7 @@ SettingFile::Problem SettingFile::SetUp()
          {QStringLiteral("PRAGMA journal_mode=WAL"), QStringLiteral("PRAGMA synchronous=FULL"),
           QStringLiteral("PRAGMA journal_size_limit=1048576")}) {
         if (!query.exec(pragma)) {
-            Problem problem = ProblemOf(query.lastError());
+            SettingProblem problem = SettingConnection::ProblemOf(query.lastError());
             if (problem.fault != SettingFault::Unwritable) {
                 return problem;
             }
@@ -382,10 +306,10 @@ SettingFile::Problem SettingFile::SetUp()
 
 // A fresh file is made under another name and gets its own when it is whole: whatever ends the process
 // meanwhile, no half-made file is ever taken for a damaged one, and a whole one is not made again.
-SettingFile::Problem SettingFile::MakeFile()
+SettingProblem SettingFile::MakeFile()
 {
     if (!IsWholeDraft()) {
-        Problem problem = MakeDraft({});
+        SettingProblem problem = MakeDraft({});
         if (!problem.None()) {
             return problem;
         }
@@ -400,33 +324,33 @@ bool SettingFile::IsWholeDraft() const
         return false;
     }
     QSqlError error;
-    QString connection = SettingConnection::Open(draft, BusyTimeout, &error);
+    QString connection = SettingConnection::Open(draft, SettingConnection::BusyTimeout, &error);
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
-    const bool isWhole =
-        !connection.isEmpty() && Examine(connection, &kind).None() && kind == SettingTable::Kind::Ours;
+    const bool isWhole = !connection.isEmpty() && SettingExaminer::Examine(connection, &kind).None() &&
+                         kind == SettingTable::Kind::Ours;
     SettingConnection::Close(&connection);
     return isWhole;
 }
 
-SettingFile::Problem SettingFile::MakeDraft(const SettingValues& values)
+SettingProblem SettingFile::MakeDraft(const SettingValues& values)
 {
     const QString draft = m_path + SettingFileNames::Draft;
     QFile::remove(draft + SettingFileNames::Journal);
     QFile::remove(draft);
     QSqlError error;
-    QString connection = SettingConnection::Open(draft, BusyTimeout, &error);
+    QString connection = SettingConnection::Open(draft, SettingConnection::BusyTimeout, &error);
     if (connection.isEmpty()) {
-        return ProblemOf(error);
+        return SettingConnection::ProblemOf(error);
     }
     // The settings tell what a person has open: nobody else's business. The files beside a database get
     // its permissions.
     QFile::setPermissions(draft, QFile::ReadOwner | QFile::WriteOwner);
-    Problem problem = CreateTables(connection, values);
+    SettingProblem problem = SettingTransaction::CreateTables(connection, values);
     SettingConnection::Close(&connection);
     return problem;
 }
 
-SettingFile::Problem SettingFile::TakeDraft()
+SettingProblem SettingFile::TakeDraft()
 {
     // Empty leftovers, which must not be taken for its own.
     for (const QString& suffix :
@@ -434,20 +358,7 @@ SettingFile::Problem SettingFile::TakeDraft()
         QFile::remove(m_path + suffix);
     }
     QFile file(m_path + SettingFileNames::Draft);
-    return file.rename(m_path) ? Problem{} : Problem{SettingFault::Other, file.errorString()};
-}
-
-// In one transaction: a file that has the tables has the values, too.
-SettingFile::Problem SettingFile::CreateTables(const QString& connection, const SettingValues& values)
-{
-    return InTransaction(connection, [&values](QSqlQuery* query) {
-        for (const QString& statement : SettingTable::CreateStatements()) {
-            if (!query->exec(statement)) {
-                return false;
-            }
-        }
-        return InsertRows(query, values);
-    });
+    return file.rename(m_path) ? SettingProblem{} : SettingProblem{SettingFault::Other, file.errorString()};
 }
 
 void SettingFile::CloseConnection()
@@ -455,34 +366,13 @@ void SettingFile::CloseConnection()
     SettingConnection::Close(&m_connection);
 }
 
-SettingFile::Problem SettingFile::WriteRows(const QString& connection, const SettingValues& values)
-{
-    return InTransaction(connection, [&values](QSqlQuery* query) { return InsertRows(query, values); });
-}
-
-SettingFile::Problem SettingFile::InTransaction(const QString& connection,
-                                                const std::function<bool(QSqlQuery*)>& work)
-{
-    QSqlQuery query(QSqlDatabase::database(connection));
-    if (query.exec(QStringLiteral("BEGIN IMMEDIATE")) && work(&query)) {
-        query.finish();
-        if (query.exec(QStringLiteral("COMMIT"))) {
-            return {};
-        }
-    }
-    Problem problem = ProblemOf(query.lastError());
-    query.finish();
-    query.exec(QStringLiteral("ROLLBACK"));
-    return problem;
-}
-
 // Puts a fresh file with these values in the place of one that cannot be used. That one keeps its place until
 // the fresh one is whole.
-SettingFile::Problem SettingFile::Replace(const Problem& damage, const SettingValues& values,
-                                          SettingFileReport* report)
+SettingProblem SettingFile::Replace(const SettingProblem& damage, const SettingValues& values,
+                                    SettingFileReport* report)
 {
     CloseConnection();
-    Problem problem = MakeDraft(values);
+    SettingProblem problem = MakeDraft(values);
     if (problem.None()) {
         problem = SetAside(damage, report);
     }
@@ -494,7 +384,7 @@ SettingFile::Problem SettingFile::Replace(const Problem& damage, const SettingVa
 
 // The log and index files go with their database, so that it can still be read under its new name. They
 // go first: a database without its log can be set aside again, a log without its database is of no use.
-SettingFile::Problem SettingFile::SetAside(const Problem& damage, SettingFileReport* report)
+SettingProblem SettingFile::SetAside(const SettingProblem& damage, SettingFileReport* report)
 {
     const QString kind = damage.fault == SettingFault::LaterVersion ? QStringLiteral(".later-version-")
                                                                     : QStringLiteral(".damaged-");

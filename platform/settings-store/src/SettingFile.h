@@ -4,16 +4,10 @@
 #include "SettingFault.h"
 #include "SettingFileReport.h"
 #include "SettingLock.h"
-#include "SettingTable.h"
+#include "SettingProblem.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
-
-#include <functional>
-
-class QSqlDatabase;
-class QSqlError;
-class QSqlQuery;
 
 /// The SQLite file of the store. Made, used and destroyed on one thread, the writer's.
 class SettingFile final
@@ -39,39 +33,22 @@ public:
     SettingValues GetValues() const;
 
 private:
-    struct Problem
-    {
-        SettingFault fault = SettingFault::None;
-        QString detail;
-
-        bool None() const { return fault == SettingFault::None; }
-        /// Whether a fresh file has to take the place of this one.
-        bool IsFatal() const { return fault == SettingFault::Damaged || fault == SettingFault::LaterVersion; }
-    };
-
-    static Problem ProblemOf(const QSqlError& error);
-    static QString Sentence(const Problem& problem);
+    static QString Sentence(const SettingProblem& problem);
     static QString KeptSentence(int count);
 
     /// `loaded` is null when the values are known already.
-    Problem OpenConnection(SettingContent* loaded);
-    Problem Prepare(SettingContent* loaded);
-    bool ReadAlone(const Problem& problem, SettingContent* loaded);
-    Problem SetUp();
-    Problem MakeFile();
+    SettingProblem OpenConnection(SettingContent* loaded);
+    SettingProblem Prepare(SettingContent* loaded);
+    bool ReadAlone(const SettingProblem& problem, SettingContent* loaded);
+    SettingProblem SetUp();
+    SettingProblem MakeFile();
     bool IsWholeDraft() const;
-    Problem MakeDraft(const SettingValues& values);
-    Problem TakeDraft();
-    Problem Replace(const Problem& damage, const SettingValues& values, SettingFileReport* report);
-    static Problem Examine(const QString& connection, SettingTable::Kind* kind);
-    static Problem ExamineCopy(const QString& file);
-    static Problem ReadValues(const QSqlDatabase& database, SettingContent* content);
-    static Problem CheckIntegrity(const QString& connection);
-    static Problem CreateTables(const QString& connection, const SettingValues& values);
-    static Problem WriteRows(const QString& connection, const SettingValues& values);
-    static Problem InTransaction(const QString& connection, const std::function<bool(QSqlQuery*)>& work);
+    SettingProblem MakeDraft(const SettingValues& values);
+    SettingProblem TakeDraft();
+    SettingProblem Replace(const SettingProblem& damage, const SettingValues& values,
+                           SettingFileReport* report);
     void CloseConnection();
-    Problem SetAside(const Problem& damage, SettingFileReport* report);
+    SettingProblem SetAside(const SettingProblem& damage, SettingFileReport* report);
 
     const QString m_path;
     SettingLock m_lock;

@@ -17,7 +17,6 @@ namespace {
 constexpr qint64 MaximumProbes = 10000;
 constexpr int PageSize = 4096;    // of all our files [bytes]
 constexpr int SmallestRow = 8;    // [bytes]
-constexpr int Patience = 2000;    // [ms]
 constexpr qint64 AtLeastRows = 1; // of a file without a size
 
 // A damaged page ends a walk along the table, so that it is walked from both ends; what lies between two
@@ -43,7 +42,7 @@ SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
     // No file holds more rows than this; damage can lead a walk in circles.
     const qint64 size = QFileInfo(copy).size() + QFileInfo(copy + SettingFileNames::Log).size();
     QSqlError error;
-    QString connection = SettingConnection::Open(copy, Patience, &error);
+    QString connection = SettingConnection::Open(copy, SettingConnection::BusyTimeout, &error);
     SettingContent content;
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
@@ -61,7 +60,7 @@ SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
 QByteArray MakeFirstPage(const QString& emptyFile)
 {
     QSqlError error;
-    QString connection = SettingConnection::Open(emptyFile, Patience, &error);
+    QString connection = SettingConnection::Open(emptyFile, SettingConnection::BusyTimeout, &error);
     if (!connection.isEmpty()) {
         QSqlQuery query(QSqlDatabase::database(connection));
         query.exec(QStringLiteral("PRAGMA page_size=%1").arg(PageSize));

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "SettingContent.h"
+#include "SettingProblem.h"
+
+#include <QtCore/QString>
+
+/// The store's writes, each in one transaction: it is done as a whole or not at all. On the writer's thread.
+namespace SettingTransaction {
+
+/// Makes the tables and fills them: a file that has the tables has the values, too.
+SettingProblem CreateTables(const QString& connection, const SettingValues& values);
+SettingProblem WriteRows(const QString& connection, const SettingValues& values);
+
+} // namespace SettingTransaction
