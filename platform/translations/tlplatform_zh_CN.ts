@@ -23,6 +23,9 @@
         <source>The gateway did not answer within %1 seconds.</source>
         <translation>网关在 %1 秒内没有应答。</translation>
     </message>
+</context>
+<context>
+    <name>HttpOutcome</name>
     <message>
         <source>The gateway&apos;s address leads elsewhere (HTTP status %1), which is not followed.</source>
         <translation>网关地址转向了别处（HTTP 状态 %1），未予跟随。</translation>

@@ -11,16 +11,14 @@
 #include "ui/AutoRunPluginEditWidget.h"
 #include "ui/AutoRunPluginItem.h"
 #include "ui/AutoRunSystemItem.h"
+#include "ui/EntryDialog.h"
 #include "ui/LanguageWatch.h"
 #include "ui_AutoRunSettingWidget.h"
 
 #include "base-ui/RequestStatus.h"
-#include "base-ui/TLMask.h"
-#include "base-ui/TLMaskWidget.h"
 #include "base-ui/TLToast.h"
 #include "base/DpiTool.h"
 #include "core/IMonitorSystem.h"
-#include "frame-core/IBrowserMain.h"
 #include "http-module/IHttpResponseDsm.h"
 #include "http/HttpNotifyManager.h"
 #include "http/IHttpRequest.h"
@@ -30,7 +28,6 @@
 #include <QtCore/QUuid>
 
 #include <algorithm>
-#include <type_traits>
 
 namespace {
 
@@ -62,32 +59,6 @@ AutoRunInfoEntityPtr NewEntry(int type)
     entry->itemId = QUuid::createUuid().toString();
     entry->type = type;
     return entry;
-}
-
-/// Lets the user fill in `entry` in a dialog over the dimmed main window. True when the dialog was accepted;
-/// the entry has what the user chose then, and is as it was otherwise.
-template <class Dialog>
-bool FillIn(const AutoRunInfoEntityPtr& entry, const QString& title,
-            [[maybe_unused]] const QStringList& excludeKeys = QStringList())
-{
-    const IBrowserMain* const browser = IBrowserMain::GetBrowser();
-    QWidget* const window = browser != nullptr ? browser->GetMainWidget() : nullptr;
-    TLMaskWidget* const mask = TLMask::Instance()->InitMask(window, window);
-
-    // Guarded: the window may go away, and its dialogs with it, while the dialog is open.
-    const QPointer<Dialog> dialog = new Dialog(mask != nullptr ? mask : window);
-    dialog->SetTitleText(title, true);
-    dialog->setFixedSize(DpiTool::ScaleDefault(532), DpiTool::ScaleDefault(228));
-    if constexpr (std::is_base_of_v<AutoRunPluginEditWidget, Dialog>) {
-        dialog->SetExcludeKeys(excludeKeys);
-    }
-    dialog->SetData(entry);
-    if (mask != nullptr) {
-        TLMask::Instance()->ShowMask(dialog);
-    }
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    delete dialog.data();
-    return accepted;
 }
 
 } // namespace
@@ -193,7 +164,7 @@ void AutoRunSettingWidget::SlotAddBtnClicked()
     }
     const AutoRunInfoEntityPtr entry = NewEntry(AutoRunInfoEntity::TypeWebAddress);
     const QPointer<AutoRunSettingWidget> guard(this);
-    if (!FillIn<AutoRunAddWidget>(entry, tr("Add Url")) || !guard) {
+    if (!EntryDialog::FillIn<AutoRunAddWidget>(entry, tr("Add Url")) || !guard) {
         return;
     }
     AddCustomRow(entry);
@@ -210,7 +181,7 @@ void AutoRunSettingWidget::SlotAddPluginBtnClicked()
     }
     const AutoRunInfoEntityPtr entry = NewEntry(AutoRunInfoEntity::TypeApp);
     const QPointer<AutoRunSettingWidget> guard(this);
-    if (!FillIn<AutoRunPluginAddWidget>(entry, tr("Add App"), GetPluginKeys()) || !guard) {
+    if (!EntryDialog::FillIn<AutoRunPluginAddWidget>(entry, tr("Add App"), GetPluginKeys()) || !guard) {
         return;
     }
     AddPluginRow(entry);
@@ -471,7 +442,7 @@ void AutoRunSettingWidget::EditCustomItem(AutoRunBaseItem* row)
     }
     const QPointer<AutoRunSettingWidget> guard(this);
     const QPointer<AutoRunBaseItem> edited(row);
-    if (FillIn<AutoRunEditWidget>(entry, tr("Edit Url")) && guard) {
+    if (EntryDialog::FillIn<AutoRunEditWidget>(entry, tr("Edit Url")) && guard) {
         TakeEdited(edited, AutoRunBaseItem::KindCustom, entry);
     }
 }
@@ -484,7 +455,7 @@ void AutoRunSettingWidget::EditPluginItem(AutoRunBaseItem* row)
     }
     const QPointer<AutoRunSettingWidget> guard(this);
     const QPointer<AutoRunBaseItem> edited(row);
-    if (FillIn<AutoRunPluginEditWidget>(entry, tr("Edit App"), GetPluginKeys()) && guard) {
+    if (EntryDialog::FillIn<AutoRunPluginEditWidget>(entry, tr("Edit App"), GetPluginKeys()) && guard) {
         TakeEdited(edited, AutoRunBaseItem::KindPlugin, entry);
     }
 }

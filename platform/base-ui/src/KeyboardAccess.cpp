@@ -77,6 +77,30 @@ void CollectFrom(QWidget* widget, QVector<QWidget*>* order)
     }
 }
 
+void FocusFirstOf(QWidget* row)
+{
+    const QVector<QWidget*> parts = KeyboardAccess::GetReadingOrder(row);
+    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
+    if (part != parts.end()) {
+        (*part)->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void OrderTabs(QWidget* root)
+{
+    QWidget* before = nullptr;
+    const QVector<QWidget*> order = KeyboardAccess::GetReadingOrder(root);
+    for (QWidget* const widget : order) {
+        if (widget == root || !TakesTab(widget) || widget->focusProxy() != nullptr) {
+            continue;
+        }
+        if (before != nullptr) {
+            QWidget::setTabOrder(before, widget);
+        }
+        before = widget;
+    }
+}
+
 } // namespace
 
 KeyboardAccess::KeyboardAccess(QWidget* root, std::function<bool(const QWidget*)> isRow)
@@ -132,7 +156,7 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         TakeFocus(QApplication::focusWidget());
         auto* const key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
-            OrderTabs();
+            OrderTabs(m_root);
             const bool isBack = key->key() == Qt::Key_Backtab || key->modifiers().testFlag(Qt::ShiftModifier);
             PrepareRowBeside(widget, isBack ? -1 : 1);
         }
@@ -218,8 +242,11 @@ void KeyboardAccess::TakeFocus(QWidget* widget)
     if (row != m_row) {
         Conceal();
     }
-    if (row != nullptr && m_byKeyboard) {
-        Reveal(row);
+    if (row != nullptr && m_byKeyboard && row != m_row) {
+        m_row = row;
+        if (!IsUnderMouse(row)) { // there it shows everything already
+            SendEnter(row);
+        }
     }
 }
 
@@ -259,27 +286,6 @@ void KeyboardAccess::BringBack(QWidget* row, QWidget* button)
     }
 }
 
-void KeyboardAccess::FocusFirstOf(QWidget* row)
-{
-    const QVector<QWidget*> parts = GetReadingOrder(row);
-    const auto part = std::find_if(parts.begin(), parts.end(), CanHaveFocusNow);
-    if (part != parts.end()) {
-        (*part)->setFocus(Qt::OtherFocusReason);
-    }
-}
-
-void KeyboardAccess::Reveal(QWidget* row)
-{
-    if (m_row == row) {
-        return;
-    }
-    m_row = row;
-    if (IsUnderMouse(row)) {
-        return; // it shows everything already
-    }
-    SendEnter(row);
-}
-
 void KeyboardAccess::Conceal()
 {
     QWidget* const row = m_row;
@@ -308,21 +314,6 @@ void KeyboardAccess::SendLeave(QWidget* row)
     // What hides now hides because the user has left it.
     if (m_lastFocus != nullptr && row->isAncestorOf(m_lastFocus) && !m_lastFocus->isVisible()) {
         m_lastFocus = nullptr;
-    }
-}
-
-void KeyboardAccess::OrderTabs()
-{
-    QWidget* before = nullptr;
-    const QVector<QWidget*> order = GetReadingOrder(m_root);
-    for (QWidget* const widget : order) {
-        if (widget == m_root || !TakesTab(widget) || widget->focusProxy() != nullptr) {
-            continue;
-        }
-        if (before != nullptr) {
-            QWidget::setTabOrder(before, widget);
-        }
-        before = widget;
     }
 }
 

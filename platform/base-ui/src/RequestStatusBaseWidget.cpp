@@ -42,6 +42,19 @@ void SetVisible(QWidget* widget, bool visible)
     }
 }
 
+// One below the other, in the middle of the panel. Without a button when that is null.
+void AddTo(QWidget* panel, QWidget* picture, QWidget* text, QWidget* button)
+{
+    auto* layout = new QVBoxLayout(panel);
+    layout->addStretch();
+    layout->addWidget(picture, 0, Qt::AlignHCenter);
+    layout->addWidget(text);
+    if (button != nullptr) {
+        layout->addWidget(button, 0, Qt::AlignHCenter);
+    }
+    layout->addStretch();
+}
+
 } // namespace
 
 RequestStatusBaseWidget::RequestStatusBaseWidget(QWidget* parent)
@@ -176,16 +189,4 @@ void RequestStatusBaseWidget::Retranslate()
     m_indicator->setAccessibleName(tr("Loading…"));
     m_failedLabel->setText(tr("This could not be loaded."));
     m_refreshButton->setText(tr("Try again"));
-}
-
-void RequestStatusBaseWidget::AddTo(QWidget* panel, QWidget* picture, QWidget* text, QWidget* button)
-{
-    auto* layout = new QVBoxLayout(panel);
-    layout->addStretch();
-    layout->addWidget(picture, 0, Qt::AlignHCenter);
-    layout->addWidget(text);
-    if (button != nullptr) {
-        layout->addWidget(button, 0, Qt::AlignHCenter);
-    }
-    layout->addStretch();
 }

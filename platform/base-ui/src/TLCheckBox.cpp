@@ -15,6 +15,24 @@ constexpr int BoxSize = 16;  // [px, unscaled]
 constexpr int BoxMargin = 2; // [px, unscaled]
 constexpr int Gap = 8;       // [px, unscaled]
 
+// The tick of a checked box, or the dash of a partly checked one.
+QPainterPath MakeMark(Qt::CheckState state, const QRectF& box)
+{
+    const auto point = [&box](qreal x, qreal y) {
+        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+    };
+    QPainterPath path;
+    if (state == Qt::Checked) {
+        path.moveTo(point(0.25, 0.53));
+        path.lineTo(point(0.43, 0.70));
+        path.lineTo(point(0.75, 0.33));
+    } else {
+        path.moveTo(point(0.27, 0.5));
+        path.lineTo(point(0.73, 0.5));
+    }
+    return path;
+}
+
 } // namespace
 
 TLCheckBox::TLCheckBox(QWidget* parent) : QCheckBox(parent)
@@ -78,66 +96,61 @@ void TLCheckBox::showEvent(QShowEvent* event)
     QCheckBox::showEvent(event);
 }
 
-void TLCheckBox::paintEvent(QPaintEvent*)
+TLCheckBox::Look TLCheckBox::GetLook() const
 {
     const QPalette& colors = palette();
     const bool marked = checkState() != Qt::Unchecked;
-    QColor fill;
-    QColor border;
-    QColor mark;
-    QColor text;
+    Look look;
     if (!isEnabled()) {
-        fill = ThemedColor(m_disabledBoxColor, colors, QPalette::Window);
-        border = ThemedColor(m_disabledBorderColor, colors, QPalette::Mid);
-        mark = ThemedColor(m_disabledMarkColor, colors, QPalette::Text);
-        text = ThemedColor(m_disabledTextColor, colors, QPalette::WindowText);
-    } else {
-        fill = marked ? ThemedColor(m_checkedColor, colors, QPalette::Highlight)
-                      : ThemedColor(m_boxColor, colors, QPalette::Base);
-        border = marked ? fill : ThemedColor(m_borderColor, colors, QPalette::Dark);
-        mark = ThemedColor(m_markColor, colors, QPalette::HighlightedText);
-        text = ThemedColor(m_textColor, colors, QPalette::WindowText);
-        if (isDown() || underMouse()) {
-            border = isDown() ? ThemedColor(m_pressedColor, colors, QPalette::Highlight)
-                              : ThemedColor(m_hoverColor, colors, QPalette::Highlight);
-            if (marked) {
-                fill = border;
-            }
+        look.fill = ThemedColor(m_disabledBoxColor, colors, QPalette::Window);
+        look.border = ThemedColor(m_disabledBorderColor, colors, QPalette::Mid);
+        look.mark = ThemedColor(m_disabledMarkColor, colors, QPalette::Text);
+        look.text = ThemedColor(m_disabledTextColor, colors, QPalette::WindowText);
+        return look;
+    }
+    look.fill = marked ? ThemedColor(m_checkedColor, colors, QPalette::Highlight)
+                       : ThemedColor(m_boxColor, colors, QPalette::Base);
+    look.border = marked ? look.fill : ThemedColor(m_borderColor, colors, QPalette::Dark);
+    look.mark = ThemedColor(m_markColor, colors, QPalette::HighlightedText);
+    look.text = ThemedColor(m_textColor, colors, QPalette::WindowText);
+    if (isDown() || underMouse()) {
+        look.border = isDown() ? ThemedColor(m_pressedColor, colors, QPalette::Highlight)
+                               : ThemedColor(m_hoverColor, colors, QPalette::Highlight);
+        if (marked) {
+            look.fill = look.border;
         }
     }
+    return look;
+}
 
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
+void TLCheckBox::PaintBox(QPainter* painter, const Look& look) const
+{
+    const bool marked = checkState() != Qt::Unchecked;
     const QRectF box = GetBox();
     const qreal line = Scaled(1);
     const qreal radius = Scaled(4);
-    painter.setPen(QPen(border, line));
-    painter.setBrush(fill);
-    painter.drawRoundedRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+    painter->setPen(QPen(look.border, line));
+    painter->setBrush(look.fill);
+    painter->drawRoundedRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+    painter->setBrush(Qt::NoBrush);
     if (hasFocus()) {
         const qreal ring = Scaled(2);
         const qreal away = marked ? ring / 2 + line : -ring / 2;
-        painter.setPen(QPen(ThemedColor(m_focusColor, colors, QPalette::Highlight), ring));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(box.adjusted(-away, -away, away, away), radius, radius);
+        painter->setPen(QPen(ThemedColor(m_focusColor, palette(), QPalette::Highlight), ring));
+        painter->drawRoundedRect(box.adjusted(-away, -away, away, away), radius, radius);
     }
     if (marked) {
-        const auto point = [&box](qreal x, qreal y) {
-            return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
-        };
-        QPainterPath path;
-        if (checkState() == Qt::Checked) {
-            path.moveTo(point(0.25, 0.53));
-            path.lineTo(point(0.43, 0.70));
-            path.lineTo(point(0.75, 0.33));
-        } else {
-            path.moveTo(point(0.27, 0.5));
-            path.lineTo(point(0.73, 0.5));
-        }
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(mark, box.width() / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPath(path);
+        painter->setPen(QPen(look.mark, box.width() / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->drawPath(MakeMark(checkState(), box));
     }
+}
+
+void TLCheckBox::paintEvent(QPaintEvent*)
+{
+    const Look look = GetLook();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintBox(&painter, look);
 
     QStyleOptionButton option;
     initStyleOption(&option);
@@ -150,6 +163,6 @@ void TLCheckBox::paintEvent(QPaintEvent*)
         int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)) |
         (style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0 ? Qt::TextShowMnemonic
                                                                               : Qt::TextHideMnemonic);
-    painter.setPen(text);
+    painter.setPen(look.text);
     painter.drawText(area, flags, fontMetrics().elidedText(option.text, Qt::ElideRight, area.width(), flags));
 }

@@ -1,11 +1,11 @@
 #include "HttpCall.h"
 
 #include "HttpBody.h"
+#include "HttpOutcome.h"
 #include "http/HttpError.h"
 #include "http/IHttpRequest.h"
 #include "http/IHttpResponse.h"
 
-#include <QtCore/QJsonDocument>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QUrl>
 #include <QtNetwork/QNetworkAccessManager>
@@ -31,16 +31,6 @@ bool IsWebAddress(const QUrl& url)
     const QString scheme = url.scheme();
     return url.isValid() && !url.host().isEmpty() &&
            (scheme == QLatin1String("http") || scheme == QLatin1String("https"));
-}
-
-// Whether the error says no more than the HTTP status does; the reply then came in whole.
-bool IsStatusError(QNetworkReply::NetworkError error)
-{
-    return error == QNetworkReply::ProtocolInvalidOperationError ||
-           error == QNetworkReply::ProxyAuthenticationRequiredError ||
-           (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError &&
-            error != QNetworkReply::ContentReSendError) ||
-           (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
 }
 
 QNetworkRequest MakeRequest(QUrl url, const QString& hostIp, int bodySize)
@@ -133,26 +123,16 @@ void HttpCall::Attempt()
     m_reply = m_network.post(request, device);
     device->setParent(m_reply);
     m_reply->setReadBufferSize(MaxReplySize + 1);
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, &HttpCall::OnMetaDataChanged);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &HttpCall::OnReadyRead);
     connect(m_reply, &QNetworkReply::readyRead, this, &HttpCall::OnReadyRead);
     connect(m_reply, &QNetworkReply::finished, this, &HttpCall::OnFinished);
 }
 
-void HttpCall::OnMetaDataChanged()
-{
-    const QVariant announced = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    if (announced.isValid() && announced.toLongLong() > MaxReplySize) {
-        DropReply();
-        m_response->SetNetworkError(static_cast<int>(HttpError::TooLarge),
-                                    tr("The gateway's answer is larger than 4 MiB."));
-        AttemptOver();
-    }
-}
-
 void HttpCall::OnReadyRead()
 {
+    const QVariant announced = m_reply->header(QNetworkRequest::ContentLengthHeader);
     m_body += m_reply->read(MaxReplySize + 1 - m_body.size());
-    if (m_body.size() > MaxReplySize) {
+    if (m_body.size() > MaxReplySize || announced.toLongLong() > MaxReplySize) {
         DropReply();
         m_response->SetNetworkError(static_cast<int>(HttpError::TooLarge),
                                     tr("The gateway's answer is larger than 4 MiB."));
@@ -167,7 +147,7 @@ void HttpCall::OnFinished()
         return; // it was too large
     }
     QNetworkReply* const reply = m_reply;
-    TakeReply(*reply);
+    HttpOutcome::Take(*reply, m_body, m_response.data());
     DropReply();
     AttemptOver();
 }
@@ -180,82 +160,6 @@ void HttpCall::OnDeadline()
                                 tr("The gateway did not answer within %1 seconds.")
                                     .arg(QString::number(m_deadline.interval() / 1000.0)));
     Conclude();
-}
-
-void HttpCall::TakeReply(const QNetworkReply& reply)
-{
-    const QNetworkReply::NetworkError error = reply.error();
-    const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status >= 300 && status < 400) {
-        m_response->SetNetworkError(
-            static_cast<int>(HttpError::Redirect),
-            tr("The gateway's address leads elsewhere (HTTP status %1), which is not followed.").arg(status));
-        return;
-    }
-    if (error != QNetworkReply::NoError && !(status >= 400 && IsStatusError(error))) {
-        TakeTransportError(error, reply.errorString());
-        return;
-    }
-    const QVariant announced = reply.header(QNetworkRequest::ContentLengthHeader);
-    if (announced.isValid() && announced.toLongLong() > m_body.size()) {
-        TakeTransportError(QNetworkReply::RemoteHostClosedError, QString());
-        return;
-    }
-    if (status >= 400) {
-        TakeErrorStatus(error, status);
-        return;
-    }
-    m_response->SetData(m_body);
-}
-
-void HttpCall::TakeTransportError(int error, const QString& text)
-{
-    // Closed, and Qt wanted to send the request again, which the body does not let it.
-    const int number =
-        error == QNetworkReply::ContentReSendError ? QNetworkReply::RemoteHostClosedError : error;
-    m_response->SetNetworkError(number, DescribeTransportError(number, text));
-}
-
-void HttpCall::TakeErrorStatus(int error, int status)
-{
-    // The gateway explains its errors in JSON; anything else comes from something in between.
-    if (QJsonDocument::fromJson(m_body).isObject()) {
-        m_response->SetData(m_body);
-        if (!m_response->IsSuccess()) {
-            return;
-        }
-    }
-    const QString description = status >= 500 ? tr("The gateway failed with HTTP status %1.")
-                                              : tr("The gateway refused the call with HTTP status %1.");
-    m_response->SetNetworkError(error, description.arg(status));
-}
-
-QString HttpCall::DescribeTransportError(int error, const QString& text)
-{
-    switch (error) {
-    case QNetworkReply::ConnectionRefusedError:
-        return tr("The gateway cannot be reached: connection refused.");
-    case QNetworkReply::HostNotFoundError:
-        return tr("The gateway cannot be reached: its host name is unknown.");
-    case QNetworkReply::RemoteHostClosedError:
-        return tr("The gateway closed the connection without a complete answer.");
-    case QNetworkReply::TimeoutError:
-        return tr("The gateway cannot be reached: the connection timed out.");
-    case QNetworkReply::SslHandshakeFailedError:
-        return tr("The gateway cannot be reached: no secure connection (%1).").arg(text);
-    case QNetworkReply::ProtocolFailure:
-    case QNetworkReply::ProtocolUnknownError:
-        return tr("The gateway's answer is not HTTP.");
-    case QNetworkReply::ProxyConnectionRefusedError:
-    case QNetworkReply::ProxyConnectionClosedError:
-    case QNetworkReply::ProxyNotFoundError:
-    case QNetworkReply::ProxyTimeoutError:
-    case QNetworkReply::ProxyAuthenticationRequiredError:
-    case QNetworkReply::UnknownProxyError:
-        return tr("The gateway cannot be reached: the proxy failed (%1).").arg(text);
-    default:
-        return tr("The gateway cannot be reached: %1.").arg(text);
-    }
 }
 
 void HttpCall::AttemptOver()

@@ -37,16 +37,9 @@ Q_SIGNALS:
 
 private:
     void Attempt();
-    void OnMetaDataChanged();
     void OnReadyRead();
     void OnFinished();
     void OnDeadline();
-    /// Puts what came back into the response.
-    void TakeReply(const QNetworkReply& reply);
-    void TakeErrorStatus(int error, int status);
-    void TakeTransportError(int error, const QString& text);
-    /// A sentence for the user; `text` is what Qt says about it.
-    static QString DescribeTransportError(int error, const QString& text);
     /// The attempt is over: another one, or the end.
     void AttemptOver();
     void Conclude();

@@ -15,6 +15,13 @@ Q_LOGGING_CATEGORY(logImages, "tl.http.images", QtInfoMsg)
 
 constexpr int MaxFailures = 1000; // that are remembered
 
+// All in [ms]. A time in the future, from before the clock was set back, is not within any span.
+bool IsWithin(qint64 span, qint64 since, qint64 now)
+{
+    const qint64 age = now - since;
+    return age >= 0 && age < span;
+}
+
 // Without what may be a secret.
 QString ForLog(const QString& address)
 {
@@ -51,7 +58,7 @@ void VXImageCache::Private::Fetch(const QString& url, QObject* context,
 {
     Waiter waiter{context, std::move(done)};
     const Remembered* const known = m_memory.object(url);
-    if (known && IsFresh(known->fetched) && m_asked.count(url) == 0) {
+    if (known && IsWithin(m_limits.freshness, known->fetched, m_clock()) && m_asked.count(url) == 0) {
         m_known.emplace_back(std::move(waiter), known->image);
         QMetaObject::invokeMethod(this, &Private::AnswerKnown, Qt::QueuedConnection);
         return;
@@ -99,7 +106,9 @@ VXImageCache::Private::Asked& VXImageCache::Private::Ask(const QString& url)
 void VXImageCache::Private::OnLookedUp(const QString& url, const ImageFolder::Picture& picture)
 {
     Asked& asked = m_asked.at(url);
-    const bool settled = IsFresh(picture.fetched) || IsResting(url);
+    const qint64 now = m_clock();
+    const bool settled = IsWithin(m_limits.freshness, picture.fetched, now) ||
+                         (m_failed.contains(url) && IsWithin(m_limits.failureRest, m_failed.value(url), now));
     if (settled && !asked.refresh) {
         Answer(url, picture);
         return;
@@ -170,22 +179,6 @@ void VXImageCache::Private::Answer(const QString& url, const ImageFolder::Pictur
     if (self && asked.announce) {
         Q_EMIT m_cache->SigRequestImageFinished(!picture.path.isEmpty(), url, picture.path);
     }
-}
-
-bool VXImageCache::Private::IsFresh(qint64 fetched) const
-{
-    const qint64 age = m_clock() - fetched;
-    return age >= 0 && age < m_limits.freshness;
-}
-
-bool VXImageCache::Private::IsResting(const QString& url) const
-{
-    const auto failed = m_failed.constFind(url);
-    if (failed == m_failed.cend()) {
-        return false;
-    }
-    const qint64 age = m_clock() - *failed;
-    return age >= 0 && age < m_limits.failureRest;
 }
 
 void VXImageCache::Private::Remember(const QString& url, const ImageFolder::Picture& picture)

@@ -65,8 +65,6 @@ private:
     /// The last thing that is done for a request; the cache may be gone when it returns.
     void Answer(const QString& url, const ImageFolder::Picture& picture);
 
-    bool IsFresh(qint64 fetched) const;
-    bool IsResting(const QString& url) const;
     void Remember(const QString& url, const ImageFolder::Picture& picture);
 
     VXImageCache* const m_cache;

@@ -50,12 +50,9 @@ private:
     void TakeFocus(QWidget* widget);
     void KeepInRow(QWidget* widget);
     void BringBack(QWidget* row, QWidget* button);
-    void FocusFirstOf(QWidget* row);
-    void Reveal(QWidget* row);
     void Conceal();
     void SendEnter(QWidget* row);
     void SendLeave(QWidget* row);
-    void OrderTabs();
     void PrepareRowBeside(QWidget* focus, int step);
     void RestoreFocus();
 

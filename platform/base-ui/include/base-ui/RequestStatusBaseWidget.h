@@ -51,7 +51,6 @@ private:
     void Apply();
     void AdjustForScale();
     void Retranslate();
-    void AddTo(QWidget* panel, QWidget* picture, QWidget* text, QWidget* button);
 
     int m_status = RequestStatus::Loading;
     int m_lastHeight = 0; ///< [px] of the content, kept while it loads again

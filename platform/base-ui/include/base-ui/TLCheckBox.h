@@ -45,8 +45,18 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    struct Look
+    {
+        QColor fill;
+        QColor border;
+        QColor mark;
+        QColor text;
+    };
+
     void Construct();
     QRect GetBox() const;
+    Look GetLook() const;
+    void PaintBox(QPainter* painter, const Look& look) const;
 
     QColor m_boxColor;
     QColor m_borderColor;
