@@ -2,6 +2,6 @@
 
 class QJsonObject;
 
-/// Who asks, from which device: the members `belongType`, `pin`, `deviceId` and `platform` that both
-/// gateway requests of this module carry, from the client's data of this moment. GUI thread.
+/// Who calls, and from which device: the members `belongType`, `pin`, `deviceId` and `platform` of both
+/// gateway requests of this module, from the client's current data. GUI thread.
 QJsonObject MakeAutoRunBaseInfo();

@@ -29,7 +29,7 @@ QJsonArray WriteEntries(const QList<AutoRunInfoEntityPtr>& entries)
     return array;
 }
 
-/// The list behind a JSON key, as a pointer to the member; null for a key that names no list.
+/// The member that holds the list of a JSON key; null for a key without a list.
 auto ListOf(const QString& key) -> QList<AutoRunInfoEntityPtr> AutoRunCollectionEntity::*
 {
     if (key == QLatin1String("systemItems")) {

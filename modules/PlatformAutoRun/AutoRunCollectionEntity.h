@@ -6,8 +6,8 @@
 
 #include <QtCore/QList>
 
-/// The auto-run configuration of a user. The order within each list is the order of the rows on the
-/// settings page and of the opening at start. GUI thread.
+/// The auto-run configuration of a user. Each list is in the order of the rows on the settings page, which is
+/// also the order of opening. GUI thread.
 class AutoRunCollectionEntity final : public VXJsonParserBase
 {
     Q_OBJECT
@@ -25,10 +25,10 @@ public:
     QList<AutoRunInfoEntityPtr> pluginItems;
 
 protected:
-    /// Replaces the list of that name. Lenient on purpose: every element of the array gives an entry; what
-    /// an element does not supply, or supplies wrongly, keeps its initial value and is no parse error.
+    /// Replaces the list of that name. Deliberately lenient: every element of the array makes an entry; a
+    /// field that is missing or wrong keeps its initial value and is no parse error.
     bool ParseSpecial(const QString& key, const QJsonValue& value) override;
-    /// Empty pointers in a list are left out.
+    /// Leaves out null pointers.
     bool ToSpecial(const QString& key, QJsonValue& value) const override;
 
 private:

@@ -2,8 +2,8 @@
 
 #include <QtCore/QString>
 
-/// Texts and numbers by which this module, the client and the service know each other's things. None of
-/// them is a secret, and none may change: they are stored, sent and compared.
+/// The texts and numbers that this module shares with the client and the service. None of them is a secret,
+/// and none may change: they are stored, sent and compared.
 namespace AutoRunIdentifiers {
 
 /// The module's key in the plug-in metadata, and the sender of its module events.
@@ -18,7 +18,7 @@ inline QString HomeItemId()
     return QStringLiteral("FA2F7923-A7F9-4703-8255-B3218DFF6062");
 }
 
-/// The identity under which the settings page reads the configuration, to recognise its own completion.
+/// The identity of the settings page's reads, by which it recognises its own completion.
 inline QString SettingPageIdentity()
 {
     return QStringLiteral("6844BE03-D3FF-4ADC-9E01-005CEC79F162");
@@ -28,7 +28,7 @@ inline QString SettingPageIdentity()
 inline constexpr int ReadFinished = 10400;
 inline constexpr int WriteFinished = 10401;
 
-/// Module events, sent right after the notification of the same end; they have no arguments.
+/// Module events without arguments, each sent right after the notification of the same completion.
 inline QString ReadFinishedEvent()
 {
     return QStringLiteral("GetAutoRun");

@@ -4,9 +4,9 @@
 
 #include <QtCore/QString>
 
-/// One entry of the auto-run configuration: a web page or an app that opens at start. Entries are shared
-/// between the logic's cache, the opener and the settings page, never copied: a change made by one is seen
-/// by all. GUI thread.
+/// One entry of the auto-run configuration: a web page or an app that opens at start. The logic's cache, the
+/// opener and the settings page share entries and never copy them: all of them see a change that one makes.
+/// GUI thread.
 class AutoRunInfoEntity final : public VXJsonParserBase
 {
     Q_OBJECT
@@ -19,22 +19,22 @@ class AutoRunInfoEntity final : public VXJsonParserBase
     Q_PROPERTY(int type MEMBER type)
 
 public:
-    /// Values of `type`. Anything but `TypeApp` is opened as a web address.
+    /// Values of `type`. Everything but `TypeApp` opens as a web address.
     static constexpr int TypeWebAddress = 0;
     static constexpr int TypeApp = 1;
 
     explicit AutoRunInfoEntity(QObject* parent = nullptr);
 
     QString itemId;
-    /// Shown for the entry.
+    /// The text shown for the entry.
     QString name;
     /// The address to open; for an app, its key in the app list.
     QString url;
-    /// The operator put the entry there; the user can tick it but not edit or delete it.
+    /// The operator added the entry; the user can tick it but neither edit nor delete it.
     bool systemItem = false;
     /// Opens at start.
     bool checked = false;
-    /// Brought to the front after all are open.
+    /// Comes to the front after everything is open.
     bool activeItem = false;
     int type = TypeWebAddress;
 

@@ -4,6 +4,7 @@
 
 #include <QtCore/QSharedPointer>
 
-/// How entries are held. Made with `AutoRunInfoEntityPtr::create()` or from `new`: both tell the QObject of
-/// its shared owner, so that a `QPointer` made from the plain object follows the last owner's end.
+/// The shared pointer that holds an entry. Make it with `AutoRunInfoEntityPtr::create()` or from `new`: both
+/// tell the QObject of its shared owner, so that a `QPointer` to the plain object becomes null when the last
+/// owner goes.
 using AutoRunInfoEntityPtr = QSharedPointer<AutoRunInfoEntity>;

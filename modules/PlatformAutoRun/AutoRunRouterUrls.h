@@ -2,35 +2,35 @@
 
 #include <QtCore/QString>
 
-/// The router URLs that this module answers or asks.
+/// The router URLs that this module handles or uses.
 namespace AutoRunRouterUrls {
 
-/// Answered here: the open tabs have changed.
+/// Handled here: the open tabs have changed.
 inline QString Update()
 {
     return QStringLiteral("tl://autorun/update");
 }
 
-/// Answered here: drop the record of the open tabs.
+/// Handled here: drop the record of the open tabs.
 inline QString Clean()
 {
     return QStringLiteral("tl://autorun/clean");
 }
 
-/// Answered here: record the open tabs for a restart. Parameter `ignore`: the router URL of the tab that
-/// shall not come back.
+/// Handled here: record the open tabs for a restart. The parameter `ignore` is the router URL of the tab that
+/// is not to come back.
 inline QString RestartUpdate()
 {
     return QStringLiteral("tl://autorun/restart/update");
 }
 
-/// Asked: the app list, a `TLPluginBaseManager`.
+/// Used: the app list, a `TLPluginBaseManager`.
 inline QString PluginsObject()
 {
     return QStringLiteral("tl://plugins/object");
 }
 
-/// Asked: the function switches, a `TLFunctionData`.
+/// Used: the function switches, a `TLFunctionData`.
 inline QString FunctionsObject()
 {
     return QStringLiteral("tl://funcdynamic/object");

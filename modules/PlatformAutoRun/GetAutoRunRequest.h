@@ -12,7 +12,7 @@ public:
     explicit GetAutoRunRequest(QObject* parent = nullptr);
 
     QString GetDsmMethod() const override;
-    /// {"param":{who asks}}
+    /// {"param":{base information}}
     QByteArray GetBusinessParam() const override;
 
 private:

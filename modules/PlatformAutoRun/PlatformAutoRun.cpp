@@ -66,7 +66,7 @@ void PlatformAutoRun::SlotOpenUrlList()
     }
     m_opened = true;
 
-    // Every opening appends one tab, in call order, so positions can be counted.
+    // Every opening appends one tab, in call order, so we can count positions.
     int index = browser->GetTabCount() - 1;
     int firstIndex = 0;
     for (const AutoRunInfoEntityPtr& entry : qAsConst(entries)) {
@@ -79,7 +79,7 @@ void PlatformAutoRun::SlotOpenUrlList()
             firstIndex = index;
         }
     }
-    // 0 is the home tab's place: it is never selected from here, not even when an entry landed there.
+    // Never selects position 0, the home tab's, not even when an entry landed there.
     if (firstIndex > 0) {
         browser->SelectTab(firstIndex);
     }

@@ -29,7 +29,7 @@ void PlatformAutoRunLifeCycle::MainFrameShow()
             TLRestartManager::Instance()->Restore();
         }
     } else if (!TLRecoverManager::Instance()->Recover()) {
-        // Two chances, for both orders of events: the configuration is known already, or arrives later.
+        // Two attempts, for either order of events: the configuration is already known, or it arrives later.
         PlatformAutoRun::Instance()->OpenUrlList();
         HttpNotifyManager::Instance()->AddObserver(this, AutoRunIdentifiers::ReadFinished);
     }

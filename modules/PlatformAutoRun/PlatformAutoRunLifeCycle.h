@@ -5,8 +5,8 @@
 
 #include <QtCore/QObject>
 
-/// The module's answer to the client's life cycle: decides once per log-in what the user gets to see
-/// first, and takes everything back when the main frame goes away. Made by the module object. GUI thread.
+/// The module's part in the client's life cycle: decides once per log-in what opens first, and undoes
+/// everything when the main window goes away. The module object makes it. GUI thread.
 class PlatformAutoRunLifeCycle final : public QObject, public ILifeCycle, public HttpObserverBase
 {
     Q_OBJECT
@@ -15,15 +15,16 @@ public:
     PlatformAutoRunLifeCycle();
     ~PlatformAutoRunLifeCycle() override;
 
-    /// Makes the opener here, on the GUI thread, before it is needed.
+    /// Makes the opener early, on the GUI thread.
     void MainFrameCreate() override;
-    /// Starts a read of the configuration and decides what opens: the tabs of a restart, the tabs of an
-    /// interrupted run, or the user's list. Opens none of the list inside this call.
+    /// Starts to read the configuration and decides what opens: the tabs of a restart, the tabs of an
+    /// interrupted run (after a question with an event loop of its own), or the user's list. Opens nothing of
+    /// the list inside this call.
     void MainFrameShow() override;
     /// Leaves the notification hub, clears the record of open tabs and releases the opener.
     void MainFrameQuit() override;
 
-    /// The first finished read after a log-in, good or not, gives the list its second chance to open.
+    /// The first finished read after a log-in, successful or not, gives the list its second attempt to open.
     void OnHttpNotify(int id, QSharedPointer<IHttpRequest> request,
                       QSharedPointer<IHttpResponse> response) override;
 

@@ -14,7 +14,7 @@ class PlatformAutoRunModule final : public QObject, public IBusinessModule
 
 public:
     PlatformAutoRunModule();
-    /// Does not delete the hook objects: `UninitModule` comes first, by contract.
+    /// Does not delete the hook objects: by contract, `UninitModule` has come first.
     ~PlatformAutoRunModule() override;
 
     void InitModule() override;

@@ -4,8 +4,8 @@
 
 #include <QtCore/QObject>
 
-/// The router URLs by which the rest of the client tells the module that the open tabs changed, that their
-/// record is to be dropped, or that a restart is coming. Made by the module object. GUI thread.
+/// Handles the router URLs by which the rest of the client tells the module that the open tabs changed, that
+/// it must drop their record, or that a restart is coming. The module object makes it. GUI thread.
 class PlatformAutoRunRouter final : public QObject, public IRouteInterceptor
 {
     Q_OBJECT
@@ -14,8 +14,7 @@ public:
     PlatformAutoRunRouter();
     ~PlatformAutoRunRouter() override;
 
-    /// Acts at once. True for each of the three URLs, whatever came of it; for any other URL nothing
-    /// happens.
+    /// Acts at once. True for each of the three URLs, whatever the result; does nothing for any other URL.
     bool InterceptRoute(const VXRouterProtocol& route) override;
     QStringList GetRouteUrls() override;
 

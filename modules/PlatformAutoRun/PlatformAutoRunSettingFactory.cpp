@@ -13,7 +13,7 @@ namespace {
 constexpr SettingWidgetId PageId(10, 60);
 constexpr int FunctionNumber = 8;
 
-/// What the operator says about this function; neither valid nor displayed while there are no switches.
+/// The operator's switch for this function; neither valid nor displayed while there are no switches.
 TLFunctionInfo GetFunction()
 {
     const VXRouterProtocol route(AutoRunRouterUrls::FunctionsObject());

@@ -5,8 +5,8 @@
 #include <QtCore/QObject>
 #include <QtCore/QSharedPointer>
 
-/// Offers the auto-run page to the client's settings dialog while the operator's function switch 8 is on, and
-/// the words under which the dialog's search finds it. Made by the module object. GUI thread.
+/// Offers the auto-run page to the client's settings dialog while the operator's function switch 8 displays
+/// it, and the words by which the dialog's search finds it. The module object makes it. GUI thread.
 class PlatformAutoRunSettingFactory final : public QObject, public ISysSettingFactory
 {
     Q_OBJECT
@@ -17,14 +17,14 @@ public:
 
     /// The one page, or none while the switch does not display it.
     QList<SettingWidgetId> GetSettingWidgetIds() override;
-    /// Makes the page whatever the switch says: the dialog asks only for what it was offered.
+    /// Makes the page whatever the switch says: the dialog only asks for pages that it was offered.
     SettingItemBaseWidget* CreateSettingWidget(SettingWidgetId id) override;
-    /// The page's captions, then the names and addresses of the user's entries as far as they are known.
-    /// None while the function may not be used.
+    /// The page's captions, then the names and addresses of the user's entries that are known so far. Empty
+    /// while the function may not be used.
     QStringList GetSearchKeywords(SettingWidgetId id) override;
 
 private:
     Q_DISABLE_COPY(PlatformAutoRunSettingFactory)
 
-    QSharedPointer<QObject> m_shared; // null: nothing is shared with anybody so far
+    QSharedPointer<QObject> m_shared; // null: nothing is shared so far
 };

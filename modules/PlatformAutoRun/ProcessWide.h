@@ -5,13 +5,13 @@
 
 #include <atomic>
 
-/// Holds the one object of a class in the process: made on first use, deleted by `Release`, and at the
-/// latest when this holder is destroyed. A class keeps its holder as a static object inside a function of
-/// its own source file; the holder then ends with the module, be that an unload or the end of the process,
-/// and needs no application object.
+/// Holds a class's one object in the process: makes it on first use, and deletes it in `Release` or, at the
+/// latest, when this holder is destroyed. A class keeps its holder as a static object inside a function of
+/// its own source file. The holder then ends with the module, at an unload or at the end of the process, and
+/// needs no application object.
 ///
-/// `Instance` and `Release` may be called from any thread. `T` must call neither of them for its own class
-/// while it is made or deleted: the mutex is held.
+/// `Instance` and `Release` may be called from any thread. While `T` is being made or deleted, it must call
+/// neither of them for its own class: the mutex is held.
 template <class T>
 class ProcessWide final
 {
@@ -36,7 +36,7 @@ public:
         return instance;
     }
 
-    /// Without an object, nothing happens. The next `Instance` makes a new one.
+    /// Does nothing without an object. The next `Instance` makes a new one.
     void Release()
     {
         if (!m_instance.load(std::memory_order_acquire)) {

@@ -15,12 +15,12 @@ public:
     SetAutoRunRequest();
     ~SetAutoRunRequest() override;
 
-    /// What to write, shared. It becomes text when the request is sent, at each attempt anew.
+    /// The configuration to write, shared. It becomes text when the request is sent, again at each attempt.
     void SetCollection(const QSharedPointer<AutoRunCollectionEntity>& collection);
 
     QString GetDsmMethod() const override;
-    /// {"baseInfo":{who asks},"workstationSetResult":{the configuration}}; without a configuration only
-    /// the first member. The first one's name differs from the read's: that is what the service expects.
+    /// {"baseInfo":{base information},"workstationSetResult":{the configuration}}; only the first member
+    /// without a configuration. The service expects another name for it than in the read.
     QByteArray GetBusinessParam() const override;
 
 private:

@@ -12,22 +12,22 @@ class ProcessWide;
 class AutoRunCollectionEntity;
 class TLPluginBaseManager;
 
-/// Reads and writes the auto-run configuration, keeps the last good answer in memory and announces every
-/// finished call to the rest of the client. Lives until the module is unloaded, so a configuration read
-/// once stays known across log-ins. GUI thread.
+/// Reads and writes the auto-run configuration, keeps the last successful answer in memory and announces
+/// every finished call to the rest of the client. Lives until the module is unloaded, so a configuration
+/// stays known across log-ins. GUI thread.
 ///
-/// The entries handed out are those of the cache: who changes one changes the cache.
+/// It hands out the cache's own entries: changing one changes the cache.
 class TLAutoRunLogic final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Made on first use, which has to be on the GUI thread.
+    /// Made on first use, on the GUI thread.
     static TLAutoRunLogic* Instance();
-    /// A read that is in flight then ends in silence; a write is announced all the same.
+    /// Ends a read in flight silently; a write is still announced.
     static void ReleaseInstance();
 
-    /// Starts a read and returns at once. A success replaces the cache; success or not, notification
+    /// Starts a read and returns at once. A success replaces the cache. Success or not, notification
     /// `ReadFinished` and the event of that name follow. `identity` tags the request; empty: untagged.
     void RequestAutoRun(const QString& identity);
 
@@ -37,15 +37,15 @@ public:
                      const QList<AutoRunInfoEntityPtr>& customItems,
                      const QList<AutoRunInfoEntityPtr>& pluginItems);
 
-    /// Replaces `entries` by all cached ones: system entries, web addresses, apps. While nothing was read
-    /// yet, `entries` stays as it is.
+    /// Replaces `entries` with all cached ones: system entries, web addresses, apps. Leaves it alone while
+    /// nothing has been read.
     void GetAutoRunList(QList<AutoRunInfoEntityPtr>& entries) const;
-    /// The same as three lists.
+    /// The same in three lists.
     void GetAutoRunCollection(QList<AutoRunInfoEntityPtr>& systemItems,
                               QList<AutoRunInfoEntityPtr>& customItems,
                               QList<AutoRunInfoEntityPtr>& pluginItems) const;
 
-    /// The client's app list, not owned. Null when the client has none.
+    /// The client's app list, owned by the client. Null when it has none.
     TLPluginBaseManager* GetPluginManager() const;
 
 private:
@@ -56,5 +56,5 @@ private:
 
     Q_DISABLE_COPY(TLAutoRunLogic)
 
-    QSharedPointer<AutoRunCollectionEntity> m_collection; // null until the first good read
+    QSharedPointer<AutoRunCollectionEntity> m_collection; // null until the first successful read
 };

@@ -29,7 +29,7 @@ QList<TabRecoverItem> ItemsOf(const IBrowserMain& browser)
 {
     QList<TabRecoverItem> items;
     const int tabCount = browser.GetTabCount();
-    for (int i = 1; i < tabCount; ++i) { // 0 is the home tab, which is there anyway
+    for (int i = 1; i < tabCount; ++i) { // 0 is the home tab, which is always there
         const IBrowserTab* tab = browser.GetTab(i);
         const QSharedPointer<TabData> data = tab ? tab->GetTabData() : QSharedPointer<TabData>();
         if (!data) {
@@ -87,7 +87,7 @@ bool TLRecoverManager::Recover()
     data.Parse(VXSettingManager::Instance()
                    ->GetUserValue(TabRecordKeys::RecoverSection(), TabRecordKeys::RecoverField())
                    .toUtf8());
-    // Before anything else, so that tabs which bring the client down are offered once.
+    // Before anything else, so that tabs which crash the client are offered only once.
     Clear();
     if (data.belongType != BelongTypeOfUser() || data.tabRecoverItems.isEmpty()) {
         return false;

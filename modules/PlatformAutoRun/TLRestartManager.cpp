@@ -39,7 +39,7 @@ void TLRestartManager::Save(const QString& ignoreUrl)
     }
     TLRestartRecord record;
     const int tabCount = browser->GetTabCount();
-    for (int i = 1; i < tabCount; ++i) { // 0 is the home tab, which is there anyway
+    for (int i = 1; i < tabCount; ++i) { // 0 is the home tab, which is always there
         const IBrowserTab* tab = browser->GetTab(i);
         const QString routerUrl = tab ? tab->GetRouterUrl() : QString();
         if (!routerUrl.isEmpty() && routerUrl.compare(ignoreUrl, Qt::CaseInsensitive) != 0) {

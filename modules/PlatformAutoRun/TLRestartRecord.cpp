@@ -7,9 +7,9 @@
 
 namespace {
 
-/// As the stream's own reading of a list, but it believes no count that the bytes cannot hold: the stream
-/// would take the memory for all of them before it read the first. (A single text is no such danger; the
-/// stream takes its memory piece by piece.)
+/// Reads like the stream itself, but accepts no count that the bytes cannot hold: the stream would allocate
+/// memory for all texts before it read the first. (A single text is no such danger: the stream allocates its
+/// memory piece by piece.)
 QStringList ReadTexts(QDataStream& stream)
 {
     constexpr qint64 leastSize = sizeof(quint32); // of a text: its length [byte]
@@ -50,7 +50,7 @@ TLRestartRecord TLRestartRecord::FromText(const QString& text)
     }
     QDataStream stream(&buffer);
     record.routerUrls = ReadTexts(stream);
-    // A stream that has failed goes on reading where it stands, as if nothing had happened.
+    // A failed stream continues reading where it is, as if nothing had happened.
     if (stream.status() == QDataStream::Ok) {
         stream >> record.belongType;
     }

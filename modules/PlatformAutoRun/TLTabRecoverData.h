@@ -6,8 +6,8 @@
 
 #include <QtCore/QList>
 
-/// The record of open tabs that outlives an interrupted run, kept as JSON among the user's settings.
-/// GUI thread.
+/// The record of open tabs that survives an interrupted run, kept as JSON among the user's settings. GUI
+/// thread.
 class TLTabRecoverData final : public VXJsonParserBase
 {
     Q_OBJECT
@@ -18,14 +18,14 @@ public:
     explicit TLTabRecoverData(QObject* parent = nullptr);
     ~TLTabRecoverData() override;
 
-    /// Of the user whose tabs these are. The tabs are offered to users of the same belong type only.
+    /// The belong type of the tabs' user. The tabs are offered only to users of the same belong type.
     QString belongType;
     /// In the order of the tabs, without the home tab.
     QList<TabRecoverItem> tabRecoverItems;
 
 protected:
-    /// Replaces the items. Lenient on purpose: every element of the array gives an item; what an element
-    /// does not supply, or supplies wrongly, keeps its initial value and is no parse error.
+    /// Replaces the items. Deliberately lenient: every element of the array makes an item; a field that is
+    /// missing or wrong keeps its initial value and is no parse error.
     bool ParseSpecial(const QString& key, const QJsonValue& value) override;
     bool ToSpecial(const QString& key, QJsonValue& value) const override;
 

@@ -2,12 +2,12 @@
 
 #include <QtCore/QString>
 
-/// Where the records of open tabs stand among the signed-in user's settings. They are stored under these
-/// names on users' machines, so none of them may change. An empty text there means that there is no record;
-/// a record is dropped by storing the empty text.
+/// The keys of the tab records among the signed-in user's settings. They are stored on users' machines, so
+/// none of them may change. An empty text means that there is no record; storing the empty text drops a
+/// record.
 ///
-/// None is a QStringLiteral: the settings store keeps the names, and outlives this module's code, in which
-/// the characters of a literal stand.
+/// None of them is a QStringLiteral: the settings store keeps the names and outlives this module's code,
+/// which holds a literal's characters.
 namespace TabRecordKeys {
 
 /// `TLTabRecoverData` as JSON.

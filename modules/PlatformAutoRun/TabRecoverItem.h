@@ -4,7 +4,7 @@
 
 #include <QtCore/QString>
 
-/// One tab of the record of open tabs. A value: the copy has the same four fields. GUI thread.
+/// One tab of the record of open tabs. A value: a copy has the same four fields. GUI thread.
 class TabRecoverItem final : public VXJsonParserBase
 {
     Q_OBJECT
@@ -28,6 +28,6 @@ public:
     QString title;
     /// The address of the icon; empty when there is none.
     QString icon;
-    /// One of the client's `TabType`; 0 for a tab of which nothing is known.
+    /// One of the client's `TabType`; 0 for a tab that nothing is known about.
     int type = 0;
 };

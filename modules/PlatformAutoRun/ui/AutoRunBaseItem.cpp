@@ -146,7 +146,7 @@ bool AutoRunBaseItem::eventFilter(QObject* watched, QEvent* event)
         m_ui->checkBox->toggle();
         SlotCheckChanged();
         if (!guard) {
-            return true; // the label is gone as well, nobody is left to take the event
+            return true; // the label is gone, too, so nobody can take the event
         }
     }
     return SettingItemBaseWidget::eventFilter(watched, event);
@@ -200,7 +200,7 @@ void AutoRunBaseItem::ShowText()
     const QString elided = UIUtils::GetElidedText(text, label->font(), DpiTool::ScaleDefault(TextWidth));
     label->setTextFormat(Qt::PlainText);
     label->setText(elided);
-    // Tool tips guess whether they are HTML; escaped in a paragraph there is nothing to guess.
+    // A tool tip guesses whether its text is HTML; an escaped paragraph leaves nothing to guess.
     label->setToolTip(elided == text ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
     m_ui->checkBox->setAccessibleName(text);
     SetLabelHighlighted(label, m_keyword);
@@ -208,6 +208,6 @@ void AutoRunBaseItem::ShowText()
 
 void AutoRunBaseItem::Retranslate()
 {
-    m_ui->retranslateUi(this); // which puts its own text into the label
+    m_ui->retranslateUi(this); // puts its own text into the label
     ShowText();
 }

@@ -13,16 +13,17 @@ namespace Ui {
 class AutoRunBaseItem;
 }
 
-/// One entry of the auto-run configuration as a row of the settings page: check box, icon, text, the mark or
-/// the button for being opened first, and controls at its end. It changes `checked` and `activeItem` of the
-/// entry, which it shares; what a click means beyond that is for the receivers of its signals, each of which
-/// may destroy the row. GUI thread. The order of the virtual operations is part of the contract.
+/// One entry of the auto-run configuration as a row of the settings page: check box, icon, text, the "Open
+/// first" mark or button, and controls at its end. It changes `checked` and `activeItem` of the shared entry.
+/// What else a click means is up to the receivers of its signals, each of which may destroy the row. GUI
+/// thread. The order of the virtual operations is part of the contract, which is also why there are so many
+/// members.
 class AutoRunBaseItem : public SettingItemBaseWidget, public IDpiAdapter
 {
     Q_OBJECT
 
 public:
-    /// What `GetItemKind` answers. Not the `type` of an entry.
+    /// The values of `GetItemKind`. Not the `type` of an entry.
     static constexpr int KindBase = 0;
     static constexpr int KindHome = 1;
     static constexpr int KindSystem = 2;
@@ -32,8 +33,8 @@ public:
     explicit AutoRunBaseItem(QWidget* parent = nullptr);
     ~AutoRunBaseItem() override;
 
-    /// Shows this entry from now on, or what has changed in it. A row has one before it is shown; with null
-    /// it keeps what it shows and does nothing.
+    /// Shows this entry from now on, or its changes. A row has an entry before it is shown; with null it
+    /// keeps what it shows and does nothing.
     void SetData(const AutoRunInfoEntityPtr& entry);
     AutoRunInfoEntityPtr GetData() const;
     /// Empty without an entry.
@@ -42,20 +43,20 @@ public:
     /// Whether the entry is the one to open first; false without an entry.
     bool IsActive() const;
     void SetActive(bool active);
-    /// Ticks the entry and the box. No signal.
+    /// Ticks the entry and the box, without a signal.
     void SetChecked(bool checked);
 
     void SetKeyword(const QString& keyword) override;
 
     /// One of the kinds above.
     virtual int GetItemKind() const;
-    /// Whether the entry is ticked for good.
+    /// Whether the user cannot untick the entry.
     virtual bool IsCheckLocked() const;
     /// The text of the row; empty without an entry.
     virtual QString GetShowText() const;
-    /// The controls at the end of the row, which own themselves to it; null: none.
+    /// The controls at the end of the row, owned by the row; null: none.
     virtual QWidget* GetOperateWidget();
-    /// The icon before the text, as it is for the entry at this moment; owned by the row. Null: none.
+    /// The icon before the text, up to date for the entry; owned by the row. Null: none.
     virtual QWidget* GetIconWidget();
 
     void AdjustForDpi() override;
@@ -63,9 +64,9 @@ public:
 Q_SIGNALS:
     void SigEditItem(AutoRunBaseItem* pItemWidget);
     void SigDeleteItem(AutoRunBaseItem* pItemWidget);
-    /// The user wants the entry to be opened first. Nothing has changed yet.
+    /// The user wants the entry to open first. Nothing has changed yet.
     void SigActiveItem(AutoRunBaseItem* pItemWidget);
-    /// The user ticked the entry or took the tick away, which is in the entry already.
+    /// The user ticked or unticked the entry, which already has the change.
     void SigCheckItem(AutoRunBaseItem* pItemWidget);
 
 protected:

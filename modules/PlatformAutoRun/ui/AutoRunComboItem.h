@@ -8,7 +8,7 @@ namespace Ui {
 class AutoRunComboItem;
 }
 
-/// An empty widget with a name for the theme. Nothing is placed in it.
+/// An empty widget with a name for the theme.
 class AutoRunComboItem final : public QWidget
 {
     Q_OBJECT

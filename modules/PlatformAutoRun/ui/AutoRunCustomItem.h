@@ -4,7 +4,7 @@
 
 class AutoRunOperateWidget;
 
-/// The row of a web address of the user's own: shows the address, and can be edited and deleted.
+/// The row of the user's own web address: shows the address, and can be edited and deleted.
 class AutoRunCustomItem final : public AutoRunBaseItem
 {
     Q_OBJECT
@@ -24,5 +24,5 @@ private Q_SLOTS:
 private:
     Q_DISABLE_COPY(AutoRunCustomItem)
 
-    AutoRunOperateWidget* m_operateWidget = nullptr; ///< made when first asked for
+    AutoRunOperateWidget* m_operateWidget = nullptr; ///< made on first use
 };

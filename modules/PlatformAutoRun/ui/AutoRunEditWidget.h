@@ -11,9 +11,10 @@ namespace Ui {
 class AutoRunEditWidget;
 }
 
-/// Asks for the web address of an entry. The result is accepted only after a good address was written into
-/// the entry, which is else left as it was; a bad one is told of in a bubble, and the dialog stays open.
-/// GUI thread. The order of the virtual operations, which follow those of the base, is part of the contract.
+/// Asks for the web address of an entry. Accepts the dialog only after it has written a valid address into
+/// the entry, and otherwise leaves the entry alone; an invalid address is reported in a bubble, and the
+/// dialog stays open. GUI thread. The order of the virtual operations, which follow those of the base, is
+/// part of the contract.
 class AutoRunEditWidget : public TLBaseDialog
 {
     Q_OBJECT
@@ -22,16 +23,16 @@ public:
     explicit AutoRunEditWidget(QWidget* parent = nullptr);
     ~AutoRunEditWidget() override;
 
-    /// The entry to fill in. With null the texts are set and OK does nothing.
+    /// Sets the entry to fill in. Null only sets the texts, and OK then does nothing.
     void SetData(const AutoRunInfoEntityPtr& entry);
     AutoRunInfoEntityPtr GetData() const;
 
-    /// Whether the text is an address that the client takes; shows the bubble if not. Changes nothing.
+    /// Whether the text is an address that the client accepts; shows the bubble if not. Changes nothing.
     bool CheckInput();
 
-    /// Stands before the field.
+    /// The text before the field.
     virtual QString GetTitleText() const;
-    /// Stands in the field while it is empty.
+    /// The text in the field while it is empty.
     virtual QString GetPlaceholderText() const;
 
     void AdjustForDpi() override;

@@ -9,8 +9,8 @@ namespace Ui {
 class AutoRunOperateWidget;
 }
 
-/// The two small buttons of a row, edit and delete. Knows nothing of entries; what a click means is the
-/// row's. The row shows it while the mouse is over the row. GUI thread.
+/// A row's two small buttons, edit and delete. Knows nothing of entries; the row decides what a click means,
+/// and shows the buttons while the mouse is over it. GUI thread.
 class AutoRunOperateWidget final : public TLBaseWidget, public IDpiAdapter
 {
     Q_OBJECT

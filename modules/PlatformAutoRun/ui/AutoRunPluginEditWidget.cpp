@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int NotOffered = 1; // the availability of an app that new entries cannot have
+constexpr int NotOffered = 1; // the availability of an app that is not offered for new entries
 
 } // namespace
 
@@ -136,7 +136,7 @@ void AutoRunPluginEditWidget::SlotRequestImageFinished(bool bSucceed, const QStr
     if (index < 0) {
         return;
     }
-    // Read now: the file need not be there when the icon is drawn.
+    // Reads it now: the file may be gone when the icon is drawn.
     const QPixmap picture(strLocal);
     if (!picture.isNull()) {
         m_ui->content_combo->setItemIcon(index, QIcon(picture));

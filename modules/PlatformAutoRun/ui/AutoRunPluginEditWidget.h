@@ -13,10 +13,10 @@ namespace Ui {
 class AutoRunPluginEditWidget;
 }
 
-/// Asks for the app of an entry, from those of the client's app list. The result is accepted only after name
-/// and key of the chosen app were written into the entry, which is else left as it was; no choice is told of
-/// in a bubble, and the dialog stays open. GUI thread. The order of the virtual operations, which follow
-/// those of the base, is part of the contract.
+/// Asks for the app of an entry, from the client's app list. Accepts the dialog only after it has written
+/// name and key of the chosen app into the entry, and otherwise leaves the entry alone; without a choice it
+/// shows a bubble and stays open. GUI thread. The order of the virtual operations, which follow those of the
+/// base, is part of the contract.
 class AutoRunPluginEditWidget : public TLBaseDialog
 {
     Q_OBJECT
@@ -25,17 +25,19 @@ public:
     explicit AutoRunPluginEditWidget(QWidget* parent = nullptr);
     ~AutoRunPluginEditWidget() override;
 
-    /// Keys of the apps that are not offered, but for the app of the entry. Before `SetData`.
+    /// Sets the keys of apps that are not offered, except the entry's own app. Call it before `SetData`.
     void SetExcludeKeys(const QStringList& keys);
-    /// The entry to fill in, and fills the list. With null, or without an app list, the list stays as it is.
+    /// Sets the entry to fill in, and fills the list. With null, or without an app list, leaves the list as
+    /// it is.
     void SetData(const AutoRunInfoEntityPtr& entry);
     AutoRunInfoEntityPtr GetData() const;
 
-    /// Writes the chosen app into the entry; without a choice shows the bubble and is false. Of two apps
-    /// with one name the first counts. Without an app list false and no bubble.
+    /// Writes the chosen app into the entry and returns true. Without a choice, shows the bubble and returns
+    /// false. The first of several apps with one name counts. Without an app list, returns false and shows no
+    /// bubble.
     bool CheckInput();
 
-    /// Stands before the list.
+    /// The text before the list.
     virtual QString GetTitleText() const;
 
     void AdjustForDpi() override;
@@ -56,5 +58,5 @@ private:
     AutoRunInfoEntityPtr m_entry;
     ErrorBubble m_error;
     QStringList m_excludeKeys;
-    QStringList m_pendingIcons; ///< addresses asked of the image cache
+    QStringList m_pendingIcons; ///< addresses requested from the image cache
 };

@@ -37,7 +37,7 @@ QWidget* AutoRunPluginItem::GetIconWidget()
         m_iconLabel->SetPixmapParam(size, size, radius, radius);
         m_iconLabel->SetPluginMask(mask);
     }
-    // An app without a picture shows none, whatever app the row had before.
+    // An app without a picture shows none, even after another app's.
     m_iconLabel->SetImage(GetIconUrl(), QString());
     return m_iconLabel;
 }

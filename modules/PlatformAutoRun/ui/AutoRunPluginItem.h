@@ -5,7 +5,7 @@
 class AutoRunOperateWidget;
 class ImageLabel;
 
-/// The row of an app: shows its icon as the app list has it, and can be edited and deleted.
+/// The row of an app: shows the app list's icon, and can be edited and deleted.
 class AutoRunPluginItem final : public AutoRunBaseItem
 {
     Q_OBJECT
@@ -29,6 +29,6 @@ public Q_SLOTS:
 private:
     Q_DISABLE_COPY(AutoRunPluginItem)
 
-    AutoRunOperateWidget* m_operateWidget = nullptr; ///< made when first asked for
-    ImageLabel* m_iconLabel = nullptr;               ///< made when first asked for
+    AutoRunOperateWidget* m_operateWidget = nullptr; ///< made on first use
+    ImageLabel* m_iconLabel = nullptr;               ///< made on first use
 };

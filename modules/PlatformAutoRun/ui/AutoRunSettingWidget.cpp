@@ -103,7 +103,7 @@ void AutoRunSettingWidget::OnHttpNotify(int id, QSharedPointer<IHttpRequest> req
     }
     if (id == AutoRunIdentifiers::ReadFinished) {
         if (request->GetIdentity() != AutoRunIdentifiers::SettingPageIdentity()) {
-            return; // somebody else's read
+            return; // someone else's read
         }
         m_busy = false;
         if (response->IsSuccess()) {
@@ -138,7 +138,7 @@ bool AutoRunSettingWidget::eventFilter(QObject* watched, QEvent* event)
             SlotAddPluginBtnClicked();
         }
         if (!guard) {
-            return true; // the label went with the page, nobody is left to take the event
+            return true; // the label went with the page, so nobody can take the event
         }
     }
     return QObject::eventFilter(watched, event);
@@ -216,7 +216,7 @@ void AutoRunSettingWidget::SlotDeleteBtnClicked(AutoRunBaseItem* pItemWidget)
     if (pItemWidget->IsActive()) {
         SetActiveById(AutoRunIdentifiers::HomeItemId());
     }
-    // At once, inside the signal of the row's own button: nothing of the row runs after it.
+    // At once, inside the signal of the row's own button: nothing of the row runs afterwards.
     m_rows.removeOne(pItemWidget);
     delete pItemWidget;
 
@@ -275,7 +275,7 @@ void AutoRunSettingWidget::AdjustLayoutForDpi()
 void AutoRunSettingWidget::Retranslate()
 {
     const QString pluginCount = m_ui->plugin_count_label->text();
-    m_ui->retranslateUi(this); // which puts its own text into the counter
+    m_ui->retranslateUi(this); // puts its own text into the counter
     m_ui->plugin_count_label->setText(pluginCount);
     SetKeyword(m_keyword);
     for (const AutoRunBaseItem* const row : qAsConst(m_rows)) {
@@ -320,7 +320,7 @@ void AutoRunSettingWidget::BuildRows()
         AddPluginRow(entry);
     }
 
-    // Exactly one row opens first: the last one that is marked, or the home page.
+    // Exactly one row opens first: the last marked one, or else the home page.
     const auto marked = std::find_if(m_rows.crbegin(), m_rows.crend(),
                                      [](const AutoRunBaseItem* row) { return row->IsActive(); });
     AutoRunBaseItem* const candidate = marked != m_rows.crend() ? *marked : homeRow;
@@ -412,7 +412,7 @@ void AutoRunSettingWidget::SaveConfig()
         return;
     }
     m_busy = true;
-    // Without the home page, which opens first when no other entry says that it does.
+    // Leaves out the home page, which opens first when no other entry does.
     QList<AutoRunInfoEntityPtr> systemItems;
     QList<AutoRunInfoEntityPtr> customItems;
     QList<AutoRunInfoEntityPtr> pluginItems;
@@ -463,8 +463,8 @@ void AutoRunSettingWidget::EditPluginItem(AutoRunBaseItem* row)
 void AutoRunSettingWidget::TakeEdited(AutoRunBaseItem* row, int kind, const AutoRunInfoEntityPtr& entry)
 {
     if (row == nullptr) {
-        // A change of the scale made the rows anew from the same entries, or a read from new ones, while the
-        // dialog was open.
+        // While the dialog was open, a change of the scale made new rows from the same entries, or a read
+        // made rows from new entries.
         auto again = std::find_if(m_rows.cbegin(), m_rows.cend(),
                                   [&entry](const AutoRunBaseItem* each) { return each->GetData() == entry; });
         if (again == m_rows.cend() && !entry->itemId.isEmpty()) {
@@ -473,7 +473,7 @@ void AutoRunSettingWidget::TakeEdited(AutoRunBaseItem* row, int kind, const Auto
             });
         }
         if (again == m_rows.cend()) {
-            return; // the entry is not in the list any more
+            return; // the entry is no longer in the list
         }
         row = *again;
         row->GetData()->name = entry->name;

@@ -18,13 +18,14 @@ namespace Ui {
 class AutoRunSettingWidget;
 }
 
-/// The settings page on which the user says what opens at start. It reads the configuration anew when it is
-/// made, shows each entry as a row, and writes the whole configuration back after every single change; how
-/// that went it tells by `SigSaveSucceed` or `SigSaveFailed`. The rows share the entries with the logic's
+/// The settings page on which the user chooses what opens at start. It reads the configuration when it is
+/// made, shows each entry as a row, and writes the whole configuration back after every single change; it
+/// reports the result by `SigSaveSucceed` or `SigSaveFailed`. The rows share their entries with the logic's
 /// cache. GUI thread.
 ///
-/// A change that is made while the page's own read or write is under way is not written on its own; it goes
-/// out with the next one.
+/// A change during the page's own read or write is not written on its own; it goes out with the next one.
+///
+/// The page has many members because all edits of the list need the rows and the one busy flag.
 class AutoRunSettingWidget final : public SettingItemBaseWidget, public HttpObserverBase, public IDpiAdapter
 {
     Q_OBJECT
@@ -33,13 +34,13 @@ public:
     explicit AutoRunSettingWidget(QWidget* parent = nullptr);
     ~AutoRunSettingWidget() override;
 
-    /// Highlights the word in the headings at once, and in the rows when they are made the next time.
+    /// Highlights the word in the headings at once, and in the rows when they are next made.
     void SetKeyword(const QString& keyword) override;
 
     void OnHttpNotify(int id, QSharedPointer<IHttpRequest> request,
                       QSharedPointer<IHttpResponse> response) override;
 
-    /// Makes the rows anew from the logic's cache.
+    /// Makes the rows again from the logic's cache.
     void AdjustForDpi() override;
 
 protected:
@@ -62,9 +63,9 @@ private:
 
     void ClearRows();
     void BuildRows();
-    /// Binds the row to the entry and puts it at the end of the column and of the rows.
+    /// Binds the row to the entry and appends it to the column and the list of rows.
     void AddRow(AutoRunBaseItem* row, const AutoRunInfoEntityPtr& entry, QBoxLayout* column);
-    /// Answers all four signals of the row.
+    /// Connects all four signals of the row.
     void ConnectEditable(AutoRunBaseItem* row);
     void AddCustomRow(const AutoRunInfoEntityPtr& entry);
     void AddPluginRow(const AutoRunInfoEntityPtr& entry);
@@ -78,8 +79,8 @@ private:
     void SaveConfig();
     void EditCustomItem(AutoRunBaseItem* row);
     void EditPluginItem(AutoRunBaseItem* row);
-    /// Takes over what a dialog wrote into `entry`, which the row of this kind had when the dialog opened;
-    /// null: the row is gone since.
+    /// Takes over what a dialog wrote into `entry`, which the row of this kind had when the dialog opened. A
+    /// null row has gone in the meantime.
     void TakeEdited(AutoRunBaseItem* row, int kind, const AutoRunInfoEntityPtr& entry);
 
     std::unique_ptr<Ui::AutoRunSettingWidget> m_ui;

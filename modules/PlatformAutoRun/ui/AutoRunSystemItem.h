@@ -2,7 +2,7 @@
 
 #include "ui/AutoRunBaseItem.h"
 
-/// The row of an entry that the operator put there: it can be ticked and opened first, and nothing else.
+/// The row of an entry that the operator added: it can be ticked and opened first, and nothing else.
 class AutoRunSystemItem final : public AutoRunBaseItem
 {
     Q_OBJECT

@@ -6,14 +6,14 @@ class QWidget;
 class TLBaseDialog;
 class TLBubbleLabel;
 
-/// What the dialogs say about the choice or text that they cannot take. GUI thread.
+/// The dialogs' message about a choice or text that they cannot accept. GUI thread.
 class ErrorBubble final
 {
 public:
-    /// Owned by the dialog and made when the first message is shown.
+    /// Owned by the dialog; made when the first message is shown.
     explicit ErrorBubble(TLBaseDialog* dialog) noexcept : m_dialog(dialog) {}
 
-    /// Shows `message` below `control`, a part of the dialog's form; it replaces an earlier message.
+    /// Shows `message` below `control`, a part of the dialog's form, in place of an earlier message.
     void Show(const QWidget* control, const QString& message);
     void Hide();
 

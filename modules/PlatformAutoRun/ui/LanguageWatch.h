@@ -6,8 +6,8 @@
 
 class QWidget;
 
-/// Calls `retranslate` whenever the language of the user interface changes, for a widget of which the host
-/// counts what it overrides. A child of `widget`. GUI thread.
+/// Calls `retranslate` whenever the language of the user interface changes, for a widget whose overrides the
+/// host counts. A child of `widget`. GUI thread.
 class LanguageWatch final : public QObject
 {
     Q_OBJECT

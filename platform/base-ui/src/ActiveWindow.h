@@ -2,6 +2,6 @@
 
 class QWidget;
 
-/// The client's window that the user works in; the largest one when the user is in another program, null
-/// when the client shows none.
+/// The client's window that the user works in. When the user works in another program, the largest one; null
+/// when the client shows no window.
 QWidget* FindActiveWindow();

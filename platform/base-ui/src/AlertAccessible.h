@@ -8,9 +8,9 @@ class AlertAccessible final : public QAccessibleWidget
 public:
     explicit AlertAccessible(QWidget* widget);
 
-    /// To be called by the constructors of the widgets that are such messages: Qt asks early what a widget
-    /// is, and keeps the answer.
+    /// Widgets that are such messages call this in their constructors: Qt asks early what a widget is, and
+    /// keeps the answer.
     static void Install();
-    /// Has the message spoken. Its text is the widget's accessible name.
+    /// Makes screen readers speak the message, which is the widget's accessible name.
     static void Announce(QWidget* widget);
 };

@@ -32,7 +32,7 @@ void CloseButton::leaveEvent(QEvent* event)
 
 void CloseButton::keyPressEvent(QKeyEvent* event)
 {
-    // A dialog would take Enter for its default button, though the focus is here.
+    // Otherwise the dialog would press its default button on Enter, although the focus is here.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
         return;

@@ -2,13 +2,13 @@
 
 #include <QtWidgets/QAbstractButton>
 
-/// A cross. Its colours are the palette's `WindowText` and `Midlight`, its ring of focus `Highlight`.
+/// A cross. It uses the palette's `WindowText` and `Midlight`, and `Highlight` for the focus ring.
 class CloseButton final : public QAbstractButton
 {
     Q_OBJECT
 
 public:
-    /// `size` [px, unscaled] of the square that takes clicks.
+    /// `size` is the edge of the square that takes clicks [px, unscaled].
     CloseButton(int size, QWidget* parent);
     ~CloseButton() override;
 

@@ -72,7 +72,7 @@ void ComboItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
 
 QSize ComboItemDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
 {
-    // As wide as the list and never wider, so that long names end in an ellipsis inside it.
+    // Never wider than the list, so that long names end in an ellipsis inside it.
     return {0, qMax(Scaled(m_rowHeight), option.fontMetrics.height() + 2 * Scaled(4))};
 }
 
@@ -89,7 +89,7 @@ bool ComboItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 {
     if (event->type() == QEvent::ToolTip && index.data(Qt::ToolTipRole).isNull() &&
         GetNeededWidth(option, index) > option.rect.width()) {
-        // Tool tips guess whether they are HTML; in a paragraph there is nothing to guess.
+        // A tool tip guesses whether its text is HTML; a paragraph leaves nothing to guess.
         QToolTip::showText(event->globalPos(),
                            QStringLiteral("<p>%1</p>").arg(index.data().toString().toHtmlEscaped()), view);
         return true;

@@ -5,8 +5,8 @@
 class QComboBox;
 class QIcon;
 
-/// The rows of a combo box's list: of one height, in the colours of the combo box, and with a tool tip when
-/// their text is cut off.
+/// The rows of a combo box's list: all of one height, in the colours of the combo box, and with a tool tip
+/// for text that is cut off.
 class ComboItemDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -18,7 +18,8 @@ public:
     /// [px, unscaled]
     void SetRowHeight(int height);
 
-    /// Icon and text of an item, in the painter's pen; the text is elided. No room for an icon that is null.
+    /// Paints icon and text of an item with the painter's pen; elides the text. Reserves no room for a null
+    /// icon.
     static void PaintItem(QPainter* painter, const QRect& area, Qt::LayoutDirection direction,
                           const QSize& iconSize, const QIcon& icon, const QString& text, bool enabled);
 

@@ -4,8 +4,7 @@
 
 class QWidget;
 
-/// How far a widget that paints itself has come in or gone, from 0 to 1. At once where the system wants no
-/// animations.
+/// How far a widget that paints itself has faded in, from 0 to 1. Jumps where the system wants no animations.
 class Fade final : public QVariantAnimation
 {
     Q_OBJECT
@@ -16,9 +15,9 @@ public:
     ~Fade() override;
 
     qreal GetOpacity() const;
-    /// `finished` follows, also when there is nothing to animate.
+    /// `finished` follows even when there is nothing to animate.
     void GoTo(qreal opacity);
-    /// To 0 at once, with no word.
+    /// Goes to 0 at once, without a signal.
     void Reset();
 
 private:

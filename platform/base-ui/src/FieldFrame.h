@@ -4,13 +4,13 @@ class QColor;
 class QPainter;
 class QRect;
 
-/// What a field for input looks like, whatever is entered in it.
+/// The look of an input field, whatever goes into it.
 namespace FieldFrame {
 
-/// The background, below what the field shows.
+/// Paints the background, below the field's content.
 void PaintFill(QPainter* painter, const QRect& area, const QColor& color);
 
-/// The border, on top of what the field shows; twice as wide when the field is `active`.
+/// Paints the border, on top of the field's content; twice as wide when the field is `active`.
 void PaintBorder(QPainter* painter, const QRect& area, const QColor& color, bool active);
 
 } // namespace FieldFrame

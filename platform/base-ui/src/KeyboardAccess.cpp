@@ -26,7 +26,7 @@ bool CanHaveFocusNow(const QWidget* widget)
     return TakesTab(widget) && widget->isEnabled() && widget->isVisible();
 }
 
-/// Qt's own mark is set by the events that are sent here as well.
+/// `QWidget::underMouse` also follows the events that this class sends.
 bool IsUnderMouse(const QWidget* widget)
 {
     return widget->isVisible() && widget->rect().contains(widget->mapFromGlobal(QCursor::pos()));
@@ -175,7 +175,7 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     case QEvent::MouseButtonPress:
-        // What this sends itself is the keyboard's.
+        // The mouse events that this class sends count as the keyboard's.
         if (event->spontaneous() && widget->window() == m_root->window()) {
             m_byKeyboard = false;
             Conceal();
@@ -188,7 +188,7 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         }
         return false;
     case QEvent::FocusOut:
-        // Deferred: the focus may be on its way to another part of the row, or the row on its way out.
+        // Deferred: the focus may be moving within the row, or the row may be about to go.
         if (m_root->isAncestorOf(widget)) {
             QMetaObject::invokeMethod(this, &KeyboardAccess::RestoreFocus, Qt::QueuedConnection);
         }
@@ -244,7 +244,7 @@ void KeyboardAccess::TakeFocus(QWidget* widget)
     }
     if (row != nullptr && m_byKeyboard && row != m_row) {
         m_row = row;
-        if (!IsUnderMouse(row)) { // there it shows everything already
+        if (!IsUnderMouse(row)) { // otherwise the row shows everything already
             SendEnter(row);
         }
     }
@@ -252,15 +252,15 @@ void KeyboardAccess::TakeFocus(QWidget* widget)
 
 void KeyboardAccess::KeepInRow(QWidget* widget)
 {
-    // A button that hides itself with the focus in it sends the focus on to the next row, though the user
-    // is not done with this one.
+    // A focused button that hides itself sends the focus to the next row, although the user is not done with
+    // this one.
     const QPointer<QWidget> before = m_lastFocus;
     const QPointer<QWidget> row = before != nullptr && !before->isVisible() ? RowOf(before) : nullptr;
     m_lastFocus = widget;
     if (row == nullptr || !row->isVisible()) {
         return;
     }
-    // What the row hides together with the button, it shows under the mouse again.
+    // When the row hides more than the button, it shows it again under the mouse.
     const bool comesBack = m_byKeyboard && !before->isHidden();
     if (!comesBack && row == RowOf(widget)) {
         return;
@@ -302,7 +302,7 @@ void KeyboardAccess::SendEnter(QWidget* row)
     QEnterEvent enter(middle, row->mapTo(row->window(), middle), row->mapToGlobal(middle));
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &enter);
-    row->update(); // the theme may give rows another look under the mouse
+    row->update(); // the theme may style rows under the mouse
 }
 
 void KeyboardAccess::SendLeave(QWidget* row)
@@ -311,7 +311,7 @@ void KeyboardAccess::SendLeave(QWidget* row)
     const QScopedValueRollback<bool> sending(m_sending, true);
     QCoreApplication::sendEvent(row, &leave);
     row->update();
-    // What hides now hides because the user has left it.
+    // What hides now does so because the user has left it.
     if (m_lastFocus != nullptr && row->isAncestorOf(m_lastFocus) && !m_lastFocus->isVisible()) {
         m_lastFocus = nullptr;
     }
@@ -346,7 +346,7 @@ void KeyboardAccess::PrepareRowBeside(QWidget* focus, int step)
             m_prepared = row;
             return;
         }
-        SendLeave(row); // it has nothing for the focus, even so
+        SendLeave(row); // even so, nothing in it takes the focus
         passed = row;
     }
 }

@@ -4,15 +4,16 @@
 
 class QLabel;
 
-/// A label that answers to the mouse as a button does, as screen readers see it: by role and action.
+/// A label that reacts to the mouse like a button, as screen readers see it: by role and action.
 class LabelAccessible final : public QAccessibleWidget
 {
 public:
     explicit LabelAccessible(QLabel* label);
 
-    /// From now on labels that `KeyboardAccess::IsPressable` accepts are seen so. May be called again.
+    /// From now on, screen readers see labels that `KeyboardAccess::IsPressable` accepts in this way. May be
+    /// called again.
     static void Install();
-    /// Has Qt ask anew what the label is; it may have been asked before the theme said so.
+    /// Makes Qt ask again what the label is; it may have asked before the theme made it a button.
     static void Refresh(QLabel* label);
 
     QString text(QAccessible::Text kind) const override;

@@ -36,7 +36,7 @@ bool LabelHighlighter::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::PaletteChange && ours && !m_keyword.isEmpty()) {
         Write();
     } else if (event->type() == QEvent::Paint && !ours && m_label->textFormat() != m_format) {
-        // A new text was set, which is not the HTML that ours was.
+        // Someone set a new text, which is not our HTML.
         m_label->setTextFormat(m_format);
     }
     return QObject::eventFilter(watched, event);
@@ -46,11 +46,11 @@ void LabelHighlighter::Write()
 {
     if (m_keyword.isEmpty()) {
         m_written = m_plain;
-        // What is shown as text stays text when it happens to look like HTML.
+        // Text stays text even when it looks like HTML.
         m_label->setTextFormat(Qt::mightBeRichText(m_plain) ? Qt::PlainText : m_format);
     } else {
         const QColor color = m_label->palette().color(QPalette::Link);
-        // HTML would make one space of several.
+        // HTML would merge several spaces into one.
         m_written = QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>")
                         .arg(UIUtils::HighlightText(m_plain, m_keyword, color.name()));
         m_label->setTextFormat(Qt::RichText);

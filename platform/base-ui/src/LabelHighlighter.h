@@ -12,7 +12,7 @@ class LabelHighlighter final : public QObject
     Q_OBJECT
 
 public:
-    /// The label's one; made when it has none.
+    /// The label's highlighter; makes it when there is none.
     static LabelHighlighter* Of(QLabel* label);
 
     ~LabelHighlighter() override;
@@ -31,5 +31,5 @@ private:
     QString m_keyword;
     QString m_plain;
     Qt::TextFormat m_format; ///< of the label when nothing is highlighted
-    QString m_written; ///< what this put on the label; another text is somebody else's and the new plain text
+    QString m_written;       ///< the text that this set on the label; any other text is the new plain text
 };

@@ -21,7 +21,7 @@ struct KnownButton
     const char* text;
 };
 
-// In the order in which they stand.
+// In the order of the buttons.
 constexpr KnownButton KnownButtons[] = {
     {QMessageBox::Ok, "ok_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "OK")},
     {QMessageBox::Yes, "yes_button", QT_TRANSLATE_NOOP("PackagedMsgBox", "Yes")},
@@ -148,7 +148,7 @@ void MessageDialog::AdjustForDpi()
     m_buttonLayout->setSpacing(Scaled(10));
     setMinimumWidth(Scaled(360));
     m_label->setMaximumWidth(Scaled(480));
-    // When title bar and buttons have adjusted themselves, too.
+    // Later, when title bar and buttons have adjusted themselves, too.
     if (isVisible()) {
         QMetaObject::invokeMethod(this, &MessageDialog::AdjustAroundCentre, Qt::QueuedConnection);
     }

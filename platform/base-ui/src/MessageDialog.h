@@ -21,13 +21,13 @@ public:
                   TextStyle style, QWidget* parent);
     ~MessageDialog() override;
 
-    /// The escape answer until a button was pressed.
+    /// The answer for Escape until the user presses a button.
     QMessageBox::StandardButton GetAnswer() const noexcept;
 
     static QMessageBox::StandardButton GetEscapeAnswer(QMessageBox::StandardButtons buttons);
 
     void AdjustForDpi() override;
-    /// Escape, and the closing of the dialog. The dialog's result is always a standard button.
+    /// For Escape, and when the dialog is closed. The dialog's result is always a standard button.
     void reject() override;
 
 protected:

@@ -12,7 +12,7 @@ QMessageBox::StandardButton PackagedMsgBox::question(const QString& text, QWidge
                                                      const QStringList& buttonTexts, TextStyle style)
 {
     QWidget* const over = parent != nullptr ? parent->window() : FindActiveWindow();
-    // It goes with its parent, which may happen while it waits.
+    // The dialog goes with its parent, perhaps while it waits.
     const QPointer<MessageDialog> dialog(new MessageDialog(text, buttons, buttonTexts, style, over));
     (void)TLMask::Instance()->InitMask(over, over);
     TLMask::Instance()->ShowMask(dialog);

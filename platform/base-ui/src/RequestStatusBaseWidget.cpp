@@ -26,8 +26,8 @@ QLabel* MakeLabel(const QString& objectName, QWidget* parent)
     return label;
 }
 
-/// As setVisible, which also lays out at once. Under a parent that is not shown yet that is half the work of
-/// filling a page, and done again when the parent is shown.
+/// Like setVisible, but without laying out under a parent that is not shown yet: that is half the work of
+/// filling a page, and happens again when the parent is shown.
 void SetVisible(QWidget* widget, bool visible)
 {
     QLayout* const layout = widget->layout();
@@ -42,7 +42,7 @@ void SetVisible(QWidget* widget, bool visible)
     }
 }
 
-// One below the other, in the middle of the panel. Without a button when that is null.
+// Puts them below each other in the middle of the panel. `button` may be null.
 void AddTo(QWidget* panel, QWidget* picture, QWidget* text, QWidget* button)
 {
     auto* layout = new QVBoxLayout(panel);

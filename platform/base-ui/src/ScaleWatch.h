@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// Calls back after the scale changed; for widgets whose one base is a widget of Qt.
+/// Calls back after the scale changed; for widgets that derive from a widget of Qt alone.
 class ScaleWatch final : public IDpiAdapter
 {
 public:

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What a message is about, at a glance and without its colour.
+/// What a message is about, recognisable without its colour.
 enum class Sign
 {
     Information,

@@ -86,7 +86,7 @@ void TLBaseDialog::FocusForm()
     if (focusWidget() != nullptr) {
         return;
     }
-    // The title bar comes first in the order of Tab, but who opens a form wants to fill it in.
+    // The title bar is first in the order of Tab, but the user who opens a form wants to fill it in.
     for (QWidget* it = nextInFocusChain(); it != this; it = it->nextInFocusChain()) {
         if (m_contentWidget->isAncestorOf(it) && IsReachableByTab(it)) {
             it->setFocus(Qt::TabFocusReason);

@@ -90,7 +90,7 @@ int TLBubbleLabel::GetLead() const
     if (m_direction != BubbleDirection::Up || parentWidget() == nullptr) {
         return 0;
     }
-    // The bubble itself lets the mouse through and is not found.
+    // This does not find the bubble itself, which lets the mouse through.
     const QWidget* control = parentWidget()->childAt(pos());
     while (control != nullptr && control != parentWidget() && control->focusPolicy() == Qt::NoFocus) {
         control = control->parentWidget();

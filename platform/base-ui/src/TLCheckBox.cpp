@@ -91,7 +91,7 @@ bool TLCheckBox::hitButton(const QPoint& point) const
 
 void TLCheckBox::showEvent(QShowEvent* event)
 {
-    // The size class is a plain field; this is where a new value is noticed.
+    // The size class is a plain field, so this is the place to notice a new value.
     updateGeometry();
     QCheckBox::showEvent(event);
 }

@@ -23,7 +23,7 @@ constexpr int ArrowWidth = 8;
 
 TLComboBox::TLComboBox(QWidget* parent) : QComboBox(parent)
 {
-    // A list of its own, for only then does the theme reach the rows.
+    // The theme reaches the rows only in a list of our own.
     auto* list = new QListView(this);
     list->setTextElideMode(Qt::ElideRight);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -67,8 +67,8 @@ QSize TLComboBox::minimumSizeHint() const
 
 void TLComboBox::showPopup()
 {
-    // Made before the theme is known, the list took itself for a menu: it has no scroll bar, and its frame
-    // takes the margins of a menu from its height.
+    // The list was made before the theme was known, and took itself for a menu: it has no scroll bar, and its
+    // frame subtracts a menu's margins from its height.
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     if (QLayout* const frame = view()->parentWidget()->layout()) {
         for (int i = 0; i < frame->count(); ++i) {
@@ -121,7 +121,7 @@ void TLComboBox::paintEvent(QPaintEvent*)
 
 void TLComboBox::wheelEvent(QWheelEvent* event)
 {
-    // Without the focus the user means the page that scrolls under the mouse.
+    // Without the focus, the user means the page that scrolls under the mouse.
     if (hasFocus()) {
         QComboBox::wheelEvent(event);
     } else {

@@ -105,7 +105,7 @@ void TLLineEdit::resizeEvent(QResizeEvent* event)
 
 void TLLineEdit::showEvent(QShowEvent* event)
 {
-    // The size class is a plain field; this is where a new value is noticed.
+    // The size class is a plain field, so this is the place to notice a new value.
     updateGeometry();
     QLineEdit::showEvent(event);
 }
@@ -120,7 +120,7 @@ void TLLineEdit::PlaceClearButton()
 {
     const bool useful = !text().isEmpty() && isEnabled() && !isReadOnly();
     m_clearButton->setVisible(useful);
-    // The room is kept also while the button is not there, so that the text does not jump.
+    // Reserves the room while the button is hidden, too, so that the text does not jump.
     const int start = Scaled(TextInset);
     const int end = Scaled(ClearInset) + Scaled(ClearSize) + Scaled(4);
     const bool leftToRight = isLeftToRight();

@@ -43,7 +43,7 @@ void TLPushButton::SetButtonType(int type)
         return;
     }
     m_buttonType = wanted;
-    // The theme's rules depend on it.
+    // The theme's rules depend on the type.
     style()->unpolish(this);
     style()->polish(this);
     update();
@@ -71,7 +71,7 @@ QSize TLPushButton::minimumSizeHint() const
 
 void TLPushButton::showEvent(QShowEvent* event)
 {
-    // The size class is a plain field; this is where a new value is noticed.
+    // The size class is a plain field, so this is the place to notice a new value.
     updateGeometry();
     QPushButton::showEvent(event);
 }

@@ -3,7 +3,7 @@
 #include <QtGui/QColor>
 #include <QtGui/QPalette>
 
-/// The theme's colour when it gives one, else the palette's.
+/// The theme's colour if it sets one, otherwise the palette's.
 inline QColor ThemedColor(const QColor& themed, const QPalette& palette, QPalette::ColorRole role)
 {
     return themed.isValid() ? themed : palette.color(role);

@@ -70,7 +70,7 @@ void TitleBar::mousePressEvent(QMouseEvent* event)
         QWidget::mousePressEvent(event);
         return;
     }
-    // The window system drags better than we do: it knows of edges to snap to and of other screens.
+    // The window system drags better than we do: it knows edges to snap to and other screens.
     QWindow* const handle = window()->windowHandle();
     m_dragging = handle == nullptr || !handle->startSystemMove();
     m_grip = event->globalPos() - window()->pos();

@@ -19,7 +19,7 @@ public:
     ~TitleBar() override;
 
     void SetText(const QString& text);
-    /// Null when the dialog cannot be closed by it.
+    /// Null when the title bar cannot close the dialog.
     QWidget* GetCloseButton() const noexcept;
 
 Q_SIGNALS:

@@ -16,7 +16,7 @@ void UIUtils::SetElidedText(QLabel* label, const QString& text, int width, Qt::T
     label->setTextFormat(Qt::PlainText);
     label->setText(elided);
     label->setAccessibleName(text);
-    // Tool tips guess whether they are HTML; escaped in a paragraph there is nothing to guess.
+    // A tool tip guesses whether its text is HTML; an escaped paragraph leaves nothing to guess.
     label->setToolTip(elided == text ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
 }
 

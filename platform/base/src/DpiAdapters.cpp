@@ -19,7 +19,7 @@ void DpiAdapters::Add(IDpiAdapter* adapter)
 
 void DpiAdapters::Remove(IDpiAdapter* adapter)
 {
-    // What was made last goes first as a rule.
+    // As a rule, the last one made is the first to go.
     const auto found = std::find(m_adapters.rbegin(), m_adapters.rend(), adapter);
     if (found == m_adapters.rend()) {
         return;
@@ -34,7 +34,7 @@ void DpiAdapters::Remove(IDpiAdapter* adapter)
 void DpiAdapters::AdjustAll()
 {
     const unsigned call = ++m_lastCall;
-    const std::size_t count = m_adapters.size(); // later ones are made at the new scale
+    const std::size_t count = m_adapters.size(); // adapters made later already use the new scale
     ++m_callDepth;
     for (std::size_t i = 0; i < count && call == m_lastCall; ++i) {
         if (IDpiAdapter* const adapter = m_adapters[i]) {

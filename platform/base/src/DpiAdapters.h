@@ -8,21 +8,21 @@ class IDpiAdapter;
 class DpiAdapters final
 {
 public:
-    /// The one object of the process, there until its very end: adapters may be static objects themselves.
+    /// The one object of the process, which lives until the process ends: adapters may be static objects.
     static DpiAdapters& Instance();
 
     void Add(IDpiAdapter* adapter);
-    /// An unknown one is ignored. During a call of adapters it takes effect at once.
+    /// Ignores an unknown adapter. Takes effect at once, even while adapters are being called.
     void Remove(IDpiAdapter* adapter);
 
-    /// Calls those that are there now. A call that starts in the middle of another one calls everybody, so
-    /// that the earlier one ends there.
+    /// Calls all adapters that exist now. A call inside another one reaches every adapter, so the outer one
+    /// stops there.
     void AdjustAll();
 
 private:
     DpiAdapters() = default;
 
-    std::vector<IDpiAdapter*> m_adapters; // null where one was removed while they are being called
+    std::vector<IDpiAdapter*> m_adapters; // null where one was removed during a call
     unsigned m_lastCall = 0;
     int m_callDepth = 0;
 };

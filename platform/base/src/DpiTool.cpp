@@ -28,7 +28,7 @@ void Change(double& part, double value)
 {
     const double before = DpiTool::GetScale();
     part = value;
-    // Exact on purpose: both come from the same few values.
+    // Deliberately exact: both come from the same few values.
     if (DpiTool::GetScale() < before || DpiTool::GetScale() > before) {
         DpiAdapters::Instance().AdjustAll();
     }

@@ -21,7 +21,7 @@ void ScreenWatch::Follow(QScreen* screen)
 {
     disconnect(m_resolution);
     if (!screen) {
-        return; // the last one was unplugged
+        return; // the last screen was unplugged
     }
     m_resolution = connect(screen, &QScreen::logicalDotsPerInchChanged, this,
                            [](qreal dpi) { DpiTool::SetScreenDpi(dpi); });

@@ -13,12 +13,12 @@ public:
     explicit ScreenWatch(QWindow* window);
     ~ScreenWatch() override;
 
-    /// With the screen as it is now. May destroy this object, as may every later change.
+    /// Passes on the current screen. May destroy this object, as may every later change.
     void Begin();
 
 private:
     void Follow(QScreen* screen);
 
     QWindow* const m_window;
-    QMetaObject::Connection m_resolution; // of the present screen
+    QMetaObject::Connection m_resolution; // of the current screen
 };

@@ -33,8 +33,8 @@ struct Field
 
 struct FieldTable
 {
-    // What tells the class from another one whose meta-object came to lie at the same address, after the
-    // plug-in of the first was unloaded.
+    // Tells the class from another one whose meta-object lies at the same address, after the plug-in of the
+    // first was unloaded.
     const void* strings;
     const void* data;
     QVector<Field> fields;
@@ -70,7 +70,7 @@ FieldTablePtr ReadFieldTable(const QMetaObject* metaObject)
     auto table = QSharedPointer<FieldTable>::create();
     table->strings = metaObject->d.stringdata;
     table->data = metaObject->d.data;
-    // QObject's own property, objectName, is not declared by the record.
+    // The record does not declare objectName, QObject's own property.
     for (int i = QObject::staticMetaObject.propertyCount(); i < metaObject->propertyCount(); ++i) {
         const QMetaProperty property = metaObject->property(i);
         const bool redeclaredFurtherDown = metaObject->indexOfProperty(property.name()) != i;
@@ -119,7 +119,7 @@ QLatin1String NameOf(FieldType type)
     return QLatin1String("nothing");
 }
 
-// The JSON type, and of a number also the value: it tells a fraction or a range from a wrong type.
+// The JSON type, and a number's value, too: it tells a fraction or an excess from a wrong type.
 QString NameOf(const QJsonValue& value)
 {
     switch (value.type()) {
@@ -141,7 +141,7 @@ QString NameOf(const QJsonValue& value)
     return QStringLiteral("nothing");
 }
 
-// The number as an integer from `lowest` to `highest`; invalid when it is none.
+// The number as an integer from `lowest` to `highest`; invalid when it is not one.
 QVariant ToInteger(const QJsonValue& value, qint64 lowest, qint64 highest)
 {
     if (!value.isDouble()) {
@@ -151,7 +151,7 @@ QVariant ToInteger(const QJsonValue& value, qint64 lowest, qint64 highest)
     if (std::trunc(number) != number || number < double(lowest) || number > double(highest)) {
         return QVariant();
     }
-    // The double has been rounded if the text held more digits; the variant has not.
+    // A text with more digits was rounded in the double, but not in the variant.
     const qint64 integer = value.toVariant().toLongLong();
     return integer < lowest || integer > highest ? QVariant() : QVariant(integer);
 }

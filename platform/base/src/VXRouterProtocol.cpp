@@ -27,7 +27,7 @@ int HexDigit(QChar c)
     return -1;
 }
 
-// The byte that the percent sequence at `position` stands for, or -1 when there is none.
+// The byte that the percent sequence at `position` encodes, or -1 when there is no such sequence.
 int PercentByte(const QStringRef& text, int position)
 {
     if (position + 2 >= text.size() || text.at(position) != QLatin1Char('%')) {
@@ -38,7 +38,7 @@ int PercentByte(const QStringRef& text, int position)
     return high < 0 || low < 0 ? -1 : high * 16 + low;
 }
 
-// Percent sequences that are malformed, or whose bytes are no UTF-8, stay as the text that they are.
+// Malformed percent sequences, and those that are not UTF-8, stay as they are.
 QString Decode(const QStringRef& text)
 {
     static QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
@@ -72,7 +72,7 @@ QString Encode(const QString& text)
     return QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
-// The parts of `tl://<module>/<path>`; `module` is null when the text is no router URL.
+// The parts of `tl://<module>/<path>`; `module` is null when the text is not a router URL.
 struct RouteParts
 {
     QStringRef module;
@@ -96,8 +96,8 @@ RouteParts Split(const QString& url)
     return {url.midRef(scheme.size(), moduleEnd - scheme.size()), url.midRef(moduleEnd, length - moduleEnd)};
 }
 
-// The executor, if `base` is a router URL and somebody routes; otherwise null and a warning. The query
-// stays out of the log: it may carry what belongs to the user.
+// The executor, if `base` is a router URL and an executor is provided; otherwise null and a warning. The log
+// leaves out the query, which may hold the user's data.
 IRouteExecutor* ExecutorOrWarning(const QString& base)
 {
     if (Split(base).module.isNull()) {
@@ -130,7 +130,7 @@ VXRouterProtocol::VXRouterProtocol(const QString& url)
         beforeFragment.mid(questionMark + 1).split(QLatin1Char('&'), Qt::SkipEmptyParts);
     for (const QStringRef& part : parts) {
         const int equals = part.indexOf(QLatin1Char('='));
-        // A key without "=" has a null value, so that it is written as it came.
+        // A key without "=" has a null value, so that it is written the way it came.
         const QString value = equals < 0 ? QString() : QLatin1String("") + Decode(part.mid(equals + 1));
         m_parameters.append({Decode(part.left(equals)), value});
     }

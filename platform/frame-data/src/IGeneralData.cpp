@@ -5,8 +5,8 @@
 
 namespace {
 
-// Stands in while there is no client. What it gives out can be written to by its callers, so every call
-// starts from the state that it promises.
+// Stands in while no client provides one. Callers can write to what it gives out, so every call starts from
+// the promised state.
 class NobodySignedIn final : public IGeneralData
 {
 public:

@@ -7,8 +7,8 @@ namespace {
 constexpr int MaximumLength = 8192; // [UTF-16 code units]
 constexpr int MaximumStored = 2048; // [code points]
 
-// Characters that have no place in an address, whatever a parser would make of them: they serve to
-// show one address and open another.
+// Characters that do not belong in an address, whatever a parser makes of them: they serve to show one
+// address and open another.
 bool IsRefused(QChar c)
 {
     const ushort code = c.unicode();
@@ -24,7 +24,7 @@ bool IsControl(QChar c)
     return c.category() == QChar::Other_Control;
 }
 
-// What stands between the scheme and the path; null without http or https.
+// The text between the scheme and the path; null without http or https.
 QStringRef AuthorityOf(const QString& text)
 {
     int begin = 0;
@@ -43,7 +43,7 @@ QStringRef AuthorityOf(const QString& text)
     return text.midRef(begin, int(end - text.cbegin()) - begin);
 }
 
-// Whether normalising the name of a host does no more than write its letters in lower case and punycode.
+// Whether normalising the host name only changes its letters to lower case and punycode.
 bool IsPlainHost(const QString& host)
 {
     const auto isChanged = [](QChar c) {
@@ -77,7 +77,7 @@ QUrl TLUrlUtils::ToWebUrl(const QString& address)
     }
 
     const QStringRef authority = AuthorityOf(text);
-    // User info is refused also when it is empty: the parsed URL would not show that it was there.
+    // Refuses empty user info, too: the parsed URL would not show it.
     if (authority.isNull() || authority.contains(QLatin1Char('@'))) {
         return QUrl();
     }

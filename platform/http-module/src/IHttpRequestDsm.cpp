@@ -37,7 +37,7 @@ QByteArray IHttpRequestDsm::GetApiBody()
         if (!body.isEmpty()) {
             body += '&';
         }
-        // All but letters, digits and "-._~" as %XX of the UTF-8 bytes, a space too.
+        // Encodes everything but letters, digits and "-._~" as %XX of the UTF-8 bytes, a space, too.
         body += QUrl::toPercentEncoding(it.key()) + '=' + QUrl::toPercentEncoding(it.value());
     }
     return body;
@@ -105,7 +105,7 @@ QString IHttpRequestDsm::GetCacheKey() const
                                 GetApiUrl().toUtf8(),    GetDsmAppendix(DsmType::AppKey).toUtf8(),
                                 GetDsmMethod().toUtf8(), GetBusinessParam()};
     for (const QByteArray& part : parts) {
-        // With its length, so that no two lists of parts run into the same bytes.
+        // Includes the length, so that no two lists of parts give the same bytes.
         hash.addData(QByteArray::number(part.size()) + ':' + part);
     }
     return QString::fromLatin1(hash.result().toHex());
@@ -113,7 +113,7 @@ QString IHttpRequestDsm::GetCacheKey() const
 
 QByteArray IHttpRequestDsm::Sign(const QMap<QString, QString>& parameters, const QString& secret)
 {
-    QMap<QByteArray, QByteArray> sorted; // by bytes, which is not how QString compares
+    QMap<QByteArray, QByteArray> sorted; // by bytes, unlike QString
     for (auto it = parameters.cbegin(); it != parameters.cend(); ++it) {
         if (it.key() != SignName) {
             sorted.insert(it.key().toUtf8(), it.value().toUtf8());

@@ -6,10 +6,10 @@
 
 namespace {
 
-// From here on the gateway says that it failed itself; below it refuses.
+// From this code on, the gateway reports its own failure; below it, a refusal.
 constexpr qlonglong FirstServerError = 5000;
 
-// Text, as the gateway writes it, or a number; empty for anything else.
+// A text, as the gateway writes it, or a number; empty for anything else.
 QString CodeOf(const QJsonValue& value)
 {
     if (!value.isDouble()) {

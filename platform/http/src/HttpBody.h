@@ -3,8 +3,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QIODevice>
 
-/// The body of one attempt. It can be read once only: Qt would otherwise send the same bytes again by
-/// itself, up to three times, when the server closes the connection, and with a signature of then.
+/// The body of one attempt. It can be read only once: otherwise Qt would send the same bytes, with their old
+/// signature, up to three more times when the server closes the connection.
 class HttpBody final : public QIODevice
 {
     Q_OBJECT

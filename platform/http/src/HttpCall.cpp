@@ -18,8 +18,8 @@ namespace {
 
 constexpr qint64 MaxReplySize = qint64(4) * 1024 * 1024;
 
-// Before the attempt that follows `attempt` [ms]: doubles each time, and never the same for all clients
-// of a gateway that has just come back.
+// The pause after `attempt` [ms]. It doubles each time, and varies, so that not all clients come back at the
+// same moment to a gateway that has just recovered.
 int PauseAfter(int attempt)
 {
     const int pause = 200 << (attempt - 1);
@@ -50,7 +50,7 @@ QNetworkRequest MakeRequest(QUrl url, const QString& hostIp, int bodySize)
                       QStringLiteral("application/x-www-form-urlencoded"));
     request.setHeader(QNetworkRequest::ContentLengthHeader, bodySize);
     request.setRawHeader("Accept", "application/json");
-    // Nothing to unpack: the limit counts what is received.
+    // Nothing to unpack: the limit counts the bytes that arrive.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
@@ -170,7 +170,7 @@ void HttpCall::AttemptOver()
     }
     const int pause = PauseAfter(m_attempt);
     if (pause >= m_deadline.remainingTime()) {
-        Conclude(); // better this failure now than a time-out later
+        Conclude(); // this failure now beats a time-out later
         return;
     }
     m_pause.start(pause);
@@ -180,8 +180,8 @@ void HttpCall::Conclude()
 {
     m_deadline.stop();
     m_pause.stop();
-    // From the event loop, since a reply that is just reporting must not be deleted, and the receiver may
-    // delete everything.
+    // From the event loop: a reply that is reporting must not be deleted, and the receiver may delete
+    // everything.
     QMetaObject::invokeMethod(this, &HttpCall::SigDone, Qt::QueuedConnection);
 }
 
@@ -189,7 +189,7 @@ void HttpCall::DropReply()
 {
     if (QNetworkReply* const reply = std::exchange(m_reply, nullptr)) {
         reply->disconnect(this);
-        reply->deleteLater(); // which hangs up; the reply may be just reporting
+        reply->deleteLater(); // hangs up; later, since the reply may be reporting
     }
     m_body = QByteArray();
 }

@@ -11,14 +11,14 @@ class IHttpResponse;
 class QNetworkAccessManager;
 class QNetworkReply;
 
-/// One call on its way: its attempts, the pauses between them and the time limit over all. Fills the
-/// response; what becomes of the outcome is the manager's business. Deleting it abandons the call.
+/// One call in flight: its attempts, the pauses between them and the time limit over all. Fills the response
+/// and leaves the rest to the manager. Deleting it abandons the call.
 class HttpCall final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `timeout` [ms] and `attempts` are taken as they are. `network` must outlive the call.
+    /// Takes `timeout` [ms] and `attempts` as they are. `network` must outlive the call.
     HttpCall(QNetworkAccessManager& network, QSharedPointer<IHttpRequest> request,
              QSharedPointer<IHttpResponse> response, int timeout, int attempts);
     ~HttpCall() override;
@@ -28,11 +28,12 @@ public:
     QSharedPointer<IHttpRequest> GetRequest() const { return m_request; }
     QSharedPointer<IHttpResponse> GetResponse() const { return m_response; }
     int GetAttempts() const noexcept { return m_attempt; }
-    /// Since `Start` [ms].
+    /// Time since `Start` [ms].
     qint64 GetElapsed() const { return m_elapsed.elapsed(); }
 
 Q_SIGNALS:
-    /// Once, from the event loop: the response holds the outcome. The call may be deleted now.
+    /// Emitted once, from the event loop, when the response holds the outcome. The receiver may delete the
+    /// call.
     void SigDone();
 
 private:
@@ -40,10 +41,10 @@ private:
     void OnReadyRead();
     void OnFinished();
     void OnDeadline();
-    /// The attempt is over: another one, or the end.
+    /// Begins another attempt after a pause, or ends the call.
     void AttemptOver();
     void Conclude();
-    /// Lets go of the transfer without hearing of it again.
+    /// Drops the transfer without hearing of it again.
     void DropReply();
 
     QNetworkAccessManager& m_network;

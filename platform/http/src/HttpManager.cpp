@@ -24,7 +24,7 @@ Q_LOGGING_CATEGORY(logHttp, "tl.http", QtInfoMsg)
 constexpr int DefaultTimeout = 20000; // [ms]
 constexpr int MaxAttempts = 5;
 
-// Where the reply is kept; empty when the request or the response wants none of it.
+// The key of the kept reply; empty when the request or the response wants none.
 QString KeyOf(const IHttpRequest& request, const IHttpResponse& response)
 {
     const auto* const asked = dynamic_cast<const IRequestCacheMethod*>(&request);
@@ -51,8 +51,8 @@ public:
     {
         std::unique_ptr<HttpCall> call;
         std::function<void()> finished;
-        QString cacheKey;        // as it was when the call was sent
-        quint64 cacheGeneration; // likewise
+        QString cacheKey; // from when the call was sent, like the rest
+        quint64 cacheGeneration;
         bool isWrite;
     };
 
@@ -67,7 +67,7 @@ public:
     std::unique_ptr<HttpReplyCache> cache;
     quint64 cacheGeneration = 0;
     quint64 lastNumber = 0;
-    std::map<quint64, Entry> calls; // last: they go before the network does
+    std::map<quint64, Entry> calls; // last, so that they go before the network does
 };
 
 HttpCallReport HttpManager::Private::ApplyCache(const Entry& entry)
@@ -78,7 +78,7 @@ HttpCallReport HttpManager::Private::ApplyCache(const Entry& entry)
     report.method = request->GetMethodName();
     report.attempts = entry.call->GetAttempts();
 
-    // Another key by now is another user's.
+    // A key that has changed belongs to another user.
     if (cache && !entry.cacheKey.isEmpty() && entry.cacheKey == KeyOf(*request, *response)) {
         auto& side = dynamic_cast<IResponseCacheMethod&>(*response);
         if (side.CanSaveToCache()) {

@@ -8,7 +8,7 @@
 
 HttpNotifyManager* HttpNotifyManager::Instance()
 {
-    // Never deleted: observers that are static objects themselves leave it at the end of the process.
+    // Never deleted: static observers remove themselves when the process ends.
     static auto* const instance = new HttpNotifyManager;
     return instance;
 }
@@ -48,12 +48,11 @@ void HttpNotifyManager::RemoveAllMessage(HttpObserverBase* observer)
 void HttpNotifyManager::Dispatch(int id, const QSharedPointer<IHttpRequest>& request,
                                  const QSharedPointer<IHttpResponse>& response)
 {
-    // The caller's pointers may be members of an observer that ends here.
-    // NOLINTBEGIN(performance-unnecessary-copy-initialization)
+    // The caller's pointers may be members of an observer that is destroyed here.
     const QSharedPointer<IHttpRequest> keptRequest = request;
     const QSharedPointer<IHttpResponse> keptResponse = response;
     // NOLINTEND(performance-unnecessary-copy-initialization)
-    // Those registered now; each is looked up again before its turn, since an observer may be gone by then.
+    // Takes those registered now, and looks each up again before its turn: it may be gone by then.
     const QVector<Registration> registrations = m_observers.value(id);
     Q_EMIT SigDispatched(id);
     for (const Registration& registration : registrations) {

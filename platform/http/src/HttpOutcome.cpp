@@ -10,7 +10,7 @@
 
 namespace {
 
-// Whether the error says no more than the HTTP status does; the reply then came in whole.
+// Whether the error only repeats the HTTP status; the reply is then complete.
 bool IsStatusError(QNetworkReply::NetworkError error)
 {
     return error == QNetworkReply::ProtocolInvalidOperationError ||
@@ -50,7 +50,7 @@ void HttpOutcome::Take(const QNetworkReply& reply, const QByteArray& body, IHttp
 
 void HttpOutcome::TakeTransportError(int error, const QString& text, IHttpResponse* response)
 {
-    // Closed, and Qt wanted to send the request again, which the body does not let it.
+    // The server closed the connection, and Qt wanted to send the request again, which the body refuses.
     const int number =
         error == QNetworkReply::ContentReSendError ? QNetworkReply::RemoteHostClosedError : error;
     response->SetNetworkError(number, DescribeTransportError(number, text));
@@ -58,7 +58,7 @@ void HttpOutcome::TakeTransportError(int error, const QString& text, IHttpRespon
 
 void HttpOutcome::TakeErrorStatus(int error, int status, const QByteArray& body, IHttpResponse* response)
 {
-    // The gateway explains its errors in JSON; anything else comes from something in between.
+    // The gateway explains its errors in JSON; anything else comes from a server in between.
     if (QJsonDocument::fromJson(body).isObject()) {
         response->SetData(body);
         if (!response->IsSuccess()) {

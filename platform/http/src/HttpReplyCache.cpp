@@ -13,7 +13,7 @@ namespace {
 Q_LOGGING_CATEGORY(logCache, "tl.http.cache", QtInfoMsg)
 
 constexpr int MaxReplies = 200;
-constexpr qint64 MaxFileSize = qint64(8) * 1024 * 1024; // more is nothing that was written here
+constexpr qint64 MaxFileSize = qint64(8) * 1024 * 1024; // we write no larger file
 const QByteArray Magic = QByteArrayLiteral("TLREPLY1");
 
 QByteArray ChecksumOf(const QByteArray& key, const QByteArray& reply)
@@ -25,7 +25,7 @@ QByteArray ChecksumOf(const QByteArray& key, const QByteArray& reply)
     return hash.result();
 }
 
-// The file's fields after the magic, in this order.
+// The file's fields after the magic number, in this order.
 struct Record
 {
     QByteArray key;
@@ -56,7 +56,7 @@ bool FromBytes(const QByteArray& bytes, Record& record)
            record.checksum == ChecksumOf(record.key, record.reply);
 }
 
-// What was written here, and what an end in the middle of a write left behind.
+// Our files, and what an end in the middle of a write left behind.
 QFileInfoList FilesOf(const QString& folder)
 {
     return QDir(folder).entryInfoList({QStringLiteral("*.reply"), QStringLiteral("*.reply.*")},

@@ -19,7 +19,7 @@ std::optional<QJsonValue> ReadJson(const QByteArray& text)
     if (document.isArray()) {
         return QJsonValue(document.array());
     }
-    // A document is an object or an array; what stands alone can be read as the one element of an array.
+    // A document is an object or an array; any other value can be read as the only element of an array.
     const QJsonArray wrapped = QJsonDocument::fromJson('[' + text + ']').array();
     if (wrapped.size() == 1) {
         return wrapped.first();

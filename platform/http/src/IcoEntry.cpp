@@ -12,7 +12,7 @@ constexpr int EntrySize = 16;
 constexpr int MaxEntries = 64;
 constexpr int MaxBitmapEdge = 256;
 
-// From the head of a PNG file or of a bitmap; empty when it is neither.
+// The size from the header of a PNG file or of a bitmap; empty when it is neither.
 QSize SizeOf(const QByteArray& picture)
 {
     if (PngChunks::IsPng(picture)) {
@@ -27,13 +27,13 @@ QSize SizeOf(const QByteArray& picture)
     if (picture.size() < int(headSize) || qFromLittleEndian<quint32>(picture.constData()) != headSize) {
         return QSize();
     }
-    // The picture and its mask stand above one another.
+    // The header counts the picture and its mask, one above the other.
     const QSize size(qFromLittleEndian<qint32>(picture.constData() + 4),
                      qFromLittleEndian<qint32>(picture.constData() + 8) / 2);
     return size.width() <= MaxBitmapEdge && size.height() <= MaxBitmapEdge ? size : QSize();
 }
 
-// An ICO file with one picture, whose entry is given.
+// An ICO file with the one picture of this entry.
 QByteArray MakeIco(QByteArray entry, const QByteArray& picture)
 {
     qToLittleEndian<quint32>(quint32(picture.size()), entry.data() + 8);

@@ -7,10 +7,10 @@
 struct IcoEntry
 {
     QByteArray file; ///< PNG, or an ICO file with this picture alone; null when there is none
-    QSize size;      ///< as the picture's own head says
+    QSize size;      ///< from the picture's own header
 
-    /// Whether the bytes begin as an ICO file does.
+    /// Whether the bytes begin like an ICO file.
     static bool IsIco(const QByteArray& bytes);
-    /// Entries that reach beyond the file, and bitmaps of more than 256 by 256, are passed over.
+    /// Skips entries that reach beyond the file, and bitmaps of more than 256 by 256.
     static IcoEntry FindLargest(const QByteArray& ico);
 };

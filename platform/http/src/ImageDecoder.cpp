@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr int SvgEdge = 256; // what has no size of its own is drawn at this one [px]
+constexpr int SvgEdge = 256; // for pictures without a size of their own [px]
 
-// What is handed to Qt's reader: the kind is ours to say, so that it never guesses.
+// What goes to Qt's reader. We name the format, so that it never guesses.
 struct Source
 {
     QByteArray format; // empty: refused
@@ -38,7 +38,7 @@ Source IcoSource(const QByteArray& bytes)
 
 Source GifSource(const QByteArray& bytes)
 {
-    // What its head leaves open the pictures in it may choose.
+    // The pictures inside may choose what the header leaves open.
     constexpr int widthAt = 6;
     const bool sized = bytes.size() >= widthAt + 4 &&
                        qFromLittleEndian<quint16>(bytes.constData() + widthAt) != 0 &&

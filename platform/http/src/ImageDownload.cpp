@@ -42,9 +42,9 @@ void ImageDownload::Start(const QUrl& url)
 {
     QNetworkRequest request(url);
     request.setRawHeader("Accept", "image/*");
-    // Nothing to unpack: the limit counts what is received.
+    // Nothing to unpack: the limit counts the bytes that arrive.
     request.setRawHeader("Accept-Encoding", "identity");
-    // Each address is checked before it is followed, and Qt has followed more than the limit when it stops.
+    // We check each address before we follow it. Qt has already followed more than the limit when it stops.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
@@ -95,7 +95,7 @@ void ImageDownload::OnFinished()
     if (IsRedirect(status)) {
         Follow();
     } else if (status != 0 && status != 200) {
-        Conclude(QStringLiteral("HTTP status %1").arg(status)); // Qt's words have the whole address in them
+        Conclude(QStringLiteral("HTTP status %1").arg(status)); // Qt's text has the whole address in it
     } else if (m_reply->error() != QNetworkReply::NoError) {
         Conclude(m_reply->errorString());
     } else if (announced.isValid() && announced.toLongLong() > m_bytes.size()) {
@@ -125,7 +125,7 @@ void ImageDownload::DropReply()
 {
     if (QNetworkReply* const reply = std::exchange(m_reply, nullptr)) {
         reply->disconnect(this);
-        reply->deleteLater(); // which hangs up; the reply may be just reporting
+        reply->deleteLater(); // hangs up; later, since the reply may be reporting
     }
 }
 

@@ -11,7 +11,7 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 
-/// One file on its way from the web, with the limits on its size and time. Deleting it hangs up.
+/// Downloads one file from the web, within limits on its size and time. Deleting it hangs up.
 class ImageDownload final : public QObject
 {
     Q_OBJECT
@@ -25,22 +25,22 @@ public:
     void Start(const QUrl& url);
 
     QByteArray GetBytes() const { return m_bytes; }
-    /// What went wrong, for the log; empty when the bytes are there.
+    /// What went wrong, for the log; empty after a success.
     QString GetProblem() const { return m_problem; }
 
-    /// The address as one that a picture may be fetched from: http or https, without user info. Empty when
-    /// it is none.
+    /// The address as a URL to fetch a picture from: http or https, without user info. Empty when it is not
+    /// one.
     static QUrl ToUrl(const QString& address);
 
 Q_SIGNALS:
-    /// Once, from the event loop. The download may be deleted now.
+    /// Emitted once, from the event loop. The receiver may delete the download.
     void SigDone();
 
 private:
     void OnMetaDataChanged();
     void OnReadyRead();
     void OnFinished();
-    /// From an address that stands for another one.
+    /// The server redirects to another address.
     void Follow();
     void DropReply();
     void Conclude(const QString& problem);

@@ -17,7 +17,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(logFolder, "tl.http.images", QtInfoMsg)
 
-constexpr qint64 MaxFileSize = qint64(8) * 1024 * 1024; // more is nothing that was written here
+constexpr qint64 MaxFileSize = qint64(8) * 1024 * 1024; // we write no larger file
 
 const QString Suffix = QStringLiteral(".png");
 
@@ -29,7 +29,7 @@ QString NameOf(const QString& url)
 
 void SetTime(QFile& file, qint64 time, QFileDevice::FileTime which)
 {
-    // A time that cannot be set makes a picture look older or newer than it is, no more.
+    // If this fails, the picture only looks older or newer than it is.
     file.setFileTime(QDateTime::fromMSecsSinceEpoch(time, Qt::UTC), which);
 }
 
@@ -74,7 +74,7 @@ ImageFolder::Picture ImageFolder::Store(const QString& url, const QImage& image,
 {
     Open();
     const QString name = NameOf(url);
-    QDir().mkpath(m_folder); // somebody may have cleaned up
+    QDir().mkpath(m_folder); // someone may have removed it
     QSaveFile file(PathOf(name));
     if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
         !image.save(&file, "PNG") || !file.commit()) {
@@ -124,7 +124,7 @@ bool ImageFolder::Take(const QString& folder)
             m_files.insert(file.fileName(), {file.size(), file.lastRead().toMSecsSinceEpoch()});
             m_size += file.size();
         } else {
-            QFile::remove(file.absoluteFilePath()); // left behind by an end in the middle of a write
+            QFile::remove(file.absoluteFilePath()); // left by an end in the middle of a write
         }
     }
     RemoveOldest(QString());

@@ -10,9 +10,8 @@
 
 class QTemporaryDir;
 
-/// The pictures on disk: a PNG file each, under a name made of the address. The times of a file say when
-/// its picture was fetched (modified) and asked for last (accessed). One thread, and then another one to
-/// destroy it.
+/// The pictures on disk: a PNG file each, named after its address. A file's times say when its picture was
+/// fetched (modified) and last requested (accessed). Used on one thread; another may destroy it afterwards.
 class ImageFolder final
 {
 public:
@@ -30,11 +29,11 @@ public:
     ImageFolder(const ImageFolder&) = delete;
     ImageFolder& operator=(const ImageFolder&) = delete;
 
-    /// The picture of the address, which counts as asked for at `now` [ms since 1970, UTC]. A file that is
-    /// damaged is removed.
+    /// The picture of the address, which counts as requested at `now` [ms since 1970, UTC]. Removes a damaged
+    /// file.
     Picture Load(const QString& url, qint64 now);
-    /// Keeps a picture fetched at `now`, and removes others when there are too many. Without a path when it
-    /// cannot be written.
+    /// Keeps a picture fetched at `now`, and removes others when there are too many. The result has no path
+    /// when the picture cannot be written.
     Picture Store(const QString& url, const QImage& image, qint64 now);
 
 private:

@@ -8,18 +8,18 @@
 #include <mutex>
 #include <thread>
 
-/// A thread that does one job after the other. Made, used and destroyed on one other thread, the owner's.
+/// A thread that does one job after another. One other thread, the owner's, makes, uses and destroys it.
 class ImageWorker final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What a job leaves to be done in the owner's event loop.
+    /// What remains to be done in the owner's event loop after a job.
     using Completion = std::function<void()>;
     using Job = std::function<Completion()>;
 
     ImageWorker();
-    /// Waits for the job that is being done; the other jobs and all completions are dropped.
+    /// Waits for the current job; drops the other jobs and all completions.
     ~ImageWorker() override;
 
     /// The thread starts with the first job.
@@ -32,7 +32,7 @@ private:
 
     std::thread m_thread;
 
-    std::mutex m_mutex; // guards all that follows
+    std::mutex m_mutex; // guards everything below
     std::condition_variable m_wake;
     std::deque<Job> m_jobs;
     std::deque<Completion> m_completions;

@@ -2,7 +2,7 @@
 
 #include <QtNetwork/QNetworkProxyFactory>
 
-/// The application's proxies, but none for this very machine.
+/// The application's proxies, but none for this machine.
 class LoopbackProxyFactory final : public QNetworkProxyFactory
 {
 public:

@@ -15,7 +15,7 @@ constexpr int MaxElements = 4000;
 constexpr int MaxDepth = 32;
 constexpr int MaxRepetitions = 64;
 
-// Dashes can be so short that a line has millions of them, and a back-slash can hide the word.
+// Dashes can be so short that a line has millions of them; a back-slash can hide the word.
 bool IsAllowedStyle(const QStringRef& text)
 {
     return !text.contains(QLatin1String("dasharray"), Qt::CaseInsensitive) &&
@@ -31,7 +31,7 @@ bool IsAllowed(const QXmlStreamAttribute& attribute)
            (attribute.name() != QLatin1String("style") || IsAllowedStyle(attribute.value()));
 }
 
-// Counts and remembers what the elements ask for.
+// Counts and remembers what the elements request.
 class Elements final
 {
 public:
@@ -72,7 +72,7 @@ private:
     int m_repetitions = 0;
     QStringList m_open; // the ids of the elements that are open
     QSet<QString> m_repeated;
-    QSet<QString> m_repeating; // with a repetition inside; repeated in turn, they would multiply
+    QSet<QString> m_repeating; // they repeat something; repeating them would multiply
 };
 
 } // namespace

@@ -5,9 +5,8 @@ class QByteArray;
 /// What an SVG picture may ask of the renderer. Any thread.
 namespace SvgCheck {
 
-/// Whether the bytes are an SVG document that can be drawn without surprises: no entities, no other file
-/// or address, no pictures inside, and little enough nesting, repeating and dashing that it is drawn at
-/// once.
+/// Whether the bytes are an SVG document that is safe and quick to draw: no entities, no other files or
+/// addresses, no embedded pictures, and little nesting, repeating and dashing.
 bool IsHarmless(const QByteArray& bytes);
 
 } // namespace SvgCheck

@@ -42,7 +42,7 @@ VXImageCache* VXImageCache::Instance()
     }
     if (!fallback) {
         fallback = new VXImageCache(QString());
-        // Its thread must have ended before statics are destroyed, on Windows even before `main` returns.
+        // The cache's thread has to end before statics are destroyed, on Windows even before `main` returns.
         qAddPostRoutine([] {
             delete fallback;
             fallback = nullptr;

@@ -15,20 +15,20 @@ Q_LOGGING_CATEGORY(logImages, "tl.http.images", QtInfoMsg)
 
 constexpr int MaxFailures = 1000; // that are remembered
 
-// All in [ms]. A time in the future, from before the clock was set back, is not within any span.
+// All times in [ms]. A time in the future, from before the clock was set back, is not within any span.
 bool IsWithin(qint64 span, qint64 since, qint64 now)
 {
     const qint64 age = now - since;
     return age >= 0 && age < span;
 }
 
-// Without what may be a secret.
+// Leaves out what may be a secret.
 QString ForLog(const QString& address)
 {
     const QUrl url(address);
     return url.isValid()
                ? url.toDisplayString(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment)
-               : QStringLiteral("an address that is none");
+               : QStringLiteral("an invalid address");
 }
 
 } // namespace
@@ -167,7 +167,7 @@ void VXImageCache::Private::Fail(const QString& url, const QString& problem)
 void VXImageCache::Private::Answer(const QString& url, const ImageFolder::Picture& picture)
 {
     Remember(url, picture);
-    // From here on the address may be asked for anew.
+    // From here on, the address may be requested again.
     auto node = m_asked.extract(url);
     const Asked& asked = node.mapped();
     const QPointer<Private> self(this);
@@ -187,7 +187,7 @@ void VXImageCache::Private::Remember(const QString& url, const ImageFolder::Pict
         m_memory.remove(url);
         return;
     }
-    // Small ones count for more than they take, which bounds how many there are.
+    // Small pictures cost more than they take, which limits their number.
     const qint64 least = m_limits.memorySize / std::max(1, m_limits.memoryCount);
     const qint64 cost = std::max<qint64>(picture.image.sizeInBytes(), least);
     m_memory.insert(url, new Remembered{picture.image, picture.fetched},

@@ -19,8 +19,8 @@
 #include <utility>
 #include <vector>
 
-/// The way of a request: looked up in the folder, fetched when that is not enough, decoded and kept, and
-/// answered. One request is on its way for an address at a time, and all who ask meanwhile wait for it.
+/// Carries out requests: looks a picture up in the folder, fetches it when that is not enough, decodes it,
+/// keeps it and answers. There is one request per address at a time; all callers of that address wait for it.
 class VXImageCache::Private final : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ private:
     };
     struct Asked
     {
-        bool announce = false; // by the signal
+        bool announce = false; // answer by the signal
         bool refresh = false;
         std::vector<Waiter> waiters;
         ImageFolder::Picture older; // serves when fetching fails
@@ -53,16 +53,16 @@ private:
         qint64 fetched; // [ms since 1970, UTC]
     };
 
-    /// One of those who asked for what the memory has.
+    /// Answers one request for a picture that is in memory.
     void AnswerKnown();
-    /// What is asked for at the address; looking for it begins when nobody asked before.
+    /// The request for the address; starts looking it up when it is new.
     Asked& Ask(const QString& url);
     void OnLookedUp(const QString& url, const ImageFolder::Picture& picture);
     void StartDownloads();
     void OnDownloaded(const QString& url);
     /// Fetching failed; `problem` is for the log.
     void Fail(const QString& url, const QString& problem);
-    /// The last thing that is done for a request; the cache may be gone when it returns.
+    /// Ends a request; the cache may be gone when it returns.
     void Answer(const QString& url, const ImageFolder::Picture& picture);
 
     void Remember(const QString& url, const ImageFolder::Picture& picture);
@@ -75,10 +75,10 @@ private:
     QHash<QString, qint64> m_failed; // when [ms since 1970, UTC]
     QNetworkAccessManager m_network;
     std::map<QString, Asked> m_asked;
-    std::deque<std::pair<Waiter, QImage>> m_known; // asked for and in the memory, to be answered in order
+    std::deque<std::pair<Waiter, QImage>> m_known; // answered from memory, in order
     std::deque<QString> m_toDownload;
-    int m_downloads = 0; // at this moment
+    int m_downloads = 0; // under way
 
-    ImageFolder m_folder; // the worker's, while there is one
+    ImageFolder m_folder; // used by the worker while there is one
     ImageWorker m_worker;
 };

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A picture scaled to these pixels may hang over by half of one, which nobody sees.
+// A picture scaled to these pixels may be half a pixel too large, which nobody sees.
 QRectF Centred(const QSizeF& size, const QSizeF& around)
 {
     return QRectF(QPointF((around.width() - size.width()) / 2, (around.height() - size.height()) / 2), size);
@@ -68,7 +68,7 @@ void ImageLabel::paintEvent(QPaintEvent*)
         return;
     }
     QPainter painter(this);
-    // The widget's own is that of its screen, which need not be what it is painted for.
+    // The widget's own ratio is its screen's, which may differ from that of the device it is painted on.
     const qreal ratio = painter.paintEngine()->paintDevice()->devicePixelRatioF();
     if (m_drawn.size() != box.size() * ratio || m_drawn.devicePixelRatio() != ratio) {
         m_drawn = Draw(box.size(), ratio);
@@ -112,7 +112,7 @@ QPixmap ImageLabel::Draw(QSize box, qreal ratio) const
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
 
-    // A brush is antialiased at round corners, a clip is not.
+    // Round corners are antialiased with a brush, but not with a clip.
     const QRectF picture = Centred(size, whole);
     painter.setBrush(QBrush(m_image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
     painter.setBrushOrigin(picture.topLeft());

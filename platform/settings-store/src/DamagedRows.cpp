@@ -55,7 +55,7 @@ bool Trim(QSqlQuery* query)
 
 QString DamagedRows::CreateStatement()
 {
-    // The columns have no types, so that what was found is not converted.
+    // The columns have no types, so that SQLite converts nothing.
     return QStringLiteral("CREATE TABLE IF NOT EXISTS damaged_setting (id INTEGER PRIMARY KEY, "
                           "found TEXT NOT NULL, scope, user, section, field, value, checksum)");
 }

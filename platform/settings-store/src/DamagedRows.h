@@ -7,8 +7,8 @@
 
 class QSqlDatabase;
 
-/// The table that keeps rows whose checksum failed, byte for byte as they were found, so that somebody can
-/// still look into them. The newest 32 are kept, of more than 4 MiB together the newest only.
+/// The table that keeps rows whose checksum failed, byte for byte as they were found, so that someone can
+/// still examine them. It keeps the newest 32, and only the newest one when they exceed 4 MiB together.
 namespace DamagedRows {
 
 QString CreateStatement();

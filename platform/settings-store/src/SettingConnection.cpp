@@ -33,7 +33,7 @@ void SettingConnection::Close(QString* connection)
 
 SettingFault SettingConnection::FaultOf(const QSqlError& error)
 {
-    // SQLite's primary result codes; its extended ones have them in the low byte.
+    // SQLite's primary result codes; its extended codes have them in the low byte.
     switch (error.nativeErrorCode().toInt() & 0xff) {
     case 11: // SQLITE_CORRUPT
     case 26: // SQLITE_NOTADB

@@ -3,9 +3,9 @@
 #include <QtCore/QString>
 #include <QtCore/QTemporaryDir>
 
-/// A copy of a database and its log in a folder of its own, gone with the object. SQLite writes the log
-/// into the database when a file is closed, and throws it away beside an empty one: what may be damaged is
-/// looked at in a copy, so that the original stays as it was found.
+/// A copy of a database and its log in a folder of its own, removed with the object. When SQLite closes a
+/// file, it writes the log into the database, and it discards a log beside an empty database. So we examine a
+/// copy of what may be damaged, and the original stays as it was found.
 class SettingCopy final
 {
 public:
@@ -16,7 +16,7 @@ public:
 
     /// Empty when the copy could not be made.
     QString GetFile() const;
-    /// A place beside the copy.
+    /// A path beside the copy.
     QString GetPathOf(const QString& name) const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace {
 
-// A text may be constant data of a module, which goes away with the module: nothing of it is kept.
+// A text may be constant data of a module, and goes away with it: we keep none of its memory.
 QString Own(const QString& text)
 {
     return QString(text.constData(), text.size());
@@ -51,7 +51,7 @@ void SettingDatabase::SetValue(const SettingKey& key, const QString& value)
 {
     const auto found = m_values.constFind(key);
     const bool unchanged = found != m_values.constEnd() && *found == value;
-    // An unchanged value is worth a write only as a new try for those that could not be written.
+    // Writes an unchanged value only to try again those that could not be written.
     if (unchanged && !(m_writer && m_writer->HasWaiting())) {
         return;
     }

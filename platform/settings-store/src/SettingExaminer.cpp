@@ -47,8 +47,7 @@ SettingProblem SettingExaminer::CheckIntegrity(const QString& connection)
     query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("PRAGMA integrity_check(1)")) || !query.next()) {
         SettingProblem problem = SettingConnection::ProblemOf(query.lastError());
-        // There is nothing wrong with the statement: SQLite says so of a head with a format that it does not
-        // know, too.
+        // The statement is correct: SQLite also gives this error for a header whose format it does not know.
         constexpr int sqliteError = 1;
         if (query.lastError().nativeErrorCode().toInt() == sqliteError) {
             problem.fault = SettingFault::Damaged;

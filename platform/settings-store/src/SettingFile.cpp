@@ -22,24 +22,24 @@ namespace {
 
 constexpr int SmallestDatabase = 512; // [bytes]
 
-// Whether something stands at the path that never will be opened. A sound file can fail to open as well,
-// when the system is short of something; it is not touched.
+// Whether something at the path can never be opened. A sound file may also fail to open, when the system is
+// short of something; we do not touch it.
 bool IsInTheWay(const QString& path)
 {
     const QFileInfo info(path);
     return info.exists() && (!info.isFile() || !info.isReadable());
 }
 
-// Whether the file is shorter than any database, an empty one included: a fresh file gets its name only
-// when it is whole. SQLite would take it for a new one, and throw its log away.
+// Whether the file is shorter than any database, even an empty one: a fresh file gets its name only when it
+// is complete. SQLite would take a shorter one for new and discard its log.
 bool IsTooShort(const QString& path)
 {
     const QFileInfo info(path);
     return info.isFile() && info.size() < SmallestDatabase;
 }
 
-// Whether the head says that a newer SQLite wrote the file, which none of ours did: this one would read it
-// and never write to it.
+// Whether the header says that a newer SQLite wrote the file. None of ours did, and this SQLite would read
+// the file but never write to it.
 bool HasStrangeHead(const QString& path)
 {
     constexpr int writeVersion = 18;
@@ -53,14 +53,14 @@ bool HasStrangeHead(const QString& path)
     return head.size() > readVersion && !(isKnown(head.at(writeVersion)) && isKnown(head.at(readVersion)));
 }
 
-// Whether there are changes to a file that itself is not there.
+// Whether there is a log of changes but no file.
 bool HasOnlyLog(const QString& path)
 {
     return !QFileInfo::exists(path) && (QFileInfo(path + SettingFileNames::Log).size() > 0 ||
                                         QFileInfo(path + SettingFileNames::Journal).size() > 0);
 }
 
-// What is damaged and not there in another row.
+// The keys of damaged rows that have no sound row.
 QVector<SettingKey> KeysOf(const SettingContent& content)
 {
     QVector<SettingKey> keys;
@@ -112,7 +112,7 @@ SettingFileReport SettingFile::Open()
     if (problem.IsFatal()) {
         content = SettingSalvage::Read(m_path);
         m_values = content.values;
-        // A later version may count its checksums in another way: that is no damage.
+        // A later version may calculate its checksums differently: that is no damage.
         if (problem.fault == SettingFault::Damaged) {
             report.damagedValues = KeysOf(content);
         }
@@ -123,7 +123,7 @@ SettingFileReport SettingFile::Open()
     } else if (problem.None() || m_isRead || ReadAlone(problem, &content)) {
         m_values = content.values;
         report.damagedValues = KeysOf(content);
-        problem = {}; // a file that can only be read is good enough: the first write tells why
+        problem = {}; // a read-only file is good enough: the first write reports why
     }
     report.failure = Sentence(problem);
     return report;
@@ -228,8 +228,8 @@ SettingProblem SettingFile::OpenConnection(SettingContent* loaded)
     return problem;
 }
 
-// Reads a file that cannot be opened for writing, because the disk is full or takes nothing: without the
-// index of the log, which would have to be made, and which nobody needs who has the file alone.
+// Reads a file that cannot be opened for writing, because the disk is full or read-only. Does without the
+// log's index, which would have to be made, and which a sole reader does not need.
 bool SettingFile::ReadAlone(const SettingProblem& problem, SettingContent* loaded)
 {
     if (problem.fault == SettingFault::Busy || !QFileInfo(m_path).isFile()) {
@@ -249,7 +249,7 @@ bool SettingFile::ReadAlone(const SettingProblem& problem, SettingContent* loade
     return m_isRead;
 }
 
-// Checks the file, reads the values, and brings a file of an earlier version up to date.
+// Checks the file, reads the values, and upgrades a file of an earlier version.
 SettingProblem SettingFile::Prepare(SettingContent* loaded)
 {
     SettingTable::Kind kind = SettingTable::Kind::Foreign;
@@ -278,14 +278,14 @@ SettingProblem SettingFile::Prepare(SettingContent* loaded)
             return SettingConnection::ProblemOf(error);
         }
     }
-    // Rows that cannot be moved now stay, and are found again when the file is opened again.
+    // Rows that cannot be moved now stay, and the next opening finds them again.
     if (loaded && !loaded->damaged.isEmpty()) {
         DamagedRows::Keep(database, loaded->damaged.keys());
     }
     return {};
 }
 
-// A file that cannot be written can still be read; the first write will say so.
+// A file that cannot be written can still be read; the first write will report it.
 SettingProblem SettingFile::SetUp()
 {
     QSqlQuery query(QSqlDatabase::database(m_connection));
@@ -304,8 +304,8 @@ SettingProblem SettingFile::SetUp()
     return {};
 }
 
-// A fresh file is made under another name and gets its own when it is whole: whatever ends the process
-// meanwhile, no half-made file is ever taken for a damaged one, and a whole one is not made again.
+// A fresh file gets its own name only when it is complete. However the process ends, no half-made file is
+// ever taken for a damaged one, and a complete one is not made again.
 SettingProblem SettingFile::MakeFile()
 {
     if (!IsWholeDraft()) {
@@ -342,8 +342,8 @@ SettingProblem SettingFile::MakeDraft(const SettingValues& values)
     if (connection.isEmpty()) {
         return SettingConnection::ProblemOf(error);
     }
-    // The settings tell what a person has open: nobody else's business. The files beside a database get
-    // its permissions.
+    // The settings reveal what the user has open, which is nobody else's business. The files beside a
+    // database get its permissions.
     QFile::setPermissions(draft, QFile::ReadOwner | QFile::WriteOwner);
     SettingProblem problem = SettingTransaction::CreateTables(connection, values);
     SettingConnection::Close(&connection);
@@ -352,7 +352,7 @@ SettingProblem SettingFile::MakeDraft(const SettingValues& values)
 
 SettingProblem SettingFile::TakeDraft()
 {
-    // Empty leftovers, which must not be taken for its own.
+    // Empty leftovers, which SQLite must not take for this file's own.
     for (const QString& suffix :
          {SettingFileNames::Log, SettingFileNames::LogIndex, SettingFileNames::Journal}) {
         QFile::remove(m_path + suffix);
@@ -366,8 +366,8 @@ void SettingFile::CloseConnection()
     SettingConnection::Close(&m_connection);
 }
 
-// Puts a fresh file with these values in the place of one that cannot be used. That one keeps its place until
-// the fresh one is whole.
+// Replaces a file that cannot be used with a fresh one of these values. The old file keeps its place until
+// the fresh one is complete.
 SettingProblem SettingFile::Replace(const SettingProblem& damage, const SettingValues& values,
                                     SettingFileReport* report)
 {
@@ -382,8 +382,8 @@ SettingProblem SettingFile::Replace(const SettingProblem& damage, const SettingV
     return problem.None() ? OpenConnection(nullptr) : problem;
 }
 
-// The log and index files go with their database, so that it can still be read under its new name. They
-// go first: a database without its log can be set aside again, a log without its database is of no use.
+// The log and index files go with their database, so that it stays readable under its new name. They go
+// first: a database without its log can be set aside again, but a log without its database is useless.
 SettingProblem SettingFile::SetAside(const SettingProblem& damage, SettingFileReport* report)
 {
     const QString kind = damage.fault == SettingFault::LaterVersion ? QStringLiteral(".later-version-")
@@ -405,7 +405,7 @@ SettingProblem SettingFile::SetAside(const SettingProblem& damage, SettingFileRe
                     tr("the damaged file %1 cannot be renamed").arg(QDir::toNativeSeparators(m_path))};
         }
         if (suffix != SettingFileNames::LogIndex) {
-            report->setAsideFile = aside + suffix; // the last one is the database, if it is there at all
+            report->setAsideFile = aside + suffix; // the database comes last, if there is one
         }
     }
     report->setAsideReason = damage.fault == SettingFault::LaterVersion

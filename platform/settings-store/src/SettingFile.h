@@ -9,7 +9,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QString>
 
-/// The SQLite file of the store. Made, used and destroyed on one thread, the writer's.
+/// The store's SQLite file. One thread, the writer's, makes, uses and destroys it.
 class SettingFile final
 {
     Q_DECLARE_TR_FUNCTIONS(SettingFile)
@@ -21,22 +21,22 @@ public:
     SettingFile(const SettingFile&) = delete;
     SettingFile& operator=(const SettingFile&) = delete;
 
-    /// Opens the file or makes it. One that cannot be used is set aside, and a fresh one takes its place
-    /// with what can be read from it. Single values that are damaged are set aside within the file.
+    /// Opens the file or makes it. Sets aside a file that cannot be used, and puts a fresh one in its place
+    /// with everything that it could read. Sets single damaged values aside within the file.
     [[nodiscard]] SettingFileReport Open();
 
-    /// Writes all values in one transaction, none if it fails. A file that turns out to be damaged is
-    /// replaced by a fresh one with all values known so far.
+    /// Writes all values in one transaction, all or none. Replaces a file that turns out to be damaged with a
+    /// fresh one of all values known so far.
     [[nodiscard]] SettingFileReport Write(const SettingValues& values);
 
-    /// Everything that the file holds, or ought to hold.
+    /// Everything that the file holds or ought to hold.
     SettingValues GetValues() const;
 
 private:
     static QString Sentence(const SettingProblem& problem);
     static QString KeptSentence(int count);
 
-    /// `loaded` is null when the values are known already.
+    /// `loaded` is null when the values are already known.
     SettingProblem OpenConnection(SettingContent* loaded);
     SettingProblem Prepare(SettingContent* loaded);
     bool ReadAlone(const SettingProblem& problem, SettingContent* loaded);

@@ -2,13 +2,13 @@
 
 #include <QtCore/QString>
 
-/// How the files beside a database are called: its name and one of these.
+/// What to append to a database's name for the files beside it.
 namespace SettingFileNames {
 
 inline const QString Log = QStringLiteral("-wal");
 inline const QString LogIndex = QStringLiteral("-shm");
 inline const QString Journal = QStringLiteral("-journal");
 inline const QString Lock = QStringLiteral(".lock");
-inline const QString Draft = QStringLiteral(".new"); ///< of a fresh database that is not whole yet
+inline const QString Draft = QStringLiteral(".new"); ///< of a fresh database that is not complete yet
 
 } // namespace SettingFileNames

@@ -3,7 +3,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QString>
 
-/// What a stored text is found under. A value of no user is another one than a value of the user "".
+/// The key of a stored text. A value of no user differs from a value of the user "".
 struct SettingKey
 {
     bool ofUser = false;

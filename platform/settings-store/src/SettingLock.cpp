@@ -24,14 +24,14 @@ bool SettingLock::Take()
 {
     bool isDamaged = false;
     bool isFree = TryOnce(&isDamaged);
-    if (isDamaged && QFile::remove(m_file)) { // something else wrote into it: no process has it locked
+    if (isDamaged && QFile::remove(m_file)) { // another program wrote into it, so no process has it locked
         isFree = TryOnce(&isDamaged);
     }
     return isFree;
 }
 
-// An open transaction on an empty database, which is never written: the one lock that works, and goes away
-// with its process, wherever SQLite works.
+// An open transaction on an empty database, which is never written: the one lock that works wherever SQLite
+// does, and goes away with its process.
 bool SettingLock::TryOnce(bool* isDamaged)
 {
     QSqlError error;

@@ -2,9 +2,8 @@
 
 #include <QtCore/QString>
 
-/// Keeps a store to one process, so that none overwrites what the other has in memory. The system itself
-/// takes the lock back when the process ends in any way; only the empty file that carries it stays.
-/// Made, used and destroyed on one thread.
+/// Limits a store to one process, so that none overwrites what another has in memory. The system releases the
+/// lock however the process ends; only the empty lock file stays. Made, used and destroyed on one thread.
 class SettingLock final
 {
 public:
@@ -14,8 +13,8 @@ public:
     SettingLock(const SettingLock&) = delete;
     SettingLock& operator=(const SettingLock&) = delete;
 
-    /// Waits for at most a second. False only when another process has the lock: where no lock can be had
-    /// at all, as in a folder that cannot be written to, there is nothing to guard.
+    /// Waits for a second at most. False only when another process has the lock: where locking is impossible,
+    /// as in a read-only folder, there is nothing to guard.
     [[nodiscard]] bool Take();
 
 private:

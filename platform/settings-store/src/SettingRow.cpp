@@ -12,7 +12,7 @@ constexpr int ChecksumSize = 8; // [bytes]
 constexpr qint64 ScopeGlobal = 0;
 constexpr qint64 ScopeUser = 1;
 
-// A null text is the same value as an empty one, but SQLite would take it for no value.
+// A null text means the same as an empty one, but SQLite would take it for no value.
 QByteArray ToBytes(const QString& text)
 {
     return text.isEmpty() ? QByteArray("") : text.toUtf8();
@@ -61,7 +61,7 @@ QByteArray SettingRow::CountChecksum() const
     QCryptographicHash hash(QCryptographicHash::Sha1);
     AddNumber(scope, &hash);
     for (const QByteArray* bytes : {&user, &section, &field, &value}) {
-        AddNumber(bytes->size(), &hash); // so that no byte can change sides unnoticed
+        AddNumber(bytes->size(), &hash); // so that no byte can move to its neighbour unnoticed
         hash.addData(*bytes);
     }
     return hash.result().left(ChecksumSize);

@@ -4,8 +4,8 @@
 
 #include <QtCore/QByteArray>
 
-/// A row of the table as the file has it, byte for byte: the texts in UTF-8, and a checksum over all of
-/// them, which tells a value that was damaged inside a file that is otherwise sound.
+/// A row of the table exactly as the file has it: the texts in UTF-8, and a checksum over all of them, which
+/// reveals a damaged value in a file that is otherwise sound.
 struct SettingRow
 {
     qint64 scope = 0;
@@ -15,7 +15,7 @@ struct SettingRow
     QByteArray value;
     QByteArray checksum; ///< empty in a row of version 1, which had none
 
-    /// What is no valid UTF-16 is replaced.
+    /// Replaces what is not valid UTF-16.
     static SettingRow Of(const SettingKey& key, const QString& value);
 
     SettingKey GetKey() const;

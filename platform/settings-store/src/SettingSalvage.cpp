@@ -13,14 +13,14 @@
 
 namespace {
 
-// How many rows that neither end of the table leads to are looked for one by one. [rows]
+// How many rows to probe one by one that neither end of the table leads to. [rows]
 constexpr qint64 MaximumProbes = 10000;
 constexpr int PageSize = 4096;    // of all our files [bytes]
 constexpr int SmallestRow = 8;    // [bytes]
 constexpr qint64 AtLeastRows = 1; // of a file without a size
 
-// A damaged page ends a walk along the table, so that it is walked from both ends; what lies between two
-// damaged pages is reached through the row ids, which are nearly dense since rows are hardly ever deleted.
+// A damaged page ends a walk along the table, so we walk from both ends. What lies between two damaged pages
+// is reached by row ids, which are nearly dense because rows are hardly ever deleted.
 SettingContent ReadAround(const QSqlDatabase& database, qint64 maximumRows, SettingTable::Checksums checksums)
 {
     SettingContent content;
@@ -39,14 +39,14 @@ SettingContent ReadAround(const QSqlDatabase& database, qint64 maximumRows, Sett
 
 SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
 {
-    // No file holds more rows than this; damage can lead a walk in circles.
+    // No file holds more rows than this. Damage can lead a walk in circles.
     const qint64 size = QFileInfo(copy).size() + QFileInfo(copy + SettingFileNames::Log).size();
     QSqlError error;
     QString connection = SettingConnection::Open(copy, SettingConnection::BusyTimeout, &error);
     SettingContent content;
     if (!connection.isEmpty()) {
         const QSqlDatabase database = QSqlDatabase::database(connection);
-        // Makes SQLite read a file that has lost its end.
+        // Makes SQLite read a truncated file.
         QSqlQuery query(database);
         query.exec(QStringLiteral("PRAGMA writable_schema=ON"));
         query.finish();
@@ -56,7 +56,7 @@ SettingContent ReadCopy(const QString& copy, SettingTable::Checksums checksums)
     return content;
 }
 
-// The first page of a store, which tells where its tables begin and is the same in all of them.
+// The first page of a store, which says where its tables begin and is the same in all stores.
 QByteArray MakeFirstPage(const QString& emptyFile)
 {
     QSqlError error;
@@ -79,11 +79,11 @@ QByteArray MakeFirstPage(const QString& emptyFile)
         return {};
     }
     page[18] = page[19] = 2;       // there may be a log
-    page[27] = char(~page.at(95)); // what the page says of the file's size does not count
+    page[27] = char(~page.at(95)); // makes SQLite ignore the size in the header
     return page;
 }
 
-// Gives the copy a sound first page in place of its own.
+// Replaces the copy's first page with a sound one.
 bool ReplaceFirstPage(const SettingCopy& copy)
 {
     const QByteArray page = MakeFirstPage(copy.GetPathOf(QStringLiteral("empty")));

@@ -2,13 +2,13 @@
 
 #include "SettingContent.h"
 
-/// Saves from a damaged file what can still be read.
+/// Reads what is still readable in a damaged file.
 class SettingSalvage final
 {
 public:
     SettingSalvage() = delete;
 
-    /// Empty when nothing can be read. The file is left as it is; only its log may be there. On the writer's
-    /// thread.
+    /// Empty when nothing can be read. Leaves the file as it is; its log may be all that is left. On the
+    /// writer's thread.
     static SettingContent Read(const QString& damagedFile);
 };

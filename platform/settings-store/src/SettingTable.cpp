@@ -11,7 +11,7 @@ namespace {
 // The version of the table's layout, kept in the file's user_version.
 constexpr int LayoutVersion = 2;
 
-// In place of a scope that is no number: fits no checksum.
+// Stands for a scope that is not a number; no checksum matches it.
 constexpr qint64 NoScope = -1;
 
 const QString ChecksumColumn = QStringLiteral("checksum BLOB NOT NULL DEFAULT x''");
@@ -21,8 +21,8 @@ QString VersionStatement()
     return QStringLiteral("PRAGMA user_version=%1").arg(LayoutVersion);
 }
 
-// Texts are read, and written below, as the bytes that the file has: SQLite's own way from and to UTF-16
-// changes some texts, which would look like damage.
+// Reads texts, and writes them below, as the file's bytes: SQLite's own conversion from and to UTF-16 changes
+// some texts, which would look like damage.
 QString SelectStatement(bool hasChecksums)
 {
     return QStringLiteral("SELECT rowid, scope, CAST(user AS BLOB), CAST(section AS BLOB), "
@@ -55,7 +55,7 @@ QSqlError ReadColumns(const QSqlDatabase& database, QStringList* columns)
         return query.lastError();
     }
     while (query.next()) {
-        columns->append(query.value(0).toString()); // each with its place in the primary key
+        columns->append(query.value(0).toString()); // each with its position in the primary key
     }
     return query.lastError();
 }
@@ -71,7 +71,7 @@ bool HasChecksums(const QStringList& columns)
     return columns.contains(QLatin1String("checksum0"));
 }
 
-// Sorts a row that was read into the sound and the damaged ones.
+// Files a row under the sound or the damaged ones.
 void AddRow(const QSqlQuery& query, SettingTable::Checksums checksums, SettingContent* content)
 {
     const SettingRow row = RowOf(query);

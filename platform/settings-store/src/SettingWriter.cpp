@@ -7,7 +7,7 @@
 
 namespace {
 
-// How long values are gathered before they are written together, when nobody waits for them.
+// How long to gather values before writing them together, when nobody waits for them.
 constexpr std::chrono::milliseconds GatherTime(20);
 // How long a flush waits for the disk.
 constexpr std::chrono::seconds FlushBound(5);

@@ -10,16 +10,15 @@
 #include <mutex>
 #include <thread>
 
-/// The thread that owns the file. Values are queued for it, the last one of a key counting; what could
-/// not be written waits on and is tried again with the next value, `Flush` or `Stop`.
-/// The operations are called on one other thread.
+/// The thread that owns the file. It writes queued values, the last one per key; those that could not be
+/// written wait for the next value, `Flush` or `Stop`. One other thread calls the operations.
 class SettingWriter final
 {
     Q_DECLARE_TR_FUNCTIONS(SettingWriter)
 
 public:
-    /// Called on the writer's own thread after a write that the user must hear of: a file set aside, or a
-    /// failure other than that of the write before. Called on the other one when a flush was given up.
+    /// Called on the writer's own thread after a write that concerns the user: a file was set aside, or a
+    /// failure differs from the previous one. Called on the other thread when a flush was given up.
     using Notify = std::function<void(const SettingFileReport&)>;
 
     SettingWriter(const QString& path, Notify notify);
@@ -28,16 +27,16 @@ public:
     SettingWriter(const SettingWriter&) = delete;
     SettingWriter& operator=(const SettingWriter&) = delete;
 
-    /// Called once, first. Returns when the file is open and its values are read. After a failure nothing
-    /// else may be called.
+    /// Call once, before anything else. Returns when the file is open and its values are read. After a
+    /// failure nothing else may be called.
     [[nodiscard]] SettingFileReport Start(SettingValues* values);
     void Queue(const SettingKey& key, const QString& value);
-    /// Whether something is not on disk yet.
+    /// Whether a value is not on disk yet.
     bool HasWaiting() const;
-    /// Returns after an attempt to write all that waits. False when it failed, or was not over after 5 s;
-    /// while it still is not, further flushes do not wait.
+    /// Returns after an attempt to write all waiting values. False when it failed, or was not over after 5 s;
+    /// until it is over, further flushes do not wait.
     [[nodiscard]] bool Flush();
-    /// Writes all that waits, closes the file and ends the thread.
+    /// Writes all waiting values, closes the file and ends the thread.
     void Stop();
 
 private:
@@ -47,7 +46,7 @@ private:
     const Notify m_notify;
     std::thread m_thread;
 
-    mutable std::mutex m_mutex; // guards all that follows
+    mutable std::mutex m_mutex; // guards everything below
     std::condition_variable m_wake;
     std::condition_variable m_done;
     bool m_opened = false;
@@ -57,8 +56,8 @@ private:
     bool m_attemptWanted = false;
     bool m_hurry = false;
     bool m_stop = false;
-    bool m_isStalled = false; // a flush was given up, and the writer is still at it
-    quint64 m_queued = 0;     // counts the values and flushes
-    quint64 m_attempted = 0;  // up to which of them there was an attempt,
-    quint64 m_written = 0;    // and up to which all is on disk
+    bool m_isStalled = false; // a flush was given up, and the writer is still busy
+    quint64 m_queued = 0;     // number of the last value or flush
+    quint64 m_attempted = 0;  // the last one that was attempted
+    quint64 m_written = 0;    // the last one up to which everything is on disk
 };

@@ -32,7 +32,7 @@ VXSettingManager* VXSettingManager::Instance()
 
 VXSettingManager::VXSettingManager() : m_database(std::make_unique<SettingDatabase>())
 {
-    // The thread must have ended before statics are destroyed, on Windows even before `main` returns.
+    // The thread has to end before statics are destroyed, on Windows even before `main` returns.
     qAddPostRoutine([] { Instance()->Close(); });
 }
 
@@ -54,7 +54,7 @@ bool VXSettingManager::Open(const QString& databaseFile)
 void VXSettingManager::Close()
 {
     m_database->Close();
-    // What the last write had to tell; the event loop may not run any more.
+    // Delivers what the last write reported; the event loop may not run any more.
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 

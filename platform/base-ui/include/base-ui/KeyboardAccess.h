@@ -12,28 +12,28 @@
 class QLabel;
 class QWidget;
 
-/// Gives a keyboard way in to what a form made for the mouse alone, without a change to the form:
-/// - A label that takes the focus without text to select in it (the theme says so, by
-///   `qproperty-focusPolicy`) counts as a button: Enter and Space press the mouse on it, and screen readers
-///   see a button.
-/// - A row shows what it shows under the mouse also while the keyboard's focus is in it, and lets the
-///   focus in when only what it shows then can have it.
-/// - Tab goes in reading order, as the layouts have it, whatever the order of making was.
-/// - When a row goes away with the focus in it, the focus goes to the row in its place; when only the button
-///   that has it hides, the focus stays in the row, and when the row hides what it shows under the mouse, it
-///   shows that again and the button has the focus.
+/// Makes a form that was made for the mouse usable from the keyboard, without a change to the form:
+/// - A label that takes the focus and has no text to select counts as a button (the theme says so, by
+/// `qproperty-focusPolicy`): Enter and Space press the mouse on it, and screen readers see a button.
+/// - A row shows what it shows under the mouse also while it has the keyboard's focus. It lets the focus in
+/// even when only something that it shows then can take it.
+/// - Tab follows the reading order of the layouts, not the order in which the widgets were made.
+/// - When a row that has the focus goes away, the focus moves to the row in its place. When only the focused
+/// button hides, the focus stays in the row; when the row hides what it shows under the mouse, it shows that
+/// again and the button gets the focus.
+///
 /// A child of `root`, in force for as long as it lives. GUI thread.
 class TL_BASE_UI_EXPORT KeyboardAccess final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `isRow` tells which descendants of `root` are rows; empty: none.
+    /// `isRow` tells which descendants of `root` are rows; empty: none are.
     explicit KeyboardAccess(QWidget* root, std::function<bool(const QWidget*)> isRow = {});
     ~KeyboardAccess() override;
 
-    /// `root` and all its descendants in the order in which a person reads them: layouts by their places,
-    /// what stands in no layout after that in the order of making. Hidden ones included, windows not.
+    /// `root` and all its descendants in reading order: what is in a layout by its place, followed by the
+    /// rest in the order of making. Includes hidden widgets, but no windows.
     static QVector<QWidget*> GetReadingOrder(QWidget* root);
 
     /// Whether the label counts as a button.
@@ -59,9 +59,9 @@ private:
     QWidget* m_root;
     std::function<bool(const QWidget*)> m_isRow;
     QPointer<QWidget> m_lastFocus;
-    QPointer<QWidget> m_row;      ///< the row revealed because the focus is in it
-    QPointer<QWidget> m_prepared; ///< revealed because the focus is about to come into it
-    int m_rowIndex = -1;          ///< of the row that has the focus, -1: none
+    QPointer<QWidget> m_row;      ///< the row that shows everything because it has the focus
+    QPointer<QWidget> m_prepared; ///< the row that shows everything because the focus is about to enter it
+    int m_rowIndex = -1;          ///< of the row that has the focus; -1: none
     bool m_byKeyboard = false;
     bool m_sending = false;
 };

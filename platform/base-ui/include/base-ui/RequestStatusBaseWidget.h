@@ -16,8 +16,8 @@ class ScaleWatch;
 class SignLabel;
 class TLPushButton;
 
-/// An area whose content has to be asked for: shows that it is loading, that it failed with a button to try
-/// again, or the content. Loading at first.
+/// An area for content that has to be requested first. Shows that the content is loading, that loading failed
+/// (with a button to try again), or the content. Loading at first.
 class TL_BASE_UI_EXPORT RequestStatusBaseWidget : public TLBaseWidget
 {
     Q_OBJECT
@@ -28,12 +28,12 @@ public:
 
     /// One of `RequestStatus`.
     int GetStatus() const noexcept;
-    /// One of `RequestStatus`; an unknown number is ignored. The content hides at once, but what says
-    /// "loading" comes only after 200 ms, so that a quick answer does not flicker.
+    /// One of `RequestStatus`; ignores an unknown number. The content hides at once, but the loading sign
+    /// appears only after 200 ms, so that a quick answer does not flicker.
     void SetStatus(int status);
 
-    /// From now on `widget` shows only while the status is `RequestStatus::Succeeded`. A widget that stands
-    /// in this one's layout stays where it is; any other one is taken over and put at the end of the layout.
+    /// From now on shows `widget` only while the status is `RequestStatus::Succeeded`. A widget in this one's
+    /// layout stays where it is; any other becomes a child and goes to the end of the layout.
     void AddSucceedWidget(QWidget* widget);
 
     QSize sizeHint() const override;

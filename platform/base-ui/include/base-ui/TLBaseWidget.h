@@ -4,8 +4,8 @@
 
 #include <QtWidgets/QWidget>
 
-/// A widget whose background and border the theme may give by the object name or class of any class derived
-/// from it, which Qt does for plain widgets only.
+/// A widget that takes its background and border from the theme, by its object name or by any derived class's
+/// name. Qt offers that for plain widgets only.
 class TL_BASE_UI_EXPORT TLBaseWidget : public QWidget
 {
     Q_OBJECT

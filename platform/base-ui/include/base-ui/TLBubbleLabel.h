@@ -12,8 +12,8 @@ class Fade;
 class QPainterPath;
 class ScaleWatch;
 
-/// A message about one control of a form, in a bubble with a pointer to it. Plain text, wrapped where the
-/// form ends; screen readers speak it when it shows. It lets the mouse through, and stays until it is hidden.
+/// A message about one control of a form, in a bubble that points to it. Plain text, wrapped where the form
+/// ends; screen readers speak it when it appears. It lets the mouse through, and stays until it is hidden.
 /// The theme gives its colours; without one they come from the palette's tool tip colours.
 class TL_BASE_UI_EXPORT TLBubbleLabel : public QLabel
 {
@@ -24,18 +24,18 @@ class TL_BASE_UI_EXPORT TLBubbleLabel : public QLabel
     Q_PROPERTY(QColor textColor MEMBER m_textColor)
 
 public:
-    /// With a `TLBaseDialog` as parent it stands in the dialog's content widget, so that the positions of the
-    /// form hold. Hidden until it is shown.
+    /// A bubble with a `TLBaseDialog` as parent becomes a child of the dialog's content widget, so that
+    /// positions in the form hold. Hidden until it is shown.
     explicit TLBubbleLabel(QWidget* parent = nullptr);
     ~TLBubbleLabel() override;
 
     /// Replaces the text, also while it shows.
     void setText(const QString& text);
 
-    /// `direction` is one of `BubbleDirection`; `pointerOffset` [px, as scaled by the caller] goes from the
-    /// left edge to the tip of the pointer.
-    /// A bubble with its pointer up that is moved onto a control hangs below that control, covering nothing
-    /// of it; elsewhere the tip is at the top of the bubble.
+    /// `direction` is one of `BubbleDirection`; `pointerOffset` [px, as scaled by the caller] is the distance
+    /// from the left edge to the tip of the pointer. A bubble with its pointer up that is moved onto a
+    /// control hangs below that control and covers nothing of it; elsewhere the tip is at the top of the
+    /// bubble.
     void SetBubbleParam(int direction, int pointerOffset);
 
 protected:
@@ -52,7 +52,7 @@ private:
 
     int m_direction = BubbleDirection::Up;
     int m_pointerOffset = 0;
-    int m_lead = 0; ///< [px] at the top that stays clear
+    int m_lead = 0; ///< height at the top that stays clear [px]
     QColor m_bubbleColor;
     QColor m_borderColor;
     QColor m_signColor;

@@ -9,8 +9,8 @@
 
 class ScaleWatch;
 
-/// A check box in the client's look. The theme gives its colours by the properties below; without a theme
-/// they come from the palette. Its sizes follow the scale.
+/// A check box in the client's look. The theme sets its colours by the properties below; without a theme they
+/// come from the palette. Its sizes follow the scale.
 class TL_BASE_UI_EXPORT TLCheckBox : public QCheckBox
 {
     Q_OBJECT
@@ -28,8 +28,8 @@ class TL_BASE_UI_EXPORT TLCheckBox : public QCheckBox
     Q_PROPERTY(QColor disabledTextColor MEMBER m_disabledTextColor)
 
 public:
-    /// 0: the box and its text. 1: a box in a row whose text is a widget of its own: it keeps a gap to that
-    /// one, and takes clicks over the whole height of the row. Takes effect with the next layout.
+    /// 0: the box and its text. 1: a box in a row whose text is another widget: it keeps a gap to that
+    /// widget, and takes clicks over the whole height of the row. Takes effect with the next layout.
     int m_sizeClass = 0;
 
     explicit TLCheckBox(QWidget* parent = nullptr);

@@ -10,9 +10,9 @@
 
 class ScaleWatch;
 
-/// A combo box whose list opens below it, as wide as itself, and scrolls when it is long. Typing selects.
-/// The wheel changes it only while it has the focus. The theme gives its colours by the properties below;
-/// without a theme they come from the palette. Its sizes follow the scale.
+/// A combo box whose list opens below it, as wide as itself, and scrolls when it is long. Typing selects an
+/// item. The wheel changes it only while it has the focus. The theme sets its colours by the properties
+/// below; without a theme they come from the palette. Its sizes follow the scale.
 class TL_BASE_UI_EXPORT TLComboBox : public QComboBox
 {
     Q_OBJECT

@@ -10,9 +10,8 @@
 class CloseButton;
 class ScaleWatch;
 
-/// A field for one line of text, with a button that empties it while there is text in it.
-/// The theme gives the colours of its frame; without one they come from the palette. Its sizes follow the
-/// scale.
+/// A field for one line of text, with a button that clears it. The theme sets the colours of its frame;
+/// without one they come from the palette. Its sizes follow the scale.
 class TL_BASE_UI_EXPORT TLLineEdit : public QLineEdit
 {
     Q_OBJECT
@@ -24,8 +23,8 @@ class TL_BASE_UI_EXPORT TLLineEdit : public QLineEdit
     Q_PROPERTY(QColor disabledBorderColor MEMBER m_disabledBorderColor)
 
 public:
-    /// 0: as high as its text needs, at least 28 [px, unscaled], for a line of a page. 1: at least
-    /// 32 [px, unscaled], for a form. Takes effect with the next layout.
+    /// 0: as tall as its text needs, at least 28 [px, unscaled], for a line of a page. 1: at least 32 [px,
+    /// unscaled], for a form. Takes effect with the next layout.
     int m_sizeClass = 0;
 
     explicit TLLineEdit(QWidget* parent = nullptr);

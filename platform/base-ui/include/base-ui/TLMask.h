@@ -16,12 +16,12 @@ public:
     /// The one object of the process.
     static TLMask* Instance();
 
-    /// The mask over `area` in the window of `window`, made when there is none yet; the window owns it.
-    /// It stays hidden until `ShowMask`. Null when one of the two is null or `area` is in another window.
+    /// The mask over `area` in the window of `window`; makes it when there is none yet, and the window owns
+    /// it. It stays hidden until `ShowMask`. Null when one of the two is null or `area` is in another window.
     TLMaskWidget* InitMask(QWidget* window, QWidget* area);
 
-    /// Dims what is behind `dialog`, whose parent is a mask or a widget of a window that has one, until the
-    /// dialog is hidden or destroyed. Does nothing when there is no such mask.
+    /// Dims what is behind `dialog` until the dialog is hidden or destroyed. The dialog's parent is a mask,
+    /// or a widget of a window that has one; does nothing when there is no such mask.
     void ShowMask(QWidget* dialog);
 
 private:

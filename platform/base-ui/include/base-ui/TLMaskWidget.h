@@ -12,22 +12,23 @@
 
 class Fade;
 
-/// Dims a part of a window while a dialog is open over it, and follows it. Made by `TLMask`; may be the
-/// parent of the dialog. The theme gives its colour; without one it is the palette's `Shadow`, half clear.
+/// Dims a part of a window while a dialog is open over it, and follows that part. `TLMask` makes it; it may
+/// be the dialog's parent. The theme gives its colour; without one it is the palette's `Shadow`, half
+/// transparent.
 class TL_BASE_UI_EXPORT TLMaskWidget final : public QWidget
 {
     Q_OBJECT
     Q_PROPERTY(QColor maskColor MEMBER m_maskColor)
 
 public:
-    /// A hidden child of `window` that covers `area`, which is the window itself or stands in it.
+    /// A hidden child of `window` that covers `area`, which is the window itself or a widget in it.
     TLMaskWidget(QWidget* window, QWidget* area);
     ~TLMaskWidget() override;
 
-    /// Null when it is gone.
+    /// Null when the area is gone.
     QWidget* GetArea() const noexcept;
 
-    /// Shows it now; it hides when the last of its dialogs is hidden or destroyed.
+    /// Shows the mask now; it hides when the last of its dialogs is hidden or destroyed.
     void ShowFor(QWidget* dialog);
 
 protected:
@@ -40,8 +41,8 @@ private:
     void Follow();
 
     QPointer<QWidget> m_area;
-    QSet<QObject*> m_dialogs; ///< that are open
+    QSet<QObject*> m_dialogs; ///< the open ones
     QColor m_maskColor;
     std::unique_ptr<Fade> m_fade;
-    QObject m_connections; ///< goes first, so that dialogs that end with the mask find nobody
+    QObject m_connections; ///< destroyed first: a dialog that ends with the mask must not call back
 };

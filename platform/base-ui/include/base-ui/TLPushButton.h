@@ -10,7 +10,7 @@
 
 class ScaleWatch;
 
-/// A push button in the client's look. The theme gives its colours by the properties below; without a theme
+/// A push button in the client's look. The theme sets its colours by the properties below; without a theme
 /// they come from the palette. Its sizes follow the scale.
 class TL_BASE_UI_EXPORT TLPushButton : public QPushButton
 {
@@ -27,7 +27,7 @@ class TL_BASE_UI_EXPORT TLPushButton : public QPushButton
     Q_PROPERTY(QColor disabledTextColor MEMBER m_disabledTextColor)
 
 public:
-    /// 0: as wide and high as its text needs, for a line of a page. 1: at least 80 by 32 [px, unscaled], for
+    /// 0: as wide and tall as its text needs, for a line of a page. 1: at least 80 by 32 [px, unscaled], for
     /// the button row of a dialog. Takes effect with the next layout.
     int m_sizeClass = 0;
 

@@ -12,9 +12,9 @@ class Fade;
 class QTimer;
 class ScaleWatch;
 
-/// A short message at the top of the window that the user works in, gone by itself after a while. It takes
-/// neither the focus nor clicks; screen readers speak it. The theme gives its colours by type; without one
-/// they come from the palette's tool tip colours.
+/// A short message at the top of the window that the user works in; it disappears by itself. It takes neither
+/// the focus nor clicks; screen readers speak it. The theme sets its colours by type; without one they come
+/// from the palette's tool tip colours.
 class TL_BASE_UI_EXPORT TLToast final : public QLabel
 {
     Q_OBJECT
@@ -27,9 +27,9 @@ class TL_BASE_UI_EXPORT TLToast final : public QLabel
 public:
     ~TLToast() override;
 
-    /// Plain text. `type` is one of `ToastType`; an unknown number counts as `ToastType::Information`.
-    /// Stays for `duration` [ms] and takes the place of the window's last one. Does nothing for an empty text
-    /// or while the client shows no window. GUI thread.
+    /// Shows `text`, which is plain text, for `duration` [ms], in place of the window's last toast. `type` is
+    /// one of `ToastType`; an unknown number counts as `ToastType::Information`. Does nothing for an empty
+    /// text or while the client shows no window. GUI thread.
     static void Show(const QString& text, int type, int duration = 3000);
 
     int GetToastType() const noexcept;

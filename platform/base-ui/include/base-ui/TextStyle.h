@@ -1,8 +1,8 @@
 #pragma once
 
-/// The text of a `PackagedMsgBox`.
+/// The style of a `PackagedMsgBox`'s text.
 enum class TextStyle
 {
-    Default, ///< as the dialog's other texts
+    Default, ///< like the dialog's other texts
     Strong,  ///< bold
 };

@@ -4,35 +4,37 @@
 
 class QWindow;
 
-/// The scale of the user interface: what the user chose, times what the window's screen asks for. What Qt
-/// scales by itself (the screen's device pixel ratio) is no part of it. The client says both; everybody else
-/// reads, and hears of changes as an `IDpiAdapter`. GUI thread.
+/// The scale of the user interface: the user's choice times what the screen of the main window asks for. What
+/// Qt scales by itself (the screen's device pixel ratio) is not part of it. The client sets both; everyone
+/// else reads the scale and hears of changes as an `IDpiAdapter`. GUI thread.
 class TL_BASE_EXPORT DpiTool final
 {
 public:
     DpiTool() = delete;
 
-    /// [px, unscaled] to [px] at the present scale, rounded to the nearest; a half away from zero.
+    /// [px, unscaled] to [px] at the current scale, rounded to the nearest integer, halves away from zero.
     static int ScaleDefault(int pixels) noexcept;
 
-    /// The present scale; 1 until something else is set.
+    /// The current scale; 1 until something else is set.
     static double GetScale() noexcept;
 
-    /// The user's choice: 1 is 100 %. Brought into the range of 0.5 to 4; what is no number is ignored.
-    /// Returns when all adapters have adjusted themselves, in the order in which they were made; without a
-    /// change of the scale none is called. An adapter may set the scale in turn, and the last one set holds.
+    /// Sets the user's choice; 1 is 100 %. Limits it to the range of 0.5 to 4 and ignores what is not a
+    /// number. Returns when all adapters have adjusted themselves, in the order in which they were made;
+    /// calls none when the scale stays the same. An adapter may set the scale in turn; the last one set
+    /// holds.
     static void SetScale(double scale);
 
-    /// The logical resolution [dots per inch] of the screen that the main window is on, as
-    /// `QScreen::logicalDotsPerInch` gives it. Its scale is `ToScreenScale`. Otherwise like `SetScale`.
+    /// Sets the logical resolution [dots per inch] of the main window's screen, as
+    /// `QScreen::logicalDotsPerInch` gives it; `ToScreenScale` makes a scale of it. Otherwise like
+    /// `SetScale`.
     static void SetScreenDpi(double dotsPerInch);
 
-    /// What a screen of such a resolution [dots per inch] has more than the usual one, in steps of a quarter,
-    /// at least 1 and at most 4.
+    /// The scale that a screen of this resolution [dots per inch] asks for, in steps of a quarter, from 1
+    /// to 4.
     static double ToScreenScale(double dotsPerInch) noexcept;
 
-    /// Calls `SetScreenDpi` for the screen that the window is on, now and whenever the window comes to
-    /// another screen or its screen changes, for as long as the window lives. The window of the last call
-    /// counts; null ends it. The scale stays as it is when nobody is followed any more.
+    /// Calls `SetScreenDpi` for the window's screen now, and whenever the window moves to another screen or
+    /// its screen changes, for as long as the window lives. The last call counts; null stops following. The
+    /// scale then stays as it is.
     static void FollowScreenOf(QWindow* window);
 };

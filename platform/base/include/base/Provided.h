@@ -1,9 +1,9 @@
 #pragma once
 
-/// The one way in which the client (or a test) supplies what only it can: an object of this class
-/// provides `implementation` as `Interface` for as long as it lives, and puts back what was provided
-/// before. `Interface` has two static operations, `Provide(Interface*)` and `Provided()`.
-/// The implementation is not owned and must outlive this object. GUI thread.
+/// Provides `implementation` as `Interface` for as long as this object lives, then restores what was provided
+/// before: the one way in which the client, or a test, supplies what only it has. `Interface` has two static
+/// operations, `Provide(Interface*)` and `Provided()`. Does not own the implementation, which must outlive
+/// this object. GUI thread.
 template <class Interface>
 class Provided final
 {

@@ -2,7 +2,7 @@
 
 #include "core/CoreExport.h"
 
-/// Something that sets more of its look than the theme can, and has to do it again when the theme changes.
+/// Something that sets more of its look than the theme can, and has to do so again when the theme changes.
 /// GUI thread.
 class TL_CORE_EXPORT IChangeSkinBase
 {
@@ -13,6 +13,6 @@ public:
     IChangeSkinBase(const IChangeSkinBase&) = delete;
     IChangeSkinBase& operator=(const IChangeSkinBase&) = delete;
 
-    /// After another theme was applied. Does nothing by default.
+    /// Called after another theme was applied. Does nothing by default.
     virtual void ChangeSkin();
 };

@@ -5,18 +5,18 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// Takes reports of what the user does, for the client's own statistics. Provided by the client through
+/// Records what the user does, for the client's own statistics. The client provides it through
 /// `Provided<IMonitorSystem>`. GUI thread.
 class TL_CORE_EXPORT IMonitorSystem
 {
 public:
     virtual ~IMonitorSystem();
 
-    /// Records one event; returns at once. `pageId` says where it happened; `parameters` may be empty.
+    /// Records one event and returns at once. `pageId` says where it happened; `parameters` may be empty.
     virtual void ReportEvent(const QString& eventId, const QString& pageId,
                              const QStringList& parameters) = 0;
 
-    /// What is provided now; while nothing is, an object that drops every event. Never null.
+    /// The provided object, or one that drops every event while none is provided. Never null.
     static IMonitorSystem* GetMonitorSystem();
 
     static IMonitorSystem* Provided() noexcept;

@@ -5,7 +5,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-/// Who is signed in, and on which device. The client sets it; everybody may read it. GUI thread.
+/// Who is signed in, and on which device. The client sets it; everyone may read it. GUI thread.
 class TL_CORE_EXPORT TLGlobalData final : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     QString GetPin() const;
     /// The signed-in user's belong type; empty when nobody is signed in.
     QString GetBelongType() const;
-    /// The device identifier; the same for every user of a client profile, empty before the client set it.
+    /// The device identifier, the same for all users of a client profile; empty until the client sets it.
     QString GetUUID() const;
 
     void SetUser(const QString& pin, const QString& belongType);
@@ -26,7 +26,7 @@ public:
     void SetUUID(const QString& uuid);
 
 Q_SIGNALS:
-    /// After pin or belong type changed.
+    /// Emitted after the pin or the belong type changed.
     void SigUserChanged();
 
 private:

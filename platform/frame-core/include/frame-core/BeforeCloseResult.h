@@ -1,8 +1,8 @@
 #pragma once
 
-/// A module's answer to the question whether the main window may close.
+/// A module's answer when the main window is about to close.
 enum class BeforeCloseResult
 {
-    Close,  ///< nothing stands against it
+    Close,  ///< the module has no objection
     Refuse, ///< the user wants to stay; the window stays open
 };

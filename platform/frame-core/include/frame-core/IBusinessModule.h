@@ -9,10 +9,10 @@ class IRouteInterceptor;
 class ISysSettingFactory;
 
 /// A business module: the root object of a plug-in that the client loads at run time. The client calls
-/// `InitModule` once, then the accessors in any order and any number of times, at the end `UninitModule`,
-/// and destroys the object. What the accessors return is owned by the module and lives from `InitModule`
-/// to `UninitModule`; null: the module does not offer it. GUI thread. The order of the operations is part
-/// of the contract, and a change of it is a new major version of the interface id.
+/// `InitModule` once, then the accessors in any order and as often as it likes, at the end `UninitModule`,
+/// and then destroys the object. The module owns what the accessors return; it lives from `InitModule` to
+/// `UninitModule`. Null means that the module does not offer it. GUI thread. The order of the operations is
+/// part of the contract; a new order is a new major version of the interface id.
 class TL_FRAME_CORE_EXPORT IBusinessModule
 {
 public:
@@ -22,7 +22,7 @@ public:
     virtual void UninitModule() = 0;
     virtual ILifeCycle* GetLifeCycle() = 0;
     virtual IRouteInterceptor* GetRouteInterceptor() = 0;
-    /// Places for facilities that this client does not have. Null by default, and never called.
+    /// Slots for facilities that this client does not have. It never calls them; they return null by default.
     virtual void* GetReserved5();
     virtual void* GetReserved6();
     virtual void* GetReserved7();

@@ -7,8 +7,8 @@
 
 class ModuleEvent;
 
-/// Passes module events on. Provided by the client through `Provided<IModuleEventDispatch>`.
-/// GUI thread; delivery is synchronous.
+/// Passes module events on. The client provides it through `Provided<IModuleEventDispatch>`. GUI thread;
+/// delivery is synchronous.
 class TL_FRAME_CORE_EXPORT IModuleEventDispatch
 {
 public:
@@ -17,7 +17,7 @@ public:
     /// `sender` is the key of the sending module.
     virtual void DispatchModuleEvent(const QString& sender, const ModuleEvent& event) = 0;
 
-    /// What is provided now; while nothing is, an object that drops every event. Never null.
+    /// The provided object, or one that drops every event while none is provided. Never null.
     static IModuleEventDispatch* GetDispatch();
 
     static IModuleEventDispatch* Provided() noexcept;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// A group of settings pages that a module wants beside the client's own. All zero: none.
+/// Where a group of settings pages stands in the dialog. An `id` of 0: nowhere in particular.
 struct SettingGroup
 {
     int id = 0;

@@ -8,8 +8,15 @@
 
 class QLabel;
 
-/// A page of the settings dialog, or a part of one that the dialog's search reaches too. GUI thread. The
-/// order of the virtual operations, which follow those of `QWidget`, is part of the contract.
+/// A page of the settings dialog, or a row of one that the dialog's search reaches too. GUI thread.
+///
+/// The dialog makes a page when the user first selects it, and keeps it until the dialog closes. It destroys
+/// a module's page and makes it again through `ISysSettingFactory::CreateSettingWidget` when the scale, the
+/// language or the search word changes, and when the user loads the page again. It waits with that while a
+/// write of the page or a dialog over it is under way, but does not call `SaveData`: a page that saves only
+/// there loses its edits.
+///
+/// The order of the virtual operations, which follow those of `QWidget`, is part of the contract.
 class TL_FRAME_CORE_EXPORT SettingItemBaseWidget : public TLBaseWidget
 {
     Q_OBJECT
@@ -18,23 +25,23 @@ public:
     explicit SettingItemBaseWidget(QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
     ~SettingItemBaseWidget() override;
 
-    /// The word that the user looks for, so that the page can show where it has it; empty when there is none
-    /// any more. Called when the page is shown in a search and whenever the word changes. Does nothing by
-    /// default.
+    /// The word that the user is looking for, so that the page can highlight it; empty when there is none.
+    /// Called after the page is made and whenever the word changes. Does nothing by default.
     virtual void SetKeyword(const QString& keyword);
-    /// Called before the dialog lets go of the page. A page that has edits not written yet writes them now
-    /// and reports by a signal; one that writes with every edit has nothing to do, which is the default.
+    /// Called when the dialog closes, also when the client ends. A page with unwritten edits writes them now
+    /// and reports by a signal. Called again when the dialog stayed open after all, so a page without new
+    /// edits does nothing. A page that writes with every edit needs none of this, which is the default.
     virtual void SaveData();
 
 Q_SIGNALS:
-    /// Emitted by the page when what the user changed has been stored.
+    /// The page emits it when the user's change has been stored.
     void SigSaveSucceed();
-    /// Emitted by the page when it could not be stored. The page keeps showing the change.
+    /// The page emits it when the change could not be stored. The page keeps showing the change.
     void SigSaveFailed();
 
 protected:
-    /// Highlights each occurrence of `keyword`, in any case, in the label's text, which counts as plain
-    /// text; an empty keyword takes the highlight away. Without a label nothing happens. A text that the
-    /// label is given later has no highlight; call this again for it.
+    /// Highlights each occurrence of `keyword`, in any case, in the label's text, which counts as plain text.
+    /// An empty keyword removes the highlight. Does nothing for a null label. A text that the label is given
+    /// later has no highlight; call this again for it.
     void SetLabelHighlighted(QLabel* label, const QString& keyword);
 };

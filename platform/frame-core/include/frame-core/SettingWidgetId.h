@@ -2,7 +2,7 @@
 
 #include <QtCore/QHashFunctions>
 
-/// The id of a settings page: the group that it stands in and its place there; pages are ordered by both.
+/// The id of a settings page: its group and its place there. The dialog sorts pages by both.
 class SettingWidgetId final
 {
 public:

@@ -2,13 +2,13 @@
 
 #include "frame-data/FrameDataExport.h"
 
-/// How this process came to be logged in. Set by the client before the main frame is shown.
+/// How this process came to be logged in. The client sets it before it shows the main window.
 class TL_FRAME_DATA_EXPORT AsyncInfoManager final
 {
 public:
-    /// True after a log-in by hand; false when the client came up by its own restart.
+    /// True after a log-in by hand or with a kept session; false when the client came up by its own restart.
     bool IsNormalLogin() const noexcept;
-    /// After a restart: whether it asked for the tabs that were open before. Means nothing otherwise.
+    /// After a restart: whether it wants the tabs back that were open before. Meaningless otherwise.
     bool IsOpen() const noexcept;
 
     void SetNormalLogin() noexcept;

@@ -7,8 +7,8 @@
 class AsyncInfoManager;
 class TLUserData;
 
-/// What the client knows about the log-in. Provided by the client through `Provided<IGeneralData>`.
-/// GUI thread.
+/// What the client knows about the log-in. The client provides it through `Provided<IGeneralData>`. GUI
+/// thread.
 class TL_FRAME_DATA_EXPORT IGeneralData
 {
 public:
@@ -19,8 +19,7 @@ public:
     /// The signed-in user; never null, owned by the client.
     virtual TLUserData* GetUserData() = 0;
 
-    /// What is provided now; while nothing is, an object that knows of no user and a normal log-in.
-    /// Never null.
+    /// The provided object; while none is provided, one with no user and a normal log-in. Never null.
     static IGeneralData* Instance();
 
     static IGeneralData* Provided() noexcept;

@@ -8,16 +8,16 @@
 struct PluginOpenInfo;
 struct TabOpenInfo;
 
-/// Opens tabs; behind `TLRouter`. Provided by the client through `Provided<ITabOpener>`. GUI thread.
+/// Opens tabs on behalf of `TLRouter`. The client provides it through `Provided<ITabOpener>`. GUI thread.
 ///
-/// Every opening adds exactly one tab, at once and in call order, because callers count on positions:
-/// an opening that cannot succeed (unknown app, refused address) adds a tab that says why.
+/// Every opening adds exactly one tab, at once and in call order, because callers count positions: an opening
+/// that cannot succeed (unknown app, refused address) adds a tab that says why.
 class TL_FRAME_DATA_EXPORT ITabOpener
 {
 public:
     virtual ~ITabOpener();
 
-    /// `index` is the position of the new tab; -1 or one beyond the last: at the end.
+    /// `index` is the new tab's position; -1 or one beyond the last opens it at the end.
     virtual void OpenPlugin(const PluginOpenInfo& info, int index) = 0;
     virtual void OpenUrl(const TabOpenInfo& info, int index) = 0;
 

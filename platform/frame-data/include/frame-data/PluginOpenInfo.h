@@ -2,11 +2,11 @@
 
 #include <QtCore/QString>
 
-/// How an app is to be opened. Constructed empty.
+/// How to open an app. Empty by default.
 struct PluginOpenInfo
 {
-    QString activation;   ///< "0" or empty: in the background; "1": and brought to the front
-    QString source;       ///< who asks, for the client's statistics
+    QString activation;   ///< "0" or empty: in the background; "1": in front
+    QString source;       ///< who opens it, for the client's statistics
     QString serviceCode;  ///< the app's key in the app list
     QString title;        ///< shown until the app says its own; empty: the app's name
     QString iconUrl;      ///< shown until the app says its own; empty: the app's icon

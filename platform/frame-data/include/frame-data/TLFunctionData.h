@@ -6,8 +6,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QObject>
 
-/// The function switches. The client owns one and gives it out as the object of
-/// `tl://funcdynamic/object`. GUI thread.
+/// The function switches. The client owns one object, found at `tl://funcdynamic/object`. GUI thread.
 class TL_FRAME_DATA_EXPORT TLFunctionData : public QObject
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ public:
     /// The app's key, unique in the list.
     QString GetServiceCode() const;
     QString GetIconUrl() const;
-    /// Where a web app lives; empty for a native one.
+    /// The address of a web app; empty for a native one.
     QString GetAddress() const;
 
     /// 0: offered to the user; 1: known, so that it can still be opened, but not offered.

@@ -8,8 +8,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QSharedPointer>
 
-/// The app list. The client owns one and gives it out as the object of `tl://plugins/object`.
-/// GUI thread.
+/// The app list. The client owns one object, found at `tl://plugins/object`. GUI thread.
 class TL_FRAME_DATA_EXPORT TLPluginBaseManager : public QObject
 {
     Q_OBJECT
@@ -23,8 +22,8 @@ public:
     /// The app with this key; null when there is none. Keys are compared exactly.
     QSharedPointer<TLPluginBaseEntity> GetPlugin(const QString& serviceCode) const;
 
-    /// Replaces the list. Of two apps with one key the first counts; a null pointer or an app without a
-    /// key, which nothing could open, is left out.
+    /// Replaces the list. The first of several apps with one key counts. Leaves out null pointers and apps
+    /// without a key, which nothing could open.
     void SetPlugins(const QList<QSharedPointer<TLPluginBaseEntity>>& plugins);
 
 Q_SIGNALS:

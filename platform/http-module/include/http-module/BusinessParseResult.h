@@ -4,7 +4,7 @@
 
 #include <utility>
 
-/// What a response makes of the business value of a reply. The message is empty after a success.
+/// What a response made of a reply's business value. The message is empty after a success.
 class BusinessParseResult final
 {
 public:

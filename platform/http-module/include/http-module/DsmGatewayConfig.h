@@ -3,7 +3,7 @@
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 
-/// How the gateway is reached and what stands in every envelope; see docs/gateway-protocol.md.
+/// How to reach the gateway, and what every envelope contains; see docs/gateway-protocol.md.
 struct DsmGatewayConfig
 {
     QUrl address; ///< empty: no gateway, every call fails

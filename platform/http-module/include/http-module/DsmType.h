@@ -1,11 +1,11 @@
 #pragma once
 
-/// The parts of the gateway's envelope for which a request may say something of its own.
+/// The parts of the gateway's envelope that a request may set for itself.
 enum class DsmType
 {
     ApiUrl, ///< the gateway's address
     AppKey,
-    AppSecret, ///< signs, and is never sent
+    AppSecret, ///< signs the call and is never sent
     AccessToken,
     Language,
     Region,

@@ -6,7 +6,7 @@
 
 #include <type_traits>
 
-/// A gateway reply whose business value is one plain value; instantiated for bool.
+/// A gateway reply whose business value is a single plain value; only bool is supported.
 template <class T>
 class HttpResponseBasicDsm : public IHttpResponseDsm
 {
@@ -16,7 +16,7 @@ public:
     explicit HttpResponseBasicDsm(QObject* parent = nullptr) : IHttpResponseDsm(parent) {}
     ~HttpResponseBasicDsm() override = default;
 
-    /// JSON null is a success that leaves the value as it is.
+    /// JSON null is a success that leaves the value alone.
     QSharedPointer<BusinessParseResult> ParseBusinessData(const QJsonValue& data) override
     {
         if (data.isNull()) {

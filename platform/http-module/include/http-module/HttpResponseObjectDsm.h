@@ -6,8 +6,8 @@
 #include <QtCore/QSharedPointer>
 #include <QtCore/QStringList>
 
-/// A gateway reply whose business value is one record; `T` derives from `VXJsonParserBase` and can be
-/// made without arguments.
+/// A gateway reply whose business value is one record. `T` derives from `VXJsonParserBase` and has a default
+/// constructor.
 template <class T>
 class HttpResponseObjectDsm : public IHttpResponseDsm
 {
@@ -17,8 +17,8 @@ public:
     {}
     ~HttpResponseObjectDsm() override = default;
 
-    /// JSON null is a success that leaves the record as it is. A record that could be parsed in part only
-    /// keeps what it received, and the reply is no success.
+    /// JSON null is a success that leaves the record alone. A record of which only a part could be parsed
+    /// keeps that part, and the reply is not a success.
     QSharedPointer<BusinessParseResult> ParseBusinessData(const QJsonValue& data) override
     {
         if (data.isNull()) {
@@ -36,9 +36,9 @@ public:
         return QSharedPointer<BusinessParseResult>::create(errors.isEmpty(), errors.join(QLatin1Char('\n')));
     }
 
-    /// The record that the reply was parsed into, shared with the response.
+    /// The record that holds the reply, shared with the response.
     QSharedPointer<T> GetEntity() const { return m_entity; }
-    /// Gives the reply another record to be parsed into; an empty pointer makes the parse fail.
+    /// Sets the record to parse into; an empty pointer makes the parse fail.
     void SetEntity(const QSharedPointer<T>& entity) { m_entity = entity; }
 
 private:

@@ -6,8 +6,8 @@
 #include <QtCore/QDateTime>
 #include <QtCore/qglobal.h>
 
-/// The client's side of the gateway: configuration and clock. Provided through `Provided<IDsmGateway>`.
-/// GUI thread.
+/// The client's view of the gateway: its configuration and the clock. Provided through
+/// `Provided<IDsmGateway>`. GUI thread.
 class TL_HTTP_MODULE_EXPORT IDsmGateway
 {
 public:
@@ -15,10 +15,10 @@ public:
 
     /// Asked for at every attempt, so that a change takes effect at once.
     virtual DsmGatewayConfig GetConfig() const = 0;
-    /// The time that goes into the time stamp; the system's clock by default.
+    /// The time for the time stamp; the system's clock by default.
     virtual QDateTime GetCurrentTime() const;
 
-    /// What is provided now; while nothing is, an object with an empty configuration. Never null.
+    /// The provided object, or one with an empty configuration while none is provided. Never null.
     static IDsmGateway* Instance();
 
     static IDsmGateway* Provided() noexcept;

@@ -4,7 +4,7 @@
 
 class IHttpResponse;
 
-/// Tells calls that may change something at the other end from calls that only ask.
+/// Tells calls that may change something on the server from calls that only ask.
 class TL_HTTP_EXPORT HttpCallKind final
 {
 public:

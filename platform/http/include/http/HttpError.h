@@ -1,11 +1,11 @@
 #pragma once
 
-/// Errors of a call that Qt's network layer has no number for.
+/// Errors of a call for which Qt's network layer has no number.
 enum class HttpError : int
 {
-    Timeout = -1,        ///< the time for the whole call was over
-    TooLarge = -2,       ///< the reply has more than 4 MiB
+    Timeout = -1,        ///< the time for the whole call ran out
+    TooLarge = -2,       ///< the reply is larger than 4 MiB
     SwitchedOff = -3,    ///< `IHttpRequest::IsDegradeApi`
-    InvalidAddress = -4, ///< no http or https URL
-    Redirect = -5        ///< the server sent the call elsewhere, which is not followed
+    InvalidAddress = -4, ///< not an http or https URL
+    Redirect = -5        ///< the server redirects the call; no redirect is followed
 };

@@ -10,32 +10,32 @@
 
 class HttpReplyCache;
 
-/// The gateway client on QNetworkAccessManager: form POST, no redirects, no cookies, at most 4 MiB of
-/// reply, retries with a growing pause, kept replies through an `HttpReplyCache`.
-/// Deleting it drops the calls in flight without running their completions.
+/// The gateway client, built on QNetworkAccessManager: form POST, no redirects, no cookies, replies of at
+/// most 4 MiB, retries with a growing pause, kept replies through an `HttpReplyCache`. Deleting it drops the
+/// calls in flight without running their completions.
 class TL_HTTP_EXPORT HttpManager final : public QObject, public IHttpManager
 {
     Q_OBJECT
 
 public:
-    /// `cache` is where replies are kept; null: nowhere.
+    /// Keeps replies in `cache`; null keeps none.
     explicit HttpManager(std::unique_ptr<HttpReplyCache> cache, QObject* parent = nullptr);
     ~HttpManager() override;
 
     void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
               std::function<void()> finished, int timeout, int attempts) override;
 
-    /// Empties what is kept, for a log-in as another user. Calls in flight no longer keep their replies.
+    /// Removes all kept replies, for a log-in as another user. Calls in flight no longer keep theirs.
     void ClearCache();
 
     /// Whether a write is in flight, as `HttpCallKind` tells writes from reads.
     bool IsWriting() const;
-    /// Ends the calls in flight without running their completions: before the code of those who made them
-    /// is unloaded.
+    /// Ends the calls in flight without running their completions: before the code of their senders is
+    /// unloaded.
     void DropCalls();
 
 Q_SIGNALS:
-    /// Before the completion of a call runs.
+    /// Emitted before the completion of a call runs.
     void SigFinished(const HttpCallReport& report);
 
 private:

@@ -12,31 +12,30 @@ class HttpObserverBase;
 class IHttpRequest;
 class IHttpResponse;
 
-/// The notification hub: announces finished calls by number to whoever asked for that number. Delivery
-/// is synchronous, in the order of registration. An observer may remove itself, add another or be
-/// destroyed while it is being notified; one that is added during a delivery hears of the next one.
-/// GUI thread.
+/// The notification hub: announces finished calls by number to the observers of that number. Delivery is
+/// synchronous, in the order of registration. An observer may remove itself, add another or be destroyed
+/// while it is being notified; one that is added during a delivery hears of the next one. GUI thread.
 class TL_HTTP_EXPORT HttpNotifyManager final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The one object of the process, there until its very end.
+    /// The one object of the process, which lives until the process ends.
     static HttpNotifyManager* Instance();
 
-    /// Not owned. Registering the same observer for the same id twice delivers once.
+    /// Does not own the observer. Registering it twice for the same id delivers once.
     void AddObserver(HttpObserverBase* observer, int id);
     void AddObserver(HttpObserverBase* observer, const QList<int>& ids);
-    /// Takes the observer off all ids, at once, also during a delivery. An unknown one is ignored.
+    /// Removes the observer from all ids at once, even during a delivery. Ignores an unknown one.
     void RemoveAllMessage(HttpObserverBase* observer);
 
-    /// Returns when every observer of `id` has been told; both objects live at least that long. An
-    /// observer may dispatch in turn.
+    /// Returns when every observer of `id` has been told; keeps both objects alive until then. An observer
+    /// may dispatch in turn.
     void Dispatch(int id, const QSharedPointer<IHttpRequest>& request,
                   const QSharedPointer<IHttpResponse>& response);
 
 Q_SIGNALS:
-    /// Every `Dispatch`, before the observers hear of it.
+    /// Emitted at every `Dispatch`, before the observers hear of it.
     void SigDispatched(int id);
 
 private:

@@ -15,7 +15,7 @@ public:
     /// Leaves the hub, also in the middle of a delivery.
     virtual ~HttpObserverBase();
 
-    /// A call of kind `id` finished. Either pointer may be null: that is up to the sender.
+    /// A call of kind `id` finished. Either pointer may be null, if the sender has none.
     virtual void OnHttpNotify(int id, QSharedPointer<IHttpRequest> request,
                               QSharedPointer<IHttpResponse> response) = 0;
 

@@ -4,12 +4,11 @@
 #include "http/IHttpRequest.h"
 #include "http/IRequestCacheMethod.h"
 
-/// A request with the usual answers: no other host, not switched off, log line from the method name,
-/// no kept reply.
+/// A request with the usual answers: no other host, not switched off, log line from the method name, no kept
+/// reply.
 ///
-/// Operations of `IRequestCacheMethod` are not overridden here on purpose: some compilers give such an
-/// override a place of its own among the request's operations, and what derives from this class counts
-/// on theirs.
+/// It deliberately does not override the operations of `IRequestCacheMethod`: some compilers give such an
+/// override a slot among the request's own operations, and derived classes rely on those slots.
 class TL_HTTP_EXPORT IHttpRequestBase : public IHttpRequest, public IRequestCacheMethod
 {
     Q_OBJECT

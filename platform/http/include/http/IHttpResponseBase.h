@@ -6,8 +6,8 @@
 
 #include <QtCore/QJsonValue>
 
-/// A response whose body is JSON: keeps the outcome and hands the parsed reply on. A body that is not
-/// JSON is an error with a description of its own, and the server's fault.
+/// A response whose body is JSON: keeps the outcome and passes the parsed reply on. A body that is not JSON
+/// is an error with its own description, and the server's fault.
 class TL_HTTP_EXPORT IHttpResponseBase : public IHttpResponse, public ResponseCacheSide
 {
     Q_OBJECT
@@ -20,25 +20,25 @@ public:
     bool IsSuccess() const override;
     QString GetErrorCode() const override;
     QString GetErrorDesc() const override;
-    /// True when the outcome at hand is the server's own fault.
+    /// True when the current outcome is the server's own fault.
     bool ShouldRetry() const override;
     void DoReset() override;
     /// "0".
     QString GetSuccessCode() const override;
-    /// The error code is then the number as text. The server's own fault, unless nothing was sent at all
-    /// (`HttpError::SwitchedOff`, `HttpError::InvalidAddress`).
+    /// The number as text becomes the error code. It counts as the server's own fault, unless nothing was
+    /// sent (`HttpError::SwitchedOff`, `HttpError::InvalidAddress`).
     void SetNetworkError(int error, const QString& description) override;
-    /// The whole reply as JSON, any value. Sets the outcome through `SetOutcome`.
+    /// Takes the whole reply as JSON, any value. Sets the outcome through `SetOutcome`.
     virtual void ParseJsonData(const QJsonValue& reply) = 0;
 
-    /// Whether the outcome comes from a kept reply: what it says was true when it was kept.
+    /// Whether the outcome comes from a kept reply, which was true when it was kept.
     bool IsFromCache() const noexcept;
 
 protected:
-    /// `serverError`: the server's own fault, so that the call may be tried again and a kept reply may
+    /// `serverError`: the fault is the server's own, so the call may be tried again and a kept reply may
     /// serve. Never set it for a refusal.
     void SetOutcome(bool success, const QString& code, const QString& description, bool serverError = false);
-    /// The outcome of a reply that cannot be read: code "parse", the server's own fault.
+    /// Sets the outcome of an unreadable reply: code "parse", the server's own fault.
     void SetUnreadable(const QString& description);
     void SetAutoCacheEnabled(bool enabled) noexcept;
 

@@ -5,22 +5,23 @@
 #include <QtCore/QByteArray>
 #include <QtCore/qglobal.h>
 
-/// What a response says about being kept and being served from what was kept.
+/// What a response says about keeping its reply and about a kept reply that serves in its place.
 class TL_HTTP_EXPORT IResponseCacheMethod
 {
 public:
     virtual ~IResponseCacheMethod();
 
-    /// Whether the reply is kept and a kept one may serve. False by default.
+    /// Whether the reply is kept and a kept one may serve. It also makes the call a read (`HttpCallKind`).
+    /// Must not change while the call is in flight.
     virtual bool IsAutoCache() const = 0;
-    /// Whether the reply just received is worth keeping: it was a success.
+    /// Whether the reply just received is to be kept: it was a success.
     virtual bool CanSaveToCache() const = 0;
-    /// Whether a kept reply shall serve instead of the outcome at hand: the network failed or the gateway
+    /// Whether a kept reply is to serve in place of the current outcome: the network failed, or the gateway
     /// answered with a server error. Never for a refusal.
     virtual bool NeedReadFromCache() const = 0;
     /// The bytes to keep.
     virtual QByteArray GetCacheData() const = 0;
-    /// Takes kept bytes as the reply. The response then says that it was served from what was kept.
+    /// Takes kept bytes as the reply. The response then says that a kept reply served.
     virtual void SetCacheData(const QByteArray& data) = 0;
 
 protected:

@@ -3,9 +3,9 @@
 #include "http/HttpExport.h"
 #include "http/IResponseCacheMethod.h"
 
-/// How an `IHttpResponseBase` is kept and served from what was kept. A class of its own, because some
-/// compilers would give overrides in the response itself a place among the response's operations, and
-/// what derives from the response counts on theirs.
+/// The side of an `IHttpResponseBase` that keeps replies. It is a class of its own because some compilers
+/// would give overrides in the response itself a slot among the response's operations, and derived classes
+/// rely on those slots.
 class TL_HTTP_EXPORT ResponseCacheSide : public IResponseCacheMethod
 {
 public:
@@ -15,7 +15,7 @@ public:
     bool CanSaveToCache() const override;
     bool NeedReadFromCache() const override;
     QByteArray GetCacheData() const override;
-    /// Bytes that make no success leave the outcome as it was before.
+    /// Leaves the outcome as it was when the bytes are not a successful reply.
     void SetCacheData(const QByteArray& data) override;
 
 private:

@@ -10,9 +10,9 @@
 #include <functional>
 #include <memory>
 
-/// Fetches pictures from the web and keeps them in memory and in a folder, both bounded, the one not used
-/// for longest out first. PNG, JPEG, GIF (its first picture), BMP, ICO (its largest) and SVG without
-/// references are taken, others refused. Disk and decoding have a thread of their own. GUI thread.
+/// Fetches pictures from the web and keeps them in memory and in a folder. Both are bounded; the picture not
+/// used for longest goes first. Accepts PNG, JPEG, GIF (its first picture), BMP, ICO (its largest) and SVG
+/// without references, and refuses everything else. Disk and decoding have a thread of their own. GUI thread.
 class TL_HTTP_EXPORT VXImageCache final : public QObject
 {
     Q_OBJECT
@@ -21,38 +21,37 @@ public:
     /// The time [ms since 1970, UTC].
     using Clock = std::function<qint64()>;
 
-    /// Keeps its files in `folder`, which it makes when it needs it and shares with nobody; when that cannot
-    /// be, or it is empty, in a temporary folder that goes with this object. An empty `clock` is the
-    /// system's.
+    /// Keeps its files in `folder`, which it makes when needed and shares with nobody. When it cannot make
+    /// the folder, or the name is empty, it uses a temporary folder that goes with this object. An empty
+    /// `clock` is the system's.
     explicit VXImageCache(const QString& folder, const ImageCacheLimits& limits = ImageCacheLimits(),
                           Clock clock = Clock(), QObject* parent = nullptr);
-    /// Nobody hears of what is still asked for.
+    /// Answers none of the open requests.
     ~VXImageCache() override;
 
     /// Asks for the picture at an http or https address. `SigRequestImageFinished` answers later, never
-    /// inside this call, and once for all requests of the address until then. A picture fetched within the
-    /// last day is taken from the folder; with `refresh` it is fetched again, and an address that has just
-    /// failed is asked again. When fetching fails, an older picture serves.
+    /// inside this call, and once for all requests of the address made until then. A picture fetched within
+    /// the last day comes from the folder; `refresh` fetches it again, also when the address has just failed.
+    /// An older picture serves when fetching fails.
     void RequestImage(const QString& url, bool refresh);
 
-    /// The same for one caller: `done` gets the picture, a null one when it cannot be had, unless `context`
-    /// is gone by then. Not inside this call; no signal.
+    /// The same for one caller: `done` gets the picture, or a null one when there is none, unless `context`
+    /// is gone by then. Never inside this call; emits no signal.
     void FetchImage(const QString& url, QObject* context, std::function<void(const QImage&)> done);
 
-    /// Lets go of what callers gave with what they asked for so far: nobody hears of it any more. For a
-    /// client that is about to unload the code of its callers.
+    /// Drops all open requests: their callers hear nothing more. For a client that is about to unload the
+    /// callers' code.
     void DropRequests();
 
-    /// What the client provides through `Provided<VXImageCache>`; while nothing is, one with a temporary
-    /// folder. Never null.
+    /// The provided cache, or one with a temporary folder while none is provided. Never null.
     static VXImageCache* Instance();
 
     static VXImageCache* Provided() noexcept;
     static void Provide(VXImageCache* cache) noexcept;
 
 Q_SIGNALS:
-    /// `strUrl` is the address as it was asked for. `strLocal` is a PNG file that is there at least until
-    /// the receivers return; empty when it did not succeed.
+    /// `strUrl` is the address as the caller gave it. `strLocal` is a PNG file that exists at least until the
+    /// receivers return; empty when the request failed.
     void SigRequestImageFinished(bool bSucceed, const QString& strUrl, const QString& strLocal);
 
 private:

@@ -4,8 +4,7 @@
 
 #include <QtCore/QString>
 
-/// What a tab shows of itself and what kind of tab it is. Shared between the tab and whoever saves it.
-/// GUI thread.
+/// What a tab shows of itself, and its kind. Shared: the tab and its reader see the same object. GUI thread.
 class TL_TAB_CONTAINER_EXPORT TabData final
 {
 public:
