@@ -12,11 +12,11 @@
         <translation>网关地址不是有效的网址。</translation>
     </message>
     <message>
-        <source>The host to connect to instead of the gateway&apos;s is not an address.</source>
+        <source>The host that replaces the gateway&apos;s host is not a valid address.</source>
         <translation>用来代替网关主机的连接地址无效。</translation>
     </message>
     <message>
-        <source>The gateway&apos;s answer is larger than 4 MiB.</source>
+        <source>The gateway&apos;s reply is larger than 4 MiB.</source>
         <translation>网关的应答超过 4 MiB。</translation>
     </message>
     <message>
@@ -27,7 +27,7 @@
 <context>
     <name>HttpOutcome</name>
     <message>
-        <source>The gateway&apos;s address leads elsewhere (HTTP status %1), which is not followed.</source>
+        <source>The gateway redirects to another address (HTTP status %1). The client does not follow redirects.</source>
         <translation>网关地址转向了别处（HTTP 状态 %1），未予跟随。</translation>
     </message>
     <message>
@@ -47,7 +47,7 @@
         <translation>无法连接网关：找不到主机名。</translation>
     </message>
     <message>
-        <source>The gateway closed the connection without a complete answer.</source>
+        <source>The gateway closed the connection without a complete reply.</source>
         <translation>网关没有完整应答就关闭了连接。</translation>
     </message>
     <message>
@@ -59,7 +59,7 @@
         <translation>无法连接网关：未能建立安全连接（%1）。</translation>
     </message>
     <message>
-        <source>The gateway&apos;s answer is not HTTP.</source>
+        <source>The gateway&apos;s reply is not HTTP.</source>
         <translation>网关的应答不是 HTTP。</translation>
     </message>
     <message>
@@ -81,18 +81,18 @@
 <context>
     <name>IHttpResponseBase</name>
     <message>
-        <source>The gateway&apos;s answer is empty.</source>
+        <source>The gateway&apos;s reply is empty.</source>
         <translation>网关的应答为空。</translation>
     </message>
     <message>
-        <source>The gateway&apos;s answer is not JSON.</source>
+        <source>The gateway&apos;s reply is not JSON.</source>
         <translation>网关的应答不是 JSON。</translation>
     </message>
 </context>
 <context>
     <name>IHttpResponseDsm</name>
     <message>
-        <source>The gateway&apos;s answer is not of the agreed form.</source>
+        <source>The gateway&apos;s reply does not have the expected form.</source>
         <translation>网关的应答不符合约定的格式。</translation>
     </message>
     <message>
@@ -100,7 +100,7 @@
         <translation>网关返回了代码 %1。</translation>
     </message>
     <message>
-        <source>The data in the gateway&apos;s answer could not be read.</source>
+        <source>The data in the gateway&apos;s reply could not be read.</source>
         <translation>无法读取网关应答中的数据。</translation>
     </message>
 </context>
@@ -197,22 +197,22 @@
 <context>
     <name>SettingExaminer</name>
     <message>
-        <source>it was made by another program</source>
+        <source>it was created by another program</source>
         <translation>由其他程序创建</translation>
     </message>
 </context>
 <context>
     <name>SettingFile</name>
     <message>
-        <source>The folder %1 cannot be made: settings cannot be saved.</source>
+        <source>The folder %1 could not be created: settings cannot be saved.</source>
         <translation>无法创建文件夹 %1：设置不能保存。</translation>
     </message>
     <message>
-        <source>Another running program has these settings open: settings are not read and cannot be saved.</source>
+        <source>Another running program has these settings open: they were not read and cannot be saved.</source>
         <translation>另一个正在运行的程序打开了这些设置：设置未读取，也不能保存。</translation>
     </message>
     <message>
-        <source>Another program keeps the settings file locked: settings cannot be saved.</source>
+        <source>Another program has locked the settings file: settings cannot be saved.</source>
         <translation>另一个程序锁住了设置文件：设置不能保存。</translation>
     </message>
     <message>
@@ -232,7 +232,7 @@
         <translation>其中的内容全都无法读取。</translation>
     </message>
     <message>
-        <source>Of its settings, %1 could be read and were kept.</source>
+        <source>Settings that could be read and were kept: %1.</source>
         <translation>其中有 %1 项设置可以读取，已保留。</translation>
     </message>
     <message>
@@ -240,11 +240,11 @@
         <translation>文件太短</translation>
     </message>
     <message>
-        <source>only its log is there</source>
+        <source>only its log exists</source>
         <translation>只剩下日志</translation>
     </message>
     <message>
-        <source>its head is not that of a database</source>
+        <source>its header is not a database header</source>
         <translation>文件头不是数据库的文件头</translation>
     </message>
     <message>
@@ -252,7 +252,7 @@
         <translation>损坏的文件 %1 无法改名</translation>
     </message>
     <message>
-        <source>The settings file was made by a later version of this program.</source>
+        <source>A later version of this program created the settings file.</source>
         <translation>设置文件由本程序的更高版本创建。</translation>
     </message>
     <message>
@@ -263,7 +263,7 @@
 <context>
     <name>SettingWriter</name>
     <message>
-        <source>The disk does not answer: settings are not saved yet. They will be as soon as it does.</source>
+        <source>The disk is not responding. Settings will be saved as soon as it does.</source>
         <translation>磁盘没有响应：设置尚未保存。恢复响应后会立即保存。</translation>
     </message>
 </context>

@@ -37,7 +37,7 @@ void IHttpResponseDsm::ParseJsonData(const QJsonValue& reply)
     const QJsonObject envelope = reply.toObject();
     const QString code = CodeOf(envelope.value(QLatin1String("code")));
     if (code.isEmpty()) {
-        SetUnreadable(tr("The gateway's answer is not of the agreed form."));
+        SetUnreadable(tr("The gateway's reply does not have the expected form."));
         return;
     }
     if (!IsFromCache()) {
@@ -57,7 +57,7 @@ void IHttpResponseDsm::ParseJsonData(const QJsonValue& reply)
         return;
     }
     const QString problem = parsed ? parsed->GetMessage() : QString();
-    SetUnreadable(problem.isEmpty() ? tr("The data in the gateway's answer could not be read.") : problem);
+    SetUnreadable(problem.isEmpty() ? tr("The data in the gateway's reply could not be read.") : problem);
 }
 
 void IHttpResponseDsm::DoReset()

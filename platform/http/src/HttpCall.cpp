@@ -115,7 +115,7 @@ void HttpCall::Attempt()
     const QNetworkRequest request = MakeRequest(url, m_request->GetHostIp(), body.size());
     if (!IsWebAddress(request.url())) {
         m_response->SetNetworkError(static_cast<int>(HttpError::InvalidAddress),
-                                    tr("The host to connect to instead of the gateway's is not an address."));
+                                    tr("The host that replaces the gateway's host is not a valid address."));
         Conclude();
         return;
     }
@@ -135,7 +135,7 @@ void HttpCall::OnReadyRead()
     if (m_body.size() > MaxReplySize || announced.toLongLong() > MaxReplySize) {
         DropReply();
         m_response->SetNetworkError(static_cast<int>(HttpError::TooLarge),
-                                    tr("The gateway's answer is larger than 4 MiB."));
+                                    tr("The gateway's reply is larger than 4 MiB."));
         AttemptOver();
     }
 }

@@ -27,9 +27,10 @@ void HttpOutcome::Take(const QNetworkReply& reply, const QByteArray& body, IHttp
     const QNetworkReply::NetworkError error = reply.error();
     const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (status >= 300 && status < 400) {
-        response->SetNetworkError(
-            static_cast<int>(HttpError::Redirect),
-            tr("The gateway's address leads elsewhere (HTTP status %1), which is not followed.").arg(status));
+        response->SetNetworkError(static_cast<int>(HttpError::Redirect),
+                                  tr("The gateway redirects to another address (HTTP status %1). The client "
+                                     "does not follow redirects.")
+                                      .arg(status));
         return;
     }
     if (error != QNetworkReply::NoError && !(status >= 400 && IsStatusError(error))) {
@@ -78,14 +79,14 @@ QString HttpOutcome::DescribeTransportError(int error, const QString& text)
     case QNetworkReply::HostNotFoundError:
         return tr("The gateway cannot be reached: its host name is unknown.");
     case QNetworkReply::RemoteHostClosedError:
-        return tr("The gateway closed the connection without a complete answer.");
+        return tr("The gateway closed the connection without a complete reply.");
     case QNetworkReply::TimeoutError:
         return tr("The gateway cannot be reached: the connection timed out.");
     case QNetworkReply::SslHandshakeFailedError:
         return tr("The gateway cannot be reached: no secure connection (%1).").arg(text);
     case QNetworkReply::ProtocolFailure:
     case QNetworkReply::ProtocolUnknownError:
-        return tr("The gateway's answer is not HTTP.");
+        return tr("The gateway's reply is not HTTP.");
     case QNetworkReply::ProxyConnectionRefusedError:
     case QNetworkReply::ProxyConnectionClosedError:
     case QNetworkReply::ProxyNotFoundError:

@@ -37,12 +37,12 @@ void IHttpResponseBase::SetData(const QByteArray& data)
 {
     m_outcome.data = data;
     if (data.trimmed().isEmpty()) {
-        SetUnreadable(tr("The gateway's answer is empty."));
+        SetUnreadable(tr("The gateway's reply is empty."));
         return;
     }
     const std::optional<QJsonValue> reply = ReadJson(data);
     if (!reply) {
-        SetUnreadable(tr("The gateway's answer is not JSON."));
+        SetUnreadable(tr("The gateway's reply is not JSON."));
         return;
     }
     ParseJsonData(*reply);

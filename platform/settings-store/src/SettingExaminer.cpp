@@ -19,7 +19,7 @@ SettingProblem SettingExaminer::Examine(const QString& connection, SettingTable:
         return SettingConnection::ProblemOf(error);
     }
     if (*kind == SettingTable::Kind::Foreign) {
-        return {SettingFault::Damaged, tr("it was made by another program")};
+        return {SettingFault::Damaged, tr("it was created by another program")};
     }
     if (*kind == SettingTable::Kind::Later) {
         return {SettingFault::LaterVersion, QString()};

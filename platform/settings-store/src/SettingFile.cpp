@@ -98,7 +98,7 @@ SettingFileReport SettingFile::Open()
     SettingFileReport report;
     const QString folder = QFileInfo(m_path).absolutePath();
     if (!QDir().mkpath(folder)) {
-        report.failure = tr("The folder %1 cannot be made: settings cannot be saved.")
+        report.failure = tr("The folder %1 could not be created: settings cannot be saved.")
                              .arg(QDir::toNativeSeparators(folder));
         return report;
     }
@@ -167,10 +167,9 @@ QString SettingFile::Sentence(const SettingProblem& problem)
     case SettingFault::None:
         return QString();
     case SettingFault::InUse:
-        return tr("Another running program has these settings open: settings are not read and cannot be "
-                  "saved.");
+        return tr("Another running program has these settings open: they were not read and cannot be saved.");
     case SettingFault::Busy:
-        return tr("Another program keeps the settings file locked: settings cannot be saved.");
+        return tr("Another program has locked the settings file: settings cannot be saved.");
     case SettingFault::DiskFull:
         return tr("The disk is full: settings cannot be saved.");
     case SettingFault::Unwritable:
@@ -186,7 +185,7 @@ QString SettingFile::Sentence(const SettingProblem& problem)
 QString SettingFile::KeptSentence(int count)
 {
     return count == 0 ? tr("Nothing could be read from it.")
-                      : tr("Of its settings, %1 could be read and were kept.").arg(count);
+                      : tr("Settings that could be read and were kept: %1.").arg(count);
 }
 
 SettingProblem SettingFile::OpenConnection(SettingContent* loaded)
@@ -195,7 +194,7 @@ SettingProblem SettingFile::OpenConnection(SettingContent* loaded)
         return {SettingFault::Damaged, tr("it is too short")};
     }
     if (HasOnlyLog(m_path)) {
-        return {SettingFault::Damaged, tr("only its log is there")};
+        return {SettingFault::Damaged, tr("only its log exists")};
     }
     if (!QFileInfo::exists(m_path)) {
         SettingProblem problem = MakeFile();
@@ -205,7 +204,7 @@ SettingProblem SettingFile::OpenConnection(SettingContent* loaded)
     }
 
     if (HasStrangeHead(m_path)) {
-        return {SettingFault::Damaged, tr("its head is not that of a database")};
+        return {SettingFault::Damaged, tr("its header is not a database header")};
     }
     if (QFileInfo(m_path + SettingFileNames::Log).size() > 0) {
         SettingProblem problem = SettingExaminer::ExamineCopy(m_path);
@@ -409,7 +408,7 @@ SettingProblem SettingFile::SetAside(const SettingProblem& damage, SettingFileRe
         }
     }
     report->setAsideReason = damage.fault == SettingFault::LaterVersion
-                                 ? tr("The settings file was made by a later version of this program.")
+                                 ? tr("A later version of this program created the settings file.")
                                  : tr("The settings file is damaged (%1).").arg(damage.detail);
     return {};
 }

@@ -66,8 +66,7 @@ bool SettingWriter::Flush()
     lock.unlock();
     if (isNews) {
         SettingFileReport report;
-        report.failure =
-            tr("The disk does not answer: settings are not saved yet. They will be as soon as it does.");
+        report.failure = tr("The disk is not responding. Settings will be saved as soon as it does.");
         m_notify(report);
     }
     return false;

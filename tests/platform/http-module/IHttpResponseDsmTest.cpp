@@ -134,7 +134,7 @@ TEST(IHttpResponseDsmTest, AnotherEnvelopeIsTheGatewaysFault)
         SCOPED_TRACE(body);
         AnyResponse response;
         response.SetData(body);
-        ExpectOutcome(response, false, "parse", "The gateway's answer is not of the agreed form.", true);
+        ExpectOutcome(response, false, "parse", "The gateway's reply does not have the expected form.", true);
         EXPECT_TRUE(response.NeedReadFromCache());
         EXPECT_EQ(response.parses, 0);
     }
@@ -144,15 +144,15 @@ TEST(IHttpResponseDsmTest, WhatIsNotJsonIsTheGatewaysFault)
 {
     AnyResponse response;
     response.SetData("<html>");
-    ExpectOutcome(response, false, "parse", "The gateway's answer is not JSON.", true);
+    ExpectOutcome(response, false, "parse", "The gateway's reply is not JSON.", true);
     response.SetData(R"({"code":"0","data":)");
-    ExpectOutcome(response, false, "parse", "The gateway's answer is not JSON.", true);
+    ExpectOutcome(response, false, "parse", "The gateway's reply is not JSON.", true);
     response.SetData("");
-    ExpectOutcome(response, false, "parse", "The gateway's answer is empty.", true);
+    ExpectOutcome(response, false, "parse", "The gateway's reply is empty.", true);
     response.SetData(QByteArray(100000, '['));
-    ExpectOutcome(response, false, "parse", "The gateway's answer is not JSON.", true);
+    ExpectOutcome(response, false, "parse", "The gateway's reply is not JSON.", true);
     response.SetData("{\"code\":\"0\",\"message\":\"\xff\"}");
-    ExpectOutcome(response, false, "parse", "The gateway's answer is not JSON.", true);
+    ExpectOutcome(response, false, "parse", "The gateway's reply is not JSON.", true);
 }
 
 TEST(IHttpResponseDsmTest, DataThatCannotBeReadIsDescribedByTheParse)
@@ -165,10 +165,10 @@ TEST(IHttpResponseDsmTest, DataThatCannotBeReadIsDescribedByTheParse)
     EXPECT_FALSE(response.CanSaveToCache());
     response.result = QSharedPointer<BusinessParseResult>::create(false, QString());
     response.SetData(R"({"code":"0","data":{}})");
-    ExpectOutcome(response, false, "parse", "The data in the gateway's answer could not be read.", true);
+    ExpectOutcome(response, false, "parse", "The data in the gateway's reply could not be read.", true);
     response.result.reset();
     response.SetData(R"({"code":"0","data":{}})");
-    ExpectOutcome(response, false, "parse", "The data in the gateway's answer could not be read.", true);
+    ExpectOutcome(response, false, "parse", "The data in the gateway's reply could not be read.", true);
 }
 
 TEST(IHttpResponseDsmTest, NetworkErrorsCarryTheirNumber)

@@ -22,7 +22,7 @@
 
 namespace {
 
-const char* const NoWholeAnswer = "The gateway closed the connection without a complete answer.";
+const char* const NoWholeAnswer = "The gateway closed the connection without a complete reply.";
 const QByteArray Success = R"({"code":"0","value":"fresh"})";
 
 std::string Text(const QString& text)
@@ -175,7 +175,7 @@ TEST_F(HttpManagerTest, RefusesAHostToConnectToThatIsNone)
     request->hostIp = QStringLiteral("not an address");
     Run(0, 3);
     ExpectFailed(CodeOf(HttpError::InvalidAddress),
-                 "The host to connect to instead of the gateway's is not an address.");
+                 "The host that replaces the gateway's host is not a valid address.");
     EXPECT_EQ(server.GetRequestCount(), 0);
 }
 
@@ -270,7 +270,7 @@ TEST_F(HttpManagerTest, SaysThatAnAnswerIsNoJson)
          {"<html>hello</html>", "{\"code\":\"0\"", "\xff\xfe garbage", "{} {}", "1,2"}) {
         SCOPED_TRACE(body.toStdString());
         RunAgainst(ScriptedReply::Html(body));
-        ExpectFailed(QStringLiteral("parse"), "The gateway's answer is not JSON.");
+        ExpectFailed(QStringLiteral("parse"), "The gateway's reply is not JSON.");
         EXPECT_TRUE(response->ShouldRetry());
     }
 }
@@ -287,9 +287,9 @@ TEST_F(HttpManagerTest, TakesASingleValueForJson)
 TEST_F(HttpManagerTest, SaysThatAnAnswerIsEmpty)
 {
     RunAgainst(ScriptedReply::Html(" \n"));
-    ExpectFailed(QStringLiteral("parse"), "The gateway's answer is empty.");
+    ExpectFailed(QStringLiteral("parse"), "The gateway's reply is empty.");
     RunAgainst(ScriptedReply::Html(QByteArray(), 204));
-    ExpectFailed(QStringLiteral("parse"), "The gateway's answer is empty.");
+    ExpectFailed(QStringLiteral("parse"), "The gateway's reply is empty.");
 }
 
 TEST_F(HttpManagerTest, GarbageIsNoAnswer)
@@ -385,11 +385,10 @@ TEST_F(HttpManagerTest, DoesNotFollowARedirect)
                 .With("Location", server.GetUrl(QStringLiteral("/elsewhere")).toEncoded());
         const int before = server.GetRequestCount();
         RunAgainst(reply);
-        ExpectFailed(
-            CodeOf(HttpError::Redirect),
-            qPrintable(QStringLiteral(
-                           "The gateway's address leads elsewhere (HTTP status %1), which is not followed.")
-                           .arg(status)));
+        ExpectFailed(CodeOf(HttpError::Redirect),
+                     qPrintable(QStringLiteral("The gateway redirects to another address (HTTP status %1). "
+                                               "The client does not follow redirects.")
+                                    .arg(status)));
         EXPECT_EQ(server.GetRequestCount(), before + 1);
     }
 }
@@ -444,15 +443,15 @@ TEST_F(HttpManagerTest, TakesAnAnswerOfExactlyFourMebibytes)
     RunAgainst(ScriptedReply::Of(ScriptedReply::Kind::NoLength, body));
     EXPECT_TRUE(response->IsSuccess()) << Text(response->GetErrorDesc());
     RunAgainst(ScriptedReply::Json(body + ' '));
-    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's answer is larger than 4 MiB.");
+    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's reply is larger than 4 MiB.");
     RunAgainst(ScriptedReply::Of(ScriptedReply::Kind::NoLength, body + ' '));
-    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's answer is larger than 4 MiB.");
+    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's reply is larger than 4 MiB.");
 }
 
 TEST_F(HttpManagerTest, StopsADownloadThatIsTooLarge)
 {
     RunAgainst(ScriptedReply::Of(ScriptedReply::Kind::Endless));
-    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's answer is larger than 4 MiB.");
+    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's reply is larger than 4 MiB.");
     ASSERT_TRUE(WaitUntil([this] { return server.GetOpenCount() == 0; }));
     EXPECT_LT(server.GetBytesSent(), 32 * 1024 * 1024);
 }
@@ -461,7 +460,7 @@ TEST_F(HttpManagerTest, DoesNotWaitForABodyThatIsAnnouncedAsTooLarge)
 {
     RunAgainst(ScriptedReply::Of(ScriptedReply::Kind::Raw,
                                  "HTTP/1.1 200 OK\r\nContent-Length: 5000000000\r\n\r\n{"));
-    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's answer is larger than 4 MiB.");
+    ExpectFailed(CodeOf(HttpError::TooLarge), "The gateway's reply is larger than 4 MiB.");
 }
 
 TEST_F(HttpManagerTest, RefusesWhatIsNoWebAddress)
