@@ -12,12 +12,12 @@ public:
     QObject* GetRouteObject(const VXRouterProtocol&) override { return nullptr; }
 };
 
-TEST(Provided, NothingIsProvidedAtFirst)
+TEST(ProvidedTest, NothingIsProvidedAtFirst)
 {
     EXPECT_EQ(IRouteExecutor::Provided(), nullptr);
 }
 
-TEST(Provided, ProvidesForAsLongAsItLives)
+TEST(ProvidedTest, ProvidesForAsLongAsItLives)
 {
     Executor executor;
     {
@@ -27,7 +27,7 @@ TEST(Provided, ProvidesForAsLongAsItLives)
     EXPECT_EQ(IRouteExecutor::Provided(), nullptr);
 }
 
-TEST(Provided, PutsBackWhatWasProvidedBefore)
+TEST(ProvidedTest, PutsBackWhatWasProvidedBefore)
 {
     Executor outer;
     Executor inner;

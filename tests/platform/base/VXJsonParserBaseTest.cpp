@@ -23,7 +23,7 @@ QStringList Lines(const char* line)
     return {QString::fromUtf8(line)};
 }
 
-TEST(VXJsonParserBase, FillsEveryTypeThatItKnows)
+TEST(VXJsonParserBaseTest, FillsEveryTypeThatItKnows)
 {
     SampleRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(
@@ -37,7 +37,7 @@ TEST(VXJsonParserBase, FillsEveryTypeThatItKnows)
     EXPECT_TRUE(record.GetParseError().isEmpty());
 }
 
-TEST(VXJsonParserBase, MissingKeysLeaveTheValuesAlone)
+TEST(VXJsonParserBaseTest, MissingKeysLeaveTheValuesAlone)
 {
     SampleRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral("{}")));
@@ -46,14 +46,14 @@ TEST(VXJsonParserBase, MissingKeysLeaveTheValuesAlone)
     EXPECT_EQ(record.texts, QStringList(QStringLiteral("one")));
 }
 
-TEST(VXJsonParserBase, UnknownKeysAreIgnored)
+TEST(VXJsonParserBaseTest, UnknownKeysAreIgnored)
 {
     SampleRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(R"({"nobody":{"deep":[1,2]},"Text":1})")));
     EXPECT_EQ(record.text, QStringLiteral("initial"));
 }
 
-TEST(VXJsonParserBase, WrongTypesLeaveTheValueAloneAndNameKeyWantedAndFound)
+TEST(VXJsonParserBaseTest, WrongTypesLeaveTheValueAloneAndNameKeyWantedAndFound)
 {
     EXPECT_EQ(ErrorsOf(R"({"number":"5"})"), Lines(R"(key "number": wanted int, found string)"));
     EXPECT_EQ(ErrorsOf(R"({"number":true})"), Lines(R"(key "number": wanted int, found bool)"));
@@ -75,14 +75,14 @@ TEST(VXJsonParserBase, WrongTypesLeaveTheValueAloneAndNameKeyWantedAndFound)
     EXPECT_EQ(record.texts, QStringList(QStringLiteral("one")));
 }
 
-TEST(VXJsonParserBase, GoodKeysAreTakenBesideBadOnes)
+TEST(VXJsonParserBaseTest, GoodKeysAreTakenBesideBadOnes)
 {
     SampleRecord record;
     EXPECT_FALSE(record.Parse(QByteArrayLiteral(R"({"number":"5","text":"taken"})")));
     EXPECT_EQ(record.text, QStringLiteral("taken"));
 }
 
-TEST(VXJsonParserBase, NumbersWithoutFractionAreInts)
+TEST(VXJsonParserBaseTest, NumbersWithoutFractionAreInts)
 {
     SampleRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(R"({"number":3.0})")));
@@ -93,7 +93,7 @@ TEST(VXJsonParserBase, NumbersWithoutFractionAreInts)
     EXPECT_EQ(record.number, 0);
 }
 
-TEST(VXJsonParserBase, IntLimitsAreTakenAndOneBeyondIsNot)
+TEST(VXJsonParserBaseTest, IntLimitsAreTakenAndOneBeyondIsNot)
 {
     SampleRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(R"({"number":2147483647})")));
@@ -108,7 +108,7 @@ TEST(VXJsonParserBase, IntLimitsAreTakenAndOneBeyondIsNot)
     EXPECT_EQ(ErrorsOf(R"({"number":1e300})").size(), 1);
 }
 
-TEST(VXJsonParserBase, BigIntegersAreExactToTwoToThe53)
+TEST(VXJsonParserBaseTest, BigIntegersAreExactToTwoToThe53)
 {
     SampleRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(R"({"big":-9007199254740992})")));
@@ -119,7 +119,7 @@ TEST(VXJsonParserBase, BigIntegersAreExactToTwoToThe53)
     EXPECT_EQ(ErrorsOf(R"({"big":0.5})").size(), 1);
 }
 
-TEST(VXJsonParserBase, StringListIsRefusedForOneElementOfAnotherType)
+TEST(VXJsonParserBaseTest, StringListIsRefusedForOneElementOfAnotherType)
 {
     EXPECT_EQ(ErrorsOf(R"({"texts":["a",1]})"),
               Lines(R"(key "texts": wanted array of strings, found array)"));
@@ -128,7 +128,7 @@ TEST(VXJsonParserBase, StringListIsRefusedForOneElementOfAnotherType)
     EXPECT_TRUE(record.texts.isEmpty());
 }
 
-TEST(VXJsonParserBase, PropertiesOfOtherTypesAreLeftAlone)
+TEST(VXJsonParserBaseTest, PropertiesOfOtherTypesAreLeftAlone)
 {
     SampleRecord record;
     EXPECT_TRUE(
@@ -143,7 +143,7 @@ TEST(VXJsonParserBase, PropertiesOfOtherTypesAreLeftAlone)
     EXPECT_EQ(json.value(QLatin1String("readOnly")).toInt(), 7);
 }
 
-TEST(VXJsonParserBase, TextThatIsNoJsonIsOneErrorAndChangesNothing)
+TEST(VXJsonParserBaseTest, TextThatIsNoJsonIsOneErrorAndChangesNothing)
 {
     for (const char* text :
          {"", "   ", "nonsense", "{", R"({"text":"x"} trailing)", "{'text':1}", "\xff\xfe"}) {
@@ -155,7 +155,7 @@ TEST(VXJsonParserBase, TextThatIsNoJsonIsOneErrorAndChangesNothing)
     }
 }
 
-TEST(VXJsonParserBase, AnythingButAnObjectIsOneError)
+TEST(VXJsonParserBaseTest, AnythingButAnObjectIsOneError)
 {
     EXPECT_EQ(ErrorsOf("[1,2]"), Lines("wanted object, found array"));
     SampleRecord record;
@@ -165,14 +165,14 @@ TEST(VXJsonParserBase, AnythingButAnObjectIsOneError)
     EXPECT_EQ(record.GetParseError(), Lines("wanted object, found nothing"));
 }
 
-TEST(VXJsonParserBase, DeepNestingIsOneError)
+TEST(VXJsonParserBaseTest, DeepNestingIsOneError)
 {
     const QByteArray deep = R"({"text":)" + QByteArray(100000, '[');
     EXPECT_EQ(ErrorsOf(deep).size(), 1);
     EXPECT_EQ(ErrorsOf(deep + QByteArray(100000, ']') + '}').size(), 1);
 }
 
-TEST(VXJsonParserBase, HugeTextIsTaken)
+TEST(VXJsonParserBaseTest, HugeTextIsTaken)
 {
     const QByteArray text(10 * 1024 * 1024, 'x');
     SampleRecord record;
@@ -180,7 +180,7 @@ TEST(VXJsonParserBase, HugeTextIsTaken)
     EXPECT_EQ(record.text.size(), text.size());
 }
 
-TEST(VXJsonParserBase, EachParseStartsWithoutTheErrorsOfTheLast)
+TEST(VXJsonParserBaseTest, EachParseStartsWithoutTheErrorsOfTheLast)
 {
     SampleRecord record;
     EXPECT_FALSE(record.Parse(QByteArrayLiteral(R"({"number":"x"})")));
@@ -190,7 +190,7 @@ TEST(VXJsonParserBase, EachParseStartsWithoutTheErrorsOfTheLast)
     EXPECT_EQ(record.GetParseError().size(), 1);
 }
 
-TEST(VXJsonParserBase, WritesCompactSortedText)
+TEST(VXJsonParserBaseTest, WritesCompactSortedText)
 {
     SampleRecord record;
     record.text = QString(QChar(0x4e2d)) + QLatin1Char('"');
@@ -199,7 +199,7 @@ TEST(VXJsonParserBase, WritesCompactSortedText)
                          "\"text\":\"\xe4\xb8\xad\\\"\",\"texts\":[\"one\"]}"));
 }
 
-TEST(VXJsonParserBase, WhatIsWrittenReadsBackEqual)
+TEST(VXJsonParserBaseTest, WhatIsWrittenReadsBackEqual)
 {
     SampleRecord written;
     written.text = QStringLiteral("\t\\ \"quoted\" \u4e2d");
@@ -215,7 +215,7 @@ TEST(VXJsonParserBase, WhatIsWrittenReadsBackEqual)
     EXPECT_EQ(read.texts, written.texts);
 }
 
-TEST(VXJsonParserBase, NumberWithoutJsonFormIsLeftOut)
+TEST(VXJsonParserBaseTest, NumberWithoutJsonFormIsLeftOut)
 {
     SampleRecord record;
     record.real = std::numeric_limits<double>::infinity();
@@ -224,7 +224,7 @@ TEST(VXJsonParserBase, NumberWithoutJsonFormIsLeftOut)
     EXPECT_FALSE(record.ToJsonObject().contains(QLatin1String("real")));
 }
 
-TEST(VXJsonParserBase, HooksComeFirstAndSeeOnlyKeysOfTheJson)
+TEST(VXJsonParserBaseTest, HooksComeFirstAndSeeOnlyKeysOfTheJson)
 {
     HookedRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(R"({"handled":[1,"two"],"plain":"p","undeclared":1})")));
@@ -233,7 +233,7 @@ TEST(VXJsonParserBase, HooksComeFirstAndSeeOnlyKeysOfTheJson)
     EXPECT_EQ(record.plain, QStringLiteral("p"));
 }
 
-TEST(VXJsonParserBase, HookSeesExplicitNull)
+TEST(VXJsonParserBaseTest, HookSeesExplicitNull)
 {
     HookedRecord record;
     record.handled = {1};
@@ -241,7 +241,7 @@ TEST(VXJsonParserBase, HookSeesExplicitNull)
     EXPECT_TRUE(record.handled.isEmpty());
 }
 
-TEST(VXJsonParserBase, EveryPropertyIsOfferedWhenWritingAndMayStayOut)
+TEST(VXJsonParserBaseTest, EveryPropertyIsOfferedWhenWritingAndMayStayOut)
 {
     HookedRecord record;
     record.handled = {true};
@@ -252,7 +252,7 @@ TEST(VXJsonParserBase, EveryPropertyIsOfferedWhenWritingAndMayStayOut)
               QByteArray(R"({"handled":[true],"plain":""})"));
 }
 
-TEST(VXJsonParserBase, SpecialErrorsComeAfterTheBasesOwnAndFailTheParse)
+TEST(VXJsonParserBaseTest, SpecialErrorsComeAfterTheBasesOwnAndFailTheParse)
 {
     HookedRecord record;
     record.errors = Lines("mine");
@@ -260,7 +260,7 @@ TEST(VXJsonParserBase, SpecialErrorsComeAfterTheBasesOwnAndFailTheParse)
     EXPECT_EQ(record.GetParseError(), Lines(R"(key "plain": wanted string, found number 1)") + Lines("mine"));
 }
 
-TEST(VXJsonParserBase, DerivedClassHasTheFieldsOfItsBase)
+TEST(VXJsonParserBaseTest, DerivedClassHasTheFieldsOfItsBase)
 {
     DerivedRecord record;
     EXPECT_TRUE(record.Parse(QByteArrayLiteral(R"({"text":"base","extra":"own","number":"declared anew"})")));
@@ -271,7 +271,7 @@ TEST(VXJsonParserBase, DerivedClassHasTheFieldsOfItsBase)
     EXPECT_TRUE(record.ToJsonObject().value(QLatin1String("number")).isString());
 }
 
-TEST(VXJsonParserBase, CopyTakesTheErrorsButNotWhatMakesItThatObject)
+TEST(VXJsonParserBaseTest, CopyTakesTheErrorsButNotWhatMakesItThatObject)
 {
     VXJsonParserBase parent;
     VXJsonParserBase original(&parent);
@@ -289,7 +289,7 @@ TEST(VXJsonParserBase, CopyTakesTheErrorsButNotWhatMakesItThatObject)
     EXPECT_EQ(assigned.objectName(), QStringLiteral("kept"));
 }
 
-TEST(VXJsonParserBase, RecordsMayBeUsedOnSeveralThreads)
+TEST(VXJsonParserBaseTest, RecordsMayBeUsedOnSeveralThreads)
 {
     std::vector<std::thread> threads;
     threads.reserve(4);

@@ -40,13 +40,13 @@ public:
     QStringList asked;
 };
 
-TEST(VXRouterProtocol, SchemeAndModuleMatchWithoutRegardToCase)
+TEST(VXRouterProtocolTest, SchemeAndModuleMatchWithoutRegardToCase)
 {
     EXPECT_TRUE(Route("TL://AutoRun/update").Matches(Text("tl://autorun/update")));
     EXPECT_TRUE(Route("tl://autorun/update").Matches(Text("Tl://AUTORUN/update")));
 }
 
-TEST(VXRouterProtocol, PathMatchesExactly)
+TEST(VXRouterProtocolTest, PathMatchesExactly)
 {
     EXPECT_FALSE(Route("tl://autorun/Update").Matches(Text("tl://autorun/update")));
     EXPECT_FALSE(Route("tl://autorun/update/").Matches(Text("tl://autorun/update")));
@@ -55,21 +55,21 @@ TEST(VXRouterProtocol, PathMatchesExactly)
     EXPECT_TRUE(Route("tl://autorun").Matches(Text("tl://autorun")));
 }
 
-TEST(VXRouterProtocol, MatchingIgnoresQueryAndFragmentOnBothSides)
+TEST(VXRouterProtocolTest, MatchingIgnoresQueryAndFragmentOnBothSides)
 {
     EXPECT_TRUE(Route("tl://a/b?ignore=tl%3A%2F%2Fc").Matches(Text("tl://a/b")));
     EXPECT_TRUE(Route("tl://a/b").Matches(Text("tl://a/b?x=1#f")));
     EXPECT_TRUE(Route("tl://a/b#f?x=1").Matches(Text("tl://a/b")));
 }
 
-TEST(VXRouterProtocol, WhatIsNoRouterUrlMatchesNothingNotEvenItself)
+TEST(VXRouterProtocolTest, WhatIsNoRouterUrlMatchesNothingNotEvenItself)
 {
     for (const char* url : {"", "tl:", "tl://", "tl:///path", "http://a/b", "a/b", "tl:/a/b", " tl://a/b"}) {
         EXPECT_FALSE(Route(url).Matches(Text(url))) << url;
     }
 }
 
-TEST(VXRouterProtocol, ReadsDecodedParameters)
+TEST(VXRouterProtocolTest, ReadsDecodedParameters)
 {
     const VXRouterProtocol route = Route("tl://a/b?url=https%3A%2F%2Fx.test%2F%3Fq%3D1%26r%3D2&t=%E4%B8%AD");
     EXPECT_EQ(route.GetWith(Text("url")), Text("https://x.test/?q=1&r=2"));
@@ -78,13 +78,13 @@ TEST(VXRouterProtocol, ReadsDecodedParameters)
     EXPECT_TRUE(route.GetWith(Text("URL")).isEmpty()) << "keys are compared exactly";
 }
 
-TEST(VXRouterProtocol, PlusInAQueryStaysAPlus)
+TEST(VXRouterProtocolTest, PlusInAQueryStaysAPlus)
 {
     EXPECT_EQ(Route("tl://a/b?t=1+1").GetWith(Text("t")), Text("1+1"));
     EXPECT_EQ(Route("tl://a/b?t=1+1").GetUrl(), Text("tl://a/b?t=1%2B1"));
 }
 
-TEST(VXRouterProtocol, MalformedPercentSequencesStayText)
+TEST(VXRouterProtocolTest, MalformedPercentSequencesStayText)
 {
     EXPECT_EQ(Route("tl://a/b?t=100%").GetWith(Text("t")), Text("100%"));
     EXPECT_EQ(Route("tl://a/b?t=%4").GetWith(Text("t")), Text("%4"));
@@ -94,7 +94,7 @@ TEST(VXRouterProtocol, MalformedPercentSequencesStayText)
     EXPECT_EQ(Route("tl://a/b?t=%E4%B8x").GetWith(Text("t")), Text("%E4%B8x")) << "half a character";
 }
 
-TEST(VXRouterProtocol, PercentNextToASeparatorDoesNotSwallowIt)
+TEST(VXRouterProtocolTest, PercentNextToASeparatorDoesNotSwallowIt)
 {
     const VXRouterProtocol route = Route("tl://a/b?x=%4&y=%&z=1");
     EXPECT_EQ(route.GetWith(Text("x")), Text("%4"));
@@ -102,18 +102,18 @@ TEST(VXRouterProtocol, PercentNextToASeparatorDoesNotSwallowIt)
     EXPECT_EQ(route.GetWith(Text("z")), Text("1"));
 }
 
-TEST(VXRouterProtocol, OfDuplicateKeysTheFirstIsRead)
+TEST(VXRouterProtocolTest, OfDuplicateKeysTheFirstIsRead)
 {
     EXPECT_EQ(Route("tl://a/b?k=1&k=2").GetWith(Text("k")), Text("1"));
     EXPECT_EQ(Route("tl://a/b?k=1&k=2").GetUrl(), Text("tl://a/b?k=1&k=2"));
 }
 
-TEST(VXRouterProtocol, ReplacingADuplicateKeyLeavesOne)
+TEST(VXRouterProtocolTest, ReplacingADuplicateKeyLeavesOne)
 {
     EXPECT_EQ(Route("tl://a/b?k=1&x=0&k=2").With(Text("k"), Text("3")).GetUrl(), Text("tl://a/b?k=3&x=0"));
 }
 
-TEST(VXRouterProtocol, KeysWithoutEqualsAreKeptAsTheyCame)
+TEST(VXRouterProtocolTest, KeysWithoutEqualsAreKeptAsTheyCame)
 {
     const VXRouterProtocol route = Route("tl://a/b?flag&empty=&=nameless");
     EXPECT_TRUE(route.GetWith(Text("flag")).isEmpty());
@@ -121,31 +121,31 @@ TEST(VXRouterProtocol, KeysWithoutEqualsAreKeptAsTheyCame)
     EXPECT_EQ(route.GetUrl(), Text("tl://a/b?flag&empty=&=nameless"));
 }
 
-TEST(VXRouterProtocol, EmptyPartsOfAQueryAreDropped)
+TEST(VXRouterProtocolTest, EmptyPartsOfAQueryAreDropped)
 {
     EXPECT_EQ(Route("tl://a/b?").GetUrl(), Text("tl://a/b"));
     EXPECT_EQ(Route("tl://a/b?&&x=1&").GetUrl(), Text("tl://a/b?x=1"));
 }
 
-TEST(VXRouterProtocol, EqualsInAValueBelongsToTheValue)
+TEST(VXRouterProtocolTest, EqualsInAValueBelongsToTheValue)
 {
     EXPECT_EQ(Route("tl://a/b?x=1=2").GetWith(Text("x")), Text("1=2"));
 }
 
-TEST(VXRouterProtocol, AddsAtTheEndAndReplacesInPlace)
+TEST(VXRouterProtocolTest, AddsAtTheEndAndReplacesInPlace)
 {
     VXRouterProtocol route = Route("tl://plugin/open?code=c&z=9");
     route.With(Text("isDelay"), Text("1")).With(Text("title"), Text("My app")).With(Text("code"), Text("d"));
     EXPECT_EQ(route.GetUrl(), Text("tl://plugin/open?code=d&z=9&isDelay=1&title=My%20app"));
 }
 
-TEST(VXRouterProtocol, EmptyValueIsWrittenWithEquals)
+TEST(VXRouterProtocolTest, EmptyValueIsWrittenWithEquals)
 {
     EXPECT_EQ(Route("tl://a/b").With(Text("t"), QString()).GetUrl(), Text("tl://a/b?t="));
     EXPECT_EQ(Route("tl://a/b?t").With(Text("t"), QString()).GetUrl(), Text("tl://a/b?t="));
 }
 
-TEST(VXRouterProtocol, ReservedCharactersOfAValueAreEncoded)
+TEST(VXRouterProtocolTest, ReservedCharactersOfAValueAreEncoded)
 {
     const QString value = Text("&=#+% ?/:中\n\"");
     VXRouterProtocol route = Route("tl://a/b");
@@ -155,12 +155,12 @@ TEST(VXRouterProtocol, ReservedCharactersOfAValueAreEncoded)
     EXPECT_EQ(VXRouterProtocol(route.GetUrl()).GetWith(value), value);
 }
 
-TEST(VXRouterProtocol, FragmentComesAfterAddedParameters)
+TEST(VXRouterProtocolTest, FragmentComesAfterAddedParameters)
 {
     EXPECT_EQ(Route("tl://a/b#part").With(Text("x"), Text("1")).GetUrl(), Text("tl://a/b?x=1#part"));
 }
 
-TEST(VXRouterProtocol, ByteOrderMarkAndNulSurvive)
+TEST(VXRouterProtocolTest, ByteOrderMarkAndNulSurvive)
 {
     const QString value = QString(QChar(QChar::ByteOrderMark)) + Text("x") + QChar(0) + Text("y");
     VXRouterProtocol route = Route("tl://a/b");
@@ -168,7 +168,7 @@ TEST(VXRouterProtocol, ByteOrderMarkAndNulSurvive)
     EXPECT_EQ(VXRouterProtocol(route.GetUrl()).GetWith(Text("v")), value);
 }
 
-TEST(VXRouterProtocol, AnyKeysAndValuesSurviveTheRoundTrip)
+TEST(VXRouterProtocolTest, AnyKeysAndValuesSurviveTheRoundTrip)
 {
     QRandomGenerator random(20240611);
     const QString likely = Text("%&=#+?/ 0aF");
@@ -210,7 +210,7 @@ TEST(VXRouterProtocol, AnyKeysAndValuesSurviveTheRoundTrip)
     }
 }
 
-TEST(VXRouterProtocol, RouterUrlNestsInARouterUrl)
+TEST(VXRouterProtocolTest, RouterUrlNestsInARouterUrl)
 {
     VXRouterProtocol inner = Route("tl://browser/open");
     inner.With(Text("url"), Text("https://x.test/?a=1&b=2#c"));
@@ -219,7 +219,7 @@ TEST(VXRouterProtocol, RouterUrlNestsInARouterUrl)
     EXPECT_EQ(VXRouterProtocol(outer.GetUrl()).GetWith(Text("ignore")), inner.GetUrl());
 }
 
-TEST(VXRouterProtocol, ExecutesThroughTheProvidedExecutor)
+TEST(VXRouterProtocolTest, ExecutesThroughTheProvidedExecutor)
 {
     RecordingExecutor executor;
     const Provided<IRouteExecutor> provided(&executor);
@@ -231,13 +231,13 @@ TEST(VXRouterProtocol, ExecutesThroughTheProvidedExecutor)
     EXPECT_EQ(executor.asked, QStringList(Text("tl://a/object")));
 }
 
-TEST(VXRouterProtocol, WithoutExecutorNothingIsRouted)
+TEST(VXRouterProtocolTest, WithoutExecutorNothingIsRouted)
 {
     EXPECT_FALSE(Route("tl://a/b").Execute());
     EXPECT_EQ(Route("tl://a/b").GetObj(), nullptr);
 }
 
-TEST(VXRouterProtocol, WhatIsNoRouterUrlNeverReachesTheExecutor)
+TEST(VXRouterProtocolTest, WhatIsNoRouterUrlNeverReachesTheExecutor)
 {
     RecordingExecutor executor;
     const Provided<IRouteExecutor> provided(&executor);

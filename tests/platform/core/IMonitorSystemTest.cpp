@@ -18,14 +18,14 @@ public:
     QStringList events;
 };
 
-TEST(IMonitorSystem, EventsAreDroppedWhileNothingIsProvided)
+TEST(IMonitorSystemTest, EventsAreDroppedWhileNothingIsProvided)
 {
     EXPECT_EQ(IMonitorSystem::Provided(), nullptr);
     ASSERT_NE(IMonitorSystem::GetMonitorSystem(), nullptr);
     IMonitorSystem::GetMonitorSystem()->ReportEvent(QStringLiteral("e"), QString(), {});
 }
 
-TEST(IMonitorSystem, EventsReachTheProvidedOne)
+TEST(IMonitorSystemTest, EventsReachTheProvidedOne)
 {
     RecordingMonitor monitor;
     {

@@ -15,7 +15,7 @@ public:
     QWidget* GetMainWidget() const override { return nullptr; }
 };
 
-TEST(IBrowserMain, ThereIsNoneUntilTheClientProvidesIt)
+TEST(IBrowserMainTest, ThereIsNoneUntilTheClientProvidesIt)
 {
     EXPECT_EQ(IBrowserMain::GetBrowser(), nullptr);
     {

@@ -20,21 +20,21 @@ public:
 
 const ModuleEvent event(QStringLiteral("module"), QStringLiteral("name"), {1, QStringLiteral("two")});
 
-TEST(ModuleEvent, CarriesWhatItWasMadeOf)
+TEST(ModuleEventTest, CarriesWhatItWasMadeOf)
 {
     EXPECT_EQ(event.GetSender(), QStringLiteral("module"));
     EXPECT_EQ(event.GetName(), QStringLiteral("name"));
     EXPECT_EQ(event.GetArguments(), QVariantList({1, QStringLiteral("two")}));
 }
 
-TEST(IModuleEventDispatch, EventsAreDroppedWhileNothingIsProvided)
+TEST(IModuleEventDispatchTest, EventsAreDroppedWhileNothingIsProvided)
 {
     EXPECT_EQ(IModuleEventDispatch::Provided(), nullptr);
     ASSERT_NE(IModuleEventDispatch::GetDispatch(), nullptr);
     IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), event);
 }
 
-TEST(IModuleEventDispatch, EventsReachTheProvidedOne)
+TEST(IModuleEventDispatchTest, EventsReachTheProvidedOne)
 {
     RecordingDispatch dispatch;
     const Provided<IModuleEventDispatch> provided(&dispatch);

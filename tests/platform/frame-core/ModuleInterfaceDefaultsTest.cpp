@@ -37,7 +37,7 @@ public:
     ISysSettingFactory* GetSysSettingFactory() override { return nullptr; }
 };
 
-TEST(ModuleInterfaceDefaults, LifeCycleDoesNothingAndLetsTheWindowClose)
+TEST(ModuleInterfaceDefaultsTest, LifeCycleDoesNothingAndLetsTheWindowClose)
 {
     PlainLifeCycle lifeCycle;
     lifeCycle.LoginSuccess();
@@ -55,7 +55,7 @@ TEST(ModuleInterfaceDefaults, LifeCycleDoesNothingAndLetsTheWindowClose)
     EXPECT_EQ(lifeCycle.BeforeClose(), BeforeCloseResult::Close);
 }
 
-TEST(ModuleInterfaceDefaults, InterceptorHasNoValues)
+TEST(ModuleInterfaceDefaultsTest, InterceptorHasNoValues)
 {
     PlainInterceptor interceptor;
     const VXRouterProtocol route(QStringLiteral("tl://a/b"));
@@ -63,14 +63,14 @@ TEST(ModuleInterfaceDefaults, InterceptorHasNoValues)
     EXPECT_FALSE(interceptor.GetRouteValue(route).isValid());
 }
 
-TEST(ModuleInterfaceDefaults, FactoryAddsNoGroup)
+TEST(ModuleInterfaceDefaultsTest, FactoryAddsNoGroup)
 {
     PlainFactory factory;
     EXPECT_EQ(factory.GetSettingGroup().id, 0);
     EXPECT_EQ(factory.GetSettingGroup().order, 0);
 }
 
-TEST(ModuleInterfaceDefaults, ModuleOffersNothingReserved)
+TEST(ModuleInterfaceDefaultsTest, ModuleOffersNothingReserved)
 {
     PlainModule module;
     EXPECT_EQ(module.GetReserved5(), nullptr);
@@ -79,7 +79,7 @@ TEST(ModuleInterfaceDefaults, ModuleOffersNothingReserved)
     EXPECT_EQ(module.GetReserved9(), nullptr);
 }
 
-TEST(ModuleInterfaceDefaults, InterfaceIdIsTheOneThatModulesCarry)
+TEST(ModuleInterfaceDefaultsTest, InterfaceIdIsTheOneThatModulesCarry)
 {
     EXPECT_STREQ(IBusinessModule_iid, "com.kelvorant.localhost.IBusinessModule/8.7.0.0");
     EXPECT_STREQ(qobject_interface_iid<IBusinessModule*>(), IBusinessModule_iid);

@@ -230,7 +230,7 @@ private:
     Log* m_log;
 };
 
-TEST(ModuleInterfaceSlots, LifeCycle)
+TEST(ModuleInterfaceSlotsTest, LifeCycle)
 {
     Log log;
     const VTableSlots<ILifeCycle> table(new RecordingLifeCycle(&log));
@@ -245,7 +245,7 @@ TEST(ModuleInterfaceSlots, LifeCycle)
                    "BeforeMainFrameDestruct", "ExitApp", "BeforeClose", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, RouteInterceptor)
+TEST(ModuleInterfaceSlotsTest, RouteInterceptor)
 {
     Log log;
     const VTableSlots<IRouteInterceptor> table(new RecordingInterceptor(&log));
@@ -259,7 +259,7 @@ TEST(ModuleInterfaceSlots, RouteInterceptor)
                         "GetRouteUrls", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, SysSettingFactory)
+TEST(ModuleInterfaceSlotsTest, SysSettingFactory)
 {
     Log log;
     const VTableSlots<ISysSettingFactory> table(new RecordingFactory(&log));
@@ -273,7 +273,7 @@ TEST(ModuleInterfaceSlots, SysSettingFactory)
                         "GetSearchKeywords 10", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, BusinessModule)
+TEST(ModuleInterfaceSlotsTest, BusinessModule)
 {
     Log log;
     const VTableSlots<IBusinessModule> table(new RecordingModule(&log));
@@ -288,7 +288,7 @@ TEST(ModuleInterfaceSlots, BusinessModule)
                    "GetReserved6", "GetReserved7", "GetSysSettingFactory", "GetReserved9", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, HttpObserver)
+TEST(ModuleInterfaceSlotsTest, HttpObserver)
 {
     Log log;
     const VTableSlots<HttpObserverBase> table(new RecordingHttpObserver(&log));
@@ -297,7 +297,7 @@ TEST(ModuleInterfaceSlots, HttpObserver)
     EXPECT_EQ(log, Log({"OnHttpNotify 10400 empty", "destructor"}));
 }
 
-TEST(ModuleInterfaceSlots, JsonRecordHooksFollowThoseOfQObject)
+TEST(ModuleInterfaceSlotsTest, JsonRecordHooksFollowThoseOfQObject)
 {
     Log log;
     constexpr int destructorSlot = 3;

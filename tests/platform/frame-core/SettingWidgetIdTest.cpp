@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(SettingWidgetId, BothNumbersCount)
+TEST(SettingWidgetIdTest, BothNumbersCount)
 {
     EXPECT_EQ(SettingWidgetId(10, 60), SettingWidgetId(10, 60));
     EXPECT_NE(SettingWidgetId(10, 60), SettingWidgetId(60, 10));
@@ -15,7 +15,7 @@ TEST(SettingWidgetId, BothNumbersCount)
     EXPECT_NE(qHash(SettingWidgetId(10, 60)), qHash(SettingWidgetId(60, 10)));
 }
 
-TEST(SettingWidgetId, PagesAreOrderedByGroupAndThenByPlace)
+TEST(SettingWidgetIdTest, PagesAreOrderedByGroupAndThenByPlace)
 {
     EXPECT_LT(SettingWidgetId(1, 99), SettingWidgetId(2, 0));
     EXPECT_LT(SettingWidgetId(2, 0), SettingWidgetId(2, 1));

@@ -19,7 +19,7 @@ public:
     TLUserData user;
 };
 
-TEST(IGeneralData, KnowsOfNoUserAndANormalLoginWhileNothingIsProvided)
+TEST(IGeneralDataTest, KnowsOfNoUserAndANormalLoginWhileNothingIsProvided)
 {
     EXPECT_EQ(IGeneralData::Provided(), nullptr);
     IGeneralData* data = IGeneralData::Instance();
@@ -30,7 +30,7 @@ TEST(IGeneralData, KnowsOfNoUserAndANormalLoginWhileNothingIsProvided)
     EXPECT_FALSE(data->GetAsyncInfoManager()->IsOpen());
 }
 
-TEST(IGeneralData, WritingToTheStandInIsForgotten)
+TEST(IGeneralDataTest, WritingToTheStandInIsForgotten)
 {
     IGeneralData::Instance()->GetUserData()->Set(QStringLiteral("pin"), QStringLiteral("shop"));
     IGeneralData::Instance()->GetAsyncInfoManager()->SetRestart(true);
@@ -38,7 +38,7 @@ TEST(IGeneralData, WritingToTheStandInIsForgotten)
     EXPECT_TRUE(IGeneralData::Instance()->GetAsyncInfoManager()->IsNormalLogin());
 }
 
-TEST(IGeneralData, GivesOutTheProvidedOne)
+TEST(IGeneralDataTest, GivesOutTheProvidedOne)
 {
     GeneralData data;
     data.user.Set(QStringLiteral("pin"), QStringLiteral("shop"));
@@ -48,7 +48,7 @@ TEST(IGeneralData, GivesOutTheProvidedOne)
     EXPECT_EQ(IGeneralData::Instance()->GetUserData()->GetBelongType(), QStringLiteral("shop"));
 }
 
-TEST(AsyncInfoManager, RestartSaysWhetherItAskedForItsTabs)
+TEST(AsyncInfoManagerTest, RestartSaysWhetherItAskedForItsTabs)
 {
     AsyncInfoManager info;
     EXPECT_TRUE(info.IsNormalLogin());

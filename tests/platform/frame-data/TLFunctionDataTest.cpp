@@ -6,14 +6,14 @@
 
 namespace {
 
-TEST(TLFunctionData, SwitchThatWasNeverSetIsOff)
+TEST(TLFunctionDataTest, SwitchThatWasNeverSetIsOff)
 {
     const TLFunctionData data;
     EXPECT_FALSE(data.GetFunctionInfo(8).IsValid());
     EXPECT_FALSE(data.GetFunctionInfo(8).IsDisplay());
 }
 
-TEST(TLFunctionData, SettingReplacesAllSwitches)
+TEST(TLFunctionDataTest, SettingReplacesAllSwitches)
 {
     TLFunctionData data;
     QSignalSpy changed(&data, &TLFunctionData::SigFunctionsChanged);

@@ -13,7 +13,7 @@ QSharedPointer<TLPluginBaseEntity> App(const QByteArray& json)
     return app;
 }
 
-TEST(TLPluginBaseEntity, ReadsAllItsFields)
+TEST(TLPluginBaseEntityTest, ReadsAllItsFields)
 {
     const auto app = App(R"({"name":"Orders","serviceCode":"orders","iconUrl":"https://x.test/i.png",)"
                          R"("address":"https://x.test/","availability":1})");
@@ -24,25 +24,25 @@ TEST(TLPluginBaseEntity, ReadsAllItsFields)
     EXPECT_EQ(app->availability, 1);
 }
 
-TEST(TLPluginBaseEntity, IsOfferedUnlessTheListSaysOtherwise)
+TEST(TLPluginBaseEntityTest, IsOfferedUnlessTheListSaysOtherwise)
 {
     EXPECT_EQ(App("{}")->availability, 0);
 }
 
-TEST(TLPluginBaseEntity, WhatIsWrittenReadsBackEqual)
+TEST(TLPluginBaseEntityTest, WhatIsWrittenReadsBackEqual)
 {
     const auto app = App(R"({"name":"\u4e2d","serviceCode":"c","address":"a","availability":1})");
     EXPECT_EQ(App(app->ToJson())->ToJson(), app->ToJson());
 }
 
-TEST(TLPluginBaseManager, IsEmptyBeforeTheListArrived)
+TEST(TLPluginBaseManagerTest, IsEmptyBeforeTheListArrived)
 {
     const TLPluginBaseManager manager;
     EXPECT_TRUE(manager.GetPlugins().isEmpty());
     EXPECT_TRUE(manager.GetPlugin(QStringLiteral("a")).isNull());
 }
 
-TEST(TLPluginBaseManager, KeepsTheOrderAndFindsByExactKey)
+TEST(TLPluginBaseManagerTest, KeepsTheOrderAndFindsByExactKey)
 {
     TLPluginBaseManager manager;
     QSignalSpy changed(&manager, &TLPluginBaseManager::SigPluginsChanged);
@@ -59,7 +59,7 @@ TEST(TLPluginBaseManager, KeepsTheOrderAndFindsByExactKey)
     EXPECT_EQ(changed.count(), 2);
 }
 
-TEST(TLPluginBaseManager, OfTwoAppsWithOneKeyTheFirstCounts)
+TEST(TLPluginBaseManagerTest, OfTwoAppsWithOneKeyTheFirstCounts)
 {
     TLPluginBaseManager manager;
     const auto first = App(R"({"serviceCode":"a","name":"first"})");
@@ -68,7 +68,7 @@ TEST(TLPluginBaseManager, OfTwoAppsWithOneKeyTheFirstCounts)
     EXPECT_EQ(manager.GetPlugin(QStringLiteral("a")), first);
 }
 
-TEST(TLPluginBaseManager, LeavesOutNullPointersAndAppsWithoutKey)
+TEST(TLPluginBaseManagerTest, LeavesOutNullPointersAndAppsWithoutKey)
 {
     TLPluginBaseManager manager;
     manager.SetPlugins({{}, App(R"({"name":"keyless"})"), App(R"({"serviceCode":"a"})")});

@@ -31,13 +31,13 @@ public:
     std::vector<int> indexes;
 };
 
-TEST(TLRouter, WithoutAnOpenerNothingHappens)
+TEST(TLRouterTest, WithoutAnOpenerNothingHappens)
 {
     TLRouter::OpenPlugin(PluginOpenInfo(), -1);
     TLRouter::OpenUrlWithNewTab(QStringLiteral("https://x.test/"), true, false, -1, false, QString(), true);
 }
 
-TEST(TLRouter, HandsOnAppsUnchanged)
+TEST(TLRouterTest, HandsOnAppsUnchanged)
 {
     RecordingOpener opener;
     const Provided<ITabOpener> provided(&opener);
@@ -54,7 +54,7 @@ TEST(TLRouter, HandsOnAppsUnchanged)
     EXPECT_EQ(opener.indexes, std::vector<int>{3});
 }
 
-TEST(TLRouter, EachArgumentOfAPageArrivesInItsPlace)
+TEST(TLRouterTest, EachArgumentOfAPageArrivesInItsPlace)
 {
     RecordingOpener opener;
     const Provided<ITabOpener> provided(&opener);

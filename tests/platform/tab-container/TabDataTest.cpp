@@ -5,7 +5,7 @@
 
 namespace {
 
-TEST(TabData, TitleAndIconChangeAndTheKindDoesNot)
+TEST(TabDataTest, TitleAndIconChangeAndTheKindDoesNot)
 {
     TabData tab(TabType::WebApp, QStringLiteral("title"), QStringLiteral("https://x.test/i.png"));
     EXPECT_EQ(tab.GetType(), 4);
@@ -18,7 +18,7 @@ TEST(TabData, TitleAndIconChangeAndTheKindDoesNot)
     EXPECT_EQ(tab.GetType(), 4);
 }
 
-TEST(TabType, NumbersAreThoseThatAreStored)
+TEST(TabTypeTest, NumbersAreThoseThatAreStored)
 {
     EXPECT_EQ(TabType::Home, 1);
     EXPECT_EQ(TabType::WebPage, 3);

@@ -52,36 +52,47 @@ bool IsHighlighted(const QLabel* label)
     return label->text().contains(QLatin1Char('<'));
 }
 
+/// The column of that name, which leaves no room between its parts.
+QVBoxLayout* Column(const QWidget& page, const char* name)
+{
+    auto* const column = page.findChild<QVBoxLayout*>(QLatin1String(name));
+    EXPECT_NE(column, nullptr) << name;
+    EXPECT_EQ(column->spacing(), 0) << name;
+    return column;
+}
+
 } // namespace
 
-TEST_F(AutoRunSettingWidgetTest, HasTheNamesAndTextsOfItsForm)
+TEST_F(AutoRunSettingWidgetTest, HasTheNameAndSizeOfItsForm)
 {
     const AutoRunSettingWidget fresh;
     EXPECT_EQ(fresh.objectName(), QStringLiteral("AutoRunSettingWidget"));
     EXPECT_EQ(fresh.windowTitle(), QStringLiteral("AutoRunSettingWidget"));
     EXPECT_EQ(fresh.size(), QSize(400, 300));
+}
 
-    const auto column = [&fresh](const char* name) {
-        auto* const found = Find<QVBoxLayout>(fresh, name);
-        EXPECT_EQ(found->spacing(), 0) << name;
-        return found;
-    };
-    auto* const outer = column("verticalLayout");
+TEST_F(AutoRunSettingWidgetTest, ShowsItsStatusAboveRoomThatIsLeft)
+{
+    const AutoRunSettingWidget fresh;
+    auto* const outer = Column(fresh, "verticalLayout");
     EXPECT_EQ(fresh.layout(), outer);
     EXPECT_EQ(MarginsOf(outer), QMargins());
     ASSERT_EQ(outer->count(), 2);
-    auto* const status = Find<RequestStatusBaseWidget>(fresh, "requestStatusWidget");
-    EXPECT_EQ(outer->itemAt(0)->widget(), status);
+    EXPECT_EQ(outer->itemAt(0)->widget(), Find<RequestStatusBaseWidget>(fresh, "requestStatusWidget"));
     ASSERT_NE(outer->itemAt(1)->spacerItem(), nullptr);
     EXPECT_EQ(outer->itemAt(1)->sizeHint(), QSize(20, 40));
     EXPECT_EQ(outer->itemAt(1)->expandingDirections(), Qt::Vertical);
+}
 
-    auto* const statusColumn = column("verticalLayout_7");
-    EXPECT_EQ(status->layout(), statusColumn);
+TEST_F(AutoRunSettingWidgetTest, ContentHasATitleAboveEachOfItsTwoLists)
+{
+    const AutoRunSettingWidget fresh;
+    auto* const statusColumn = Column(fresh, "verticalLayout_7");
+    EXPECT_EQ(Find(fresh, "requestStatusWidget")->layout(), statusColumn);
     EXPECT_EQ(MarginsOf(statusColumn), QMargins());
     auto* const content = Find(fresh, "content_widget");
     EXPECT_EQ(statusColumn->itemAt(0)->widget(), content);
-    auto* const contentColumn = column("verticalLayout_6");
+    auto* const contentColumn = Column(fresh, "verticalLayout_6");
     EXPECT_EQ(content->layout(), contentColumn);
     EXPECT_EQ(MarginsOf(contentColumn), QMargins());
     ASSERT_EQ(contentColumn->count(), 4);
@@ -90,7 +101,11 @@ TEST_F(AutoRunSettingWidgetTest, HasTheNamesAndTextsOfItsForm)
          {"top_widget", "list_widget", "plugin_title_widget", "plugin_list_widget"}) {
         EXPECT_EQ(contentColumn->itemAt(place++)->widget(), Find(fresh, name)) << name;
     }
+}
 
+TEST_F(AutoRunSettingWidgetTest, TitlesStandAtTheTopLeft)
+{
+    const AutoRunSettingWidget fresh;
     const auto checkTitle = [&fresh](const char* widget, const char* layout, const char* label,
                                      const QString& text) {
         auto* const line = Find<QHBoxLayout>(fresh, layout);
@@ -104,14 +119,19 @@ TEST_F(AutoRunSettingWidgetTest, HasTheNamesAndTextsOfItsForm)
     };
     checkTitle("top_widget", "horizontalLayout", "top_label", UrlHeading);
     checkTitle("plugin_title_widget", "horizontalLayout_4", "plugin_title_label", AppHeading);
+}
 
-    const auto checkList = [&](const char* widget, const char* layout, const char* rows, const char* line,
-                               const char* add, const QString& text, const char* count) {
-        auto* const list = column(layout);
+TEST_F(AutoRunSettingWidgetTest, EachListHasALinkAndACounterBelowItsRows)
+{
+    const AutoRunSettingWidget fresh;
+    const auto checkList = [&fresh](const char* widget, const char* layout, const char* rows,
+                                    const char* line, const char* add, const QString& text,
+                                    const char* count) {
+        auto* const list = Column(fresh, layout);
         EXPECT_EQ(Find(fresh, widget)->layout(), list);
         ASSERT_EQ(list->count(), 2);
-        EXPECT_EQ(list->itemAt(0)->layout(), column(rows));
-        EXPECT_EQ(MarginsOf(column(rows)), QMargins());
+        EXPECT_EQ(list->itemAt(0)->layout(), Column(fresh, rows));
+        EXPECT_EQ(MarginsOf(Column(fresh, rows)), QMargins());
         auto* const links = Find<QHBoxLayout>(fresh, line);
         EXPECT_EQ(list->itemAt(1)->layout(), links);
         ASSERT_EQ(links->count(), 3);
