@@ -106,7 +106,7 @@ TEST(AutoRunInfoEntityTest, WeakPointerFromThePlainObjectFollowsTheSharedOwnersh
     const QPointer<QObject> weak = object;
     AutoRunInfoEntityPtr strong = collection.systemItems.first();
     collection.systemItems.clear();
-    EXPECT_EQ(weak.data(), object) << "somebody still holds the entry";
+    EXPECT_EQ(weak.data(), object) << "someone still holds the entry";
     strong.clear();
     EXPECT_TRUE(weak.isNull());
 }

@@ -33,7 +33,7 @@ protected:
     }
     ~ScaleTest() override { DpiTool::SetScale(1); }
 
-    /// Sizes that follow the scale must be laid out anew without a word from anybody else.
+    /// Sizes that follow the scale must be laid out again without anyone asking for it.
     static void SetScale(double scale)
     {
         DpiTool::SetScale(scale);

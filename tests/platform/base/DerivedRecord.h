@@ -2,7 +2,7 @@
 
 #include "SampleRecord.h"
 
-/// Adds a field to those of its base, and declares one of them anew.
+/// Adds a field to those of its base, and declares one of them again.
 class DerivedRecord final : public SampleRecord
 {
     Q_OBJECT

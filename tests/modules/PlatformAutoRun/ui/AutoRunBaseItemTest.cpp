@@ -484,7 +484,7 @@ TEST_F(AutoRunBaseItemTest, LongAddressIsElidedAtTheRightAndAgainAfterAResize)
         Text(row)->setText(QStringLiteral("x"));
         m_page.resize(1250, 100);
         QCoreApplication::sendPostedEvents();
-        EXPECT_EQ(Text(row)->text(), shown) << "a resize elides anew";
+        EXPECT_EQ(Text(row)->text(), shown) << "a resize elides again";
 
         QFont larger = Text(row)->font();
         larger.setPixelSize(30);
@@ -581,7 +581,7 @@ TEST_F(AutoRunBaseItemTest, TextsFollowTheLanguageAndTheEntrysTextStays)
 }
 
 /// Who gets a row's signal may destroy the row at once: its page does so with a row that is deleted, and
-/// with all rows when it is built anew. Meant for a build with the address sanitizer.
+/// with all rows when it is built again. Meant for a build with the address sanitizer.
 class AutoRunBaseItemDestroyedTest : public AutoRunBaseItemTest
 {
 protected:

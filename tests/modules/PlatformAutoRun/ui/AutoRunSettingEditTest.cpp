@@ -774,7 +774,7 @@ TEST_F(AutoRunSettingEditTest, EditOfOneOfManyWithoutAnIdComesBackToItsOwnRow)
     OpenPage("", WithoutId(Web("w1", "https://vx.example/1")) + ',' +
                      WithoutId(Web("w2", "https://vx.example/2")));
     EditUrl("https://vx.example/2", [](AutoRunEditWidget* dialog) {
-        DpiTool::SetScale(2); // which makes the rows anew from the same entries
+        DpiTool::SetScale(2); // makes the rows again from the same entries
         EnterUrl(dialog, Good);
     });
     const QStringList shown{QStringLiteral("home+!"), QStringLiteral("custom:https://vx.example/1"),

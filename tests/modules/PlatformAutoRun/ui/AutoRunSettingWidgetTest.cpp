@@ -419,7 +419,7 @@ TEST_F(AutoRunSettingWidgetTest, KeywordAfterTheRowsIsHighlightedInTheHeadingsOn
     for (const AutoRunBaseItem* const row : all) {
         EXPECT_FALSE(IsHighlighted(Find<QLabel>(*row, "text_label")));
     }
-    DpiTool::SetScale(2); // makes the rows anew
+    DpiTool::SetScale(2); // makes the rows again
     EXPECT_TRUE(IsHighlighted(Find<QLabel>(*Row("s1"), "text_label")));
     page->SetKeyword(QString());
     EXPECT_EQ(Label("top_label")->text(), UrlHeading);
