@@ -106,7 +106,7 @@ IRouteExecutor* ExecutorOrWarning(const QString& base)
     }
     IRouteExecutor* executor = IRouteExecutor::Provided();
     if (!executor) {
-        qCWarning(logRouter, "Nobody routes %ls", qUtf16Printable(base));
+        qCWarning(logRouter, "No router is provided for %ls", qUtf16Printable(base));
     }
     return executor;
 }

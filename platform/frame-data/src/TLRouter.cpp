@@ -14,7 +14,7 @@ ITabOpener* OpenerOrWarning()
 {
     ITabOpener* opener = ITabOpener::Provided();
     if (!opener) {
-        qCWarning(logRouter, "Nobody is there to open a tab; the request is dropped.");
+        qCWarning(logRouter, "No tab opener is provided; the request is dropped.");
     }
     return opener;
 }

@@ -162,7 +162,7 @@ void HttpManager::Deliver(quint64 number)
         qCDebug(logHttp).noquote() << request->GetLogInfo() << report.milliseconds << "ms";
     } else {
         qCWarning(logHttp).noquote() << request->GetLogInfo()
-                                     << (report.fromCache ? "served from what was kept:" : "failed:")
+                                     << (report.fromCache ? "served from a kept reply:" : "failed:")
                                      << (report.fromCache ? report.failureCode : report.code)
                                      << (report.fromCache ? report.failure : report.description) << "after"
                                      << report.attempts << "attempt(s)," << report.milliseconds << "ms";

@@ -80,7 +80,7 @@ bool HttpReplyCache::Save(const QString& key, const QByteArray& reply)
         return fail(QStringLiteral("it is too large"));
     }
     if (!QDir().mkpath(m_folder)) {
-        return fail(QStringLiteral("the folder cannot be made"));
+        return fail(QStringLiteral("the folder cannot be created"));
     }
     QSaveFile file(FileOf(key));
     if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) ||
@@ -102,7 +102,7 @@ QByteArray HttpReplyCache::Load(const QString& key) const
     }
     Record record;
     if (!FromBytes(file.readAll(), record) || record.key != key.toUtf8()) {
-        qCWarning(logCache).noquote() << "A kept reply is damaged and is left out:" << file.fileName();
+        qCWarning(logCache).noquote() << "A kept reply is damaged; it is ignored:" << file.fileName();
         return QByteArray();
     }
     return record.reply;

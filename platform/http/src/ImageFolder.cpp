@@ -56,7 +56,7 @@ ImageFolder::Picture ImageFolder::Load(const QString& url, qint64 now)
         picture.image = ImageDecoder::Decode(file.readAll(), m_limits.pixels, m_limits.edge);
     }
     if (picture.image.isNull()) {
-        qCWarning(logFolder).noquote() << "A kept picture is damaged and is removed:" << file.fileName();
+        qCWarning(logFolder).noquote() << "A kept picture is damaged; it is removed:" << file.fileName();
         file.remove();
         m_size -= m_files.take(name).size;
         return picture;
