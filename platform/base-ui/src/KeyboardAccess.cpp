@@ -26,6 +26,20 @@ bool CanHaveFocusNow(const QWidget* widget)
     return TakesTab(widget) && widget->isEnabled() && widget->isVisible();
 }
 
+bool IsPressKey(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Select;
+}
+
+/// The theme may have made the widget a button for screen readers.
+void RefreshRole(QWidget* widget)
+{
+    auto* const label = qobject_cast<QLabel*>(widget);
+    if (label != nullptr && KeyboardAccess::IsPressable(label)) {
+        LabelAccessible::Refresh(label);
+    }
+}
+
 /// `QWidget::underMouse` also follows the events that this class sends.
 bool IsUnderMouse(const QWidget* widget)
 {
@@ -164,15 +178,11 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
             return false;
         }
         auto* const label = qobject_cast<QLabel*>(widget);
-        const bool presses = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ||
-                             key->key() == Qt::Key_Space || key->key() == Qt::Key_Select;
-        if (!presses || label == nullptr || !IsPressable(label)) {
-            return false;
-        }
-        if (!key->isAutoRepeat() && label->isEnabled()) {
+        const bool presses = IsPressKey(key->key()) && label != nullptr && IsPressable(label);
+        if (presses && !key->isAutoRepeat() && label->isEnabled()) {
             PressMouseOn(label);
         }
-        return true;
+        return presses;
     }
     case QEvent::MouseButtonPress:
         // The mouse events that this class sends count as the keyboard's.
@@ -197,9 +207,8 @@ bool KeyboardAccess::eventFilter(QObject* watched, QEvent* event)
         return widget == m_row;
     case QEvent::Polish:
     case QEvent::StyleChange:
-        if (auto* const label = qobject_cast<QLabel*>(widget);
-            label != nullptr && m_root->isAncestorOf(label) && IsPressable(label)) {
-            LabelAccessible::Refresh(label);
+        if (m_root->isAncestorOf(widget)) {
+            RefreshRole(widget);
         }
         return false;
     default:
