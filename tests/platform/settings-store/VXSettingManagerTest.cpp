@@ -9,8 +9,8 @@
 
 namespace {
 
-const QString Section = QStringLiteral("USER_SETTING_RECOVER_SECTION");
-const QString Field = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
+const QString RecordSection = QStringLiteral("USER_SETTING_RECOVER_SECTION");
+const QString RecordField = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
 const QString SomeValue = QStringLiteral("value");
 
 class VXSettingManagerTest : public VXSettingManagerFixture
@@ -51,8 +51,8 @@ protected:
 TEST_F(VXSettingManagerTest, ValueThatWasNeverSetIsEmpty)
 {
     EXPECT_TRUE(m_store.Open(m_file));
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
-    EXPECT_TRUE(m_store.GetGlobalValue(Section, Field).isEmpty());
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
+    EXPECT_TRUE(m_store.GetGlobalValue(RecordSection, RecordField).isEmpty());
     EXPECT_EQ(m_setAside.count(), 0);
     EXPECT_EQ(m_failed.count(), 0);
 }
@@ -61,32 +61,32 @@ TEST_F(VXSettingManagerTest, MissingFoldersAreMade)
 {
     const QString deep = PathOf("a/b/settings.db");
     EXPECT_TRUE(m_store.Open(deep));
-    EXPECT_TRUE(m_store.SetGlobalValueSync(Section, Field, SomeValue));
+    EXPECT_TRUE(m_store.SetGlobalValueSync(RecordSection, RecordField, SomeValue));
     EXPECT_TRUE(QFileInfo(deep).isFile());
 }
 
 TEST_F(VXSettingManagerTest, ValueIsVisibleAtOnceAndAfterReopening)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, SomeValue);
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), SomeValue);
     m_store.Close();
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, EmptyTextIsStoredAsAValue)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, QString()));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, QString()));
     EXPECT_EQ(StoredValue(), QVariant(QString(QLatin1String(""))));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, QString()));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, QString()));
     EXPECT_EQ(RawDatabase(m_file).Run(QStringLiteral("SELECT count(*) FROM setting")).toInt(), 1);
     m_store.Close();
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
 }
 
 TEST_F(VXSettingManagerTest, SectionAndFieldAreTwoNames)
@@ -104,26 +104,26 @@ TEST_F(VXSettingManagerTest, EachUserHasValuesOfTheirOwn)
 {
     ASSERT_TRUE(m_store.Open(m_file));
     SignIn("anna");
-    m_store.SetUserValue(Section, Field, QStringLiteral("of anna"));
+    m_store.SetUserValue(RecordSection, RecordField, QStringLiteral("of anna"));
     SignIn("bert");
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
-    m_store.SetUserValue(Section, Field, QStringLiteral("of bert"));
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
+    m_store.SetUserValue(RecordSection, RecordField, QStringLiteral("of bert"));
     TLGlobalData::Instance()->ClearUser();
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
     m_store.Close();
 
     ASSERT_TRUE(m_store.Open(m_file));
     SignIn("anna");
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), QStringLiteral("of anna"));
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), QStringLiteral("of anna"));
     SignIn("bert");
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), QStringLiteral("of bert"));
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), QStringLiteral("of bert"));
 }
 
 TEST_F(VXSettingManagerTest, UserAtTheMomentOfTheCallCountsNotTheOneAtTheWrite)
 {
     ASSERT_TRUE(m_store.Open(m_file));
     SignIn("anna");
-    m_store.SetUserValue(Section, Field, SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
     SignIn("bert");
     ASSERT_TRUE(m_store.Flush());
     EXPECT_EQ(RawDatabase(m_file).Run(QStringLiteral("SELECT user FROM setting")).toString(),
@@ -133,29 +133,29 @@ TEST_F(VXSettingManagerTest, UserAtTheMomentOfTheCallCountsNotTheOneAtTheWrite)
 TEST_F(VXSettingManagerTest, ValueOfNoUserIsNotThatOfTheEmptyPin)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetGlobalValue(Section, Field, QStringLiteral("global"));
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
-    m_store.SetUserValue(Section, Field, QStringLiteral("of nobody"));
+    m_store.SetGlobalValue(RecordSection, RecordField, QStringLiteral("global"));
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
+    m_store.SetUserValue(RecordSection, RecordField, QStringLiteral("of nobody"));
     m_store.Close();
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetGlobalValue(Section, Field), QStringLiteral("global"));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), QStringLiteral("of nobody"));
+    EXPECT_EQ(m_store.GetGlobalValue(RecordSection, RecordField), QStringLiteral("global"));
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), QStringLiteral("of nobody"));
     SignIn("anna");
-    EXPECT_EQ(m_store.GetGlobalValue(Section, Field), QStringLiteral("global"));
+    EXPECT_EQ(m_store.GetGlobalValue(RecordSection, RecordField), QStringLiteral("global"));
 }
 
 TEST_F(VXSettingManagerTest, SyncReturnsWhenAnotherProgramCanReadTheValue)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
     EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
 
 TEST_F(VXSettingManagerTest, SyncOfAValueThatStillWaitsWritesIt)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, SomeValue);
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
     EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
 
@@ -163,7 +163,7 @@ TEST_F(VXSettingManagerTest, ValueIsWrittenWithoutAnyFlush)
 {
     ASSERT_TRUE(m_store.Open(m_file));
     RawDatabase reader(m_file);
-    m_store.SetUserValue(Section, Field, SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
     EXPECT_TRUE(QTest::qWaitFor(
         [&reader] { return reader.Run(QStringLiteral("SELECT count(*) FROM setting")).toInt() == 1; },
         10000));
@@ -172,11 +172,11 @@ TEST_F(VXSettingManagerTest, ValueIsWrittenWithoutAnyFlush)
 TEST_F(VXSettingManagerTest, ThousandValuesOfOneKeyCostFewWritesAndTheLastCounts)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    ASSERT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
     const qint64 logBefore = QFileInfo(m_file + QStringLiteral("-wal")).size();
     for (int i = 1; i <= 1000; ++i) {
-        m_store.SetUserValue(Section, Field, QString::number(i));
-        EXPECT_EQ(m_store.GetUserValue(Section, Field), QString::number(i));
+        m_store.SetUserValue(RecordSection, RecordField, QString::number(i));
+        EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), QString::number(i));
     }
     ASSERT_TRUE(m_store.Flush());
     EXPECT_EQ(StoredValue().toString(), QStringLiteral("1000"));
@@ -188,19 +188,19 @@ TEST_F(VXSettingManagerTest, ThousandValuesOfOneKeyCostFewWritesAndTheLastCounts
 TEST_F(VXSettingManagerTest, UnchangedValueIsNotWrittenAgain)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    ASSERT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
     RawDatabase reader(m_file);
     const QVariant before = reader.Run(QStringLiteral("PRAGMA data_version"));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
     EXPECT_EQ(reader.Run(QStringLiteral("PRAGMA data_version")), before);
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, QStringLiteral("other")));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, QStringLiteral("other")));
     EXPECT_NE(reader.Run(QStringLiteral("PRAGMA data_version")), before);
 }
 
 TEST_F(VXSettingManagerTest, ClosingWritesWhatWaits)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
     m_store.Close();
     EXPECT_EQ(StoredValue().toString(), SomeValue);
     EXPECT_FALSE(QFileInfo::exists(m_file + QStringLiteral("-wal")));
@@ -209,9 +209,9 @@ TEST_F(VXSettingManagerTest, ClosingWritesWhatWaits)
 TEST_F(VXSettingManagerTest, ClosingTwiceAndReopeningAnOpenStoreAreHarmless)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), SomeValue);
     m_store.Close();
     m_store.Close();
     EXPECT_EQ(StoredValue().toString(), SomeValue);
@@ -220,22 +220,22 @@ TEST_F(VXSettingManagerTest, ClosingTwiceAndReopeningAnOpenStoreAreHarmless)
 TEST_F(VXSettingManagerTest, AnotherFileHasNoneOfTheValues)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
     ASSERT_TRUE(m_store.Open(PathOf("other.db")));
-    EXPECT_TRUE(m_store.GetUserValue(Section, Field).isEmpty());
+    EXPECT_TRUE(m_store.GetUserValue(RecordSection, RecordField).isEmpty());
 }
 
 TEST_F(VXSettingManagerTest, ValueSetBeforeOpeningIsWrittenIntoTheFile)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetUserValue(Section, Field, QStringLiteral("old"));
+    m_store.SetUserValue(RecordSection, RecordField, QStringLiteral("old"));
     m_store.Close();
 
-    m_store.SetUserValue(Section, Field, SomeValue);
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
+    m_store.SetUserValue(RecordSection, RecordField, SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), SomeValue);
     EXPECT_FALSE(m_store.Flush());
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), SomeValue);
     EXPECT_TRUE(m_store.Flush());
     EXPECT_EQ(StoredValue().toString(), SomeValue);
 }
@@ -244,10 +244,10 @@ TEST_F(VXSettingManagerTest, TenMegabytesSurvive)
 {
     const QString big(5 * 1024 * 1024, QChar(0x4e2d));
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_TRUE(m_store.SetUserValueSync(Section, Field, big));
+    EXPECT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, big));
     m_store.Close();
     ASSERT_TRUE(m_store.Open(m_file));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), big);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), big);
 }
 
 TEST_F(VXSettingManagerTest, AwkwardTextsSurviveAsNameAndAsValue)
@@ -273,13 +273,13 @@ TEST_F(VXSettingManagerTest, TextThatIsNoValidUtf16IsMendedAndNotTakenForDamaged
 {
     const QString half = QStringLiteral("a") + QChar(0xd800) + QStringLiteral("b");
     ASSERT_TRUE(m_store.Open(m_file));
-    m_store.SetGlobalValue(Section, half, half);
-    EXPECT_EQ(m_store.GetGlobalValue(Section, half), half);
+    m_store.SetGlobalValue(RecordSection, half, half);
+    EXPECT_EQ(m_store.GetGlobalValue(RecordSection, half), half);
     m_store.Close();
     ASSERT_TRUE(m_store.Open(m_file));
     EXPECT_EQ(m_valueDamaged.count(), 0);
     const QString mended = QString::fromUtf8(half.toUtf8());
-    EXPECT_EQ(m_store.GetGlobalValue(Section, mended), mended);
+    EXPECT_EQ(m_store.GetGlobalValue(RecordSection, mended), mended);
 }
 
 TEST_F(VXSettingManagerTest, TextsThatGoAwayAfterTheCallAreKept)
@@ -312,20 +312,20 @@ TEST_F(VXSettingManagerTest, ManyKeysAreWrittenTogether)
 TEST_F(VXSettingManagerTest, ValuesInTheLogOfAKilledProcessAreFound)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    ASSERT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
     // What a kill leaves: the database and its log, as they are now.
     const QString left = PathOf("left.db");
     ASSERT_TRUE(QFile::copy(m_file, left));
     ASSERT_TRUE(QFile::copy(m_file + QStringLiteral("-wal"), left + QStringLiteral("-wal")));
     ASSERT_TRUE(m_store.Open(left));
-    EXPECT_EQ(m_store.GetUserValue(Section, Field), SomeValue);
+    EXPECT_EQ(m_store.GetUserValue(RecordSection, RecordField), SomeValue);
     EXPECT_EQ(m_setAside.count(), 0);
 }
 
 TEST_F(VXSettingManagerTest, FileIsReadableByItsOwnerOnly)
 {
     ASSERT_TRUE(m_store.Open(m_file));
-    ASSERT_TRUE(m_store.SetUserValueSync(Section, Field, SomeValue));
+    ASSERT_TRUE(m_store.SetUserValueSync(RecordSection, RecordField, SomeValue));
 #ifdef Q_OS_UNIX
     const QFile::Permissions others =
         QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;

@@ -12,9 +12,9 @@ class QLabel;
 ///
 /// The dialog makes a page when the user first selects it, and keeps it until the dialog closes. It destroys
 /// a module's page and makes it again through `ISysSettingFactory::CreateSettingWidget` when the scale, the
-/// language or the search word changes, and when the user loads the page again. It waits with that while a
-/// write of the page or a dialog over it is under way, but does not call `SaveData`: a page that saves only
-/// there loses its edits.
+/// language or the search word changes, and when the user loads the page again. It first waits for a write of
+/// the page and for a dialog over it, but it does not call `SaveData`: a page that saves only there loses its
+/// edits.
 ///
 /// The order of the virtual operations, which follow those of `QWidget`, is part of the contract.
 class TL_FRAME_CORE_EXPORT SettingItemBaseWidget : public TLBaseWidget

@@ -13,6 +13,6 @@ public:
     /// Whether a call with this response is a write. Every call is one, unless its response allows a kept
     /// reply to serve (`IResponseCacheMethod::IsAutoCache`): a kept reply can stand in for a question, but
     /// never for a change. The request has no say: its cache key is also empty while nobody is signed in, and
-    /// may change while the call is in flight. Ask when the call is sent. Any thread.
+    /// may change while the call is in flight. Ask when the call is sent. GUI thread.
     [[nodiscard]] static bool IsWrite(const IHttpResponse& response);
 };
