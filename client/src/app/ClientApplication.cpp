@@ -1,43 +1,38 @@
 #include "ClientApplication.h"
 
 #include "ClientAppearance.h"
+#include "ClientFrame.h"
 #include "ClientMemory.h"
 #include "ClientRouterUrls.h"
 #include "ClientServices.h"
-#include "ClientSettings.h"
-#include "ClientWindow.h"
+#include "ClientSession.h"
+#include "PendingChanges.h"
 #include "TroubleNotices.h"
+
 #include "gateway/GatewayCodes.h"
 #include "gateway/GatewayWatch.h"
 #include "gateway/UserInformation.h"
-#include "login/SavedSession.h"
-#include "login/SystemKeyStore.h"
 #include "recovery/TabKeeper.h"
 #include "system/NestedLoops.h"
 #include "system/QuestionWatch.h"
 #include "system/SystemEndWatch.h"
 #include "system/TimerDelay.h"
-#include "trace/ScreenshotTaker.h"
 
 #include "base/VXRouterProtocol.h"
 #include "http/HttpCallReport.h"
 #include "settings-store/VXSettingManager.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDeadlineTimer>
+#include <QtCore/QDateTime>
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QTimer>
 
 namespace {
 
-constexpr int userInformationLimit = 3000; // [ms]
-constexpr int endSessionLimit = 2000;      // [ms]
-constexpr int writeLimit = 2000;           // [ms]
-constexpr int writePause = 10;             // [ms]
-constexpr int profileLockTimeout = 5000;   // [ms]
+constexpr int UserInformationLimit = 3000; // [ms]
+constexpr int WriteLimit = 2000;           // [ms]
 
 QStringList ModuleFolders(const QString& chosen)
 {
@@ -56,24 +51,6 @@ QStringList ModuleFolders(const QString& chosen)
     return {};
 }
 
-QString FirstLine(const QString& file)
-{
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) {
-        return QString();
-    }
-    QByteArray line = source.readLine(4096);
-    while (line.endsWith('\n') || line.endsWith('\r')) {
-        line.chop(1);
-    }
-    return QString::fromUtf8(line);
-}
-
-bool EndsSession(EndKind kind)
-{
-    return kind == EndKind::LogOut || kind == EndKind::Refused;
-}
-
 bool IsAboutSession(const QByteArray& method)
 {
     return method != "dsm.tl.pc.user.login" && method != "dsm.tl.pc.user.logout";
@@ -89,17 +66,7 @@ ClientApplication::~ClientApplication() = default;
 
 bool ClientApplication::Prepare(QString* problem)
 {
-    if (!QDir().mkpath(m_options.profile)) {
-        *problem = QStringLiteral("The profile folder \"%1\" cannot be made.").arg(m_options.profile);
-        return false;
-    }
-    m_profileLock =
-        std::make_unique<QLockFile>(QDir(m_options.profile).filePath(QStringLiteral("client.lock")));
-    m_profileLock->setStaleLockTime(0); // held for as long as the client runs
-    if (!TakeProfileLock()) {
-        *problem = QStringLiteral("The profile \"%1\" cannot be used: another client has it open, or the "
-                                  "folder cannot be written to.")
-                       .arg(m_options.profile);
+    if (!m_profileLock.Acquire(m_options.profile, problem)) {
         return false;
     }
     QString reason;
@@ -114,97 +81,91 @@ bool ClientApplication::Prepare(QString* problem)
     return true;
 }
 
-bool ClientApplication::TakeProfileLock()
-{
-    if (m_profileLock->tryLock(profileLockTimeout)) {
-        return true;
-    }
-    qint64 processId = 0;
-    QString host;
-    QString program;
-    // A client that was killed while it made the file left one without a name in it.
-    const bool named = m_profileLock->getLockInfo(&processId, &host, &program);
-    return !named && m_profileLock->removeStaleLockFile() && m_profileLock->tryLock();
-}
-
 int ClientApplication::Run()
 {
-    Build();
+    m_traceWriter.AddSecret(m_gatewaySettings.appSecret);
+    WatchSystem();
+    BuildNotices();
+    BuildServices();
+    BuildSession();
     LoadModules();
     // Everything else runs inside the event loop, so that every way to end finds it there.
     QTimer::singleShot(0, this, &ClientApplication::StartLogin);
     if (m_options.quitAfter) {
         QTimer::singleShot(*m_options.quitAfter, Qt::PreciseTimer, this, [this] {
-            if (m_screenshot && !m_ending) {
-                m_screenshot->TakeNow();
+            if (m_frame && !m_life.IsEnding()) {
+                m_frame->TakePicture();
             }
             End(EndKind::Quit);
         });
     }
     const int code = QCoreApplication::exec();
-    if (!m_ended) {
-        TakeSystemEnd(); // the event loop was ended from outside
-        EndNow();
+    if (m_life.GetStage() != ClientStage::Ended) {
+        HandleSystemEnd(); // the event loop was ended from outside
+        TakeDown();
     }
     m_questions.reset();
-    m_loginFlow.reset();
+    m_sessions.reset();
     m_appearance.reset();
     m_services.reset();
     VXSettingManager::Instance()->Close();
-    m_trace.WriteExit(m_endKind);
-    m_profileLock->unlock();
+    m_trace.WriteExit(m_end.GetKind());
+    m_profileLock.Release();
     return code;
 }
 
 bool ClientApplication::StartSuccessor(QString* problem) const
 {
-    if (m_systemEnds) {
-        return true; // it would start into the end of everything
+    if (!m_end.WantsSuccessor()) {
+        return true;
     }
     const QString program = QCoreApplication::applicationFilePath();
     const QStringList arguments = QCoreApplication::arguments();
-    if (m_handover && m_handover->StartProcess(program, ClientOptions::ForRestart(arguments))) {
+    const bool handsOver = m_end.GetKind() == EndKind::Restart && m_handover;
+    if (handsOver && m_handover->StartProcess(program, ClientOptions::ForRestart(arguments))) {
         return true;
     }
-    const bool wanted = EndsSession(m_endKind) || m_endKind == EndKind::Restart;
-    if (wanted && !QProcess::startDetached(program, ClientOptions::ForFreshStart(arguments))) {
+    if (!QProcess::startDetached(program, ClientOptions::ForFreshStart(arguments))) {
         *problem = m_startProblem;
         return false;
     }
     return true;
 }
 
-void ClientApplication::Build()
+void ClientApplication::WatchSystem()
 {
-    m_traceWriter.AddSecret(m_gatewaySettings.appSecret);
     m_systemEnd = std::make_unique<SystemEndWatch>();
     connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEndPlanned, this,
             &ClientApplication::KeepTabsOnDisk);
     connect(m_systemEnd.get(), &SystemEndWatch::SigSystemEnd, this, [this] {
-        TakeSystemEnd();
+        HandleSystemEnd();
         End(EndKind::SystemEnd);
     });
-    // Where the system ends the process right after this, as Windows does, nothing that follows comes to
-    // pass.
+    // Some systems, Windows among them, end the process right after this.
     connect(qApp, &QCoreApplication::aboutToQuit, this, &ClientApplication::KeepTabsOnDisk);
-
     m_questions = std::make_unique<QuestionWatch>();
     m_trace.Watch(m_questions.get());
+}
 
-    m_watch = std::make_unique<GatewayWatch>(std::make_unique<TimerDelay>(),
-                                             [this] { m_userInformation->RefreshPlugins(); });
-    m_clientNotices = std::make_unique<TroubleNotices>(&m_notices, m_watch.get());
+void ClientApplication::BuildNotices()
+{
+    m_gatewayWatch = std::make_unique<GatewayWatch>(std::make_unique<TimerDelay>(),
+                                                    [this] { m_userInformation->RefreshPlugins(); });
+    m_troubleNotices = std::make_unique<TroubleNotices>(&m_notices, m_gatewayWatch.get());
     auto* const settings = VXSettingManager::Instance();
-    connect(settings, &VXSettingManager::SigStoreSetAside, m_clientNotices.get(),
+    connect(settings, &VXSettingManager::SigStoreSetAside, m_troubleNotices.get(),
             &TroubleNotices::ShowStoreSetAside);
-    connect(settings, &VXSettingManager::SigValueDamaged, m_clientNotices.get(),
-            &TroubleNotices::TakeDamagedValue);
-    connect(settings, &VXSettingManager::SigStoreFailed, m_clientNotices.get(),
+    connect(settings, &VXSettingManager::SigValueDamaged, m_troubleNotices.get(),
+            &TroubleNotices::HandleDamagedValue);
+    connect(settings, &VXSettingManager::SigStoreFailed, m_troubleNotices.get(),
             &TroubleNotices::ShowStoreFailed);
     m_trace.Watch(&m_notices);
     [[maybe_unused]] const bool stored =
         settings->Open(QDir(m_options.profile).filePath(QStringLiteral("settings.sqlite")));
+}
 
+void ClientApplication::BuildServices()
+{
     m_appearance = std::make_unique<ClientAppearance>(ClientAppearance::DefaultTranslations());
     m_services = std::make_unique<ClientServices>(m_gatewaySettings, m_options.profile);
     m_services->gateway.SetLanguage(m_appearance->GetLanguage());
@@ -213,30 +174,33 @@ void ClientApplication::Build()
         m_notices.Retranslate();
     });
     m_services->router.AddRoute(ClientRouterUrls::ClientRestart,
-                                [this](const VXRouterProtocol& route) { return TakeRestartRoute(route); });
+                                [this](const VXRouterProtocol& route) { return HandleRestartRoute(route); });
     m_trace.Watch(&m_services->http);
     m_trace.Watch(&m_services->events);
     m_trace.Watch(&m_services->monitor);
     m_trace.WatchNotifications();
-    connect(&m_services->http, &HttpManager::SigFinished, this, &ClientApplication::TakeReport);
+
+    m_pendingChanges = std::make_unique<PendingChanges>(
+        [this] { return m_services->http.IsWriting() || (m_frame && m_frame->IsSettingsOpen()); });
+    connect(&m_services->http, &HttpManager::SigFinished, this, &ClientApplication::HandleReport);
+    connect(&m_services->http, &HttpManager::SigFinished, m_pendingChanges.get(), &PendingChanges::Check);
 
     m_userInformation = std::make_unique<UserInformation>(&m_services->plugins, &m_services->functions);
     connect(m_userInformation.get(), &UserInformation::SigFinished, this,
-            &ClientApplication::TakeUserInformation);
-    connect(m_watch.get(), &GatewayWatch::SigFound, m_userInformation.get(),
+            &ClientApplication::HandleUserInformation);
+    connect(m_gatewayWatch.get(), &GatewayWatch::SigFound, m_userInformation.get(),
             &UserInformation::RefreshFunctions);
+}
 
-    m_keyStore = std::make_unique<SystemKeyStore>();
-    m_kept = std::make_unique<SavedSession>(m_keyStore.get(), &QDateTime::currentDateTimeUtc);
-    m_loginService = std::make_unique<LoginService>();
-    m_loginFlow = std::make_unique<LoginFlow>(m_loginService.get(), m_kept.get(), m_keyStore.get());
-    connect(m_loginFlow.get(), &LoginFlow::SigDialogComes, this,
-            [this] { m_lifeCycle.BeforeLoginConstruct(); });
-    connect(m_loginFlow.get(), &LoginFlow::SigLoggedIn, this, &ClientApplication::TakeSession);
-    connect(m_loginFlow.get(), &LoginFlow::SigFailed, this, &ClientApplication::TakeFailedLogin);
-    connect(m_loginFlow.get(), &LoginFlow::SigGivenUp, this, [this] { End(EndKind::Quit); });
-    connect(m_loginFlow.get(), &LoginFlow::SigKeepFailed, m_clientNotices.get(),
-            &TroubleNotices::ShowKeepFailed);
+void ClientApplication::BuildSession()
+{
+    m_sessions = std::make_unique<ClientSession>();
+    LoginFlow* const flow = m_sessions->GetFlow();
+    connect(flow, &LoginFlow::SigDialogComes, this, [this] { m_lifeCycle.BeforeLoginConstruct(); });
+    connect(flow, &LoginFlow::SigLoggedIn, this, &ClientApplication::HandleLogin);
+    connect(flow, &LoginFlow::SigFailed, this, &ClientApplication::HandleFailedLogin);
+    connect(flow, &LoginFlow::SigGivenUp, this, [this] { End(EndKind::Quit); });
+    connect(flow, &LoginFlow::SigKeepFailed, m_troubleNotices.get(), &TroubleNotices::ShowKeepFailed);
 }
 
 void ClientApplication::LoadModules()
@@ -252,28 +216,20 @@ void ClientApplication::LoadModules()
 void ClientApplication::StartLogin()
 {
     if (m_options.takeSession) {
-        if (const std::optional<SessionHandover> handover = SessionHandover::Take()) {
-            m_openTabsAgain = handover->openTabs;
-            TakeSession(handover->session, LoginFlow::Origin::Restart);
+        m_handover = SessionHandover::Take();
+        if (m_handover) {
+            HandleLogin(m_handover->session, LoginFlow::Origin::Restart);
             return;
         }
     }
-    if (!m_options.passwordFile.isEmpty()) {
-        m_loginFlow->StartWith(m_options.pin, FirstLine(m_options.passwordFile));
-        return;
+    if (m_life.Go(ClientStage::LoggingIn)) {
+        m_sessions->Start(m_options);
     }
-    const QString ended = ClientMemory::TakeSessionEnd();
-    const LoginProblem problem = ended.isEmpty() ? LoginProblem() : LoginService::ToProblem(ended, QString());
-    if (!m_options.pin.isEmpty() && m_options.pin != m_kept->GetPin()) {
-        m_loginFlow->ShowDialog(m_options.pin, problem); // another account is wanted than the kept one
-        return;
-    }
-    m_loginFlow->Start(m_options.pin.isEmpty() ? ClientMemory::GetLastPin() : m_options.pin, problem);
 }
 
-void ClientApplication::TakeSession(const Session& session, LoginFlow::Origin origin)
+void ClientApplication::HandleLogin(const Session& session, LoginFlow::Origin origin)
 {
-    if (m_ending) {
+    if (!m_life.Go(ClientStage::Entering)) {
         return;
     }
     m_traceWriter.AddSecret(session.accessToken);
@@ -282,19 +238,18 @@ void ClientApplication::TakeSession(const Session& session, LoginFlow::Origin or
     m_refusal.clear();
     m_exitCode = 0;
     m_services->SetSession(session);
-    m_restarted = origin == LoginFlow::Origin::Restart;
-    if (m_restarted) {
-        m_services->general.GetAsyncInfoManager()->SetRestart(m_openTabsAgain);
+    if (m_handover) {
+        m_services->general.GetAsyncInfoManager()->SetRestart(m_handover->openTabs);
     }
-    m_userInformation->Read(userInformationLimit);
-    if (origin != LoginFlow::Origin::Kept && !m_restarted) {
+    m_userInformation->Read(UserInformationLimit);
+    if (origin != LoginFlow::Origin::Saved && origin != LoginFlow::Origin::Restart) {
         // The gateway has just said yes. An older session may still be refused, and then nobody was here.
         m_lifeCycle.LoginSuccess();
-        MakeWindow();
+        MakeFrame();
     }
 }
 
-void ClientApplication::TakeFailedLogin(const QString& pin)
+void ClientApplication::HandleFailedLogin(const QString& pin)
 {
     m_trace.WriteLogin(pin, false, LoginFlow::Origin::Dialog);
     if (m_options.quitAfter) {
@@ -302,39 +257,39 @@ void ClientApplication::TakeFailedLogin(const QString& pin)
     }
 }
 
-void ClientApplication::TakeReport(const HttpCallReport& report)
+void ClientApplication::HandleReport(const HttpCallReport& report)
 {
-    if (!IsAboutSession(report.method) || m_session.IsEmpty() || m_ending) {
+    if (!IsAboutSession(report.method) || m_session.IsEmpty() || m_life.IsEnding()) {
         return;
     }
-    m_watch->Take(report);
-    m_clientNotices->Take(report);
+    m_gatewayWatch->Take(report);
+    m_troubleNotices->HandleReport(report);
     if (GatewayCodes::IsSessionRefused(report.code) && m_refusal.isEmpty()) {
         m_refusal = report.code;
         // The completion of this call comes first.
-        QMetaObject::invokeMethod(this, &ClientApplication::TakeRefusal, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &ClientApplication::HandleRefusal, Qt::QueuedConnection);
     }
 }
 
-void ClientApplication::TakeUserInformation()
+void ClientApplication::HandleUserInformation()
 {
-    if (m_ending || !m_refusal.isEmpty() || m_frameMade) {
+    if (!m_refusal.isEmpty() || !m_life.CanGo(ClientStage::Working)) {
         return;
     }
     m_lifeCycle.LoginSuccess();
     m_lifeCycle.GetUserInfoSuccess();
-    MakeWindow();
-    m_frameMade = true;
+    MakeFrame();
+    m_life.Go(ClientStage::Working);
     m_lifeCycle.MainFrameCreate();
-    ShowWindow();
+    ShowFrame();
 }
 
-void ClientApplication::TakeRefusal()
+void ClientApplication::HandleRefusal()
 {
-    if (m_ending) {
+    if (m_life.IsEnding()) {
         return;
     }
-    if (m_frameMade || m_window) {
+    if (m_frame) {
         // Modules may know the user: only a fresh process is sure to be nobody's.
         ClientMemory::SetSessionEnd(m_refusal);
         End(EndKind::Refused);
@@ -344,81 +299,58 @@ void ClientApplication::TakeRefusal()
     m_userInformation->Stop();
     m_session = Session();
     m_services->ClearSession();
-    m_trace.WriteLogin(pin, false, m_restarted ? LoginFlow::Origin::Restart : LoginFlow::Origin::Kept);
-    m_restarted = false;
-    m_kept->Forget([] {});
-    m_loginFlow->ShowDialog(pin, LoginService::ToProblem(m_refusal, QString()));
+    m_trace.WriteLogin(pin, false, m_handover ? LoginFlow::Origin::Restart : LoginFlow::Origin::Saved);
+    m_handover.reset();
+    m_life.Go(ClientStage::LoggingIn);
+    m_sessions->StartAgain(pin, m_refusal);
 }
 
-void ClientApplication::MakeWindow()
+void ClientApplication::MakeFrame()
 {
-    if (m_window) {
+    if (m_frame) {
         return;
     }
-    m_window = std::make_unique<ClientWindow>(m_options.pageEngine, m_options.profile, m_session.pin,
-                                              m_appearance.get(), &m_services->plugins);
-    MainWindow* const window = m_window->GetWindow();
-    m_trace.Watch(window);
-    m_notices.SetBar(window->GetNoticeBar());
-    if (!m_options.screenshot.isEmpty()) {
-        m_screenshot = std::make_unique<ScreenshotTaker>(window, m_options.screenshot);
-    }
-    // The window never closes by itself; the modules are asked first, and then everything ends in order.
-    window->SetCloseGuard([] { return false; });
-    connect(
-        window, &MainWindow::SigQuitRequested, this, [this] { AskForEnd(EndKind::Quit); },
-        Qt::QueuedConnection);
-    connect(
-        window, &MainWindow::SigLogOutRequested, this, [this] { AskForEnd(EndKind::LogOut); },
-        Qt::QueuedConnection);
-    connect(
-        m_window.get(), &ClientWindow::SigRestartRequested, this, [this] { AskForRestart(true, QString()); },
-        Qt::QueuedConnection);
-    m_settings = std::make_unique<ClientSettings>(window, m_window->GetPages(), m_appearance.get(),
-                                                  m_services.get(), m_kept.get(), m_loader.GetModules());
-    connect(m_watch.get(), &GatewayWatch::SigFound, m_settings.get(), &ClientSettings::LoadAgain);
-    m_window->AddRestartAction();
-    m_tabs = std::make_unique<TabKeeper>(
-        window, m_questions.get(), &m_notices, &ClientServices::LoadPicture, [this] {
-            return m_services->router.IsListed(TabKeeper::GetUpdateUrl(), m_lifeCycle.GetRunningModule());
-        });
+    ClientFrame::Parts parts;
+    parts.appearance = m_appearance.get();
+    parts.services = m_services.get();
+    parts.notices = &m_notices;
+    parts.questions = m_questions.get();
+    parts.savedSession = m_sessions->GetSaved();
+    parts.isKeepersTurn = [this] {
+        return m_services->router.IsListed(TabKeeper::GetUpdateUrl(), m_lifeCycle.GetRunningModule());
+    };
+    m_frame = std::make_unique<ClientFrame>(parts, m_options.pageEngine, m_options.profile, m_session.pin,
+                                            m_options.screenshot, m_loader.GetModules());
+    m_trace.Watch(m_frame->GetWindow());
+    connect(m_frame.get(), &ClientFrame::SigQuitRequested, this, [this] { AskForEnd(EndKind::Quit); });
+    connect(m_frame.get(), &ClientFrame::SigLogOutRequested, this, [this] { AskForEnd(EndKind::LogOut); });
+    connect(m_frame.get(), &ClientFrame::SigRestartRequested, this,
+            [this] { AskForRestart(true, QString()); });
+    connect(m_frame.get(), &ClientFrame::SigSettingsClosed, m_pendingChanges.get(), &PendingChanges::Check);
+    connect(m_gatewayWatch.get(), &GatewayWatch::SigFound, m_frame.get(), &ClientFrame::LoadSettingsAgain);
 }
 
-void ClientApplication::ShowWindow()
+void ClientApplication::ShowFrame()
 {
-    MainWindow* const window = m_window->GetWindow();
-    window->show();
-    m_loginFlow->CloseDialog();
-    // After a restart there was no dialog whose place in front it could take.
-    window->raise();
-    window->activateWindow();
-    QTimer::singleShot(0, m_window.get(), [this] {
-        if (m_ending) {
+    m_frame->Show();
+    m_sessions->CloseDialog();
+    QTimer::singleShot(0, m_frame.get(), [this] {
+        if (m_life.IsEnding()) {
             return;
         }
-        if (m_screenshot) {
-            m_screenshot->Arm();
-        }
-        m_tabs->Show(m_restarted, [this] { m_lifeCycle.MainFrameShow(); });
+        m_frame->ShowTabs(m_handover.has_value(), [this] { m_lifeCycle.MainFrameShow(); });
         m_traceWriter.Write(QStringLiteral("ready"), {});
     });
 }
 
-void ClientApplication::AskForEnd(EndKind kind)
+bool ClientApplication::HandleRestartRoute(const VXRouterProtocol& route)
 {
-    if (!m_ending && m_lifeCycle.MayClose()) {
-        End(kind);
-    }
-}
-
-bool ClientApplication::TakeRestartRoute(const VXRouterProtocol& route)
-{
-    if (!m_window || m_ending) {
+    if (!m_frame || m_life.IsEnding()) {
         return false;
     }
     const bool openTabs = route.GetWith(QStringLiteral("tabs")) != QLatin1String("0");
     const QString ignoreUrl = route.GetWith(QStringLiteral("ignore"));
-    // Whoever asks for it is done before it happens.
+    // The caller is done before it happens.
     QMetaObject::invokeMethod(
         this, [this, openTabs, ignoreUrl] { AskForRestart(openTabs, ignoreUrl); }, Qt::QueuedConnection);
     return true;
@@ -426,123 +358,90 @@ bool ClientApplication::TakeRestartRoute(const VXRouterProtocol& route)
 
 void ClientApplication::AskForRestart(bool openTabs, const QString& ignoreUrl)
 {
-    if (m_ending) {
-        return;
+    if (!m_life.IsEnding()) {
+        m_end.PrepareRestart(openTabs, ignoreUrl);
+        AskForEnd(EndKind::Restart);
     }
-    m_openTabsAgain = openTabs;
-    m_ignoreUrl = ignoreUrl;
-    AskForEnd(EndKind::Restart);
 }
 
-void ClientApplication::End(EndKind kind)
+void ClientApplication::AskForEnd(EndKind kind)
 {
-    if (m_ending) {
-        return;
+    if (!m_life.IsEnding() && m_lifeCycle.MayClose()) {
+        End(kind);
     }
-    m_ending = true;
-    m_endKind = kind;
-    m_userInformation->Stop();
-    if (m_tabs) {
-        m_tabs->PrepareEnd();
-    }
-    if (m_settings) {
-        m_settings->Close();
-    }
-    // A question of a module may be open: its code must be left before the module can go.
-    NestedLoops::LeaveThen(this, [this] { EndOnceWritten(QDeadlineTimer(writeLimit)); });
 }
 
-void ClientApplication::TakeSystemEnd()
+void ClientApplication::HandleSystemEnd()
 {
-    m_systemEnds = true;
-    // What the user chose a moment ago stands, but for a restart: there is nothing to go on in.
-    if (!m_ended && (!m_ending || m_endKind == EndKind::Restart)) {
-        m_endKind = EndKind::SystemEnd;
-    }
+    // What the user chose a moment ago stands, but for a restart.
+    m_end.HandleSystemEnd();
 }
 
 void ClientApplication::KeepTabsOnDisk()
 {
-    if (m_tabs && !m_ended) {
-        m_tabs->KeepOnDisk();
+    if (m_frame) {
+        m_frame->KeepTabsOnDisk();
     }
 }
 
-void ClientApplication::EndOnceWritten(const QDeadlineTimer& deadline)
+void ClientApplication::End(EndKind kind)
 {
-    // A change that the user made a moment ago is on its way to the gateway.
-    const bool writing = m_services->http.IsWriting() || (m_settings && m_settings->IsOpen());
-    if (!m_window || !writing || deadline.hasExpired()) {
-        // Meanwhile a page may have asked something.
-        NestedLoops::LeaveThen(this, [this] { EndNow(); });
+    if (!m_life.Go(ClientStage::Ending)) {
         return;
     }
-    QTimer::singleShot(writePause, this, [this, deadline] { EndOnceWritten(deadline); });
+    m_end.Decide(kind);
+    m_userInformation->Stop();
+    if (m_frame) {
+        m_frame->PrepareEnd();
+    }
+    // A question of a module may be open: its code must be left before the module can go.
+    NestedLoops::LeaveThen(this, [this] {
+        const auto takeDown = [this] { NestedLoops::LeaveThen(this, [this] { TakeDown(); }); };
+        if (m_frame) {
+            // A page may ask something meanwhile.
+            m_pendingChanges->WaitThen(WriteLimit, takeDown);
+        } else {
+            takeDown();
+        }
+    });
 }
 
-void ClientApplication::EndNow()
+void ClientApplication::TakeDown()
 {
-    m_ending = true; // also where the event loop was ended from outside
-    m_ended = true;
-    const EndKind kind = m_endKind;
-    m_startProblem = tr("The client could not be started again. Start it by hand.");
-    m_settings.reset();
-    // A restart without its tabs leaves as little behind as a quit.
-    const EndKind forTabs = kind == EndKind::Restart && !m_openTabsAgain ? EndKind::Quit : kind;
-    if (m_tabs) {
-        m_tabs->BeforeEnd(forTabs, m_ignoreUrl);
+    if (!m_life.Go(ClientStage::Ended)) {
+        return;
     }
-    if (EndsSession(kind)) {
+    m_end.Close();
+    m_startProblem = tr("The client could not be started again. Start it by hand.");
+    if (m_frame) {
+        m_frame->BeforeMainFrameQuit(m_end.GetKindForTabs(), m_end.GetIgnoredUrl());
+    }
+    if (m_end.EndsSession()) {
         m_lifeCycle.LogOut();
     }
-    if (kind == EndKind::SystemEnd || kind == EndKind::Refused) {
+    if (m_end.SkipsMainFrameQuit()) {
         m_lifeCycle.PassOverMainFrameQuit();
     } else {
         m_lifeCycle.MainFrameQuit();
     }
-    if (m_tabs) {
-        m_tabs->AfterMainFrameQuit(forTabs);
-        m_tabs.reset();
-    }
-    if (m_window) {
-        m_window->GetWindow()->CloseAllTabs();
+    if (m_frame) {
+        m_frame->AfterMainFrameQuit(m_end.GetKindForTabs());
+        m_frame->CloseAllTabs();
         m_lifeCycle.BeforeMainFrameDestruct();
-        m_notices.SetBar(nullptr);
-        m_screenshot.reset();
-        m_window.reset();
+        m_frame.reset();
     }
-    m_loginFlow->CloseDialog();
+    m_sessions->CloseDialog();
     m_lifeCycle.ExitApp();
     m_services->router.SetModules({});
     m_services->http.DropCalls();
     m_services->images.DropRequests();
     m_loader.Unload();
-    if (EndsSession(kind)) {
-        EndSession();
+    if (m_end.EndsSession()) {
+        m_sessions->End(m_session, !m_refusal.isEmpty(), [this] { Finish(); });
         return;
     }
-    if (kind == EndKind::Restart) {
-        m_handover = SessionHandover{m_session, m_openTabsAgain};
-    }
+    m_handover = SessionHandover{m_session, m_end.OpensTabsAgain()};
     Finish();
-}
-
-void ClientApplication::EndSession()
-{
-    const auto waiting = std::make_shared<int>(2);
-    const auto ended = [this, waiting] {
-        if (--*waiting == 0) {
-            Finish();
-        }
-    };
-    m_kept->Forget(ended);
-    if (m_refusal.isEmpty() && !m_session.IsEmpty()) {
-        connect(m_loginService.get(), &LoginService::SigLoggedOut, this, ended);
-        m_loginService->LogOut(m_session, endSessionLimit);
-    } else {
-        ended();
-    }
-    QTimer::singleShot(endSessionLimit, this, &ClientApplication::Finish);
 }
 
 void ClientApplication::Finish()

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "ClientEnd.h"
+#include "ClientLife.h"
 #include "ClientOptions.h"
+#include "ProfileLock.h"
+
 #include "gateway/GatewaySettings.h"
 #include "login/LoginFlow.h"
 #include "login/Session.h"
@@ -8,37 +12,29 @@
 #include "modules/LifeCycleDriver.h"
 #include "modules/ModuleLoader.h"
 #include "notices/NoticeBoard.h"
-#include "system/EndKind.h"
 #include "trace/TraceRecorder.h"
 #include "trace/TraceWriter.h"
 
-#include <QtCore/QLockFile>
 #include <QtCore/QObject>
 
 #include <memory>
 #include <optional>
 
-class QDeadlineTimer;
-
 class ClientAppearance;
-class TroubleNotices;
+class ClientFrame;
 class ClientServices;
-class ClientSettings;
-class TabKeeper;
-class ClientWindow;
+class ClientSession;
 class GatewayWatch;
-class IKeyStore;
-class SavedSession;
-class LoginService;
+class PendingChanges;
 class QuestionWatch;
-class ScreenshotTaker;
 class SystemEndWatch;
+class TroubleNotices;
 class UserInformation;
 class VXRouterProtocol;
 struct HttpCallReport;
 
-/// The client from its start to its end: brings up what it is made of in the order of docs/lifecycle.md
-/// and takes it down again. One user for the life of the process. GUI thread.
+/// The client from its start to its end: brings up its parts in the order of docs/lifecycle.md and takes them
+/// down again. One user for the life of the process. GUI thread.
 class ClientApplication final : public QObject
 {
     Q_OBJECT
@@ -55,36 +51,40 @@ public:
     bool Prepare(QString* problem);
     /// Returns when everything is taken down.
     int Run();
-    /// After `Run`: starts the process that takes over, when there is to be one, because the user logged out
-    /// or the client restarts. False, with a sentence in `problem`, when it could not be started.
+    /// After `Run`: starts the process that takes over, if the user logged out or the client restarts. False,
+    /// with a sentence in `problem`, when it could not be started.
     bool StartSuccessor(QString* problem) const;
 
 private:
-    bool TakeProfileLock();
-    void Build();
+    void WatchSystem();
+    void BuildNotices();
+    void BuildServices();
+    void BuildSession();
     void LoadModules();
+
     void StartLogin();
-    void TakeSession(const Session& session, LoginFlow::Origin origin);
-    void TakeFailedLogin(const QString& pin);
-    void TakeReport(const HttpCallReport& report);
-    void TakeUserInformation();
-    void TakeRefusal();
-    void MakeWindow();
-    void ShowWindow();
-    void AskForEnd(EndKind kind);
-    bool TakeRestartRoute(const VXRouterProtocol& route);
+    void HandleLogin(const Session& session, LoginFlow::Origin origin);
+    void HandleFailedLogin(const QString& pin);
+    void HandleReport(const HttpCallReport& report);
+    void HandleUserInformation();
+    void HandleRefusal();
+    void MakeFrame();
+    void ShowFrame();
+
+    bool HandleRestartRoute(const VXRouterProtocol& route);
     void AskForRestart(bool openTabs, const QString& ignoreUrl);
-    void End(EndKind kind);
-    void TakeSystemEnd();
+    void AskForEnd(EndKind kind);
+    void HandleSystemEnd();
     void KeepTabsOnDisk();
-    void EndOnceWritten(const QDeadlineTimer& deadline);
-    void EndNow();
-    void EndSession();
+    void End(EndKind kind);
+    void TakeDown();
     void Finish();
 
     const ClientOptions m_options;
     const GatewaySettings m_gatewaySettings;
-    std::unique_ptr<QLockFile> m_profileLock;
+    ProfileLock m_profileLock;
+    ClientLife m_life;
+    ClientEnd m_end;
     TraceWriter m_traceWriter;
     TraceRecorder m_trace;
     NoticeBoard m_notices;
@@ -93,30 +93,18 @@ private:
     std::unique_ptr<ClientAppearance> m_appearance;
     std::unique_ptr<ClientServices> m_services;
     std::unique_ptr<UserInformation> m_userInformation;
-    std::unique_ptr<GatewayWatch> m_watch;
-    std::unique_ptr<TroubleNotices> m_clientNotices;
-    std::unique_ptr<IKeyStore> m_keyStore;
-    std::unique_ptr<SavedSession> m_kept;
-    std::unique_ptr<LoginService> m_loginService;
-    std::unique_ptr<LoginFlow> m_loginFlow;
+    std::unique_ptr<GatewayWatch> m_gatewayWatch;
+    std::unique_ptr<TroubleNotices> m_troubleNotices;
+    std::unique_ptr<PendingChanges> m_pendingChanges;
+    std::unique_ptr<ClientSession> m_sessions;
     ModuleLoader m_loader;
     LifeCycleDriver m_lifeCycle;
-    std::unique_ptr<ClientWindow> m_window;
-    std::unique_ptr<TabKeeper> m_tabs;
-    std::unique_ptr<ClientSettings> m_settings;
-    std::unique_ptr<ScreenshotTaker> m_screenshot;
+    std::unique_ptr<ClientFrame> m_frame;
 
     Session m_session;
-    QString m_refusal; // the code with which the gateway refused the session
+    QString m_refusal;      // the code with which the gateway refused the session; empty while it does not
+    QString m_startProblem; // in the user's language, whose translation is gone when it is needed
     int m_exitCode = 0;
-    bool m_frameMade = false;
-    bool m_ending = false;     // an end was decided on
-    bool m_ended = false;      // it has come
-    bool m_systemEnds = false; // the system wants the process gone
-    EndKind m_endKind = EndKind::Quit;
-    QString m_startProblem;       // in the user's language, which is gone when it is needed
-    bool m_restarted = false;     // this process took over from one that restarted itself
-    bool m_openTabsAgain = false; // what a restart asks for
-    QString m_ignoreUrl;          // the tab that it leaves out
+    /// What the process before handed over; later, what this one hands over to the next.
     std::optional<SessionHandover> m_handover;
 };

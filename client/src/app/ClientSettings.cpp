@@ -18,14 +18,14 @@
 #include <QtWidgets/QAction>
 
 ClientSettings::ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
-                               ClientServices* services, SavedSession* kept,
+                               ClientServices* services, SavedSession* savedSession,
                                std::vector<LoadedModule> modules, QObject* parent)
     : QObject(parent)
     , m_window(window)
     , m_pages(pages)
     , m_appearance(appearance)
     , m_services(services)
-    , m_kept(kept)
+    , m_savedSession(savedSession)
     , m_modules(std::move(modules))
     , m_action(new QAction(this))
 {
@@ -53,6 +53,7 @@ void ClientSettings::Show()
         }
         m_dialog = new SettingsDialog(GetServices(), factories, m_window);
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_dialog, &QDialog::finished, this, &ClientSettings::SigClosed);
         connect(m_appearance, &ClientAppearance::SigThemeChanged, m_dialog, &SettingsDialog::SetTheme);
         connect(m_appearance, &ClientAppearance::SigLanguageChanged, m_dialog, &SettingsDialog::SetLanguage);
         connect(m_appearance, &ClientAppearance::SigScaleChanged, m_dialog, &SettingsDialog::SetScale);
@@ -94,8 +95,8 @@ SettingsServices ClientSettings::GetServices()
     services.clearBrowsingData = [this](const std::function<void(bool)>& done) {
         done(m_pages->ClearData());
     };
-    services.hasKeptSession = [this] { return m_kept->HasRecord(); };
-    services.forgetSession = [this](const std::function<void()>& done) { m_kept->Forget(done); };
+    services.hasKeptSession = [this] { return m_savedSession->HasRecord(); };
+    services.forgetSession = [this](const std::function<void()>& done) { m_savedSession->Forget(done); };
     services.clearKeptReplies = [this] { m_services->http.ClearCache(); };
     services.loadEvents = [this] {
         return MonitorEventFile::Load({m_services->monitor.GetOlderFile(), m_services->monitor.GetFile()});

@@ -24,18 +24,22 @@ class ClientSettings final : public QObject
     Q_OBJECT
 
 public:
-    /// Nothing is owned.
+    /// Owns none of the objects.
     ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
-                   ClientServices* services, SavedSession* kept, std::vector<LoadedModule> modules,
+                   ClientServices* services, SavedSession* savedSession, std::vector<LoadedModule> modules,
                    QObject* parent = nullptr);
     ~ClientSettings() override;
 
     void Show();
     bool IsOpen() const;
-    /// The gateway answers again: what stands there as last known is read anew.
+    /// The gateway answers again: pages that show the last known configuration read it again.
     void LoadAgain();
-    /// Once every change has been answered; asked again, at once.
+    /// Closes the dialog when all changes are answered; a second call closes it immediately.
     void Close();
+
+Q_SIGNALS:
+    /// The dialog is off the screen.
+    void SigClosed();
 
 private:
     SettingsServices GetServices();
@@ -45,7 +49,7 @@ private:
     IPageFactory* m_pages;
     ClientAppearance* m_appearance;
     ClientServices* m_services;
-    SavedSession* m_kept;
+    SavedSession* m_savedSession;
     std::vector<LoadedModule> m_modules;
     QAction* m_action;
     QPointer<SettingsDialog> m_dialog;

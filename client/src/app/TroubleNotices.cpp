@@ -26,7 +26,7 @@ TroubleNotices::TroubleNotices(NoticeBoard* notices, GatewayWatch* watch, QObjec
     connect(watch, &GatewayWatch::SigFound, this, [this] { m_notices->Hide(gatewayId); });
 }
 
-void TroubleNotices::Take(const HttpCallReport& report)
+void TroubleNotices::HandleReport(const HttpCallReport& report)
 {
     if (report.method != "dsm.tl.pc.auto.run.get") {
         return;
@@ -57,7 +57,7 @@ void TroubleNotices::ShowStoreSetAside(const QString& setAsideFile, const QStrin
     });
 }
 
-void TroubleNotices::TakeDamagedValue()
+void TroubleNotices::HandleDamagedValue()
 {
     ++m_damagedValues;
     m_notices->Show(QStringLiteral("store-values-damaged"), NoticeKind::Warning, [count = m_damagedValues] {

@@ -16,12 +16,12 @@ public:
     TroubleNotices(NoticeBoard* notices, GatewayWatch* watch, QObject* parent = nullptr);
 
     /// A call ended; one that reads what opens at the start is of interest to the user when it fails.
-    void Take(const HttpCallReport& report);
+    void HandleReport(const HttpCallReport& report);
     /// The session was to be kept and could not be.
     void ShowKeepFailed();
     void ShowStoreSetAside(const QString& setAsideFile, const QString& reason);
     /// One more stored value was found damaged.
-    void TakeDamagedValue();
+    void HandleDamagedValue();
     void ShowStoreFailed(const QString& reason);
 
 private:

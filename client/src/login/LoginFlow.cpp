@@ -37,7 +37,7 @@ void LoginFlow::Start(const QString& pin, const LoginProblem& problem)
         if (session.IsEmpty()) {
             guard->ShowDialog(pin, {kind, QString(), QDateTime()});
         } else {
-            Q_EMIT guard->SigLoggedIn(session, Origin::Kept);
+            Q_EMIT guard->SigLoggedIn(session, Origin::Saved);
         }
     });
 }

@@ -29,14 +29,14 @@ protected:
     void Take(const HttpCallReport& report)
     {
         m_watch.Take(report);
-        m_clientNotices.Take(report);
+        m_troubleNotices.HandleReport(report);
     }
     std::string Text(const char* id) const { return m_bar.GetText(QLatin1String(id)).toStdString(); }
 
     NoticeBar m_bar;
     NoticeBoard m_notices;
     GatewayWatch m_watch{std::make_unique<ManualDelay>(), [] {}};
-    TroubleNotices m_clientNotices{&m_notices, &m_watch};
+    TroubleNotices m_troubleNotices{&m_notices, &m_watch};
     QSignalSpy m_shown{&m_notices, &NoticeBoard::SigShown};
     QSignalSpy m_gone{&m_notices, &NoticeBoard::SigGone};
 };
@@ -55,7 +55,7 @@ TEST_F(TroubleNoticesTest, KeptReplyIsSaidWithTheFailureAndGoesAwayWithTheNextAn
 TEST_F(TroubleNoticesTest, NoticeThatCameBeforeTheWindowIsShownInIt)
 {
     Take(Report("dsm.tl.pc.plugin.list", true, true));
-    m_clientNotices.ShowStoreSetAside(QStringLiteral("/p/settings.damaged"), QStringLiteral("malformed"));
+    m_troubleNotices.ShowStoreSetAside(QStringLiteral("/p/settings.damaged"), QStringLiteral("malformed"));
     EXPECT_EQ(m_shown.count(), 2);
     m_notices.SetBar(&m_bar);
     EXPECT_EQ(m_bar.GetCount(), 2);
@@ -66,8 +66,8 @@ TEST_F(TroubleNoticesTest, NoticeThatCameBeforeTheWindowIsShownInIt)
 TEST_F(TroubleNoticesTest, DamagedValuesAreCountedInOneNotice)
 {
     m_notices.SetBar(&m_bar);
-    m_clientNotices.TakeDamagedValue();
-    m_clientNotices.TakeDamagedValue();
+    m_troubleNotices.HandleDamagedValue();
+    m_troubleNotices.HandleDamagedValue();
     EXPECT_EQ(m_bar.GetCount(), 1);
     EXPECT_NE(Text("store-values-damaged").find("(2)"), std::string::npos);
 }
@@ -101,7 +101,7 @@ TEST_F(TroubleNoticesTest, StartListFromAKeptReplyIsNoFailedRead)
 TEST_F(TroubleNoticesTest, BarThatTheUserClosedIsGoneAndDoesNotComeBackWithTheLanguage)
 {
     m_notices.SetBar(&m_bar);
-    m_clientNotices.ShowStoreFailed(QStringLiteral("disk full"));
+    m_troubleNotices.ShowStoreFailed(QStringLiteral("disk full"));
     m_bar.Hide(QStringLiteral("store-failed"));
     EXPECT_EQ(m_gone.count(), 1);
     m_notices.Retranslate();
@@ -111,8 +111,8 @@ TEST_F(TroubleNoticesTest, BarThatTheUserClosedIsGoneAndDoesNotComeBackWithTheLa
 TEST_F(TroubleNoticesTest, SameNoticeAgainIsReplacedInPlace)
 {
     m_notices.SetBar(&m_bar);
-    m_clientNotices.ShowStoreFailed(QStringLiteral("disk full"));
-    m_clientNotices.ShowStoreFailed(QStringLiteral("read-only"));
+    m_troubleNotices.ShowStoreFailed(QStringLiteral("disk full"));
+    m_troubleNotices.ShowStoreFailed(QStringLiteral("read-only"));
     EXPECT_EQ(m_bar.GetCount(), 1);
     EXPECT_NE(Text("store-failed").find("read-only"), std::string::npos);
     EXPECT_EQ(m_gone.count(), 0);

@@ -125,7 +125,7 @@ protected:
     LoginService m_service;
     LoginFlow m_flow{&m_service, &m_kept, &m_keyStore};
     QVector<Session> m_sessions;
-    LoginFlow::Origin m_origin = LoginFlow::Origin::Kept;
+    LoginFlow::Origin m_origin = LoginFlow::Origin::Saved;
 };
 
 TEST_F(LoginFlowTest, PasswordTypedAndAcceptedGivesTheSession)
@@ -279,7 +279,7 @@ TEST_F(LoginFlowTest, TickedBoxKeepsTheSessionAndTheNextStartTakesIt)
     m_flow.Start(QString(), LoginProblem());
     m_keyStore.Answer();
     ASSERT_EQ(m_sessions.size(), 2);
-    EXPECT_EQ(m_origin, LoginFlow::Origin::Kept);
+    EXPECT_EQ(m_origin, LoginFlow::Origin::Saved);
     EXPECT_EQ(m_sessions[1].accessToken, QStringLiteral("token"));
     EXPECT_EQ(comes.count(), 0);
     EXPECT_EQ(m_server.GetRequestCount(), 1);

@@ -23,7 +23,7 @@ public:
     {
         Dialog,
         CommandLine,
-        Kept,
+        Saved,
         Restart ///< not this class: the process before handed it over
     };
 
