@@ -26,15 +26,15 @@ namespace {
 
 constexpr std::size_t BufferLimit = 131072;
 constexpr std::size_t ReadAtOnce = 8192;
-// After a refusal of an unread request the client still sends; a close at once would make its system throw
-// the reply away.
+// A client whose request was refused unread is still sending; closing at once would make its system discard
+// the reply.
 constexpr std::size_t DiscardLimit = 4194304;
 constexpr std::chrono::seconds DiscardTime{2};
 constexpr const char* ServerName = "tl-gateway";
 
-// Many clients send the head and the body of a request apart, and their system holds the body back until
-// the head is acknowledged, which this system by itself puts off for some 40 ms. No more than a hint, and not
-// to be had everywhere.
+// Many clients send the head and the body of a request separately, and their system holds the body back until
+// the head is acknowledged, which this system delays by some 40 ms. This is a hint, and not available
+// everywhere.
 void AcknowledgeAtOnce([[maybe_unused]] boost::asio::ip::tcp::socket& socket)
 {
 #ifdef TCP_QUICKACK

@@ -15,8 +15,8 @@
 
 namespace TLGateway {
 
-// One connection: reads a request, has it answered, sends the reply, and begins again. Requests that a client
-// sends ahead wait in the buffer, so replies keep the order. Everything runs on the server's thread.
+// One connection: reads a request, has it answered, sends the reply, and starts over. Requests sent ahead
+// wait in the buffer, so replies keep their order. Everything runs on the server's thread.
 class HttpSession final : public std::enable_shared_from_this<HttpSession>
 {
 public:
@@ -37,8 +37,8 @@ public:
 private:
     enum class State
     {
-        Idle,      // nothing of a request has arrived
-        Reading,   // a part of a request has
+        Idle,      // no byte of a request has arrived
+        Reading,   // part of a request has arrived
         Answering, // the request is being worked on or the reply is on its way
         Closed,
     };
@@ -68,7 +68,7 @@ private:
     bool m_isHead = false;
     bool m_keepAlive = true;
     bool m_isFinishing = false;
-    bool m_isUnreadable = false; // the rest of what the client sends is not understood
+    bool m_isUnreadable = false; // the rest of the input cannot be parsed
     std::size_t m_discarded = 0;
 };
 

@@ -73,7 +73,7 @@ private:
     const Connect m_connect;
     const Options m_options;
     const std::shared_ptr<spdlog::logger> m_logger;
-    const std::string m_name; // of this writer among all that ever write to the database
+    const std::string m_name; // identifies this writer among all that ever write to the database
 
     std::unique_ptr<PostgresConnection> m_connection; // null while there is none
     std::int64_t m_transactions = 0;

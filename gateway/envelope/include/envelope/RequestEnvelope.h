@@ -8,7 +8,7 @@
 
 namespace TLGateway {
 
-// What a request says around its business JSON, once form, app key, sign and time stamp are found good.
+// What a request says around its business JSON, once form, app key, sign and time stamp have been checked.
 struct RequestEnvelope
 {
     std::string method;

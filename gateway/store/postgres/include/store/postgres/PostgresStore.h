@@ -16,7 +16,7 @@ class logger;
 namespace TLGateway {
 
 // The store on a PostgreSQL server, which several gateways may use at once. While the server is gone reads
-// throw and writes fail (StoreFailed); when it is back the store goes on by itself.
+// throw and writes fail (StoreFailed); when it is back the store recovers by itself.
 class PostgresStore final : public RowStore
 {
 public:
