@@ -121,7 +121,7 @@ void HttpSession::AwaitRequest(std::chrono::milliseconds limit)
 void HttpSession::ReadHeader()
 {
     m_state = State::Reading;
-    m_isHead = false;
+    m_exchange = {};
     m_parser.emplace();
     m_parser->body_limit(m_options.maxBodySize);
     m_parser->header_limit(static_cast<std::uint32_t>(m_options.maxHeaderSize));
@@ -173,8 +173,8 @@ void HttpSession::OnRequest(beast::error_code error)
     m_state = State::Answering;
     m_stream.expires_never();
     auto request = m_parser->release();
-    m_isHead = request.method() == http::verb::head;
-    m_keepAlive = request.keep_alive();
+    m_exchange.isHead = request.method() == http::verb::head;
+    m_exchange.keepAlive = request.keep_alive();
     const std::string method(request.method_string());
     const std::string target(request.target());
     m_router.Route(method, target, std::move(request.body()), [self = shared_from_this()](HttpReply reply) {
@@ -194,8 +194,8 @@ void HttpSession::OnUnreadable(beast::error_code error)
         return;
     }
     m_state = State::Answering;
-    m_keepAlive = false;
-    m_isUnreadable = true;
+    m_exchange.keepAlive = false;
+    m_exchange.isUnreadable = true;
     Refusal refusal{ErrorCode::BadParameter, "the request is not valid HTTP: " + error.message()};
     if (isTooLarge) {
         refusal = {ErrorCode::BodyTooLarge,
@@ -212,22 +212,22 @@ void HttpSession::SendReply(const HttpReply& reply)
     if (m_state == State::Closed) {
         return;
     }
-    m_keepAlive = m_keepAlive && !m_isFinishing;
+    m_exchange.keepAlive = m_exchange.keepAlive && !m_isFinishing;
     m_stream.expires_after(m_options.replyLimit);
     const auto status = static_cast<http::status>(reply.status);
     const auto sent = [self = shared_from_this()](beast::error_code error, std::size_t) {
         self->OnReplySent(error);
     };
-    if (m_isHead) {
+    if (m_exchange.isHead) {
         auto message = std::make_shared<http::response<http::empty_body>>(status, 11);
-        SetFields(*message, reply, m_keepAlive);
+        SetFields(*message, reply, m_exchange.keepAlive);
         message->content_length(reply.body.size());
         m_response = message;
         http::async_write(m_stream, *message, sent);
         return;
     }
     auto message = std::make_shared<Response>(status, 11, reply.body);
-    SetFields(*message, reply, m_keepAlive);
+    SetFields(*message, reply, m_exchange.keepAlive);
     message->prepare_payload();
     m_response = message;
     http::async_write(m_stream, *message, sent);
@@ -237,9 +237,9 @@ void HttpSession::OnReplySent(beast::error_code error)
 {
     m_response.reset();
     const bool goesOn = !error && m_state != State::Closed;
-    if (goesOn && m_isUnreadable) {
+    if (goesOn && m_exchange.isUnreadable) {
         Linger();
-    } else if (goesOn && m_keepAlive) {
+    } else if (goesOn && m_exchange.keepAlive) {
         AwaitRequest(m_options.idleLimit);
     } else {
         Abort();

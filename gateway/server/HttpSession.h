@@ -43,6 +43,14 @@ private:
         Closed,
     };
 
+    // The request that is being read or answered.
+    struct Exchange
+    {
+        bool isHead = false;
+        bool keepAlive = true;
+        bool isUnreadable = false; // the rest of the input cannot be parsed
+    };
+
     using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
     using Response = boost::beast::http::response<boost::beast::http::string_body>;
 
@@ -65,10 +73,8 @@ private:
     std::optional<Parser> m_parser;
     std::shared_ptr<void> m_response; // alive while it is being sent
     State m_state = State::Idle;
-    bool m_isHead = false;
-    bool m_keepAlive = true;
+    Exchange m_exchange;
     bool m_isFinishing = false;
-    bool m_isUnreadable = false; // the rest of the input cannot be parsed
     std::size_t m_discarded = 0;
 };
 
