@@ -125,7 +125,7 @@ void HttpSession::ReadHeader()
     m_parser.emplace();
     m_parser->body_limit(m_options.maxBodySize);
     m_parser->header_limit(static_cast<std::uint32_t>(m_options.maxHeaderSize));
-    // One limit for header and body together: a client cannot stretch it by sending a byte now and then.
+    // One limit for header and body together: a client cannot stretch it by sending single bytes.
     m_stream.expires_after(m_options.requestLimit);
     http::async_read_header(
         m_stream, m_buffer, *m_parser,

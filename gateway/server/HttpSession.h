@@ -28,7 +28,7 @@ public:
 
     void Start();
 
-    // Closes an idle connection; one that is in a request closes after the reply.
+    // Closes an idle connection; a busy one closes after the reply.
     void Finish();
 
     // Closes at once.

@@ -64,7 +64,7 @@ void PostgresEngine::Open()
                 "that were answered",
                 m_target.Description());
         }
-        // Removes what gateways left that were killed.
+        // Removes what killed gateways left behind.
         connection
             .Query("DELETE FROM write_receipt WHERE writer IN (SELECT writer FROM write_receipt "
                    "WHERE written_at < now() - interval '30 days' FOR UPDATE SKIP LOCKED)")

@@ -48,7 +48,7 @@ public:
     ~PostgresWriter();
 
     // Any thread. From before the write until its commit no other gateway changes what belongs to the job's
-    // user. When the queue is full or the writer closed, the job's `done` hears so before this returns.
+    // user. When the queue is full or the writer closed, the job's `done` is told before this returns.
     void Submit(WriteJob job);
 
     // Does the writes that wait. Later ones fail (Closing).

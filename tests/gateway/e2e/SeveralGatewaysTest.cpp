@@ -34,7 +34,7 @@ protected:
 
     void SetUp() override
     {
-        // At once, as after a power failure of all: they share the making of the schema.
+        // Both start at once, as after a power failure, and share the creation of the schema.
         std::thread other([this] { second = std::make_unique<ServingProgram>(url); });
         first = std::make_unique<ServingProgram>(url);
         other.join();

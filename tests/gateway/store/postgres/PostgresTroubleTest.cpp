@@ -232,7 +232,7 @@ TEST_F(PostgresUnderWritesTest, StoppedServerKeepsWhatWasAnsweredAndNothingElse)
     End();
 }
 
-TEST_F(PostgresUnderWritesTest, EndedSessionsAreMadeAnewAndEveryAnswerIsTrue)
+TEST_F(PostgresUnderWritesTest, EndedSessionsAreReplacedAndEveryAnswerIsTrue)
 {
     Begin();
     for (int round = 0; round < 20; ++round) {
@@ -243,7 +243,7 @@ TEST_F(PostgresUnderWritesTest, EndedSessionsAreMadeAnewAndEveryAnswerIsTrue)
     End();
 }
 
-TEST_F(PostgresUnderWritesTest, FrozenServerIsNotWaitedForForEver)
+TEST_F(PostgresUnderWritesTest, FrozenServerIsNotWaitedForForever)
 {
     options.limits = {std::chrono::seconds(1), std::chrono::seconds(2), std::chrono::seconds(3)};
     Begin();
@@ -307,7 +307,7 @@ TEST_F(PostgresTroubleTest, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNo
     EXPECT_EQ(Stored(*store, "anna"), std::set<std::string>{"2"});
 }
 
-TEST_F(PostgresTroubleTest, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForEver)
+TEST_F(PostgresTroubleTest, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForever)
 {
     PostgresLimits short_;
     short_.answer = std::chrono::seconds(3);
