@@ -73,8 +73,7 @@ void AddCatalogueCommands(CLI::App& app, CommandContext& context)
     CLI::App* switches = app.add_subcommand("switch", "The function switches");
     switches->require_subcommand(1);
     const auto functionSwitch = std::make_shared<FunctionSwitch>();
-    CLI::App* set =
-        switches->add_subcommand("set", "Set a function switch; a flag that is left out is cleared");
+    CLI::App* set = switches->add_subcommand("set", "Set a function switch; omitted flags are cleared");
     AddDatabaseOption(*set, context);
     set->add_option("NUMBER", functionSwitch->number, "The number of the switch")
         ->required()

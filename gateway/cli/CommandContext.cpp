@@ -37,7 +37,7 @@ std::string CommandContext::ReadSecretLine(const std::string& what) const
         line.pop_back();
     }
     if (line.empty()) {
-        throw CommandError("no " + what + " on standard input: write it there as one line");
+        throw CommandError("no " + what + " on standard input: pass it there as one line");
     }
     if (!IsValidUtf8(line)) {
         throw CommandError("the " + what + " is not valid UTF-8");

@@ -13,7 +13,7 @@ class logger;
 
 namespace TLGateway {
 
-// What the commands share: the streams, the database they work on, and the ways to use both.
+// What the commands share: the streams, the database they work on, and how to use both.
 struct CommandContext
 {
     enum class Database

@@ -38,7 +38,7 @@ StoredConfiguration FindRevision(IStore& store, const std::string& pin, std::int
         }
     }
     throw CommandError("user " + Quoted(pin) + " has no revision " + std::to_string(revision) +
-                       "; \"config history\" lists those that are kept");
+                       "; \"config history\" lists the kept ones");
 }
 
 // Revision 0 asks for the newest.
@@ -111,7 +111,7 @@ void AddConfigCommands(CLI::App& app, CommandContext& context)
     show->add_option("--revision", *revision, "An earlier revision")->check(CLI::PositiveNumber);
     show->callback([&context, pin, revision] { ShowConfiguration(context, *pin, *revision); });
 
-    CLI::App* history = config->add_subcommand("history", "List the revisions that are kept, newest first");
+    CLI::App* history = config->add_subcommand("history", "List the kept revisions, newest first");
     AddDatabaseOption(*history, context);
     history->add_option("PIN", *pin, "The user's account name")->required();
     history->callback([&context, pin] { ShowHistory(context, *pin); });

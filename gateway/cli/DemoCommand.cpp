@@ -61,7 +61,7 @@ void SetUpDemo(const CommandContext& context, const std::string& pages)
 void AddDemoCommand(CLI::App& app, CommandContext& context)
 {
     const auto pages = std::make_shared<std::string>();
-    CLI::App* demo = app.add_subcommand("demo", "Set up a demo merchant, or reset the one that is there");
+    CLI::App* demo = app.add_subcommand("demo", "Set up the demo merchant, or reset it");
     AddDatabaseOption(*demo, context);
     demo->add_option("--pages", *pages, "Address of a gateway that serves the demo pages")->required();
     demo->callback([&context, pages] { SetUpDemo(context, *pages); });

@@ -32,8 +32,8 @@ void AddKeyCommands(CLI::App& app, CommandContext& context)
     key->require_subcommand(1);
 
     const auto appKey = std::make_shared<std::string>();
-    CLI::App* set =
-        key->add_subcommand("set", "Add an app key or change it; the secret is one line of standard input");
+    CLI::App* set = key->add_subcommand(
+        "set", "Add or change an app key; reads the secret as one line from standard input");
     AddDatabaseOption(*set, context);
     set->add_option("APP_KEY", *appKey, "The app key that the client sends")->required();
     set->callback([&context, appKey] { SetKey(context, *appKey); });

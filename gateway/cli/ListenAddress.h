@@ -12,7 +12,7 @@ struct ListenAddress
     std::string host;
     std::uint16_t port = 0;
 
-    // The host as it stands in a URL: an IPv6 address in brackets.
+    // The host as a URL needs it: an IPv6 address in brackets.
     [[nodiscard]] std::string HostForUrl() const;
 };
 

@@ -6,7 +6,8 @@
 
 namespace TLGateway {
 
-// JSON for a person to read: two blanks of indentation, one member or element a line, a line feed at the end.
+// JSON for a person to read: two spaces of indentation, one member or element per line, a line feed at the
+// end.
 [[nodiscard]] std::string PrettyJson(const boost::json::value& value);
 
 } // namespace TLGateway

@@ -37,14 +37,14 @@ struct ServeOptions
     int threads = 4;
 };
 
-// What is declared later uses what is declared before, and ends first: the workers finish before the server
-// that their answers go to, and all of them before the store.
+// Each object uses those declared before it and ends before them: the workers finish before the server that
+// takes their answers, and all of them before the store.
 void Serve(const CommandContext& context, const ServeOptions& options)
 {
     const ListenAddress address = ParseListenAddress(options.listen);
     context.logger->set_level(spdlog::level::from_str(options.logLevel));
 #ifdef SIGPIPE
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // whoever reads the log may end before the gateway does
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // the reader of the log may exit first
 #endif
 
     OpenStoreOptions storeOptions;
@@ -75,7 +75,7 @@ void Serve(const CommandContext& context, const ServeOptions& options)
                 << std::endl;
     server.Run(true);
 
-    // Answers may still be on their way to the server: it stays until nobody can give one.
+    // The server takes answers until no worker can give one.
     workers.Close();
     hashers.Close();
     store->Close();
@@ -89,16 +89,16 @@ void AddServeCommand(CLI::App& app, CommandContext& context)
     const auto options = std::make_shared<ServeOptions>();
     CLI::App* serve = app.add_subcommand("serve", "Serve requests until SIGTERM or SIGINT");
     AddDatabaseOption(*serve, context);
-    serve->add_option("--listen", options->listen, "IP address and port; port 0 takes a free one")
+    serve->add_option("--listen", options->listen, "IP address and port; port 0 picks a free one")
         ->required();
     serve->add_flag("--demo-pages", options->hasDemoPages, "Serve the demo merchant's pages below /demo/");
     serve->add_option("--token-lifetime", options->tokenLifetime, "How long a log-in lasts [hours]")
         ->check(CLI::Range(1, 87600))
         ->capture_default_str();
-    serve->add_option("--threads", options->threads, "Threads that work on requests")
+    serve->add_option("--threads", options->threads, "Threads that handle requests")
         ->check(CLI::Range(1, 64))
         ->capture_default_str();
-    serve->add_option("--log-level", options->logLevel, "What is logged to standard error")
+    serve->add_option("--log-level", options->logLevel, "Least severe level logged to standard error")
         ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}))
         ->capture_default_str();
     serve->callback([&context, options] { Serve(context, *options); });

@@ -22,7 +22,7 @@ void AddUser(const CommandContext& context, const std::string& pin, const std::s
     const auto store = context.OpenStore(CommandContext::Database::MayBeMade);
     if (store->FindUser(pin)) {
         throw CommandError("user " + Quoted(pin) +
-                           " exists already; use \"user password\" to change the password");
+                           " already exists; use \"user password\" to change the password");
     }
     const std::string hash = PasswordHasher().Hash(context.ReadSecretLine("password"));
     AwaitWrite([&](IStore::WriteDone done) { store->AddUser({pin, belongType, hash}, std::move(done)); });
@@ -58,7 +58,8 @@ void AddUserCommands(CLI::App& app, CommandContext& context)
     const auto pin = std::make_shared<std::string>();
     const auto belongType = std::make_shared<std::string>();
 
-    CLI::App* add = user->add_subcommand("add", "Add a user; the password is one line of standard input");
+    CLI::App* add =
+        user->add_subcommand("add", "Add a user; reads the password as one line from standard input");
     AddDatabaseOption(*add, context);
     add->add_option("PIN", *pin, "The user's account name")->required();
     add->add_option("--belong-type", *belongType, "The kind of account, for example merchant")->required();
@@ -66,12 +67,12 @@ void AddUserCommands(CLI::App& app, CommandContext& context)
 
     CLI::App* password = user->add_subcommand(
         "password",
-        "Change a user's password, which is one line of standard input, and end the user's log-ins");
+        "Change a user's password, read as one line from standard input, and end the user's log-ins");
     AddDatabaseOption(*password, context);
     password->add_option("PIN", *pin, "The user's account name")->required();
     password->callback([&context, pin] { SetPassword(context, *pin); });
 
-    CLI::App* list = user->add_subcommand("list", "List the users, one a line: pin, tab, belong type");
+    CLI::App* list = user->add_subcommand("list", "List the users, one per line: pin, tab, belong type");
     AddDatabaseOption(*list, context);
     list->callback([&context] { ListUsers(context); });
 }

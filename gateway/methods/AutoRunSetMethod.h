@@ -5,7 +5,7 @@
 
 namespace TLGateway {
 
-// dsm.tl.pc.auto.run.set: replaces the user's configuration, but for the operator's entries.
+// dsm.tl.pc.auto.run.set: replaces the user's configuration except the operator's entries.
 class AutoRunSetMethod final : public IMethod
 {
 public:

@@ -18,7 +18,7 @@ namespace TLGateway {
 namespace {
 
 constexpr std::size_t TokenSize = 32;
-// An expired token is kept this long, so that its owner hears that it has expired [s].
+// An expired token is kept this long, so that its owner is told that it has expired [s].
 constexpr UnixTime ExpiredTokenKept = UnixTime{30} * 24 * 60 * 60;
 
 void CheckLength(const std::string& text, std::size_t limit, const char* path)

@@ -9,7 +9,7 @@ namespace TLGateway {
 
 namespace {
 
-// A number that no int holds becomes the nearest one, which the limits refuse later, in their turn.
+// A number beyond int becomes the nearest int, which CheckLimits refuses later.
 int ReadType(const JsonObjectReader& reader)
 {
     return static_cast<int>(std::clamp<std::int64_t>(reader.Integer("type"), std::numeric_limits<int>::min(),
@@ -29,7 +29,7 @@ AutoRunEntry ReadWholeEntry(const JsonObjectReader& reader)
     return entry;
 }
 
-// A user changes two flags of a system entry; the rest may be there but must then have the right type.
+// A user changes two flags of a system entry; the others are optional but must have the right type.
 AutoRunEntry ReadUsersSystemEntry(const JsonObjectReader& reader)
 {
     AutoRunEntry entry;

@@ -41,7 +41,7 @@ void AppKeyWatcher::Work()
             hasFailed = false;
         } catch (const StoreError& error) {
             if (!std::exchange(hasFailed, true)) {
-                m_logger->error("keeping the app keys of before: {}", error.what());
+                m_logger->error("keeping the previous app keys: {}", error.what());
             }
         }
         lock.lock();

@@ -74,7 +74,7 @@ void HttpRouter::Refuse(const Refusal& refusal, Answer answer)
 
 void HttpRouter::RouteToService(std::string body, Answer answer)
 {
-    // Shared, since a std::function must be copyable and the body need not be copied for that.
+    // Shared, since a std::function must be copyable and the body should not be copied.
     auto shared = std::make_shared<std::pair<std::string, Answer>>(std::move(body), answer);
     const bool taken = m_workers.TryPost(
         [this, shared] { m_service.Handle(shared->first, ToHttp(std::move(shared->second))); });

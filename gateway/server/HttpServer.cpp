@@ -15,7 +15,6 @@
 #include <stdexcept>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace TLGateway {
 
@@ -35,6 +34,35 @@ constexpr std::string_view TooManyConnections =
 
 constexpr std::chrono::milliseconds PauseAfterFailedAccept{100};
 
+tcp::acceptor Listen(net::io_context& context, const std::string& host, std::uint16_t port)
+{
+    const std::string where = host + ":" + std::to_string(port);
+    boost::system::error_code error;
+    const auto address = net::ip::make_address(host, error);
+    if (error) {
+        throw std::runtime_error("cannot listen on " + where + ": not an IP address");
+    }
+    const tcp::endpoint endpoint(address, port);
+    tcp::acceptor acceptor(context);
+    acceptor.open(endpoint.protocol(), error);
+#ifndef _WIN32
+    // On Windows this option would let two programs share the port.
+    if (!error) {
+        acceptor.set_option(net::socket_base::reuse_address(true), error);
+    }
+#endif
+    if (!error) {
+        acceptor.bind(endpoint, error);
+    }
+    if (!error) {
+        acceptor.listen(net::socket_base::max_listen_connections, error);
+    }
+    if (error) {
+        throw std::runtime_error("cannot listen on " + where + ": " + error.message());
+    }
+    return acceptor;
+}
+
 } // namespace
 
 class HttpServer::Implementation final
@@ -44,14 +72,14 @@ public:
         : m_options(std::move(options))
         , m_router(router)
         , m_logger(std::move(logger))
-        , m_acceptor(m_context)
+        , m_acceptor(Listen(m_context, m_options.address, m_options.port))
         , m_signals(m_context)
         , m_retry(m_context)
         , m_stopTimer(m_context)
         , m_work(m_context.get_executor())
+        , m_port(m_acceptor.local_endpoint().port())
     {
         RaiseOpenFileLimit(m_options.maxConnections);
-        Listen();
     }
 
     [[nodiscard]] std::uint16_t Port() const noexcept { return m_port; }
@@ -73,34 +101,6 @@ public:
     }
 
 private:
-    void Listen()
-    {
-        const std::string where = m_options.address + ":" + std::to_string(m_options.port);
-        boost::system::error_code error;
-        const auto address = net::ip::make_address(m_options.address, error);
-        if (error) {
-            throw std::runtime_error("cannot listen on " + where + ": not an IP address");
-        }
-        const tcp::endpoint endpoint(address, m_options.port);
-        m_acceptor.open(endpoint.protocol(), error);
-#ifndef _WIN32
-        // On Windows this option would let two programs share the port.
-        if (!error) {
-            m_acceptor.set_option(net::socket_base::reuse_address(true), error);
-        }
-#endif
-        if (!error) {
-            m_acceptor.bind(endpoint, error);
-        }
-        if (!error) {
-            m_acceptor.listen(net::socket_base::max_listen_connections, error);
-        }
-        if (error) {
-            throw std::runtime_error("cannot listen on " + where + ": " + error.message());
-        }
-        m_port = m_acceptor.local_endpoint().port();
-    }
-
     void AwaitSignal()
     {
         m_signals.async_wait([this](boost::system::error_code error, int signal) {
@@ -110,7 +110,8 @@ private:
             if (m_isStopping) {
                 m_logger->warn("signal {} again: closing {} connection(s) at once", signal,
                                m_sessions.size());
-                AbortAll();
+                ForEachSession(&HttpSession::Abort);
+                EndWhenEmpty();
                 return;
             }
             m_logger->info("signal {}: finishing what is in flight", signal);
@@ -183,32 +184,21 @@ private:
         m_stopTimer.async_wait([this](boost::system::error_code error) {
             if (!error) {
                 m_logger->warn("closing {} connection(s) that did not finish in time", m_sessions.size());
-                AbortAll();
+                ForEachSession(&HttpSession::Abort);
+                EndWhenEmpty();
             }
         });
-        for (const auto& session : CurrentSessions()) {
-            session->Finish();
-        }
+        ForEachSession(&HttpSession::Finish);
         EndWhenEmpty();
     }
 
-    void AbortAll()
+    // Walks a copy, since a session that closes leaves the map.
+    void ForEachSession(void (HttpSession::*act)())
     {
-        for (const auto& session : CurrentSessions()) {
-            session->Abort();
+        const auto sessions = m_sessions;
+        for (const auto& entry : sessions) {
+            (entry.second.get()->*act)();
         }
-        EndWhenEmpty();
-    }
-
-    // A copy, since a session that closes leaves the map.
-    [[nodiscard]] std::vector<std::shared_ptr<HttpSession>> CurrentSessions() const
-    {
-        std::vector<std::shared_ptr<HttpSession>> sessions;
-        sessions.reserve(m_sessions.size());
-        for (const auto& entry : m_sessions) {
-            sessions.push_back(entry.second);
-        }
-        return sessions;
     }
 
     void EndWhenEmpty()
@@ -231,7 +221,7 @@ private:
     // Keeps Run going while a request is with a worker and nothing waits on a socket.
     net::executor_work_guard<net::io_context::executor_type> m_work;
     std::unordered_map<HttpSession*, std::shared_ptr<HttpSession>> m_sessions;
-    std::uint16_t m_port = 0;
+    const std::uint16_t m_port;
     bool m_isStopping = false;
     bool m_isFull = false;
 };

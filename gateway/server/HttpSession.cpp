@@ -26,15 +26,15 @@ namespace {
 
 constexpr std::size_t BufferLimit = 131072;
 constexpr std::size_t ReadAtOnce = 8192;
-// After a refusal of an unread request the client still sends; a close at once would make its system throw
-// the reply away.
+// A client whose request was refused unread is still sending; closing at once would make its system discard
+// the reply.
 constexpr std::size_t DiscardLimit = 4194304;
 constexpr std::chrono::seconds DiscardTime{2};
 constexpr const char* ServerName = "tl-gateway";
 
-// Many clients send the head and the body of a request apart, and their system holds the body back until
-// the head is acknowledged, which this system by itself puts off for some 40 ms. No more than a hint, and not
-// to be had everywhere.
+// Many clients send the head and the body of a request separately, and their system holds the body back until
+// the head is acknowledged, which this system delays by some 40 ms. This is a hint, and not available
+// everywhere.
 void AcknowledgeAtOnce([[maybe_unused]] boost::asio::ip::tcp::socket& socket)
 {
 #ifdef TCP_QUICKACK
@@ -121,11 +121,11 @@ void HttpSession::AwaitRequest(std::chrono::milliseconds limit)
 void HttpSession::ReadHeader()
 {
     m_state = State::Reading;
-    m_isHead = false;
+    m_exchange = {};
     m_parser.emplace();
     m_parser->body_limit(m_options.maxBodySize);
     m_parser->header_limit(static_cast<std::uint32_t>(m_options.maxHeaderSize));
-    // One limit for header and body together: a client cannot stretch it by sending a byte now and then.
+    // One limit for header and body together: a client cannot stretch it by sending single bytes.
     m_stream.expires_after(m_options.requestLimit);
     http::async_read_header(
         m_stream, m_buffer, *m_parser,
@@ -173,8 +173,8 @@ void HttpSession::OnRequest(beast::error_code error)
     m_state = State::Answering;
     m_stream.expires_never();
     auto request = m_parser->release();
-    m_isHead = request.method() == http::verb::head;
-    m_keepAlive = request.keep_alive();
+    m_exchange.isHead = request.method() == http::verb::head;
+    m_exchange.keepAlive = request.keep_alive();
     const std::string method(request.method_string());
     const std::string target(request.target());
     m_router.Route(method, target, std::move(request.body()), [self = shared_from_this()](HttpReply reply) {
@@ -194,8 +194,8 @@ void HttpSession::OnUnreadable(beast::error_code error)
         return;
     }
     m_state = State::Answering;
-    m_keepAlive = false;
-    m_isUnreadable = true;
+    m_exchange.keepAlive = false;
+    m_exchange.isUnreadable = true;
     Refusal refusal{ErrorCode::BadParameter, "the request is not valid HTTP: " + error.message()};
     if (isTooLarge) {
         refusal = {ErrorCode::BodyTooLarge,
@@ -212,22 +212,22 @@ void HttpSession::SendReply(const HttpReply& reply)
     if (m_state == State::Closed) {
         return;
     }
-    m_keepAlive = m_keepAlive && !m_isFinishing;
+    m_exchange.keepAlive = m_exchange.keepAlive && !m_isFinishing;
     m_stream.expires_after(m_options.replyLimit);
     const auto status = static_cast<http::status>(reply.status);
     const auto sent = [self = shared_from_this()](beast::error_code error, std::size_t) {
         self->OnReplySent(error);
     };
-    if (m_isHead) {
+    if (m_exchange.isHead) {
         auto message = std::make_shared<http::response<http::empty_body>>(status, 11);
-        SetFields(*message, reply, m_keepAlive);
+        SetFields(*message, reply, m_exchange.keepAlive);
         message->content_length(reply.body.size());
         m_response = message;
         http::async_write(m_stream, *message, sent);
         return;
     }
     auto message = std::make_shared<Response>(status, 11, reply.body);
-    SetFields(*message, reply, m_keepAlive);
+    SetFields(*message, reply, m_exchange.keepAlive);
     message->prepare_payload();
     m_response = message;
     http::async_write(m_stream, *message, sent);
@@ -237,9 +237,9 @@ void HttpSession::OnReplySent(beast::error_code error)
 {
     m_response.reset();
     const bool goesOn = !error && m_state != State::Closed;
-    if (goesOn && m_isUnreadable) {
+    if (goesOn && m_exchange.isUnreadable) {
         Linger();
-    } else if (goesOn && m_keepAlive) {
+    } else if (goesOn && m_exchange.keepAlive) {
         AwaitRequest(m_options.idleLimit);
     } else {
         Abort();

@@ -15,8 +15,8 @@
 
 namespace TLGateway {
 
-// One connection: reads a request, has it answered, sends the reply, and begins again. Requests that a client
-// sends ahead wait in the buffer, so replies keep the order. Everything runs on the server's thread.
+// One connection: reads a request, has it answered, sends the reply, and starts over. Requests sent ahead
+// wait in the buffer, so replies keep their order. Everything runs on the server's thread.
 class HttpSession final : public std::enable_shared_from_this<HttpSession>
 {
 public:
@@ -28,7 +28,7 @@ public:
 
     void Start();
 
-    // Closes an idle connection; one that is in a request closes after the reply.
+    // Closes an idle connection; a busy one closes after the reply.
     void Finish();
 
     // Closes at once.
@@ -37,10 +37,18 @@ public:
 private:
     enum class State
     {
-        Idle,      // nothing of a request has arrived
-        Reading,   // a part of a request has
+        Idle,      // no byte of a request has arrived
+        Reading,   // part of a request has arrived
         Answering, // the request is being worked on or the reply is on its way
         Closed,
+    };
+
+    // The request that is being read or answered.
+    struct Exchange
+    {
+        bool isHead = false;
+        bool keepAlive = true;
+        bool isUnreadable = false; // the rest of the input cannot be parsed
     };
 
     using Parser = boost::beast::http::request_parser<boost::beast::http::string_body>;
@@ -65,10 +73,8 @@ private:
     std::optional<Parser> m_parser;
     std::shared_ptr<void> m_response; // alive while it is being sent
     State m_state = State::Idle;
-    bool m_isHead = false;
-    bool m_keepAlive = true;
+    Exchange m_exchange;
     bool m_isFinishing = false;
-    bool m_isUnreadable = false; // the rest of what the client sends is not understood
     std::size_t m_discarded = 0;
 };
 

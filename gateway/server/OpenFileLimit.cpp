@@ -12,7 +12,7 @@ namespace TLGateway {
 
 void RaiseOpenFileLimit(std::size_t connections) noexcept
 {
-    // Beside the connections: the database and its readers, the log, the listener.
+    // In addition to the connections: the database and its readers, the log, the listener.
     constexpr rlim_t others = 256;
     rlimit limit{};
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) {

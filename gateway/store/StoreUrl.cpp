@@ -48,7 +48,7 @@ std::string SqliteFileOfUrl(std::string_view url)
     return std::string(file);
 }
 
-// Hides too much rather than too little: a password may hold any character, also by mistake.
+// Hides too much rather than too little: a password may hold any character, even by mistake.
 std::string WithoutPassword(std::string_view url)
 {
     std::string shown(url);

@@ -29,7 +29,7 @@ int Poll(pollfd& descriptor, int milliseconds)
 #endif
 }
 
-// The lines of a message as one. The library begins a line that only asks a question back with a tabulator.
+// The lines of a message as one. Lines that only offer a hint start with a tab.
 std::string OneLine(const char* message)
 {
     std::string all;
@@ -42,8 +42,8 @@ std::string OneLine(const char* message)
     return all;
 }
 
-// The library tells why a connection was refused in words only. The words of a server that speaks another
-// language are not understood, and the advice is then the general one.
+// The library says why a connection was refused in words only. Words in another language are not understood;
+// the operator then gets the general advice.
 std::string StateOfRefusedConnection(const std::string& message)
 {
     static const std::vector<std::pair<const char*, const char*>> states = {
@@ -89,7 +89,7 @@ PostgresConnection::PostgresConnection(const PostgresTarget& target, const Postg
         const std::string message = OneLine(PQerrorMessage(m_connection.get()));
         throw PostgresError(StateOfRefusedConnection(message), message, PostgresError::Connection::Lost);
     }
-    // What the server remarks without being asked would go to standard error.
+    // By default the library prints the server's notices to standard error.
     PQsetNoticeProcessor(
         m_connection.get(), [](void*, const char*) {}, nullptr);
     if (PQsetnonblocking(m_connection.get(), 1) != 0) {
@@ -166,8 +166,7 @@ PostgresResult PostgresConnection::RunPrepared(const PostgresQuery& query)
 
 void PostgresConnection::SetLimits()
 {
-    // A session that is more careful than "on" stays so; one that answers before the write is on disk would
-    // break the store's promise.
+    // Keeps a stricter setting than "on". A weaker one would acknowledge writes that are not yet on disk.
     const std::string lock = std::to_string(m_limits.lock.count());
     const std::string statement = std::to_string(m_limits.statement.count());
     const std::string answer = std::to_string(m_limits.answer.count());
@@ -195,7 +194,7 @@ PostgresResult PostgresConnection::AwaitResult()
 {
     const auto deadline = std::chrono::steady_clock::now() + m_limits.answer;
     pg_conn* connection = m_connection.get();
-    // An error shows itself again in the results.
+    // An error shows up again in the results.
     while (PQflush(connection) == 1) {
         AwaitSocket(true, deadline);
         if (PQconsumeInput(connection) == 0) {
@@ -214,7 +213,7 @@ PostgresResult PostgresConnection::AwaitResult()
         if (!next) {
             break;
         }
-        // Of several statements the last counts, but for the first that fails.
+        // Of several statements the last one counts, or the first that fails.
         if (!last || PQresultStatus(last.get()) != PGRES_FATAL_ERROR) {
             last = std::move(next);
         }
@@ -224,7 +223,7 @@ PostgresResult PostgresConnection::AwaitResult()
     if (!isLost && (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK)) {
         return last;
     }
-    // The details that come with it may show stored values.
+    // The error's details are left out: they may contain stored values.
     const char* state = PQresultErrorField(last.get(), PG_DIAG_SQLSTATE);
     const char* message = PQresultErrorField(last.get(), PG_DIAG_MESSAGE_PRIMARY);
     const std::string text = OneLine(message == nullptr ? PQerrorMessage(connection) : message);

@@ -16,16 +16,16 @@ struct pg_conn;
 namespace TLGateway {
 
 // One connection to a server and its prepared statements. One thread at a time. Every operation throws
-// PostgresError, and none waits for ever: neither for a lock, nor for a slow statement, nor for a server that
-// has fallen silent.
+// PostgresError, and none waits forever: neither for a lock, nor for a slow statement, nor for a silent
+// server.
 class PostgresConnection final : public IConnection
 {
 public:
-    // Connects. What is named without a schema is in the gateway's own from then on.
+    // Connects. Names without a schema mean the gateway's own schema from then on.
     PostgresConnection(const PostgresTarget& target, const PostgresLimits& limits);
     ~PostgresConnection() override;
 
-    // Runs one or more statements that give no rows. Gives what the server says of the last ("COMMIT").
+    // Runs one or more statements that give no rows. Gives the server's status of the last one ("COMMIT").
     std::string Execute(const char* sql);
 
     [[nodiscard]] std::unique_ptr<IQuery> Query(std::string_view sql) override;

@@ -26,7 +26,7 @@ void PostgresDialect::EndAccess(IConnection& connection, const std::string& pin)
         .Run();
 }
 
-// Skips what another gateway is dropping, too, and so never waits for it.
+// Skips rows that another gateway is dropping, so it never waits for them.
 void PostgresDialect::AddToken(IConnection& connection, const TokenRecord& token, UnixTime forgetBefore) const
 {
     connection
@@ -76,7 +76,7 @@ void PostgresDialect::AddRevision(IConnection& connection, const Revision& revis
         .Run();
 }
 
-// Of two gateways that do this at once, the second waits, and finds what the first has stored.
+// When two gateways do this at once, the second waits and then sees what the first stored.
 void PostgresDialect::ClearApps(IConnection& connection) const
 {
     connection.Query("LOCK TABLE app IN SHARE ROW EXCLUSIVE MODE")->Run();

@@ -4,7 +4,7 @@
 
 namespace TLGateway {
 
-// PostgreSQL's SQL. What belongs together is one statement, since each costs the way to the server and back.
+// PostgreSQL's SQL. What belongs together is one statement, since each costs a round trip to the server.
 class PostgresDialect final : public IDialect
 {
 public:

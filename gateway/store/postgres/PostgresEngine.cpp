@@ -14,7 +14,7 @@ namespace TLGateway {
 namespace {
 
 constexpr int OldestServer = 130000;
-// Another gateway may be making the tables just now.
+// Another gateway may be creating the tables right now.
 constexpr PostgresLimits MigrationLimits = {std::chrono::seconds(30), std::chrono::seconds(60),
                                             std::chrono::seconds(65)};
 
@@ -64,7 +64,7 @@ void PostgresEngine::Open()
                 "that were answered",
                 m_target.Description());
         }
-        // What gateways left that ended without a word.
+        // Removes what killed gateways left behind.
         connection
             .Query("DELETE FROM write_receipt WHERE writer IN (SELECT writer FROM write_receipt "
                    "WHERE written_at < now() - interval '30 days' FOR UPDATE SKIP LOCKED)")

@@ -7,14 +7,14 @@
 
 namespace TLGateway {
 
-// A call of the server, or the way to it, failed.
+// A call of the server, or the connection to it, failed.
 class PostgresError final : public DatabaseError
 {
 public:
     enum class Connection
     {
         Usable,
-        Lost, // what was under way may have been done or not
+        Lost, // what was under way may or may not have been done
     };
 
     // The state is the server's SQLSTATE; empty when the failure did not come from the server.

@@ -12,7 +12,7 @@
 
 namespace TLGateway {
 
-// A bounded number of connections that threads borrow, made when they are first needed. Any thread.
+// A bounded number of connections that threads borrow, opened when they are first needed. Any thread.
 class PostgresPool final
 {
 public:
@@ -29,7 +29,7 @@ public:
         ~Loan();
 
         [[nodiscard]] PostgresConnection& Connection() const noexcept { return *m_connection; }
-        // False when others have borrowed it before, so that the server may have closed it meanwhile.
+        // False when it was borrowed before, so the server may have closed it since.
         [[nodiscard]] bool IsNew() const noexcept { return m_isNew; }
 
     private:

@@ -22,7 +22,7 @@ struct PostgresResultDeleter
 using PostgresResult = std::unique_ptr<pg_result, PostgresResultDeleter>;
 
 // PostgreSQL keeps no NUL within a text. It is written as U+0001 and "0", and U+0001 itself as U+0001 and
-// "1", so that every text comes back as it was and two that differ never become one.
+// "1", so that every text comes back unchanged and different texts stay different.
 [[nodiscard]] std::string ToPostgresText(std::string_view text);
 [[nodiscard]] std::string FromPostgresText(std::string_view stored);
 

@@ -80,8 +80,8 @@ CREATE TABLE write_receipt (
 );
 )sql";
 
-// Nothing when the gateway's schema is not there. Looks into the catalogue: to_regclass could remember that
-// it was not there, when another gateway has made it a moment ago.
+// Nothing when the gateway's schema is not there. Reads the catalogue: to_regclass may
+// still remember the schema as missing when another gateway has just created it.
 std::optional<std::size_t> ReadVersion(PostgresConnection& connection)
 {
     if (connection.SingleValue(
@@ -93,7 +93,7 @@ std::optional<std::size_t> ReadVersion(PostgresConnection& connection)
     return version.empty() ? 0 : static_cast<std::size_t>(std::stoul(version));
 }
 
-// Tables of extensions are not those of another program.
+// Tables of extensions do not count as those of another program.
 void CheckOwner(PostgresConnection& connection)
 {
     const bool isEmpty =
@@ -105,7 +105,7 @@ void CheckOwner(PostgresConnection& connection)
     const bool hasSchema =
         connection.SingleValue("SELECT count(*) FROM pg_namespace WHERE nspname = 'tl_gateway'") != "0";
     if (!isEmpty || hasSchema) {
-        throw std::runtime_error("the database is one of another program; make one for the gateway alone");
+        throw std::runtime_error("the database belongs to another program; create one for the gateway alone");
     }
 }
 

@@ -88,14 +88,14 @@ PostgresTarget::PostgresTarget(std::string_view url)
                     (port.empty() ? "" : ':' + port) + '/' + Value("dbname") +
                     (isSocket ? "?host=" + host : "");
 
-    // A server that is gone is noticed within seconds, whatever the system's own patience is.
+    // Notices a dead server within seconds, whatever the system's own timeouts are.
     SetDefault("connect_timeout", "5");
     SetDefault("keepalives_idle", "10");
     SetDefault("keepalives_interval", "5");
     SetDefault("keepalives_count", "3");
     SetDefault("tcp_user_timeout", "10000");
     SetDefault("fallback_application_name", "tl-gateway");
-    // Of several hosts the one that takes writes.
+    // Picks the host that takes writes.
     SetDefault("target_session_attrs", "read-write");
     m_parameters.erase(std::remove_if(m_parameters.begin(), m_parameters.end(),
                                       [](const auto& each) { return each.first == "client_encoding"; }),

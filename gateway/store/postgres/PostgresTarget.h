@@ -15,8 +15,8 @@ public:
     // Throws std::invalid_argument with a text for the operator, which never shows a password.
     explicit PostgresTarget(std::string_view url);
 
-    // Parameters for a connection by name. Bounds on how long a dead server is waited for are among them,
-    // unless the URL sets its own.
+    // Parameters for a connection by name. They include limits on the wait for a dead server, unless the
+    // URL sets its own.
     [[nodiscard]] const std::vector<std::pair<std::string, std::string>>& Parameters() const noexcept
     {
         return m_parameters;

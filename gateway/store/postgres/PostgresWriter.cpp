@@ -21,7 +21,7 @@ namespace {
 // the server gets slower for all its sessions.
 constexpr std::size_t MaxBatch = 64;
 constexpr int MaxAttempts = 5;
-// When a batch has to be done write by write, those that were not begun by then are refused.
+// When a batch has to be done write by write, those not started by then fail.
 constexpr std::chrono::seconds OneByOneLimit{10};
 constexpr std::chrono::milliseconds DoubtInterval{250};
 constexpr std::size_t NameSize = 16;
@@ -29,7 +29,7 @@ constexpr std::size_t NameSize = 16;
 const WriteFailure StoreFailure(WriteFailure::Reason::StoreFailed);
 const WriteFailure OutcomeUnknown(WriteFailure::Reason::OutcomeUnknown);
 
-// Two transactions that wait for each other, one of which the server has ended.
+// The server ended one of two transactions that waited for each other.
 bool IsConflict(const PostgresError& error)
 {
     return error.State() == "40P01" || error.State() == "40001";
@@ -130,8 +130,8 @@ std::optional<PostgresError> PostgresWriter::RunTransaction(const Jobs& jobs)
             return std::nullopt;
         } catch (const PostgresError& error) {
             RollBack();
-            // A connection that was there before may have been lost long ago, for example when the server was
-            // started again. A new one that is lost at once is another matter.
+            // An existing connection may have been lost long ago, for example when the server restarted. A
+            // new one that is lost at once will not get better.
             const bool isWorthAnother = IsConflict(error) || (error.IsConnectionLost() && wasConnected);
             if (attempt == MaxAttempts || !isWorthAnother) {
                 return error;
@@ -168,7 +168,7 @@ void PostgresWriter::RunOnce(const Jobs& jobs)
     }
 }
 
-// All at once and in one order, so that two gateways never wait for each other crosswise.
+// Locks all at once and in one order, so that two gateways cannot deadlock.
 void PostgresWriter::LockUsers(const Jobs& jobs)
 {
     std::set<std::string> pins;
@@ -223,17 +223,17 @@ void PostgresWriter::Commit(const Jobs& jobs)
         if (!error.IsConnectionLost()) {
             throw;
         }
-        m_logger->error("{} Whether the writes are stored is asked for as soon as the server answers.",
+        m_logger->error("{} The gateway asks whether the writes are stored as soon as the server answers.",
                         DescribeForOperator("committing " + std::to_string(jobs.size()) + " write(s)",
                                             m_options.database, error));
         m_connection.reset();
         isCommitted = AskWhetherCommitted();
     }
     m_logger->warn("database {}: {} write(s) {}", m_options.database, jobs.size(),
-                   !isCommitted   ? "may be stored or not: the server did not answer before the end"
+                   !isCommitted   ? "may or may not be stored: the server did not answer before the shutdown"
                    : *isCommitted ? "are stored, as the server says"
                                   : "are not stored, as the server says");
-    // Not tried again when they are not stored: that may be long ago, and others may have written since.
+    // Lost writes are not repeated: the commit may be long ago, and others may have written since.
     for (WriteJob* job : jobs) {
         if (!isCommitted.value_or(false) && !job->failure) {
             job->failure = isCommitted ? StoreFailure : OutcomeUnknown;
@@ -241,10 +241,9 @@ void PostgresWriter::Commit(const Jobs& jobs)
     }
 }
 
-// Asks until the server answers; nothing when the gateway ends before. The statement waits for a transaction
-// that is still under way on the server, so what it finds is final. The number of a transaction by which the
-// server itself knows it would not do: after a crash, or on a standby that takes over, another one may have
-// got it.
+// Asks until the server answers; gives nothing when the gateway ends first. The statement waits for a
+// transaction that is still under way on the server, so what it finds is final. The server's own number of
+// the transaction would not do: after a crash, or on a standby that takes over, another one may have it.
 std::optional<bool> PostgresWriter::AskWhetherCommitted()
 {
     for (;;) {
@@ -258,7 +257,7 @@ std::optional<bool> PostgresWriter::AskWhetherCommitted()
                             DescribeForOperator("asking for the last commit", m_options.database, error));
             m_connection.reset();
         }
-        // They would wait for the same server.
+        // The others would wait for the same server.
         RefuseWaiting();
         m_queue.AwaitNews(DoubtInterval);
         const auto closed = m_queue.ClosedSince();

@@ -48,7 +48,7 @@ public:
     ~PostgresWriter();
 
     // Any thread. From before the write until its commit no other gateway changes what belongs to the job's
-    // user. When the queue is full or the writer closed, the job's `done` hears so before this returns.
+    // user. When the queue is full or the writer closed, the job's `done` is told before this returns.
     void Submit(WriteJob job);
 
     // Does the writes that wait. Later ones fail (Closing).
@@ -73,7 +73,7 @@ private:
     const Connect m_connect;
     const Options m_options;
     const std::shared_ptr<spdlog::logger> m_logger;
-    const std::string m_name; // of this writer among all that ever write to the database
+    const std::string m_name; // identifies this writer among all that ever write to the database
 
     std::unique_ptr<PostgresConnection> m_connection; // null while there is none
     std::int64_t m_transactions = 0;

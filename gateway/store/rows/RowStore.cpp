@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::int64_t KeptRevisions = 20;
 
-// What `read` makes of a connection. Made afresh by each run.
+// Gives the result of the last run of `read`.
 template <typename ReadFunction>
 auto ReadWith(IEngine& engine, const char* what, ReadFunction read)
 {

@@ -10,12 +10,12 @@ const char* Advice(int primaryCode) noexcept
 {
     switch (primaryCode) {
     case SQLITE_FULL:
-        return "The disk is full: free space on the volume of this file; the gateway goes on by itself.";
+        return "The disk is full: free space on the volume of this file; the gateway recovers by itself.";
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return "The database is locked: find and end the other program that holds this file (a backup must "
                "use "
-               "sqlite3's .backup); the gateway goes on by itself.";
+               "sqlite3's .backup); the gateway recovers by itself.";
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
         return "The database is damaged: stop the gateway, keep the file for analysis, and restore the last "

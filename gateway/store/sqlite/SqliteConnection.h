@@ -21,10 +21,10 @@ public:
     enum class Mode
     {
         ReadOnly,  // the file must exist
-        ReadWrite, // the file is made when it does not exist
+        ReadWrite, // creates the file when it does not exist
     };
 
-    // The path is UTF-8. How long a statement waits for a lock that another connection holds: busyTimeout.
+    // The path is UTF-8. A statement waits at most busyTimeout for a lock that another connection holds.
     SqliteConnection(const std::string& file, Mode mode, std::chrono::milliseconds busyTimeout);
     ~SqliteConnection() override;
 

@@ -40,7 +40,7 @@ void SqliteEngine::Read(const char* what, const Work& read)
     }
 }
 
-// SQLite has one writer at a time, so nobody has to be locked.
+// SQLite has one writer at a time, so no user needs a lock.
 void SqliteEngine::Write(std::string what, std::string pin, Work write, IStore::WriteDone done)
 {
     m_writer.Submit({std::move(what), std::move(pin), std::move(write), std::move(done), std::nullopt});

@@ -33,7 +33,7 @@ private:
     const SqliteStore::Options m_options;
     const SqliteDialect m_dialect;
     std::mutex m_readersMutex;
-    std::vector<std::unique_ptr<SqliteConnection>> m_readers; // those that nobody uses just now
+    std::vector<std::unique_ptr<SqliteConnection>> m_readers; // idle ones
     SqliteWriter m_writer;
 };
 

@@ -26,7 +26,7 @@ void CheckIntegrity(const std::string& file, std::chrono::milliseconds busyTimeo
     }
 }
 
-// The file holds secrets and password hashes, so a new one is for its owner alone. SQLite gives the files
+// The file holds secrets and password hashes, so only its owner may read a new one. SQLite gives the files
 // beside it the same rights.
 void MakeOwnersFile(const std::filesystem::path& path)
 {

@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-// Opens or makes the file for writing, with the newest schema. Throws StoreError.
+// Opens or creates the file for writing, with the newest schema. Throws StoreError.
 [[nodiscard]] std::unique_ptr<SqliteConnection> OpenForWriting(const SqliteStore::Options& options);
 
 } // namespace TLGateway

@@ -74,7 +74,7 @@ void CheckOwner(SqliteConnection& connection)
     const int owner = std::stoi(connection.SingleValue("PRAGMA application_id"));
     const bool isEmpty = connection.SingleValue("SELECT count(*) FROM sqlite_schema") == "0";
     if (owner != ApplicationId && !(owner == 0 && isEmpty)) {
-        throw std::runtime_error("the file is a database of another program");
+        throw std::runtime_error("the file belongs to another program");
     }
 }
 

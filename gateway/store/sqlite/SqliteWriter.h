@@ -30,7 +30,7 @@ public:
     // Calls Close.
     ~SqliteWriter();
 
-    // Any thread. When the queue is full or the writer closed, the job's `done` hears so before this returns.
+    // Any thread. When the queue is full or the writer closed, the job's `done` is told before this returns.
     void Submit(WriteJob job);
 
     // Does the writes that wait, then moves the write-ahead log into the database file. Later ones fail

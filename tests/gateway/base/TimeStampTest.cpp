@@ -4,7 +4,7 @@
 
 namespace TLGateway {
 
-TEST(TimeStamp, KnownMoments)
+TEST(TimeStampTest, KnownMoments)
 {
     EXPECT_EQ(ParseTimeStamp("1970-01-01 00:00:00"), 0);
     EXPECT_EQ(ParseTimeStamp("2000-02-29 23:59:59"), 951868799);
@@ -12,7 +12,7 @@ TEST(TimeStamp, KnownMoments)
     EXPECT_EQ(ParseTimeStamp("1969-12-31 23:59:59"), -1);
 }
 
-TEST(TimeStamp, WritesWhatItReads)
+TEST(TimeStampTest, WritesWhatItReads)
 {
     for (const char* text :
          {"1970-01-01 00:00:00", "2000-02-29 23:59:59", "2026-12-31 00:00:01", "1969-12-31 23:59:59",
@@ -23,7 +23,7 @@ TEST(TimeStamp, WritesWhatItReads)
     }
 }
 
-TEST(TimeStamp, OtherFormsAreRefused)
+TEST(TimeStampTest, OtherFormsAreRefused)
 {
     for (const char* text : {"", "2026-12-21", "2026-12-21T08:00:00", "2026-12-21 08:00:00Z",
                              "2026-12-21 8:00:00", " 2026-12-21 08:00:0", "2026/12/21 08:00:00",
@@ -32,7 +32,7 @@ TEST(TimeStamp, OtherFormsAreRefused)
     }
 }
 
-TEST(TimeStamp, FieldsOutOfRangeAreRefused)
+TEST(TimeStampTest, FieldsOutOfRangeAreRefused)
 {
     for (const char* text : {"2026-00-21 08:00:00", "2026-13-21 08:00:00", "2026-12-00 08:00:00",
                              "2026-12-32 08:00:00", "2026-02-29 08:00:00", "2100-02-29 08:00:00",
@@ -41,7 +41,7 @@ TEST(TimeStamp, FieldsOutOfRangeAreRefused)
     }
 }
 
-TEST(TimeStamp, TimesBeyondTheFormAreClamped)
+TEST(TimeStampTest, TimesBeyondTheFormAreClamped)
 {
     EXPECT_EQ(FormatTimeStamp(INT64_MAX), "9999-12-31 23:59:59");
     EXPECT_EQ(FormatTimeStamp(INT64_MIN), "0000-01-01 00:00:00");

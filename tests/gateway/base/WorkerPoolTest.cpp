@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-TEST(WorkerPool, RefusesWhenItsQueueIsFullAndTakesAgainLater)
+TEST(WorkerPoolTest, RefusesWhenItsQueueIsFullAndTakesAgainLater)
 {
     std::promise<void> started;
     std::promise<void> release;
@@ -25,7 +25,7 @@ TEST(WorkerPool, RefusesWhenItsQueueIsFullAndTakesAgainLater)
     EXPECT_TRUE(pool.TryPost([] {}));
 }
 
-TEST(WorkerPool, CloseFinishesWhatWaitsAndRefusesWhatComesLater)
+TEST(WorkerPoolTest, CloseFinishesWhatWaitsAndRefusesWhatComesLater)
 {
     std::atomic<int> done{0};
     WorkerPool pool(2, 100);

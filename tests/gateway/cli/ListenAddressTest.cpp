@@ -6,7 +6,7 @@
 
 namespace TLGateway {
 
-TEST(ListenAddress, AddressAndPort)
+TEST(ListenAddressTest, AddressAndPort)
 {
     EXPECT_EQ(ParseListenAddress("127.0.0.1:8080").host, "127.0.0.1");
     EXPECT_EQ(ParseListenAddress("127.0.0.1:8080").port, 8080);
@@ -15,7 +15,7 @@ TEST(ListenAddress, AddressAndPort)
     EXPECT_EQ(ParseListenAddress("[::1]:65535").HostForUrl(), "[::1]");
 }
 
-TEST(ListenAddress, OtherFormsAreRefused)
+TEST(ListenAddressTest, OtherFormsAreRefused)
 {
     for (const char* text : {"", "127.0.0.1", "8080", ":8080", "127.0.0.1:", "127.0.0.1:65536",
                              "127.0.0.1:-1", "127.0.0.1:80x", "::1:80", "127.0.0.1:000080"}) {

@@ -5,7 +5,7 @@
 
 namespace TLGateway {
 
-TEST(PrettyJson, IndentsMembersAndElements)
+TEST(PrettyJsonTest, IndentsMembersAndElements)
 {
     const auto value = boost::json::parse(R"({"a":[1,{"b":"x\"\n订"}],"c":[],"d":{},"e":null})");
     EXPECT_EQ(PrettyJson(value), "{\n"

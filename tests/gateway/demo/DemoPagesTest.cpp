@@ -26,7 +26,7 @@ const DemoPages::Page* FindByAddress(const DemoPages& pages, const std::string& 
 
 } // namespace
 
-TEST(DemoPages, EveryAddressOfTheDemoMerchantIsServed)
+TEST(DemoPagesTest, EveryAddressOfTheDemoMerchantIsServed)
 {
     const DemoPages pages;
     const AutoRunConfiguration configuration = DemoMerchant::Configuration(Base);
@@ -43,7 +43,7 @@ TEST(DemoPages, EveryAddressOfTheDemoMerchantIsServed)
     }
 }
 
-TEST(DemoPages, DemoConfigurationKeepsTheLimitsAndOpensALaterEntryFirst)
+TEST(DemoPagesTest, DemoConfigurationKeepsTheLimitsAndOpensALaterEntryFirst)
 {
     const AutoRunConfiguration configuration = DemoMerchant::Configuration(Base);
     EXPECT_NO_THROW(CheckLimits(configuration, ConfigurationSource::Operator, "$"));
@@ -59,7 +59,7 @@ TEST(DemoPages, DemoConfigurationKeepsTheLimitsAndOpensALaterEntryFirst)
     EXPECT_FALSE(configuration.systemItems[0].activeItem);
 }
 
-TEST(DemoPages, PagesAreCompleteAndLoadNothingFromElsewhere)
+TEST(DemoPagesTest, PagesAreCompleteAndLoadNothingFromElsewhere)
 {
     const DemoPages pages;
     for (const char* name : {"today", "messages", "supplier", "calendar", "orders", "inventory", "shipping",
@@ -74,7 +74,7 @@ TEST(DemoPages, PagesAreCompleteAndLoadNothingFromElsewhere)
     }
 }
 
-TEST(DemoPages, UnknownPageIsNull)
+TEST(DemoPagesTest, UnknownPageIsNull)
 {
     const DemoPages pages;
     EXPECT_EQ(pages.Find(""), nullptr);

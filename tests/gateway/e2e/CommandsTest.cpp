@@ -20,7 +20,7 @@ using testing::HasSubstr;
 using testing::MatchesRegex;
 
 // Every command through the built program, on a database of its own.
-class Commands : public testing::Test
+class CommandsTest : public testing::Test
 {
 protected:
     ProgramResult Run(std::vector<std::string> arguments, const std::string& input = {})
@@ -53,7 +53,7 @@ protected:
     std::string file = folder.File("gateway.db");
 };
 
-TEST_F(Commands, UserIsAddedListedAndCanLogIn)
+TEST_F(CommandsTest, UserIsAddedListedAndCanLogIn)
 {
     AddAnna();
     EXPECT_EQ(Run({"user", "list"}).out, "anna\tmerchant\n");
@@ -64,14 +64,14 @@ TEST_F(Commands, UserIsAddedListedAndCanLogIn)
     EXPECT_NO_THROW(anna.Login("pass word"));
 }
 
-TEST_F(Commands, UserThatExistsIsNotAddedAgain)
+TEST_F(CommandsTest, UserThatExistsIsNotAddedAgain)
 {
     AddAnna();
-    ExpectError(Run({"user", "add", "anna", "--belong-type", "other"}, "x\n"), "\"anna\" exists already");
+    ExpectError(Run({"user", "add", "anna", "--belong-type", "other"}, "x\n"), "\"anna\" already exists");
     EXPECT_EQ(Run({"user", "list"}).out, "anna\tmerchant\n");
 }
 
-TEST_F(Commands, UserNeedsAPasswordAndAPinWithoutControls)
+TEST_F(CommandsTest, UserNeedsAPasswordAndAPinWithoutControls)
 {
     ExpectError(Run({"user", "add", "anna", "--belong-type", "m"}, ""), "no password on standard input");
     ExpectError(Run({"user", "add", "anna", "--belong-type", "m"}, "\n"), "no password on standard input");
@@ -80,7 +80,7 @@ TEST_F(Commands, UserNeedsAPasswordAndAPinWithoutControls)
     EXPECT_EQ(Run({"user", "list"}).out, "");
 }
 
-TEST_F(Commands, ChangedPasswordEndsTheLoginsAndUnknownUserIsAnError)
+TEST_F(CommandsTest, ChangedPasswordEndsTheLogins)
 {
     ExpectDone(Run({"demo", "--pages", "http://127.0.0.1:1"}));
     const ServingProgram program("sqlite:" + file);
@@ -90,10 +90,15 @@ TEST_F(Commands, ChangedPasswordEndsTheLoginsAndUnknownUserIsAnError)
     ExpectDone(Run({"user", "password", "demo"}, "new\n"));
     EXPECT_EQ(demo.Get().at("code"), "2002");
     EXPECT_NO_THROW(demo.Login("new"));
+}
+
+TEST_F(CommandsTest, PasswordOfAnUnknownUserIsAnError)
+{
+    AddAnna();
     ExpectError(Run({"user", "password", "nobody"}, "x\n"), "there is no user \"nobody\"");
 }
 
-TEST_F(Commands, ImportedConfigurationIsShownAndCanBeImportedAgain)
+TEST_F(CommandsTest, ImportedConfigurationIsShownAndCanBeImportedAgain)
 {
     AddAnna();
     ExpectDone(Run({"config", "import", "anna", SampleFile()}));
@@ -109,7 +114,7 @@ TEST_F(Commands, ImportedConfigurationIsShownAndCanBeImportedAgain)
     EXPECT_EQ(boost::json::parse(Run({"config", "show", "anna"}).out), boost::json::value(expected));
 }
 
-TEST_F(Commands, EarlierRevisionIsShownAndTheHistoryListsBoth)
+TEST_F(CommandsTest, EarlierRevisionIsShownAndTheHistoryListsBoth)
 {
     AddAnna();
     ExpectDone(Run({"config", "import", "anna", SampleFile()}));
@@ -124,7 +129,7 @@ TEST_F(Commands, EarlierRevisionIsShownAndTheHistoryListsBoth)
                 MatchesRegex("revision .*\n +2  " + row + " +0 +0 +0\n +1  " + row + " +2 +2 +1\n"));
 }
 
-TEST_F(Commands, ConfigurationOfAnUnknownUserIsAnError)
+TEST_F(CommandsTest, ConfigurationOfAnUnknownUserIsAnError)
 {
     AddAnna();
     ExpectError(Run({"config", "show", "nobody"}), "there is no user \"nobody\"");
@@ -132,13 +137,19 @@ TEST_F(Commands, ConfigurationOfAnUnknownUserIsAnError)
     ExpectError(Run({"config", "import", "nobody", SampleFile()}), "there is no user \"nobody\"");
 }
 
-TEST_F(Commands, ImportThatBreaksALimitOrIsNoJsonNamesTheFileAndThePath)
+TEST_F(CommandsTest, ImportThatBreaksALimitNamesTheFileAndThePath)
 {
     AddAnna();
     AutoRunConfiguration sample = SampleConfiguration();
     sample.customItems[1].itemId = "c1";
     const std::string duplicate = folder.Write("duplicate.json", boost::json::serialize(ToJson(sample)));
     ExpectError(Run({"config", "import", "anna", duplicate}), duplicate + ": $.customItems[1].itemId");
+    EXPECT_THAT(Run({"config", "show", "anna"}).out, HasSubstr("\"revision\": 0"));
+}
+
+TEST_F(CommandsTest, ImportOfAFileThatCannotBeReadIsAnError)
+{
+    AddAnna();
     ExpectError(Run({"config", "import", "anna", folder.Write("no.json", "{")}), "is not JSON");
     ExpectError(Run({"config", "import", "anna", folder.Write("bad.json", "{\"a\":\"\xFF\"}")}),
                 "not valid UTF-8");
@@ -146,7 +157,7 @@ TEST_F(Commands, ImportThatBreaksALimitOrIsNoJsonNamesTheFileAndThePath)
     EXPECT_THAT(Run({"config", "show", "anna"}).out, HasSubstr("\"revision\": 0"));
 }
 
-TEST_F(Commands, CatalogueAndSwitchesReachTheClient)
+TEST_F(CommandsTest, CatalogueAndSwitchesReachTheClient)
 {
     ExpectDone(Run({"demo", "--pages", "http://127.0.0.1:1"}));
     const ServingProgram program("sqlite:" + file);
@@ -168,7 +179,7 @@ TEST_F(Commands, CatalogueAndSwitchesReachTheClient)
               R"({"display":false,"number":8,"valid":false}]})");
 }
 
-TEST_F(Commands, ListedCatalogueCanBeImportedAgain)
+TEST_F(CommandsTest, ListedCatalogueCanBeImportedAgain)
 {
     const std::string apps = folder.Write(
         "apps.json",
@@ -181,14 +192,14 @@ TEST_F(Commands, ListedCatalogueCanBeImportedAgain)
     EXPECT_EQ(Run({"app", "list"}).out, listed);
 }
 
-TEST_F(Commands, WrongCatalogueAndWrongSwitchAreErrors)
+TEST_F(CommandsTest, WrongCatalogueAndWrongSwitchAreErrors)
 {
     ExpectError(Run({"app", "import", folder.Write("apps.json", "{}")}), "wanted array");
     ExpectError(Run({"switch", "set", "x"}), "NUMBER");
     ExpectError(Run({"switch", "set", "-1"}), "NUMBER");
 }
 
-TEST_F(Commands, DemoIsReadyForTheClientAndASecondRunResetsIt)
+TEST_F(CommandsTest, DemoIsReadyForTheClientAndASecondRunResetsIt)
 {
     const ServingProgram program("sqlite:" + file, {"--demo-pages"});
     const std::string base = "http://127.0.0.1:" + std::to_string(program.Port());
@@ -212,13 +223,13 @@ TEST_F(Commands, DemoIsReadyForTheClientAndASecondRunResetsIt)
     EXPECT_EQ(browser.Read().status, 200);
 }
 
-TEST_F(Commands, DemoNeedsAnAddressOfPages)
+TEST_F(CommandsTest, DemoNeedsAnAddressOfPages)
 {
     ExpectError(Run({"demo", "--pages", "ftp://x"}), "--pages");
     ExpectError(Run({"demo"}), "--pages is required");
 }
 
-TEST_F(Commands, KeyThatIsSetWhileTheGatewayServesIsKnownWhenTheCommandEnds)
+TEST_F(CommandsTest, KeyThatIsSetWhileTheGatewayServesIsKnownWhenTheCommandEnds)
 {
     const ServingProgram program("sqlite:" + file);
     AddAnna();
@@ -231,7 +242,7 @@ TEST_F(Commands, KeyThatIsSetWhileTheGatewayServesIsKnownWhenTheCommandEnds)
     EXPECT_NO_THROW(anna.Login("pass word"));
 }
 
-TEST_F(Commands, DemoPagesAreServedOnlyWhenAskedFor)
+TEST_F(CommandsTest, DemoPagesAreServedOnlyWhenAskedFor)
 {
     const ServingProgram program("sqlite:" + file);
     HttpClient browser(program.Port());
@@ -239,37 +250,57 @@ TEST_F(Commands, DemoPagesAreServedOnlyWhenAskedFor)
     EXPECT_EQ(browser.Read().status, 404);
 }
 
-TEST_F(Commands, WrongDatabaseUrlIsAClearError)
+TEST_F(CommandsTest, WrongDatabaseUrlSaysWhatIsExpected)
 {
     for (const std::string url : {"gateway.db", "db://host/db", "sqlite:"}) {
         const ProgramResult result = RunProgram({"user", "list", "--database", url});
         ExpectError(result, "sqlite:");
     }
+}
+
+TEST_F(CommandsTest, DatabaseMustBeNamed)
+{
     ExpectError(RunProgram({"user", "list"}), "--database is required");
+}
+
+TEST_F(CommandsTest, ServeDoesNotMakeAFolder)
+{
     ExpectError(
         RunProgram({"serve", "--database", "sqlite:" + folder.File("no/such.db"), "--listen", "127.0.0.1:0"}),
         "does not exist");
 }
 
-TEST_F(Commands, ReadingCommandDoesNotMakeADatabase)
+TEST_F(CommandsTest, ReadingCommandDoesNotMakeADatabase)
 {
     ExpectError(Run({"user", "list"}), "no such file");
     ExpectError(Run({"config", "show", "anna"}), "no such file");
     EXPECT_FALSE(std::filesystem::exists(std::filesystem::u8path(file)));
 }
 
-TEST_F(Commands, UnknownCommandOptionAndNoCommandAreErrors)
+TEST_F(CommandsTest, HelpIsNoError)
 {
-    ExpectError(RunProgram({}), "subcommand is required");
-    EXPECT_NE(RunProgram({"fly"}).exitCode, 0);
-    ExpectError(Run({"user", "list", "--loudly"}), "--loudly");
-    ExpectError(Run({"serve", "--listen", "localhost"}), "--listen");
-    ExpectError(Run({"serve", "--listen", "127.0.0.1:0", "--threads", "0"}), "--threads");
-    ExpectError(Run({"serve", "--listen", "127.0.0.1:0", "--token-lifetime", "0"}), "--token-lifetime");
     EXPECT_EQ(RunProgram({"--help"}).exitCode, 0);
 }
 
-TEST_F(Commands, ServeDoesNotStartOnADamagedFileAndLeavesIt)
+TEST_F(CommandsTest, MissingAndUnknownCommandsAreErrors)
+{
+    ExpectError(RunProgram({}), "subcommand is required");
+    EXPECT_NE(RunProgram({"fly"}).exitCode, 0);
+}
+
+TEST_F(CommandsTest, UnknownOptionIsAnError)
+{
+    ExpectError(Run({"user", "list", "--loudly"}), "--loudly");
+}
+
+TEST_F(CommandsTest, ServeRefusesOptionsOutOfRange)
+{
+    ExpectError(Run({"serve", "--listen", "localhost"}), "--listen");
+    ExpectError(Run({"serve", "--listen", "127.0.0.1:0", "--threads", "0"}), "--threads");
+    ExpectError(Run({"serve", "--listen", "127.0.0.1:0", "--token-lifetime", "0"}), "--token-lifetime");
+}
+
+TEST_F(CommandsTest, ServeDoesNotStartOnADamagedFileAndLeavesIt)
 {
     for (int i = 0; i < 3; ++i) {
         ExpectDone(Run({"user", "add", "user" + std::to_string(i), "--belong-type", "m"}, "x\n"));

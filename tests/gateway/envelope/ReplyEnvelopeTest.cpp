@@ -4,18 +4,18 @@
 
 namespace TLGateway {
 
-TEST(ReplyEnvelope, SuccessHasCodeZeroAsTextAndTheData)
+TEST(ReplyEnvelopeTest, SuccessHasCodeZeroAsTextAndTheData)
 {
     EXPECT_EQ(SuccessReply("r1", true), R"({"code":"0","message":"","requestId":"r1","data":true})");
 }
 
-TEST(ReplyEnvelope, RefusalHasNullData)
+TEST(ReplyEnvelopeTest, RefusalHasNullData)
 {
     EXPECT_EQ(RefusalReply("r1", {ErrorCode::SignWrong, "sign is \"wrong\""}),
               R"({"code":"1004","message":"sign is \"wrong\"","requestId":"r1","data":null})");
 }
 
-TEST(ReplyEnvelope, RequestIdsAreHexAndDiffer)
+TEST(ReplyEnvelopeTest, RequestIdsAreHexAndDiffer)
 {
     const std::string id = NewRequestId();
     EXPECT_EQ(id.size(), 32U);
@@ -23,7 +23,7 @@ TEST(ReplyEnvelope, RequestIdsAreHexAndDiffer)
     EXPECT_NE(id, NewRequestId());
 }
 
-TEST(ErrorCode, HttpStatusOfEveryCode)
+TEST(ErrorCodeTest, HttpStatusOfEveryCode)
 {
     const std::pair<int, int> table[] = {{0, 200},    {1001, 400}, {1002, 401}, {1003, 401}, {1004, 401},
                                          {1005, 400}, {1006, 401}, {1007, 404}, {1008, 400}, {1009, 400},

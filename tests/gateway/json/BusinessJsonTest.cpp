@@ -19,13 +19,13 @@ std::string Nested(std::size_t depth)
 
 } // namespace
 
-TEST(BusinessJson, ReadsAnObject)
+TEST(BusinessJsonTest, ReadsAnObject)
 {
     EXPECT_EQ(boost::json::serialize(ParseBusinessJson(R"( {"a":[1,true,"\u8ba2"]} )")),
               R"({"a":[1,true,"订"]})");
 }
 
-TEST(BusinessJson, WhatIsNotJson)
+TEST(BusinessJsonTest, WhatIsNotJson)
 {
     for (const char* text : {"", " ", "{", "{\"a\":1", "{\"a\":1}x", "{'a':1}", "{\"a\":1,}", "nul", "NaN",
                              "\"\\ud800\"", "\"\n\"", "// x", "01"}) {
@@ -35,13 +35,13 @@ TEST(BusinessJson, WhatIsNotJson)
     }
 }
 
-TEST(BusinessJson, MessageGivesThePosition)
+TEST(BusinessJsonTest, MessageGivesThePosition)
 {
     EXPECT_THAT(InvalidInputOf([] { static_cast<void>(ParseBusinessJson("{\"a\":x}")); }).what(),
                 testing::HasSubstr("near byte 5"));
 }
 
-TEST(BusinessJson, DeepestThatIsTakenAndOneMore)
+TEST(BusinessJsonTest, DeepestThatIsTakenAndOneMore)
 {
     EXPECT_NO_THROW(static_cast<void>(ParseBusinessJson(Nested(MaxJsonDepth))));
     const InvalidInput invalid =
@@ -50,7 +50,7 @@ TEST(BusinessJson, DeepestThatIsTakenAndOneMore)
     EXPECT_THAT(invalid.what(), testing::HasSubstr("limit of 32 levels"));
 }
 
-TEST(BusinessJson, TwoThousandLevelsWithoutAnEnd)
+TEST(BusinessJsonTest, TwoThousandLevelsWithoutAnEnd)
 {
     std::string text;
     for (int i = 0; i < 2000; ++i) {

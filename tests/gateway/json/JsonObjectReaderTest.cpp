@@ -22,7 +22,7 @@ std::string WrongShape(const char* json, Read read)
 
 } // namespace
 
-TEST(JsonObjectReader, ReadsMembers)
+TEST(JsonObjectReaderTest, ReadsMembers)
 {
     const boost::json::value value =
         ParseBusinessJson(R"({"s":"x\u0000y","b":true,"i":-3,"e":2e1,"o":{"p":"q"},"l":[{"n":1},{"n":2}]})");
@@ -38,14 +38,14 @@ TEST(JsonObjectReader, ReadsMembers)
     EXPECT_FALSE(reader.Has("t"));
 }
 
-TEST(JsonObjectReader, MissingMemberGivesPathAndWantedType)
+TEST(JsonObjectReaderTest, MissingMemberGivesPathAndWantedType)
 {
     EXPECT_EQ(
         WrongShape(R"({"o":{}})", [](const auto& r) { static_cast<void>(r.Object("o").String("pin")); }),
         "$.o.pin: wanted string, found nothing");
 }
 
-TEST(JsonObjectReader, WrongTypesGivePathWantedAndFound)
+TEST(JsonObjectReaderTest, WrongTypesGivePathWantedAndFound)
 {
     EXPECT_EQ(WrongShape(R"({"a":5})", [](const auto& r) { static_cast<void>(r.String("a")); }),
               "$.a: wanted string, found number");
@@ -61,7 +61,7 @@ TEST(JsonObjectReader, WrongTypesGivePathWantedAndFound)
               "$.a[1]: wanted object, found bool");
 }
 
-TEST(JsonObjectReader, NumberWithAFractionOrTooLargeIsNoInteger)
+TEST(JsonObjectReaderTest, NumberWithAFractionOrTooLargeIsNoInteger)
 {
     for (const char* json : {R"({"a":1.5})", R"({"a":1e300})", R"({"a":18446744073709551615})"}) {
         EXPECT_EQ(WrongShape(json, [](const auto& r) { static_cast<void>(r.Integer("a")); }),
@@ -69,12 +69,12 @@ TEST(JsonObjectReader, NumberWithAFractionOrTooLargeIsNoInteger)
     }
 }
 
-TEST(JsonObjectReader, WholeDocumentThatIsNoObject)
+TEST(JsonObjectReaderTest, WholeDocumentThatIsNoObject)
 {
     EXPECT_EQ(WrongShape("[1]", [](const auto&) {}), "$: wanted object, found array");
 }
 
-TEST(JsonObjectReader, UnknownMemberIsNamed)
+TEST(JsonObjectReaderTest, UnknownMemberIsNamed)
 {
     EXPECT_EQ(WrongShape(R"({"a":1,"evil\n":2})",
                          [](const auto& r) {

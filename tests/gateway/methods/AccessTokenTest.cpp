@@ -12,10 +12,10 @@ namespace TLGateway {
 
 using testing::HasSubstr;
 
-class AccessToken : public testing::Test
+class AccessTokenTest : public testing::Test
 {
 protected:
-    AccessToken()
+    AccessTokenTest()
     {
         gateway.Import("anna", SampleConfiguration());
         token = gateway.TokenOf("anna");
@@ -38,23 +38,23 @@ protected:
     std::string token;
 };
 
-TEST_F(AccessToken, OwnerIsServed)
+TEST_F(AccessTokenTest, OwnerIsServed)
 {
     EXPECT_EQ(GetAs(TestGateway::Caller("anna")).code, 0);
 }
 
-TEST_F(AccessToken, MissingTokenIsRefused)
+TEST_F(AccessTokenTest, MissingTokenIsRefused)
 {
     ExpectRefused(gateway.Get("anna", ""), 2002, 401);
 }
 
-TEST_F(AccessToken, UnknownTokenIsRefused)
+TEST_F(AccessTokenTest, UnknownTokenIsRefused)
 {
     ExpectRefused(gateway.Get("anna", token + "x"), 2002, 401);
     ExpectRefused(gateway.Get("anna", std::string(43, 'A')), 2002, 401);
 }
 
-TEST_F(AccessToken, ExpiredTokenIsRefusedFromItsLastSecondOn)
+TEST_F(AccessTokenTest, ExpiredTokenIsRefusedFromItsLastSecondOn)
 {
     gateway.Advance(3599);
     EXPECT_EQ(gateway.Get("anna", token).code, 0);
@@ -64,24 +64,24 @@ TEST_F(AccessToken, ExpiredTokenIsRefusedFromItsLastSecondOn)
     EXPECT_THAT(gateway.Log(), HasSubstr("pin=\"anna\" code=2003"));
 }
 
-TEST_F(AccessToken, TokenOfAnotherDeviceIsRefused)
+TEST_F(AccessTokenTest, TokenOfAnotherDeviceIsRefused)
 {
     ExpectRefused(GetAs(TestGateway::Caller("anna", "merchant", "device-2")), 2004, 403);
     EXPECT_THAT(gateway.Log(), HasSubstr("pin=\"anna\" code=2004"));
 }
 
-TEST_F(AccessToken, PinOfAnotherUserIsRefused)
+TEST_F(AccessTokenTest, PinOfAnotherUserIsRefused)
 {
     ExpectRefused(GetAs(TestGateway::Caller("bert")), 2005, 403);
     EXPECT_THAT(gateway.Log(), HasSubstr("pin=\"anna\" code=2005"));
 }
 
-TEST_F(AccessToken, OtherBelongTypeIsRefused)
+TEST_F(AccessTokenTest, OtherBelongTypeIsRefused)
 {
     ExpectRefused(GetAs(TestGateway::Caller("anna", "supplier")), 2005, 403);
 }
 
-TEST_F(AccessToken, WriteInTheNameOfAnotherUserChangesNobody)
+TEST_F(AccessTokenTest, WriteInTheNameOfAnotherUserChangesNobody)
 {
     gateway.Import("bert", SampleConfiguration());
     ExpectRefused(gateway.Set("bert", token, AutoRunConfiguration()), 2005, 403);
@@ -89,7 +89,7 @@ TEST_F(AccessToken, WriteInTheNameOfAnotherUserChangesNobody)
     EXPECT_EQ(gateway.Store().FindConfiguration("anna").revision, 1);
 }
 
-TEST_F(AccessToken, LogoutEndsTheTokenAndNoOther)
+TEST_F(AccessTokenTest, LogoutEndsTheTokenAndNoOther)
 {
     const std::string other = gateway.TokenOf("anna");
     const auto reply =
@@ -100,14 +100,14 @@ TEST_F(AccessToken, LogoutEndsTheTokenAndNoOther)
     EXPECT_EQ(gateway.Get("anna", other).code, 0);
 }
 
-TEST_F(AccessToken, LogoutOfAnotherDeviceDoesNotEndTheToken)
+TEST_F(AccessTokenTest, LogoutOfAnotherDeviceDoesNotEndTheToken)
 {
     const std::string business = "{\"param\":" + TestGateway::Caller("anna", "merchant", "device-2") + "}";
     EXPECT_EQ(gateway.Send(gateway.Envelope("dsm.tl.pc.user.logout", business, token)).code, 2004);
     EXPECT_EQ(gateway.Get("anna", token).code, 0);
 }
 
-TEST_F(AccessToken, NewPasswordEndsTheTokensOfItsUserOnly)
+TEST_F(AccessTokenTest, NewPasswordEndsTheTokensOfItsUserOnly)
 {
     const std::string berts = gateway.TokenOf("bert");
     ASSERT_FALSE(
@@ -121,7 +121,7 @@ TEST_F(AccessToken, NewPasswordEndsTheTokensOfItsUserOnly)
         0);
 }
 
-TEST_F(AccessToken, StoreHoldsTheTokenNowhereInClear)
+TEST_F(AccessTokenTest, StoreHoldsTheTokenNowhereInClear)
 {
     EXPECT_EQ(token.size(), 43U);
     gateway.Store().Close();

@@ -15,10 +15,10 @@ namespace TLGateway {
 
 using testing::HasSubstr;
 
-class AutoRunMethods : public testing::Test
+class AutoRunMethodsTest : public testing::Test
 {
 protected:
-    AutoRunMethods()
+    AutoRunMethodsTest()
     {
         gateway.Import("anna", SampleConfiguration());
         token = gateway.TokenOf("anna");
@@ -59,14 +59,14 @@ protected:
     std::string token;
 };
 
-TEST_F(AutoRunMethods, GetGivesTheThreeLists)
+TEST_F(AutoRunMethodsTest, GetGivesTheThreeLists)
 {
     const auto reply = gateway.Get("anna", token);
     ASSERT_EQ(reply.code, 0);
     EXPECT_EQ(boost::json::serialize(reply.data), boost::json::serialize(ToJson(SampleConfiguration())));
 }
 
-TEST_F(AutoRunMethods, UserWithoutConfigurationGetsThreeEmptyLists)
+TEST_F(AutoRunMethodsTest, UserWithoutConfigurationGetsThreeEmptyLists)
 {
     const std::string berts = gateway.TokenOf("bert");
     const auto reply = gateway.Send(gateway.Envelope(
@@ -74,7 +74,7 @@ TEST_F(AutoRunMethods, UserWithoutConfigurationGetsThreeEmptyLists)
     EXPECT_EQ(boost::json::serialize(reply.data), R"({"customItems":[],"pluginItems":[],"systemItems":[]})");
 }
 
-TEST_F(AutoRunMethods, SetIsReadBackInItsOrder)
+TEST_F(AutoRunMethodsTest, SetIsReadBackInItsOrder)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     std::swap(changed.customItems[0], changed.customItems[1]);
@@ -88,7 +88,7 @@ TEST_F(AutoRunMethods, SetIsReadBackInItsOrder)
               boost::json::serialize(ToJson(changed)));
 }
 
-TEST_F(AutoRunMethods, UserChangesOnlyTheTwoFlagsOfSystemEntries)
+TEST_F(AutoRunMethodsTest, UserChangesOnlyTheTwoFlagsOfSystemEntries)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.systemItems = {SystemEntry("s2", false, true)};
@@ -100,7 +100,7 @@ TEST_F(AutoRunMethods, UserChangesOnlyTheTwoFlagsOfSystemEntries)
               (std::vector<AutoRunEntry>{SystemEntry("s1"), SystemEntry("s2", false, true)}));
 }
 
-TEST_F(AutoRunMethods, SystemEntryThatTheOperatorHasRemovedIsIgnored)
+TEST_F(AutoRunMethodsTest, SystemEntryThatTheOperatorHasRemovedIsIgnored)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.systemItems.push_back(SystemEntry("gone"));
@@ -108,7 +108,7 @@ TEST_F(AutoRunMethods, SystemEntryThatTheOperatorHasRemovedIsIgnored)
     EXPECT_EQ(gateway.Store().FindConfiguration("anna").configuration, SampleConfiguration());
 }
 
-TEST_F(AutoRunMethods, SixCustomEntriesAreRefused)
+TEST_F(AutoRunMethodsTest, SixCustomEntriesAreRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     for (int i = 3; i <= 6; ++i) {
@@ -117,7 +117,7 @@ TEST_F(AutoRunMethods, SixCustomEntriesAreRefused)
     ExpectLimit(changed, "$.workstationSetResult.customItems: 6 entries exceed the limit of 5");
 }
 
-TEST_F(AutoRunMethods, SixAppEntriesAreRefused)
+TEST_F(AutoRunMethodsTest, SixAppEntriesAreRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     for (int i = 2; i <= 6; ++i) {
@@ -126,7 +126,7 @@ TEST_F(AutoRunMethods, SixAppEntriesAreRefused)
     ExpectLimit(changed, "$.workstationSetResult.pluginItems: 6 entries exceed the limit of 5");
 }
 
-TEST_F(AutoRunMethods, NameOfAHundredKilobytesIsRefused)
+TEST_F(AutoRunMethodsTest, NameOfAHundredKilobytesIsRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.customItems[1].name = std::string(100 * 1024, 'x');
@@ -135,21 +135,21 @@ TEST_F(AutoRunMethods, NameOfAHundredKilobytesIsRefused)
         "$.workstationSetResult.customItems[1].name: 102400 characters exceed the limit of 256 characters");
 }
 
-TEST_F(AutoRunMethods, DuplicateItemIdInOneListIsRefused)
+TEST_F(AutoRunMethodsTest, DuplicateItemIdInOneListIsRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.customItems[1].itemId = "c1";
     ExpectLimit(changed, "$.workstationSetResult.customItems[1].itemId: itemId must be unique");
 }
 
-TEST_F(AutoRunMethods, DuplicateItemIdAcrossListsIsRefused)
+TEST_F(AutoRunMethodsTest, DuplicateItemIdAcrossListsIsRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.pluginItems[0].itemId = "c1";
     ExpectLimit(changed, "$.workstationSetResult.pluginItems[0].itemId: itemId must be unique");
 }
 
-TEST_F(AutoRunMethods, ItemIdOfASystemEntryThatTheRequestLeavesOutIsRefused)
+TEST_F(AutoRunMethodsTest, ItemIdOfASystemEntryThatTheRequestLeavesOutIsRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.systemItems.clear();
@@ -157,7 +157,7 @@ TEST_F(AutoRunMethods, ItemIdOfASystemEntryThatTheRequestLeavesOutIsRefused)
     ExpectLimit(changed, "itemId must be unique");
 }
 
-TEST_F(AutoRunMethods, TwoActiveEntriesAreRefused)
+TEST_F(AutoRunMethodsTest, TwoActiveEntriesAreRefused)
 {
     AutoRunConfiguration changed = SampleConfiguration();
     changed.systemItems[0].activeItem = true;
@@ -165,7 +165,7 @@ TEST_F(AutoRunMethods, TwoActiveEntriesAreRefused)
     ExpectLimit(changed, "the limit is 1 entry with activeItem");
 }
 
-TEST_F(AutoRunMethods, TwoThousandLevelsDeepAreRefused)
+TEST_F(AutoRunMethodsTest, TwoThousandLevelsDeepAreRefused)
 {
     std::string lists = "{\"customItems\":";
     lists += std::string(2000, '[') + std::string(2000, ']') + ",\"pluginItems\":[],\"systemItems\":[]}";
@@ -175,7 +175,7 @@ TEST_F(AutoRunMethods, TwoThousandLevelsDeepAreRefused)
     ExpectUntouched();
 }
 
-TEST_F(AutoRunMethods, BusinessJsonThatIsNotJson)
+TEST_F(AutoRunMethodsTest, BusinessJsonThatIsNotJson)
 {
     const auto reply = SendSet("{\"baseInfo\":");
     EXPECT_EQ(reply.code, 1008);
@@ -183,18 +183,18 @@ TEST_F(AutoRunMethods, BusinessJsonThatIsNotJson)
     ExpectUntouched();
 }
 
-TEST_F(AutoRunMethods, BusinessJsonThatIsNoObject)
+TEST_F(AutoRunMethodsTest, BusinessJsonThatIsNoObject)
 {
     ExpectShape("[]", "$: wanted object, found array");
 }
 
-TEST_F(AutoRunMethods, MissingConfigurationIsRefused)
+TEST_F(AutoRunMethodsTest, MissingConfigurationIsRefused)
 {
     ExpectShape("{\"baseInfo\":" + TestGateway::Caller("anna") + "}",
                 "$.workstationSetResult: wanted object, found nothing");
 }
 
-TEST_F(AutoRunMethods, WrongTypeInAnEntryGivesPathWantedAndFound)
+TEST_F(AutoRunMethodsTest, WrongTypeInAnEntryGivesPathWantedAndFound)
 {
     ExpectShape(TestGateway::SetRequest("anna",
                                         R"({"customItems":[{"activeItem":false,"checked":"yes","itemId":"c",)"
@@ -203,14 +203,14 @@ TEST_F(AutoRunMethods, WrongTypeInAnEntryGivesPathWantedAndFound)
                 "$.workstationSetResult.customItems[0].checked: wanted bool, found string");
 }
 
-TEST_F(AutoRunMethods, UnknownListIsRefused)
+TEST_F(AutoRunMethodsTest, UnknownListIsRefused)
 {
     ExpectShape(TestGateway::SetRequest(
                     "anna", R"({"customItems":[],"pluginItems":[],"systemItems":[],"moreItems":[]})"),
                 "$.workstationSetResult: wanted no member \"moreItems\", found array");
 }
 
-TEST_F(AutoRunMethods, WrongShapeComesBeforeAForeignPinAndThatBeforeALimit)
+TEST_F(AutoRunMethodsTest, WrongShapeComesBeforeAForeignPinAndThatBeforeALimit)
 {
     AutoRunConfiguration tooMany;
     tooMany.customItems.assign(6, CustomEntry("c"));
@@ -219,7 +219,7 @@ TEST_F(AutoRunMethods, WrongShapeComesBeforeAForeignPinAndThatBeforeALimit)
     EXPECT_EQ(SendSet(TestGateway::SetRequest("anna", tooMany)).code, 1010);
 }
 
-TEST_F(AutoRunMethods, PluginListGivesTheCatalogueInItsOrder)
+TEST_F(AutoRunMethodsTest, PluginListGivesTheCatalogueInItsOrder)
 {
     ASSERT_FALSE(Await([&](IStore::WriteDone done) {
         gateway.Store().ReplaceApps({{"B", "b", "i", "https://b/", 1}, {"A", "a", "", "https://a/", 0}},
@@ -233,7 +233,7 @@ TEST_F(AutoRunMethods, PluginListGivesTheCatalogueInItsOrder)
         R"({"address":"https://a/","availability":0,"iconUrl":"","name":"A","serviceCode":"a"}]})");
 }
 
-TEST_F(AutoRunMethods, FunctionListGivesTheSwitchesThatAreSet)
+TEST_F(AutoRunMethodsTest, FunctionListGivesTheSwitchesThatAreSet)
 {
     for (const FunctionSwitch& wanted : {FunctionSwitch{8, true, true}, FunctionSwitch{3, false, true}}) {
         ASSERT_FALSE(
@@ -246,7 +246,7 @@ TEST_F(AutoRunMethods, FunctionListGivesTheSwitchesThatAreSet)
         R"({"functions":[{"display":true,"number":3,"valid":false},{"display":true,"number":8,"valid":true}]})");
 }
 
-TEST_F(AutoRunMethods, EveryReadChecksTheCaller)
+TEST_F(AutoRunMethodsTest, EveryReadChecksTheCaller)
 {
     for (const char* method :
          {"dsm.tl.pc.auto.run.get", "dsm.tl.pc.plugin.list", "dsm.tl.pc.function.list"}) {

@@ -15,7 +15,7 @@ namespace TLGateway {
 
 using testing::HasSubstr;
 
-TEST(Login, GivesTokenBelongTypeAndExpiry)
+TEST(LoginMethodTest, GivesTokenBelongTypeAndExpiry)
 {
     TestGateway gateway;
     const auto reply = gateway.Login("bert", "pw");
@@ -28,13 +28,13 @@ TEST(Login, GivesTokenBelongTypeAndExpiry)
     EXPECT_EQ(reply.data.at("accessToken").as_string().size(), 43U);
 }
 
-TEST(Login, TwoLoginsGiveTwoTokens)
+TEST(LoginMethodTest, TwoLoginsGiveTwoTokens)
 {
     TestGateway gateway;
     EXPECT_NE(gateway.TokenOf("anna"), gateway.TokenOf("anna"));
 }
 
-TEST(Login, UnknownPinAndWrongPasswordHaveOneText)
+TEST(LoginMethodTest, UnknownPinAndWrongPasswordHaveOneText)
 {
     TestGateway gateway;
     const auto wrong = gateway.Login("anna", "nope");
@@ -46,7 +46,7 @@ TEST(Login, UnknownPinAndWrongPasswordHaveOneText)
     EXPECT_THAT(gateway.Log(), HasSubstr("pin=\"nobody\" code=2001"));
 }
 
-TEST(Login, MissingMemberAndWrongType)
+TEST(LoginMethodTest, MissingMemberAndWrongType)
 {
     TestGateway gateway;
     const auto send = [&](const char* business) {
@@ -59,7 +59,7 @@ TEST(Login, MissingMemberAndWrongType)
     EXPECT_EQ(send(R"({})"), "$.param: wanted object, found nothing");
 }
 
-TEST(Login, TextsBeyondTheirLimitAreRefusedBeforeAnyHashing)
+TEST(LoginMethodTest, TextsBeyondTheirLimitAreRefusedBeforeAnyHashing)
 {
     TestGateway gateway;
     EXPECT_EQ(gateway.Login(std::string(129, 'x'), "pw").code, 1010);
@@ -68,7 +68,7 @@ TEST(Login, TextsBeyondTheirLimitAreRefusedBeforeAnyHashing)
     EXPECT_EQ(gateway.Counts().reads, 0);
 }
 
-TEST(Login, LockedAfterTenFailuresUntilTheFirstIsFifteenMinutesOld)
+TEST(LoginMethodTest, LockedAfterTenFailuresUntilTheFirstIsFifteenMinutesOld)
 {
     TestGateway gateway;
     const UnixTime first = gateway.Now();
@@ -87,7 +87,7 @@ TEST(Login, LockedAfterTenFailuresUntilTheFirstIsFifteenMinutesOld)
     EXPECT_EQ(gateway.Login("anna", "pw").code, 0);
 }
 
-TEST(Login, LockedPinLeavesOthersAlone)
+TEST(LoginMethodTest, LockedPinLeavesOthersAlone)
 {
     TestGateway gateway;
     for (int i = 0; i < 10; ++i) {
@@ -97,7 +97,7 @@ TEST(Login, LockedPinLeavesOthersAlone)
     EXPECT_EQ(gateway.Login("bert", "pw").code, 0);
 }
 
-TEST(Login, UnknownPinIsLockedLikeAKnownOne)
+TEST(LoginMethodTest, UnknownPinIsLockedLikeAKnownOne)
 {
     TestGateway gateway;
     for (int i = 0; i < 10; ++i) {
@@ -106,7 +106,7 @@ TEST(Login, UnknownPinIsLockedLikeAKnownOne)
     EXPECT_EQ(gateway.Login("nobody", "pw").code, 2006);
 }
 
-TEST(Login, SuccessForgetsTheFailuresBefore)
+TEST(LoginMethodTest, SuccessForgetsTheFailuresBefore)
 {
     TestGateway gateway;
     for (int i = 0; i < 9; ++i) {
@@ -117,7 +117,7 @@ TEST(Login, SuccessForgetsTheFailuresBefore)
     EXPECT_EQ(gateway.Login("anna", "pw").code, 0);
 }
 
-TEST(Login, RefusedAttemptsOfALockedPinDoNotProlongTheLock)
+TEST(LoginMethodTest, RefusedAttemptsOfALockedPinDoNotProlongTheLock)
 {
     TestGateway gateway;
     for (int i = 0; i < 10; ++i) {
@@ -129,7 +129,7 @@ TEST(Login, RefusedAttemptsOfALockedPinDoNotProlongTheLock)
     EXPECT_EQ(gateway.Login("anna", "pw").code, 0);
 }
 
-TEST(Login, FullQueueIsBusy)
+TEST(LoginMethodTest, FullQueueIsBusy)
 {
     TestGateway gateway({}, 0);
     const auto reply = gateway.Login("anna", "pw");
@@ -138,7 +138,7 @@ TEST(Login, FullQueueIsBusy)
 }
 
 // In processor time, so that other programs on the machine do not matter.
-TEST(Login, UnknownPinCostsAHashLikeAWrongPassword)
+TEST(LoginMethodTest, UnknownPinCostsAHashLikeAWrongPassword)
 {
     TemporaryFolder folder;
     const LogCapture log;

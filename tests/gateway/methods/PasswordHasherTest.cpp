@@ -12,7 +12,7 @@ constexpr PasswordHasher::Cost Cheap = {1, 8, 1};
 
 } // namespace
 
-TEST(PasswordHasher, VerifiesThePasswordThatItHashed)
+TEST(PasswordHasherTest, VerifiesThePasswordThatItHashed)
 {
     const PasswordHasher hasher(Cheap);
     const std::string hash = hasher.Hash("pass 订");
@@ -22,25 +22,25 @@ TEST(PasswordHasher, VerifiesThePasswordThatItHashed)
     EXPECT_FALSE(hasher.Verify("", hash));
 }
 
-TEST(PasswordHasher, SaltsEveryHash)
+TEST(PasswordHasherTest, SaltsEveryHash)
 {
     const PasswordHasher hasher(Cheap);
     EXPECT_NE(hasher.Hash("x"), hasher.Hash("x"));
 }
 
-TEST(PasswordHasher, DefaultCostIsNineteenMebibytesAndTwoPasses)
+TEST(PasswordHasherTest, DefaultCostIsNineteenMebibytesAndTwoPasses)
 {
     EXPECT_EQ(PasswordHasher().Decoy().rfind("$argon2id$v=19$m=19456,t=2,p=1$", 0), 0U);
 }
 
-TEST(PasswordHasher, UnreadableHashIsNoMatch)
+TEST(PasswordHasherTest, UnreadableHashIsNoMatch)
 {
     const PasswordHasher hasher(Cheap);
     EXPECT_FALSE(hasher.Verify("x", ""));
     EXPECT_FALSE(hasher.Verify("x", "$argon2id$nonsense"));
 }
 
-TEST(PasswordHasher, HashOfAnotherCostIsStillVerified)
+TEST(PasswordHasherTest, HashOfAnotherCostIsStillVerified)
 {
     const std::string hash = PasswordHasher({2, 16, 1}).Hash("x");
     EXPECT_TRUE(PasswordHasher(Cheap).Verify("x", hash));

@@ -16,10 +16,10 @@ using testing::HasSubstr;
 using testing::Not;
 
 // A write that would succeed, and the ways to spoil its envelope. Nothing of them may reach the store.
-class RefusedEnvelope : public testing::Test
+class RefusedEnvelopeTest : public testing::Test
 {
 protected:
-    RefusedEnvelope()
+    RefusedEnvelopeTest()
     {
         gateway.Import("anna", SampleConfiguration());
         token = gateway.TokenOf("anna");
@@ -49,13 +49,13 @@ protected:
     FormParameters parameters;
 };
 
-TEST_F(RefusedEnvelope, NothingSpoiltIsDone)
+TEST_F(RefusedEnvelopeTest, NothingSpoiltIsDone)
 {
     EXPECT_EQ(gateway.Send(parameters).code, 0);
     EXPECT_EQ(gateway.Store().FindConfiguration("anna").revision, 2);
 }
 
-TEST_F(RefusedEnvelope, MissingSign)
+TEST_F(RefusedEnvelopeTest, MissingSign)
 {
     const auto reply = gateway.SendUnsigned(parameters);
     EXPECT_EQ(reply.code, 1003);
@@ -65,7 +65,7 @@ TEST_F(RefusedEnvelope, MissingSign)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, SignOfAnotherSecret)
+TEST_F(RefusedEnvelopeTest, SignOfAnotherSecret)
 {
     parameters["sign"] = Sign(parameters, "other secret");
     const auto reply = gateway.SendUnsigned(parameters);
@@ -76,7 +76,7 @@ TEST_F(RefusedEnvelope, SignOfAnotherSecret)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, ParameterChangedAfterSigning)
+TEST_F(RefusedEnvelopeTest, ParameterChangedAfterSigning)
 {
     parameters["sign"] = Sign(parameters, "secret");
     parameters["tradix_param_json"] += " ";
@@ -84,7 +84,7 @@ TEST_F(RefusedEnvelope, ParameterChangedAfterSigning)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, UnknownAppKey)
+TEST_F(RefusedEnvelopeTest, UnknownAppKey)
 {
     parameters["app_key"] = "somebody";
     const auto reply = gateway.Send(parameters);
@@ -95,7 +95,7 @@ TEST_F(RefusedEnvelope, UnknownAppKey)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, TimestampOfAnotherForm)
+TEST_F(RefusedEnvelopeTest, TimestampOfAnotherForm)
 {
     parameters["timestamp"] = "2026-09-21T13:33:20";
     const auto reply = gateway.Send(parameters);
@@ -105,7 +105,7 @@ TEST_F(RefusedEnvelope, TimestampOfAnotherForm)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, TimestampMoreThanFiveMinutesOff)
+TEST_F(RefusedEnvelopeTest, TimestampMoreThanFiveMinutesOff)
 {
     for (const UnixTime off : {301, -301}) {
         parameters["timestamp"] = FormatTimeStamp(gateway.Now() + off);
@@ -118,7 +118,7 @@ TEST_F(RefusedEnvelope, TimestampMoreThanFiveMinutesOff)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, UnknownMethod)
+TEST_F(RefusedEnvelopeTest, UnknownMethod)
 {
     parameters["method"] = "dsm.tl.pc.auto.run.remove";
     const auto reply = gateway.Send(parameters);
@@ -129,7 +129,7 @@ TEST_F(RefusedEnvelope, UnknownMethod)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, MissingParameter)
+TEST_F(RefusedEnvelopeTest, MissingParameter)
 {
     parameters.erase("lang");
     const auto reply = gateway.Send(parameters);
@@ -139,7 +139,7 @@ TEST_F(RefusedEnvelope, MissingParameter)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, DuplicatedParameter)
+TEST_F(RefusedEnvelopeTest, DuplicatedParameter)
 {
     parameters["sign"] = Sign(parameters, "secret");
     const auto reply = gateway.SendBody(FormEncode(parameters) + "&lang=en");
@@ -148,7 +148,7 @@ TEST_F(RefusedEnvelope, DuplicatedParameter)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, InvalidUtf8InTheBusinessJson)
+TEST_F(RefusedEnvelopeTest, InvalidUtf8InTheBusinessJson)
 {
     std::string& business = parameters["tradix_param_json"];
     business.insert(business.find("Changed"), "\xC3\x28");
@@ -158,13 +158,13 @@ TEST_F(RefusedEnvelope, InvalidUtf8InTheBusinessJson)
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, EmptyBody)
+TEST_F(RefusedEnvelopeTest, EmptyBody)
 {
     EXPECT_EQ(gateway.SendBody("").code, 1001);
     ExpectUntouched();
 }
 
-TEST_F(RefusedEnvelope, LogHoldsNoTokenSignOrSecret)
+TEST_F(RefusedEnvelopeTest, LogHoldsNoTokenSignOrSecret)
 {
     parameters["sign"] = Sign(parameters, "other secret");
     const std::string sign = parameters["sign"];

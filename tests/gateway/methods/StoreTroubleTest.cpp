@@ -29,7 +29,7 @@ AutoRunConfiguration LargeConfiguration(char c)
 
 } // namespace
 
-TEST(StoreTrouble, DiskFullIs5002AndLeavesTheLastConfiguration)
+TEST(StoreTroubleTest, DiskFullIs5002AndLeavesTheLastConfiguration)
 {
     SqliteStore::Options options;
     options.maxPages = 40;
@@ -55,7 +55,7 @@ TEST(StoreTrouble, DiskFullIs5002AndLeavesTheLastConfiguration)
     EXPECT_EQ(gateway.Get("anna", token).code, 0) << "reads go on";
 }
 
-TEST(StoreTrouble, LockedDatabaseIs5002AndGoesOnWhenTheLockIsGone)
+TEST(StoreTroubleTest, LockedDatabaseIs5002AndGoesOnWhenTheLockIsGone)
 {
     SqliteStore::Options options;
     options.busyTimeout = std::chrono::milliseconds(50);
@@ -78,7 +78,7 @@ TEST(StoreTrouble, LockedDatabaseIs5002AndGoesOnWhenTheLockIsGone)
     EXPECT_EQ(gateway.Set("anna", token, changed).code, 0);
 }
 
-TEST(StoreTrouble, FailedLoginThatCannotBeNotedIs5002SoThatAFullDiskAllowsNoGuessing)
+TEST(StoreTroubleTest, FailedLoginThatCannotBeNotedIs5002SoThatAFullDiskAllowsNoGuessing)
 {
     SqliteStore::Options options;
     options.busyTimeout = std::chrono::milliseconds(50);
@@ -90,7 +90,7 @@ TEST(StoreTrouble, FailedLoginThatCannotBeNotedIs5002SoThatAFullDiskAllowsNoGues
     EXPECT_EQ(gateway.Login("anna", "pw").code, 5002);
 }
 
-TEST(StoreTrouble, FullWriteQueueIs5001)
+TEST(StoreTroubleTest, FullWriteQueueIs5001)
 {
     SqliteStore::Options options;
     options.queueLimit = 1;
@@ -125,7 +125,7 @@ TEST(StoreTrouble, FullWriteQueueIs5001)
     EXPECT_EQ(gateway.Set("anna", token, AutoRunConfiguration()).code, 0);
 }
 
-TEST(StoreTrouble, WriteAfterTheStoreIsClosedIs5001)
+TEST(StoreTroubleTest, WriteAfterTheStoreIsClosedIs5001)
 {
     TestGateway gateway;
     const std::string token = gateway.TokenOf("anna");
@@ -133,7 +133,7 @@ TEST(StoreTrouble, WriteAfterTheStoreIsClosedIs5001)
     EXPECT_EQ(gateway.Set("anna", token, AutoRunConfiguration()).code, 5001);
 }
 
-TEST(StoreTrouble, DamagedPagesAre5002ForReadsAndWrites)
+TEST(StoreTroubleTest, DamagedPagesAre5002ForReadsAndWrites)
 {
     TemporaryFolder folder;
     const std::string file = folder.File("damaged.db");

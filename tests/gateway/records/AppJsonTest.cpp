@@ -33,7 +33,7 @@ std::string With(const char* member, boost::json::value value)
 
 } // namespace
 
-TEST(AppJson, ReadsWhatItWrites)
+TEST(AppJsonTest, ReadsWhatItWrites)
 {
     const std::vector<AppRecord> apps = ReadApps(ParseBusinessJson("[" + App + "]"));
     ASSERT_EQ(apps.size(), 1U);
@@ -42,7 +42,7 @@ TEST(AppJson, ReadsWhatItWrites)
     EXPECT_TRUE(ReadApps(ParseBusinessJson("[]")).empty());
 }
 
-TEST(AppJson, WrongShapes)
+TEST(AppJsonTest, WrongShapes)
 {
     EXPECT_THAT(Problem("{}", InvalidInput::Rule::Shape), testing::HasSubstr("wanted array"));
     EXPECT_THAT(Problem("[1]", InvalidInput::Rule::Shape), testing::HasSubstr("$[0]: wanted object"));
@@ -50,7 +50,7 @@ TEST(AppJson, WrongShapes)
     EXPECT_THAT(Problem(With("icon", 1), InvalidInput::Rule::Shape), testing::HasSubstr("\"icon\""));
 }
 
-TEST(AppJson, Limits)
+TEST(AppJsonTest, Limits)
 {
     EXPECT_THAT(Problem(With("availability", 2), InvalidInput::Rule::Limit), testing::HasSubstr("0 to 1"));
     EXPECT_THAT(Problem(With("serviceCode", ""), InvalidInput::Rule::Limit), testing::HasSubstr("1 to 2048"));

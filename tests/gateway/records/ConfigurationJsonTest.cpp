@@ -32,7 +32,7 @@ const std::string Entry =
 
 } // namespace
 
-TEST(ConfigurationJson, ReadsALiteral)
+TEST(ConfigurationJsonTest, ReadsALiteral)
 {
     const AutoRunConfiguration configuration = Read(
         R"({"customItems":[)" + Entry + R"(],"pluginItems":[],"systemItems":[]})", ConfigurationSource::User);
@@ -43,7 +43,7 @@ TEST(ConfigurationJson, ReadsALiteral)
     EXPECT_TRUE(configuration.systemItems.empty());
 }
 
-TEST(ConfigurationJson, WritesSortedMembersAndReadsThemBack)
+TEST(ConfigurationJsonTest, WritesSortedMembersAndReadsThemBack)
 {
     const AutoRunConfiguration configuration = SampleConfiguration();
     const std::string text = boost::json::serialize(ToJson(configuration));
@@ -55,14 +55,14 @@ TEST(ConfigurationJson, WritesSortedMembersAndReadsThemBack)
     EXPECT_EQ(Read(text, ConfigurationSource::User), configuration);
 }
 
-TEST(ConfigurationJson, MissingListIsRefused)
+TEST(ConfigurationJsonTest, MissingListIsRefused)
 {
     EXPECT_EQ(Shape(R"({"customItems":[],"systemItems":[]})"), "$.pluginItems: wanted array, found nothing");
     EXPECT_EQ(Shape(R"({"customItems":null,"pluginItems":[],"systemItems":[]})"),
               "$.customItems: wanted array, found null");
 }
 
-TEST(ConfigurationJson, EachOfTheSevenMembersIsRequiredInACustomEntry)
+TEST(ConfigurationJsonTest, EachOfTheSevenMembersIsRequiredInACustomEntry)
 {
     const boost::json::object whole = ParseBusinessJson(Entry).as_object();
     for (const auto& member : whole) {
@@ -75,7 +75,7 @@ TEST(ConfigurationJson, EachOfTheSevenMembersIsRequiredInACustomEntry)
     }
 }
 
-TEST(ConfigurationJson, EachWrongTypeIsRefusedWithItsPath)
+TEST(ConfigurationJsonTest, EachWrongTypeIsRefusedWithItsPath)
 {
     const boost::json::object whole = ParseBusinessJson(Entry).as_object();
     for (const auto& member : whole) {
@@ -89,13 +89,13 @@ TEST(ConfigurationJson, EachWrongTypeIsRefusedWithItsPath)
     }
 }
 
-TEST(ConfigurationJson, UnknownMemberOfAnEntryIsRefused)
+TEST(ConfigurationJsonTest, UnknownMemberOfAnEntryIsRefused)
 {
     EXPECT_EQ(Shape(R"({"customItems":[],"pluginItems":[],"systemItems":[{"itemID":"x"}]})"),
               "$.systemItems[0]: wanted no member \"itemID\", found string");
 }
 
-TEST(ConfigurationJson, UsersSystemEntryNeedsItsIdAndTwoFlagsOnly)
+TEST(ConfigurationJsonTest, UsersSystemEntryNeedsItsIdAndTwoFlagsOnly)
 {
     const std::string json = R"({"customItems":[],"pluginItems":[],)"
                              R"("systemItems":[{"itemId":"s","checked":true,"activeItem":false}]})";
@@ -104,7 +104,7 @@ TEST(ConfigurationJson, UsersSystemEntryNeedsItsIdAndTwoFlagsOnly)
               "$.systemItems[0].name: wanted string, found nothing");
 }
 
-TEST(ConfigurationJson, TypeBeyondIntBecomesTheNearestInt)
+TEST(ConfigurationJsonTest, TypeBeyondIntBecomesTheNearestInt)
 {
     const std::string json =
         R"({"customItems":[],"pluginItems":[],"systemItems":[{"itemId":"s","checked":true,"activeItem":false,"type":)";

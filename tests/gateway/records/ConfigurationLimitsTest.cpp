@@ -41,7 +41,7 @@ std::string Repeat(std::size_t count, const std::string& text)
 
 } // namespace
 
-TEST(ConfigurationLimits, EverythingAtItsLimitIsTaken)
+TEST(ConfigurationLimitsTest, EverythingAtItsLimitIsTaken)
 {
     AutoRunConfiguration configuration;
     for (std::size_t i = 0; i < MaxSystemEntries; ++i) {
@@ -61,13 +61,13 @@ TEST(ConfigurationLimits, EverythingAtItsLimitIsTaken)
     EXPECT_NO_THROW(CheckLimits(configuration, ConfigurationSource::Operator, "$"));
 }
 
-TEST(ConfigurationLimits, OneSystemEntryTooMany)
+TEST(ConfigurationLimitsTest, OneSystemEntryTooMany)
 {
     EXPECT_EQ(Limit(Changed([](auto& c) { c.systemItems.assign(51, SystemEntry("s")); })),
               "$.systemItems: 51 entries exceed the limit of 50");
 }
 
-TEST(ConfigurationLimits, TextsOneCharacterTooLong)
+TEST(ConfigurationLimitsTest, TextsOneCharacterTooLong)
 {
     EXPECT_EQ(Limit(Changed([](auto& c) { c.customItems[1].itemId = Repeat(65, "订"); })),
               "$.customItems[1].itemId: 65 characters exceed the limit of 64 characters");
@@ -77,21 +77,21 @@ TEST(ConfigurationLimits, TextsOneCharacterTooLong)
               "$.systemItems[0].url: 2049 characters exceed the limit of 2048 characters");
 }
 
-TEST(ConfigurationLimits, EmptyItemIdAndEmptyAddress)
+TEST(ConfigurationLimitsTest, EmptyItemIdAndEmptyAddress)
 {
     EXPECT_THAT(Limit(Changed([](auto& c) { c.customItems[0].itemId.clear(); })), HasSubstr("1 to 64"));
     EXPECT_THAT(Limit(Changed([](auto& c) { c.customItems[0].url.clear(); })), HasSubstr("1 to 2048"));
     EXPECT_THAT(Limit(Changed([](auto& c) { c.systemItems[0].itemId.clear(); })), HasSubstr("1 to 64"));
 }
 
-TEST(ConfigurationLimits, AddressOfASystemEntryMayBeLeftOutByAUserOnly)
+TEST(ConfigurationLimitsTest, AddressOfASystemEntryMayBeLeftOutByAUserOnly)
 {
     const AutoRunConfiguration configuration = Changed([](auto& c) { c.systemItems[0].url.clear(); });
     EXPECT_NO_THROW(CheckLimits(configuration, ConfigurationSource::User, "$"));
     EXPECT_THAT(Limit(configuration, ConfigurationSource::Operator), HasSubstr("$.systemItems[0].url"));
 }
 
-TEST(ConfigurationLimits, TypeOfACustomEntry)
+TEST(ConfigurationLimitsTest, TypeOfACustomEntry)
 {
     EXPECT_THAT(Limit(Changed([](auto& c) { c.customItems[0].type = 1; })),
                 HasSubstr("$.customItems[0].type"));
@@ -99,13 +99,13 @@ TEST(ConfigurationLimits, TypeOfACustomEntry)
     EXPECT_THAT(Limit(Changed([](auto& c) { c.customItems[0].type = 100; })), HasSubstr("0 to 99"));
 }
 
-TEST(ConfigurationLimits, TypeOfAnAppEntryIsOne)
+TEST(ConfigurationLimitsTest, TypeOfAnAppEntryIsOne)
 {
     EXPECT_EQ(Limit(Changed([](auto& c) { c.pluginItems[0].type = 0; })),
               "$.pluginItems[0].type: must be 1 in pluginItems");
 }
 
-TEST(ConfigurationLimits, SystemFlagBelongsToSystemEntriesOnly)
+TEST(ConfigurationLimitsTest, SystemFlagBelongsToSystemEntriesOnly)
 {
     EXPECT_THAT(Limit(Changed([](auto& c) { c.customItems[0].systemItem = true; })),
                 HasSubstr("$.customItems[0].systemItem"));
@@ -116,7 +116,7 @@ TEST(ConfigurationLimits, SystemFlagBelongsToSystemEntriesOnly)
         HasSubstr("$.systemItems[1].systemItem"));
 }
 
-TEST(UsersWrite, TakesOnlyTheTwoFlagsOfASystemEntry)
+TEST(UsersWriteTest, TakesOnlyTheTwoFlagsOfASystemEntry)
 {
     AutoRunConfiguration requested = SampleConfiguration();
     requested.systemItems[1] = {"s2", "Renamed", "https://evil.example/", true, false, true, 7};
@@ -128,7 +128,7 @@ TEST(UsersWrite, TakesOnlyTheTwoFlagsOfASystemEntry)
     EXPECT_EQ(result.systemItems[1], expected);
 }
 
-TEST(UsersWrite, KeepsTheOperatorsOrderAndTheEntriesThatTheRequestLeavesOut)
+TEST(UsersWriteTest, KeepsTheOperatorsOrderAndTheEntriesThatTheRequestLeavesOut)
 {
     AutoRunConfiguration requested;
     requested.systemItems = {SystemEntry("s2", false)};
@@ -138,14 +138,14 @@ TEST(UsersWrite, KeepsTheOperatorsOrderAndTheEntriesThatTheRequestLeavesOut)
     EXPECT_TRUE(result.pluginItems.empty());
 }
 
-TEST(UsersWrite, IgnoresASystemEntryThatTheOperatorHasRemoved)
+TEST(UsersWriteTest, IgnoresASystemEntryThatTheOperatorHasRemoved)
 {
     AutoRunConfiguration requested = SampleConfiguration();
     requested.systemItems.push_back(SystemEntry("gone", true, true));
     EXPECT_EQ(ApplyUsersWrite(SampleConfiguration(), requested, "$"), SampleConfiguration());
 }
 
-TEST(UsersWrite, IdOfASystemEntryCannotBeTakenByACustomOne)
+TEST(UsersWriteTest, IdOfASystemEntryCannotBeTakenByACustomOne)
 {
     AutoRunConfiguration requested;
     requested.customItems = {CustomEntry("s1")};
@@ -155,7 +155,7 @@ TEST(UsersWrite, IdOfASystemEntryCannotBeTakenByACustomOne)
     EXPECT_THAT(invalid.what(), HasSubstr("must be unique"));
 }
 
-TEST(UsersWrite, ActiveSystemEntryThatIsLeftOutCountsAsActive)
+TEST(UsersWriteTest, ActiveSystemEntryThatIsLeftOutCountsAsActive)
 {
     AutoRunConfiguration stored = SampleConfiguration();
     stored.systemItems[0].activeItem = true;

@@ -11,7 +11,7 @@
 
 namespace TLGateway {
 
-TEST(AppKeyWatcher, KnowsTheKeysOfTheStoreAndThoseThatComeLater)
+TEST(AppKeyWatcherTest, KnowsTheKeysOfTheStoreAndThoseThatComeLater)
 {
     TemporaryFolder folder;
     const LogCapture log;

@@ -45,7 +45,7 @@ std::string Get(const std::string& target, const std::string& method = "GET")
 
 } // namespace
 
-TEST(HttpServer, AnswersASignedRequestAsJsonInUtf8)
+TEST(HttpServerTest, AnswersASignedRequestAsJsonInUtf8)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -59,7 +59,7 @@ TEST(HttpServer, AnswersASignedRequestAsJsonInUtf8)
                                   HasSubstr(R"("data":{"customItems":[])")));
 }
 
-TEST(HttpServer, RefusalHasTheStatusOfItsCode)
+TEST(HttpServerTest, RefusalHasTheStatusOfItsCode)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -69,7 +69,7 @@ TEST(HttpServer, RefusalHasTheStatusOfItsCode)
     EXPECT_THAT(reply.body, StartsWith(R"({"code":"1007",)"));
 }
 
-TEST(HttpServer, KeepsTheConnectionForTheNextRequest)
+TEST(HttpServerTest, KeepsTheConnectionForTheNextRequest)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -79,7 +79,7 @@ TEST(HttpServer, KeepsTheConnectionForTheNextRequest)
     }
 }
 
-TEST(HttpServer, ClosesWhenTheClientAsksForIt)
+TEST(HttpServerTest, ClosesWhenTheClientAsksForIt)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -87,7 +87,7 @@ TEST(HttpServer, ClosesWhenTheClientAsksForIt)
     EXPECT_THAT(client.ReadToEnd(), AllOf(StartsWith("HTTP/1.1 400"), HasSubstr("Connection: close")));
 }
 
-TEST(HttpServer, RequestsSentAheadAreAnsweredInTheirOrder)
+TEST(HttpServerTest, RequestsSentAheadAreAnsweredInTheirOrder)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -110,7 +110,7 @@ TEST(HttpServer, RequestsSentAheadAreAnsweredInTheirOrder)
     }
 }
 
-TEST(HttpServer, BodyOverTheLimitIs413AsJson)
+TEST(HttpServerTest, BodyOverTheLimitIs413AsJson)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -121,7 +121,7 @@ TEST(HttpServer, BodyOverTheLimitIs413AsJson)
     EXPECT_THAT(client.ReadToEnd(), "");
 }
 
-TEST(HttpServer, ChunkedBodyOverTheLimitIs413)
+TEST(HttpServerTest, ChunkedBodyOverTheLimitIs413)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -133,7 +133,7 @@ TEST(HttpServer, ChunkedBodyOverTheLimitIs413)
     EXPECT_EQ(client.Read().status, 413);
 }
 
-TEST(HttpServer, BodyAtTheLimitIsRead)
+TEST(HttpServerTest, BodyAtTheLimitIsRead)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -141,7 +141,7 @@ TEST(HttpServer, BodyAtTheLimitIsRead)
     EXPECT_THAT(client.Read().body, HasSubstr("\"code\":\"1001\""));
 }
 
-TEST(HttpServer, ClientThatWaitsForContinueGetsIt)
+TEST(HttpServerTest, ClientThatWaitsForContinueGetsIt)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -151,7 +151,7 @@ TEST(HttpServer, ClientThatWaitsForContinueGetsIt)
     EXPECT_EQ(client.Read().status, 400);
 }
 
-TEST(HttpServer, OtherMethodOnTheGatewaysAddressIs405WithItsCode)
+TEST(HttpServerTest, OtherMethodOnTheGatewaysAddressIs405WithItsCode)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -164,7 +164,7 @@ TEST(HttpServer, OtherMethodOnTheGatewaysAddressIs405WithItsCode)
     }
 }
 
-TEST(HttpServer, OtherAddressIs404WithItsCode)
+TEST(HttpServerTest, OtherAddressIs404WithItsCode)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -177,7 +177,7 @@ TEST(HttpServer, OtherAddressIs404WithItsCode)
     }
 }
 
-TEST(HttpServer, HeadHasTheLengthButNoBody)
+TEST(HttpServerTest, HeadHasTheLengthButNoBody)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -189,7 +189,7 @@ TEST(HttpServer, HeadHasTheLengthButNoBody)
     EXPECT_EQ(client.Read().body, R"({"status":"ok"})");
 }
 
-TEST(HttpServer, HealthTakesNoPost)
+TEST(HttpServerTest, HealthTakesNoPost)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -197,7 +197,7 @@ TEST(HttpServer, HealthTakesNoPost)
     EXPECT_EQ(client.Read().status, 405);
 }
 
-TEST(HttpServer, DemoPageAndItsIcon)
+TEST(HttpServerTest, DemoPageAndItsIcon)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -209,7 +209,7 @@ TEST(HttpServer, DemoPageAndItsIcon)
     EXPECT_THAT(client.Read().header, HasSubstr("Content-Type: image/svg+xml\r\n"));
 }
 
-TEST(HttpServer, WhatIsNotHttpIs400AndTheEndOfTheConnection)
+TEST(HttpServerTest, WhatIsNotHttpIs400AndTheEndOfTheConnection)
 {
     RunningServer server;
     for (const std::string bytes : {"\x16\x03\x01\x02", "GET / HTTP/9.9\r\n\r\n", "nonsense\r\n\r\n"}) {
@@ -219,7 +219,7 @@ TEST(HttpServer, WhatIsNotHttpIs400AndTheEndOfTheConnection)
     }
 }
 
-TEST(HttpServer, EndlessHeaderIsRefused)
+TEST(HttpServerTest, EndlessHeaderIsRefused)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -227,7 +227,7 @@ TEST(HttpServer, EndlessHeaderIsRefused)
     EXPECT_THAT(client.ReadToEnd(), StartsWith("HTTP/1.1 400"));
 }
 
-TEST(HttpServer, SlowClientIsClosedInTheHeader)
+TEST(HttpServerTest, SlowClientIsClosedInTheHeader)
 {
     RunningServer server(ShortLimits());
     HttpClient client(server.Port());
@@ -235,7 +235,7 @@ TEST(HttpServer, SlowClientIsClosedInTheHeader)
     EXPECT_EQ(client.ReadToEnd(), "");
 }
 
-TEST(HttpServer, SlowClientIsClosedInTheBody)
+TEST(HttpServerTest, SlowClientIsClosedInTheBody)
 {
     RunningServer server(ShortLimits());
     HttpClient client(server.Port());
@@ -243,14 +243,14 @@ TEST(HttpServer, SlowClientIsClosedInTheBody)
     EXPECT_EQ(client.ReadToEnd(), "");
 }
 
-TEST(HttpServer, ClientThatSendsNothingIsClosed)
+TEST(HttpServerTest, ClientThatSendsNothingIsClosed)
 {
     RunningServer server(ShortLimits());
     HttpClient client(server.Port());
     EXPECT_EQ(client.ReadToEnd(), "");
 }
 
-TEST(HttpServer, IdleConnectionIsClosed)
+TEST(HttpServerTest, IdleConnectionIsClosed)
 {
     HttpServer::Options options;
     options.idleLimit = std::chrono::milliseconds(150); // the request itself has all the time
@@ -261,7 +261,7 @@ TEST(HttpServer, IdleConnectionIsClosed)
     EXPECT_EQ(client.ReadToEnd(), "");
 }
 
-TEST(HttpServer, ConnectionBeyondTheLimitIsTurnedAwayAndPlacesAreFreedAgain)
+TEST(HttpServerTest, ConnectionBeyondTheLimitIsTurnedAwayAndPlacesAreFreedAgain)
 {
     HttpServer::Options options;
     options.maxConnections = 2;
@@ -288,7 +288,7 @@ TEST(HttpServer, ConnectionBeyondTheLimitIsTurnedAwayAndPlacesAreFreedAgain)
     }
 }
 
-TEST(HttpServer, FullQueueOfTheWorkersIs5001)
+TEST(HttpServerTest, FullQueueOfTheWorkersIs5001)
 {
     RunningServer server({}, 0);
     HttpClient client(server.Port());
@@ -298,7 +298,7 @@ TEST(HttpServer, FullQueueOfTheWorkersIs5001)
     EXPECT_THAT(reply.body, StartsWith(R"({"code":"5001",)"));
 }
 
-TEST(HttpServer, StopClosesIdleConnectionsAndEnds)
+TEST(HttpServerTest, StopClosesIdleConnectionsAndEnds)
 {
     RunningServer server;
     HttpClient client(server.Port());
@@ -310,7 +310,7 @@ TEST(HttpServer, StopClosesIdleConnectionsAndEnds)
     EXPECT_THROW(HttpClient(server.Port()), std::exception);
 }
 
-TEST(HttpServer, StopAnswersTheRequestThatIsInWork)
+TEST(HttpServerTest, StopAnswersTheRequestThatIsInWork)
 {
     RunningServer server;
     const std::string token = server.gateway.TokenOf("anna");
@@ -339,7 +339,7 @@ TEST(HttpServer, StopAnswersTheRequestThatIsInWork)
     server.Join();
 }
 
-TEST(HttpServer, StopDoesNotWaitForeverForARequestThatNeverEnds)
+TEST(HttpServerTest, StopDoesNotWaitForeverForARequestThatNeverEnds)
 {
     HttpServer::Options options;
     options.stopLimit = std::chrono::milliseconds(100);
@@ -352,7 +352,7 @@ TEST(HttpServer, StopDoesNotWaitForeverForARequestThatNeverEnds)
     server.Join();
 }
 
-TEST(HttpServer, PortThatIsTakenIsAnError)
+TEST(HttpServerTest, PortThatIsTakenIsAnError)
 {
     RunningServer server;
     HttpServer::Options options;
@@ -368,7 +368,7 @@ TEST(HttpServer, PortThatIsTakenIsAnError)
     }
 }
 
-TEST(HttpServer, ManyConnectionsAtOnceAreAllServed)
+TEST(HttpServerTest, ManyConnectionsAtOnceAreAllServed)
 {
     RunningServer server;
     std::vector<std::future<int>> statuses;

@@ -134,6 +134,7 @@ TEST_P(StoreTest, UserThatExistsIsNotAddedAgain)
     AddUser("anna");
     const auto failure = Await([&](auto done) { store->AddUser({"anna", "other", "x"}, done); });
     ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::UserExists);
     EXPECT_THAT(failure->message, HasSubstr("already"));
     EXPECT_EQ(store->FindUser("anna")->belongType, "merchant");
 }
@@ -141,7 +142,9 @@ TEST_P(StoreTest, UserThatExistsIsNotAddedAgain)
 TEST_P(StoreTest, PasswordOfAnUnknownUserIsRefused)
 {
     Open();
-    EXPECT_TRUE(Await([&](auto done) { store->SetPassword("nobody", "x", done); }));
+    const auto failure = Await([&](auto done) { store->SetPassword("nobody", "x", done); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::NoSuchUser);
 }
 
 TEST_P(StoreTest, LongExpiredTokensAreDroppedAtTheNextLogin)
@@ -195,31 +198,35 @@ TEST_P(StoreTest, StoredDocumentThatCannotBeReadIsDamage)
     EXPECT_EQ(Put("anna", SampleConfiguration())->reason, WriteFailure::Reason::StoreFailed);
 }
 
-TEST_P(StoreTest, RefusalsHaveTheirCodes)
+TEST_P(StoreTest, EditThatRefusesLeavesEverythingAsItIs)
 {
     Open();
     AddUser("anna");
-    EXPECT_EQ(Await([&](auto done) {
-                  store->AddUser({"anna", "m", "x"}, done);
-              })->reason,
-              WriteFailure::Reason::UserExists);
-    EXPECT_EQ(Await([&](auto done) { store->SetPassword("nobody", "x", done); })->reason,
-              WriteFailure::Reason::NoSuchUser);
     const auto refuse = [](const AutoRunConfiguration&) -> AutoRunConfiguration {
         throw InvalidInput(InvalidInput::Rule::Limit, "no");
     };
-    EXPECT_EQ(Await([&](auto done) { store->EditConfiguration("anna", "user", refuse, done); })->message,
-              "no");
+    const auto failure = Await([&](auto done) { store->EditConfiguration("anna", "user", refuse, done); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::EditRefused);
+    EXPECT_EQ(failure->message, "no");
+    EXPECT_EQ(store->FindConfiguration("anna").revision, 0);
+}
+
+TEST_P(StoreTest, EditThatThrowsSomethingElseIsAFaultAndHarmsNoLaterWrite)
+{
+    Open();
+    AddUser("anna");
     const auto fail = [](const AutoRunConfiguration&) -> AutoRunConfiguration {
         throw std::runtime_error("oops");
     };
-    EXPECT_EQ(Await([&](auto done) { store->EditConfiguration("anna", "user", fail, done); })->reason,
-              WriteFailure::Reason::Internal);
-    EXPECT_EQ(store->FindConfiguration("anna").revision, 0);
+    const auto failure = Await([&](auto done) { store->EditConfiguration("anna", "user", fail, done); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, WriteFailure::Reason::Internal);
+    EXPECT_THAT(log.Text(), HasSubstr("oops"));
     EXPECT_FALSE(Put("anna", SampleConfiguration()));
 }
 
-TEST_P(StoreTest, WritesBeyondTheQueueAndAfterCloseAreBusy)
+TEST_P(StoreTest, WriteBeyondTheQueueFailsAndTheWaitingWritesAreDone)
 {
     options.queueLimit = 1;
     Open();
@@ -245,6 +252,13 @@ TEST_P(StoreTest, WritesBeyondTheQueueAndAfterCloseAreBusy)
     store->Close();
     EXPECT_FALSE(first.get_future().get());
     EXPECT_FALSE(second.get_future().get());
+}
+
+TEST_P(StoreTest, WriteAfterCloseFails)
+{
+    Open();
+    AddUser("anna");
+    store->Close();
     EXPECT_EQ(Put("anna", SampleConfiguration())->reason, WriteFailure::Reason::Closing);
 }
 

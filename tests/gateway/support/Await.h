@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-// Starts a write and waits for its answer. Throws std::runtime_error when none comes within 120 s.
+// Starts a write and waits for its answer. Throws std::runtime_error after 120 s without one.
 std::optional<WriteFailure> Await(const std::function<void(IStore::WriteDone done)>& start);
 
 } // namespace TLGateway

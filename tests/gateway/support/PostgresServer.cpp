@@ -166,7 +166,7 @@ void PostgresServer::Start()
             if (!IsRunning() || std::chrono::steady_clock::now() > deadline) {
                 throw std::runtime_error(std::string("PostgreSQL did not start: ") + error.what() + Log());
             }
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            std::this_thread::yield();
         }
     }
 }

@@ -12,7 +12,7 @@ namespace TLGateway {
 // Number of code points of well-formed UTF-8.
 [[nodiscard]] std::size_t CountCodePoints(std::string_view text) noexcept;
 
-// Foreign text for a message or a log line: in double quotes, control characters and bytes that are no
+// Foreign text for a message or a log line: in double quotes, control characters and bytes that are not
 // UTF-8 escaped, cut after 64 code points, so that it can neither break a line nor flood the log.
 [[nodiscard]] std::string Quoted(std::string_view text);
 

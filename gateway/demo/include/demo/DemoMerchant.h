@@ -9,7 +9,7 @@
 namespace TLGateway {
 
 // What the demo merchant finds after the log-in. All addresses lie below the base address of the demo pages,
-// for example "http://127.0.0.1:8080", given without a slash at its end.
+// for example "http://127.0.0.1:8080", without a trailing slash.
 struct DemoMerchant
 {
     static constexpr const char* Pin = "demo";

@@ -9,7 +9,7 @@
 
 namespace TLGateway {
 
-// The app secrets, in memory, so that a request can be judged before the store is touched. Any thread.
+// The app secrets, in memory, so that a request can be checked before the store is touched. Any thread.
 class AppKeyRing final
 {
 public:
@@ -19,7 +19,7 @@ public:
     AppKeyRing(const AppKeyRing&) = delete;
     AppKeyRing& operator=(const AppKeyRing&) = delete;
 
-    // Takes the place of all keys known before.
+    // Replaces all keys.
     void Replace(Secrets secrets);
 
     [[nodiscard]] std::optional<std::string> FindSecret(std::string_view appKey) const;

@@ -2,7 +2,7 @@
 
 namespace TLGateway {
 
-// What a reply's "code" says. Codes from 5000 on are the server's fault and worth a second try.
+// What a reply's "code" says. Codes from 5000 on are the server's fault; a retry may help.
 enum class ErrorCode
 {
     Success = 0,

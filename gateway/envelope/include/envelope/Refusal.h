@@ -6,8 +6,8 @@
 
 namespace TLGateway {
 
-// Why a request is not done. The message is English, goes to the client and into the log, and never holds
-// a value that the client sent in confidence (password, token, secret, sign).
+// Why a request is refused. The message is English, goes to the client and into the log, and never holds a
+// confidential value of the client (password, token, secret, sign).
 struct Refusal
 {
     ErrorCode code = ErrorCode::Internal;

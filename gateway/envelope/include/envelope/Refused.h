@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-// Thrown wherever a check fails; whoever answers the request turns it into the reply.
+// A failed check throws this; its refusal becomes the reply.
 class Refused final : public std::exception
 {
 public:

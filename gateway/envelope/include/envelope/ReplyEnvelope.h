@@ -14,7 +14,7 @@ namespace TLGateway {
 // The reply's JSON for a refusal; "data" is null.
 [[nodiscard]] std::string RefusalReply(const std::string& requestId, const Refusal& refusal);
 
-// A fresh request id: 32 hexadecimal digits at random.
+// A new request id: 32 random hexadecimal digits.
 [[nodiscard]] std::string NewRequestId();
 
 } // namespace TLGateway

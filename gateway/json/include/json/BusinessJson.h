@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-// How deep arrays and objects may nest; the reader stops there, however long the text goes on.
+// How deep arrays and objects may nest; the reader stops there, however long the text is.
 constexpr std::size_t MaxJsonDepth = 32;
 
 // Reads one JSON value from outside. Throws InvalidInput when the text is not JSON (the message gives

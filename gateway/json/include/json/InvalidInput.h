@@ -5,7 +5,7 @@
 
 namespace TLGateway {
 
-// Something from outside breaks a rule. The text names the place and the rule, for the one who sent it.
+// Something from outside breaks a rule. The text tells its sender where, and which rule.
 class InvalidInput final : public std::runtime_error
 {
 public:

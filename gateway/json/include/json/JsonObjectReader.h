@@ -31,7 +31,7 @@ public:
     // A reader for each element, all of which must be objects.
     [[nodiscard]] std::vector<JsonObjectReader> Objects(std::string_view name) const;
 
-    // Throws when the object has a member that is none of these.
+    // Throws when the object has any other member.
     void AllowOnly(std::initializer_list<std::string_view> names) const;
 
 private:

@@ -15,7 +15,7 @@ class logger;
 
 namespace TLGateway {
 
-// From the body of a request to the JSON of its reply: makes the protocol's checks in their order and hands
+// From the body of a request to the JSON of its reply: does the protocol's checks in their order and hands
 // the call to its method. Knows nothing of sockets.
 class GatewayService final
 {

@@ -18,7 +18,7 @@ public:
     // The name in the request's parameter "method".
     [[nodiscard]] virtual std::string_view Name() const noexcept = 0;
 
-    // With true, Execute is called only with a good access token.
+    // When true, Execute is called only with a valid access token.
     [[nodiscard]] virtual bool NeedsToken() const noexcept { return true; }
 
     // Called on a worker thread, several calls at once. Answers the call, now or later on another thread, or

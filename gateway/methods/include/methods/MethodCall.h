@@ -38,7 +38,7 @@ public:
     void SetMethod(std::string method) { m_method = std::move(method); }
     void SetBusiness(boost::json::value business) { m_business = std::move(business); }
     void SetToken(TokenRecord token);
-    // Who asks, for the log.
+    // Who is asking, for the log.
     void SetPin(std::string pin) { m_pin = std::move(pin); }
 
     void Succeed(const boost::json::value& data);

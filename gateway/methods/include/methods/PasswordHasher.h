@@ -25,8 +25,8 @@ public:
     // False also for a hash that cannot be read.
     [[nodiscard]] bool Verify(const std::string& password, const std::string& hash) const;
 
-    // A hash that no password is known for, at the same cost: checked for unknown pins, so that they take
-    // the time of known ones.
+    // A hash of no known password, at the same cost. Unknown pins are checked against it, so that they take
+    // as long as known ones.
     [[nodiscard]] const std::string& Decoy() const noexcept { return m_decoy; }
 
 private:

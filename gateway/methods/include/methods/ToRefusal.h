@@ -10,7 +10,7 @@ namespace TLGateway {
 // The one place where errors of the rooms below become codes of the protocol.
 [[nodiscard]] Refusal ToRefusal(const InvalidInput& invalid);
 [[nodiscard]] Refusal ToRefusal(const WriteFailure& failure);
-// What the error says is for the log only.
+// The text of the error is for the log only.
 [[nodiscard]] Refusal ToRefusal(const StoreError& error);
 
 } // namespace TLGateway

@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-// Who wrote the JSON that is read: it decides what a system entry must hold.
+// Who wrote the JSON; decides what a system entry must hold.
 enum class ConfigurationSource
 {
     User,     // a system entry needs itemId, checked and activeItem only

@@ -6,7 +6,7 @@
 
 namespace TLGateway {
 
-// An access token as the store knows it. The token itself is nowhere kept, only its hash.
+// An access token as the store knows it. Only the hash of the token is kept.
 struct TokenRecord
 {
     std::string hash; // SHA-256 of the token's text, 32 bytes

@@ -15,8 +15,8 @@ class logger;
 
 namespace TLGateway {
 
-// Keeps the key ring as the store has it, on a thread of its own, so that no request makes the store be read
-// before its sign is checked and an operator need not restart the gateway for a new key.
+// Keeps the key ring up to date with the store, on a thread of its own, so that checking a sign needs no read
+// of the store and a new key needs no restart of the gateway.
 class AppKeyWatcher final
 {
 public:
@@ -27,8 +27,8 @@ public:
     AppKeyWatcher& operator=(const AppKeyWatcher&) = delete;
     ~AppKeyWatcher();
 
-    // For a command that has changed a key: returns when a gateway that runs on the same database has had the
-    // time to look.
+    // Call after changing a key: returns when a gateway that runs on the same database has had time to
+    // notice.
     static void LetOthersNotice();
 
 private:

@@ -12,7 +12,7 @@ namespace TLGateway {
 
 class DemoPages;
 
-// Which address answers what: /gateway, /health and, when there are any, the demo pages.
+// Routes each address: /gateway, /health and, when there are any, the demo pages.
 class HttpRouter final
 {
 public:

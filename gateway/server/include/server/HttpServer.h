@@ -46,8 +46,8 @@ public:
     // at once. Returns when every connection is closed.
     void Run(bool stopOnSignals);
 
-    // Any thread. Accepts no more, closes idle connections and finishes those that are in a request, for no
-    // longer than the stop limit.
+    // Any thread. Accepts no more, closes idle connections and finishes those that are in a request, within
+    // the stop limit.
     void Stop();
 
 private:

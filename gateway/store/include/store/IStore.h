@@ -65,7 +65,7 @@ public:
 
     // Fails when there is a user with this pin (UserExists).
     virtual void AddUser(const UserRecord& user, WriteDone done) = 0;
-    // Adds the user or takes the place of the one with this pin, whose access tokens end.
+    // Adds the user or replaces the one with this pin, whose access tokens end.
     virtual void PutUser(const UserRecord& user, WriteDone done) = 0;
     // Also ends all access tokens of the user. Fails when there is no such user (NoSuchUser).
     virtual void SetPassword(const std::string& pin, const std::string& passwordHash, WriteDone done) = 0;

@@ -265,12 +265,20 @@ TEST_F(PostgresStoreTest, WriteIsOnDiskEvenWhereTheServersDefaultIsNot)
     server.Execute("ALTER ROLE gateway RESET synchronous_commit");
 }
 
-TEST_F(PostgresStoreTest, UnknownDatabaseRoleAndSocketSayWhatToDo)
+TEST_F(PostgresStoreTest, UnknownDatabaseSaysWhatToDo)
 {
     EXPECT_THAT(OpenFailure(server.Url("nowhere")),
-                AllOf(HasSubstr("postgresql://gateway@/nowhere"), HasSubstr("make it with createdb")));
+                AllOf(HasSubstr("postgresql://gateway@/nowhere"), HasSubstr("create it with createdb")));
+}
+
+TEST_F(PostgresStoreTest, UnknownRoleSaysWhatToDo)
+{
     EXPECT_THAT(OpenFailure(server.Url("postgres", "nobody")),
                 AllOf(HasSubstr("\"nobody\" does not exist"), HasSubstr("check user and password")));
+}
+
+TEST_F(PostgresStoreTest, UnknownSocketSaysWhatToDo)
+{
     EXPECT_THAT(OpenFailure("postgresql://gateway@/db?host=/nowhere"),
                 AllOf(HasSubstr("database postgresql://gateway@/db?host=/nowhere: opening failed"),
                       HasSubstr("The server cannot be reached")));
@@ -309,18 +317,25 @@ TEST_F(PostgresStoreTest, RoleWithoutTheRightToMakeTablesIsToldSo)
     server.Execute("DROP ROLE guest");
 }
 
-TEST_F(PostgresStoreTest, ForeignNewerAndEmptyDatabaseAreRefused)
+TEST_F(PostgresStoreTest, EmptyDatabaseIsRefusedWhenItMustExist)
 {
     EXPECT_THAT(OpenFailure(url, true), HasSubstr("is empty"));
     Open(url);
     EXPECT_NO_THROW(Open(url, true));
+}
+
+TEST_F(PostgresStoreTest, DatabaseOfANewerGatewayIsRefused)
+{
+    Open(url);
     PostgresConnection(PostgresTarget(url), {}).Execute("UPDATE schema_version SET version = 99");
     EXPECT_THAT(OpenFailure(url), AllOf(HasSubstr("newer gateway (schema 99"), HasSubstr(url)));
+}
 
-    const std::string foreign = server.NewDatabase();
-    PostgresConnection(PostgresTarget(foreign), {})
+TEST_F(PostgresStoreTest, DatabaseOfAnotherProgramIsRefused)
+{
+    PostgresConnection(PostgresTarget(url), {})
         .Execute("CREATE SCHEMA other; CREATE TABLE other.bookmarks (x int)");
-    EXPECT_THAT(OpenFailure(foreign), HasSubstr("another program"));
+    EXPECT_THAT(OpenFailure(url), HasSubstr("another program"));
 }
 
 TEST_F(PostgresStoreTest, DatabaseThatCannotKeepEveryTextIsRefused)

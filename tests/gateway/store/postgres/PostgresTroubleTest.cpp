@@ -27,12 +27,12 @@ namespace TLGateway {
 using testing::AllOf;
 using testing::HasSubstr;
 
-class PostgresTrouble : public testing::Test
+class PostgresTroubleTest : public testing::Test
 {
 protected:
     using Answer = std::future<std::optional<WriteFailure>>;
 
-    PostgresTrouble()
+    PostgresTroubleTest()
     {
         options.url = url;
         for (const char* pin : {"anna", "bert"}) {
@@ -109,7 +109,7 @@ protected:
 
 // Several threads write all the time, each to a user of its own and each when its last write was answered,
 // while something happens to the server. In the end exactly what was answered with success is stored.
-class PostgresUnderWrites : public PostgresTrouble
+class PostgresUnderWritesTest : public PostgresTroubleTest
 {
 protected:
     static constexpr std::size_t Writers = 6;
@@ -202,7 +202,7 @@ protected:
     std::atomic<int> refusals{0};
 };
 
-TEST_F(PostgresUnderWrites, KilledServerKeepsWhatWasAnsweredAndNothingElse)
+TEST_F(PostgresUnderWritesTest, KilledServerKeepsWhatWasAnsweredAndNothingElse)
 {
     Begin();
     for (int round = 0; round < 3; ++round) {
@@ -217,7 +217,7 @@ TEST_F(PostgresUnderWrites, KilledServerKeepsWhatWasAnsweredAndNothingElse)
     End();
 }
 
-TEST_F(PostgresUnderWrites, StoppedServerKeepsWhatWasAnsweredAndNothingElse)
+TEST_F(PostgresUnderWritesTest, StoppedServerKeepsWhatWasAnsweredAndNothingElse)
 {
     Begin();
     for (int round = 0; round < 3; ++round) {
@@ -232,7 +232,7 @@ TEST_F(PostgresUnderWrites, StoppedServerKeepsWhatWasAnsweredAndNothingElse)
     End();
 }
 
-TEST_F(PostgresUnderWrites, EndedSessionsAreMadeAnewAndEveryAnswerIsTrue)
+TEST_F(PostgresUnderWritesTest, EndedSessionsAreReplacedAndEveryAnswerIsTrue)
 {
     Begin();
     for (int round = 0; round < 20; ++round) {
@@ -243,7 +243,7 @@ TEST_F(PostgresUnderWrites, EndedSessionsAreMadeAnewAndEveryAnswerIsTrue)
     End();
 }
 
-TEST_F(PostgresUnderWrites, FrozenServerIsNotWaitedForForEver)
+TEST_F(PostgresUnderWritesTest, FrozenServerIsNotWaitedForForever)
 {
     options.limits = {std::chrono::seconds(1), std::chrono::seconds(2), std::chrono::seconds(3)};
     Begin();
@@ -262,7 +262,7 @@ TEST_F(PostgresUnderWrites, FrozenServerIsNotWaitedForForEver)
     End();
 }
 
-TEST_F(PostgresTrouble, ServerThatIsGoneIsSaidAndComesBackUnnoticed)
+TEST_F(PostgresTroubleTest, ServerThatIsGoneIsSaidAndComesBackUnnoticed)
 {
     OpenStore();
     ASSERT_FALSE(Add("anna", "before").get());
@@ -273,11 +273,11 @@ TEST_F(PostgresTrouble, ServerThatIsGoneIsSaidAndComesBackUnnoticed)
         FAIL();
     } catch (const StoreError& error) {
         EXPECT_THAT(error.what(), AllOf(HasSubstr("reading a user failed"), HasSubstr(url),
-                                        HasSubstr("the gateway goes on by itself")));
+                                        HasSubstr("the gateway recovers by itself")));
     }
     EXPECT_EQ(Add("anna", "meanwhile").get()->reason, WriteFailure::Reason::StoreFailed);
     EXPECT_THAT(log.Text(),
-                AllOf(HasSubstr("storing a configuration failed"), HasSubstr("goes on by itself")));
+                AllOf(HasSubstr("storing a configuration failed"), HasSubstr("recovers by itself")));
     server.Start();
     EXPECT_TRUE(store->FindUser("anna"));
     EXPECT_FALSE(Add("anna", "after").get());
@@ -290,7 +290,7 @@ TEST_F(PostgresTrouble, ServerThatIsGoneIsSaidAndComesBackUnnoticed)
     EXPECT_TRUE(store->FindUser("anna"));
 }
 
-TEST_F(PostgresTrouble, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOther)
+TEST_F(PostgresTroubleTest, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOther)
 {
     options.limits.lock = std::chrono::milliseconds(300);
     OpenStore();
@@ -307,7 +307,7 @@ TEST_F(PostgresTrouble, LockOfAnotherSessionIsWaitedForThenRefusedAndHarmsNoOthe
     EXPECT_EQ(Stored(*store, "anna"), std::set<std::string>{"2"});
 }
 
-TEST_F(PostgresTrouble, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForEver)
+TEST_F(PostgresTroubleTest, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobodyForever)
 {
     PostgresLimits short_;
     short_.answer = std::chrono::seconds(3);
@@ -318,7 +318,7 @@ TEST_F(PostgresTrouble, AbandonedTransactionOfAGatewayThatFellSilentBlocksNobody
 }
 
 // A connection that ends at the moment of the commit.
-class PostgresInDoubt : public PostgresTrouble
+class PostgresInDoubtTest : public PostgresTroubleTest
 {
 protected:
     using AtCommit = PostgresProxy::AtCommit;
@@ -337,7 +337,7 @@ protected:
     std::unique_ptr<PostgresStore> direct;
 };
 
-TEST_F(PostgresInDoubt, CommitThatWasDoneIsASuccess)
+TEST_F(PostgresInDoubtTest, CommitThatWasDoneIsASuccess)
 {
     OpenThroughProxy();
     proxy.Break(AtCommit::CutAfter);
@@ -349,7 +349,7 @@ TEST_F(PostgresInDoubt, CommitThatWasDoneIsASuccess)
     EXPECT_FALSE(Add("anna", "2").get());
 }
 
-TEST_F(PostgresInDoubt, CommitThatDidNotArriveIsRefused)
+TEST_F(PostgresInDoubtTest, CommitThatDidNotArriveIsRefused)
 {
     OpenThroughProxy();
     proxy.Break(AtCommit::CutBefore);
@@ -361,7 +361,7 @@ TEST_F(PostgresInDoubt, CommitThatDidNotArriveIsRefused)
     EXPECT_EQ(direct->FindConfiguration("anna").revision, 2);
 }
 
-TEST_F(PostgresInDoubt, FirstTransactionOfAWriterIsNoException)
+TEST_F(PostgresInDoubtTest, FirstTransactionOfAWriterIsNoException)
 {
     options.url = proxy.Url();
     for (const auto& [how, isStored] : {std::pair(AtCommit::CutAfter, true), {AtCommit::CutBefore, false}}) {
@@ -373,7 +373,7 @@ TEST_F(PostgresInDoubt, FirstTransactionOfAWriterIsNoException)
     EXPECT_EQ(Stored(*store, "anna"), std::set<std::string>{"1"});
 }
 
-TEST_F(PostgresInDoubt, TransactionThatIsStillUnderWayIsWaitedFor)
+TEST_F(PostgresInDoubtTest, TransactionThatIsStillUnderWayIsWaitedFor)
 {
     OpenThroughProxy();
     proxy.Break(AtCommit::KeepBefore);
@@ -392,7 +392,7 @@ TEST_F(PostgresInDoubt, TransactionThatIsStillUnderWayIsWaitedFor)
     EXPECT_EQ(StoredOfAnna(), std::set<std::string>{"before"});
 }
 
-TEST_F(PostgresInDoubt, AnswerWaitsForAServerThatCannotBeReachedAndOthersAreRefusedMeanwhile)
+TEST_F(PostgresInDoubtTest, AnswerWaitsForAServerThatCannotBeReachedAndOthersAreRefusedMeanwhile)
 {
     OpenThroughProxy();
     for (const AtCommit how : {AtCommit::CutAfter, AtCommit::CutBefore}) {
@@ -409,7 +409,7 @@ TEST_F(PostgresInDoubt, AnswerWaitsForAServerThatCannotBeReachedAndOthersAreRefu
     EXPECT_EQ(Stored(*direct, "bert"), std::set<std::string>{"2"});
 }
 
-TEST_F(PostgresInDoubt, CloseEndsTheDoubtWithAnAnswerThatSaysSo)
+TEST_F(PostgresInDoubtTest, CloseEndsTheDoubtWithAnAnswerThatSaysSo)
 {
     options.doubtAtClose = std::chrono::milliseconds(300);
     OpenThroughProxy();
@@ -421,10 +421,10 @@ TEST_F(PostgresInDoubt, CloseEndsTheDoubtWithAnAnswerThatSaysSo)
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->reason, WriteFailure::Reason::OutcomeUnknown);
     EXPECT_THAT(failure->message, HasSubstr("not known whether this is stored"));
-    EXPECT_THAT(log.Text(), HasSubstr("may be stored or not"));
+    EXPECT_THAT(log.Text(), HasSubstr("may or may not be stored"));
 }
 
-TEST_F(PostgresInDoubt, WritesOfABatchShareOneFate)
+TEST_F(PostgresInDoubtTest, WritesOfABatchShareOneFate)
 {
     OpenThroughProxy();
     for (const AtCommit how : {AtCommit::CutAfter, AtCommit::CutBefore}) {

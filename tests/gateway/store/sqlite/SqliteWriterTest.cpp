@@ -215,7 +215,7 @@ TEST_F(SqliteWriterTest, CloseDoesWhatWaitsAndMovesTheLogIntoTheFile)
     EXPECT_FALSE(waiting.get());
     SqliteConnection alone(folder.Write("alone.db", ReadBytes(file)), SqliteConnection::Mode::ReadWrite,
                            std::chrono::milliseconds(0));
-    EXPECT_EQ(alone.SingleValue("SELECT count(*) FROM t"), "1") << "the file needs its log no longer";
+    EXPECT_EQ(alone.SingleValue("SELECT count(*) FROM t"), "1") << "the file no longer needs its log";
     EXPECT_EQ(Submit(Insert(2)).get()->reason, WriteFailure::Reason::Closing);
 }
 

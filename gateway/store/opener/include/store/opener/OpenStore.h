@@ -13,12 +13,12 @@ namespace TLGateway {
 
 struct OpenStoreOptions
 {
-    bool mustExist = false;      // do not make a file, do not fill an empty database
-    bool checkIntegrity = false; // look through a file before it is touched; a server looks after its own
+    bool mustExist = false;      // do not create a file, do not fill an empty database
+    bool checkIntegrity = false; // check a whole file before touching it; a server checks its own
 };
 
-// Opens the store that a database URL names. Throws std::invalid_argument for the URL, StoreError for what is
-// there.
+// Opens the store that a database URL names. Throws std::invalid_argument for the URL, StoreError when the
+// store cannot be opened.
 [[nodiscard]] std::unique_ptr<IStore> OpenStore(const std::string& url, const OpenStoreOptions& options,
                                                 std::shared_ptr<spdlog::logger> logger);
 

@@ -16,7 +16,7 @@ class logger;
 namespace TLGateway {
 
 // The store on a PostgreSQL server, which several gateways may use at once. While the server is gone reads
-// throw and writes fail (StoreFailed); when it is back the store goes on by itself.
+// throw and writes fail (StoreFailed); when it is back the store recovers by itself.
 class PostgresStore final : public RowStore
 {
 public:
@@ -32,7 +32,7 @@ public:
         Clock clock = &SystemTime;
     };
 
-    // Opens the database and makes or updates the gateway's schema in it. Throws std::invalid_argument for
+    // Opens the database and creates or updates the gateway's schema in it. Throws std::invalid_argument for
     // the URL, and StoreError when the server cannot be reached, the database belongs to another program or a
     // newer gateway, or cannot keep every text.
     PostgresStore(const Options& options, std::shared_ptr<spdlog::logger> logger);

@@ -4,7 +4,7 @@
 
 namespace TLGateway {
 
-// A call of a database failed. Each engine has a class of its own below this one.
+// A call of a database failed. Each engine derives its own error.
 class DatabaseError : public std::runtime_error
 {
 public:

@@ -29,7 +29,7 @@ public:
     virtual ~IDialect() = default;
 
     [[nodiscard]] virtual std::string UserTable() const = 0;
-    // The expression that reads a column of time as seconds, and the one that makes a time of a parameter.
+    // Expressions: a time column as seconds, and a parameter in seconds as a time.
     [[nodiscard]] virtual std::string SecondsOf(std::string_view column) const = 0;
     [[nodiscard]] virtual std::string TimeOf(std::string_view parameter) const = 0;
 

@@ -9,7 +9,7 @@
 
 namespace TLGateway {
 
-// A database that a RowStore works on: gives connections to read with, and does the writes one after another.
+// The database below a RowStore: lends connections for reading and does the writes one after another.
 // Any thread.
 class IEngine
 {
@@ -27,8 +27,8 @@ public:
 
     [[nodiscard]] virtual const IDialect& Dialect() const noexcept = 0;
 
-    // Runs `read` before it returns; twice when the connection was lost meanwhile. Throws StoreError; `what`
-    // names the read there.
+    // Runs `read` before it returns, and again when the connection is lost meanwhile. Throws StoreError;
+    // `what` names the read there.
     virtual void Read(const char* what, const Work& read) = 0;
 
     // Queues `write`, which may run several times, each time in a transaction from which nothing of the run

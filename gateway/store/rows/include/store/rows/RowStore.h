@@ -10,7 +10,7 @@ namespace TLGateway {
 
 struct Statements;
 
-// The store as rows of an SQL database: the statements, the mapping of rows to records, and what belongs into
+// The store as rows of an SQL database: the statements, the mapping of rows to records, and what belongs in
 // one transaction. An engine does the rest. Besides the operations of IStore it has three members.
 class RowStore : public IStore
 {

@@ -20,10 +20,10 @@ struct WriteJob
     std::string pin;
     IEngine::Work write;
     IStore::WriteDone done;
-    std::optional<WriteFailure> failure; // what `done` will hear
+    std::optional<WriteFailure> failure; // what `done` will be told
 };
 
-// Runs the write. What it throws becomes the job's failure, but for a DatabaseError, which is passed on.
+// Runs the write. What it throws becomes the job's failure, except a DatabaseError, which is passed on.
 void RunWrite(WriteJob& job, IConnection& connection, const std::string& database, spdlog::logger& logger);
 
 } // namespace TLGateway

@@ -20,15 +20,15 @@ public:
     WriteQueue(const WriteQueue&) = delete;
     WriteQueue& operator=(const WriteQueue&) = delete;
 
-    // When the queue is full or closed, `done` hears so before this returns.
+    // When the queue is full or closed, `done` is told before this returns.
     void Push(WriteJob job);
 
     // Waits for jobs and takes the oldest, at most `most`. Nothing when the queue is closed and empty.
     [[nodiscard]] std::vector<WriteJob> Take(std::size_t most);
-    // Takes all that wait just now.
+    // Takes all that are waiting.
     [[nodiscard]] std::vector<WriteJob> TakeAll();
 
-    // Takes no more jobs. False when it is closed already.
+    // Takes no more jobs. False when it was closed before.
     bool Close();
     [[nodiscard]] std::optional<std::chrono::steady_clock::time_point> ClosedSince() const;
     // Returns when a job comes or the queue closes, at the latest after `longest`.

@@ -7,7 +7,7 @@
 
 namespace TLGateway {
 
-// A write throws this to be undone, alone among those of its transaction.
+// A write throws this to be undone without the other writes of its transaction.
 class WriteRefused final : public std::runtime_error
 {
 public:

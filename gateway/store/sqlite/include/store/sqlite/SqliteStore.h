@@ -25,12 +25,12 @@ public:
         std::chrono::milliseconds busyTimeout{5000};
         std::size_t queueLimit = 1024; // writes that may wait
         std::int64_t maxPages = 0;     // the file grows no further [pages]; 0: no such limit
-        bool mustExist = false;        // do not make the file
-        bool checkIntegrity = false;   // look through the whole file before it is touched
+        bool mustExist = false;        // do not create the file
+        bool checkIntegrity = false;   // check the whole file before touching it
         Clock clock = &SystemTime;
     };
 
-    // Opens or makes the file. Throws StoreError when that fails, when the file is damaged or belongs to
+    // Opens or creates the file. Throws StoreError when that fails, when the file is damaged or belongs to
     // another program; such a file is left as it is.
     SqliteStore(const Options& options, std::shared_ptr<spdlog::logger> logger);
 };

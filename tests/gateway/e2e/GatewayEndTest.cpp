@@ -23,7 +23,7 @@ using testing::HasSubstr;
 
 // Several users write all the time while the program ends. The name of each user's one entry counts the
 // user's writes, so what is stored can be compared with what was answered.
-class End : public testing::Test
+class GatewayEndTest : public testing::Test
 {
 protected:
     static constexpr int Users = 6;
@@ -122,7 +122,7 @@ protected:
 };
 
 #ifndef _WIN32
-TEST_F(End, SigtermWhileWritesAreInFlightLosesNoAnsweredWrite)
+TEST_F(GatewayEndTest, SigtermWhileWritesAreInFlightLosesNoAnsweredWrite)
 {
     AwaitWrites();
     program->Terminate();
@@ -135,7 +135,7 @@ TEST_F(End, SigtermWhileWritesAreInFlightLosesNoAnsweredWrite)
 }
 #endif
 
-TEST_F(End, KillWhileWritesAreInFlightLosesNoAnsweredWrite)
+TEST_F(GatewayEndTest, KillWhileWritesAreInFlightLosesNoAnsweredWrite)
 {
     AwaitWrites();
     program->Kill();
@@ -144,7 +144,7 @@ TEST_F(End, KillWhileWritesAreInFlightLosesNoAnsweredWrite)
     ExpectEveryAnsweredWrite();
 }
 
-TEST_F(End, GatewayStartsAgainAfterAKill)
+TEST_F(GatewayEndTest, GatewayStartsAgainAfterAKill)
 {
     AwaitWrites();
     program->Kill();
