@@ -105,7 +105,7 @@ int ClientApplication::Run()
         TakeDown();
     }
     m_questions.reset();
-    m_sessions.reset();
+    m_session.reset();
     m_appearance.reset();
     m_services.reset();
     VXSettingManager::Instance()->Close();
@@ -194,8 +194,8 @@ void ClientApplication::BuildServices()
 
 void ClientApplication::BuildSession()
 {
-    m_sessions = std::make_unique<ClientSession>();
-    LoginFlow* const flow = m_sessions->GetFlow();
+    m_session = std::make_unique<ClientSession>();
+    LoginFlow* const flow = m_session->GetFlow();
     connect(flow, &LoginFlow::SigDialogComes, this, [this] { m_lifeCycle.BeforeLoginConstruct(); });
     connect(flow, &LoginFlow::SigLoggedIn, this, &ClientApplication::HandleLogin);
     connect(flow, &LoginFlow::SigFailed, this, &ClientApplication::HandleFailedLogin);
@@ -223,7 +223,7 @@ void ClientApplication::StartLogin()
         }
     }
     if (m_life.Go(ClientStage::LoggingIn)) {
-        m_sessions->Start(m_options);
+        m_session->Start(m_options);
     }
 }
 
@@ -234,8 +234,7 @@ void ClientApplication::HandleLogin(const Session& session, LoginFlow::Origin or
     }
     m_traceWriter.AddSecret(session.accessToken);
     m_trace.WriteLogin(session.pin, true, origin);
-    m_session = session;
-    m_refusal.clear();
+    m_session->Begin(session);
     m_exitCode = 0;
     m_services->SetSession(session);
     if (m_handover) {
@@ -259,13 +258,13 @@ void ClientApplication::HandleFailedLogin(const QString& pin)
 
 void ClientApplication::HandleReport(const HttpCallReport& report)
 {
-    if (!IsAboutSession(report.method) || m_session.IsEmpty() || m_life.IsEnding()) {
+    if (!IsAboutSession(report.method) || m_session->Get().IsEmpty() || m_life.IsEnding()) {
         return;
     }
     m_gatewayWatch->Take(report);
     m_troubleNotices->HandleReport(report);
-    if (GatewayCodes::IsSessionRefused(report.code) && m_refusal.isEmpty()) {
-        m_refusal = report.code;
+    if (GatewayCodes::IsSessionRefused(report.code) && m_session->GetRefusal().isEmpty()) {
+        m_session->SetRefusal(report.code);
         // The completion of this call comes first.
         QMetaObject::invokeMethod(this, &ClientApplication::HandleRefusal, Qt::QueuedConnection);
     }
@@ -273,7 +272,7 @@ void ClientApplication::HandleReport(const HttpCallReport& report)
 
 void ClientApplication::HandleUserInformation()
 {
-    if (!m_refusal.isEmpty() || !m_life.CanGo(ClientStage::Working)) {
+    if (!m_session->GetRefusal().isEmpty() || !m_life.CanGo(ClientStage::Working)) {
         return;
     }
     m_lifeCycle.LoginSuccess();
@@ -291,18 +290,17 @@ void ClientApplication::HandleRefusal()
     }
     if (m_frame) {
         // Modules may know the user: only a fresh process is sure to be nobody's.
-        ClientMemory::SetSessionEnd(m_refusal);
+        ClientMemory::SetSessionEnd(m_session->GetRefusal());
         End(EndKind::Refused);
         return;
     }
-    const QString pin = m_session.pin;
     m_userInformation->Stop();
-    m_session = Session();
     m_services->ClearSession();
-    m_trace.WriteLogin(pin, false, m_handover ? LoginFlow::Origin::Restart : LoginFlow::Origin::Saved);
+    m_trace.WriteLogin(m_session->Get().pin, false,
+                       m_handover ? LoginFlow::Origin::Restart : LoginFlow::Origin::Saved);
     m_handover.reset();
     m_life.Go(ClientStage::LoggingIn);
-    m_sessions->StartAgain(pin, m_refusal);
+    m_session->StartAgain();
 }
 
 void ClientApplication::MakeFrame()
@@ -315,12 +313,13 @@ void ClientApplication::MakeFrame()
     parts.services = m_services.get();
     parts.notices = &m_notices;
     parts.questions = m_questions.get();
-    parts.savedSession = m_sessions->GetSaved();
+    parts.savedSession = m_session->GetSaved();
     parts.isKeepersTurn = [this] {
         return m_services->router.IsListed(TabKeeper::GetUpdateUrl(), m_lifeCycle.GetRunningModule());
     };
-    m_frame = std::make_unique<ClientFrame>(parts, m_options.pageEngine, m_options.profile, m_session.pin,
-                                            m_options.screenshot, m_loader.GetModules());
+    m_frame =
+        std::make_unique<ClientFrame>(parts, m_options.pageEngine, m_options.profile, m_session->Get().pin,
+                                      m_options.screenshot, m_loader.GetModules());
     m_trace.Watch(m_frame->GetWindow());
     connect(m_frame.get(), &ClientFrame::SigQuitRequested, this, [this] { AskForEnd(EndKind::Quit); });
     connect(m_frame.get(), &ClientFrame::SigLogOutRequested, this, [this] { AskForEnd(EndKind::LogOut); });
@@ -333,7 +332,7 @@ void ClientApplication::MakeFrame()
 void ClientApplication::ShowFrame()
 {
     m_frame->Show();
-    m_sessions->CloseDialog();
+    m_session->CloseDialog();
     QTimer::singleShot(0, m_frame.get(), [this] {
         if (m_life.IsEnding()) {
             return;
@@ -430,17 +429,17 @@ void ClientApplication::TakeDown()
         m_lifeCycle.BeforeMainFrameDestruct();
         m_frame.reset();
     }
-    m_sessions->CloseDialog();
+    m_session->CloseDialog();
     m_lifeCycle.ExitApp();
     m_services->router.SetModules({});
     m_services->http.DropCalls();
     m_services->images.DropRequests();
     m_loader.Unload();
     if (m_end.EndsSession()) {
-        m_sessions->End(m_session, !m_refusal.isEmpty(), [this] { Finish(); });
+        m_session->End([this] { Finish(); });
         return;
     }
-    m_handover = SessionHandover{m_session, m_end.OpensTabsAgain()};
+    m_handover = SessionHandover{m_session->Get(), m_end.OpensTabsAgain()};
     Finish();
 }
 

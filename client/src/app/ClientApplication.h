@@ -96,13 +96,11 @@ private:
     std::unique_ptr<GatewayWatch> m_gatewayWatch;
     std::unique_ptr<TroubleNotices> m_troubleNotices;
     std::unique_ptr<PendingChanges> m_pendingChanges;
-    std::unique_ptr<ClientSession> m_sessions;
+    std::unique_ptr<ClientSession> m_session;
     ModuleLoader m_loader;
     LifeCycleDriver m_lifeCycle;
     std::unique_ptr<ClientFrame> m_frame;
 
-    Session m_session;
-    QString m_refusal;      // the code with which the gateway refused the session; empty while it does not
     QString m_startProblem; // in the user's language, whose translation is gone when it is needed
     int m_exitCode = 0;
     /// What the process before handed over; later, what this one hands over to the next.

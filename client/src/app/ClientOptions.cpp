@@ -17,7 +17,7 @@ struct OptionText
     bool forOneLogIn;
 };
 
-constexpr OptionText optionTexts[] = {
+constexpr OptionText OptionTexts[] = {
     {"gateway", "URL", "Address of the gateway (http or https).", false},
     {"profile", "DIR", "Folder of the client's own data.", false},
     {"modules", "DIR", "Folder of the modules to load.", false},
@@ -27,12 +27,13 @@ constexpr OptionText optionTexts[] = {
     {"trace", "FILE", "Append one line of JSON per event to FILE.", false},
     {"screenshot", "FILE", "Save the main window as a PNG once its tabs have loaded.", true},
     {"quit-after", "MS", "Quit in good order after so many milliseconds.", true},
-    {"take-session", nullptr, "Take over the session that the client before hands over (by itself).", true},
+    {"take-session", nullptr,
+     "Take over the session of the client that restarts (given by that client only).", true},
     {"help", nullptr, "Show this help and exit.", false},
     {"version", nullptr, "Show the version and exit.", false},
 };
 
-constexpr int longestRun = 24 * 60 * 60 * 1000;
+constexpr int LongestRun = 24 * 60 * 60 * 1000; // [ms]
 
 bool IsOption(const QString& argument, const char* name)
 {
@@ -89,13 +90,91 @@ QString CheckQuitAfter(const QString& value, std::optional<int>* milliseconds)
 {
     bool isNumber = false;
     const int number = value.toInt(&isNumber);
-    if (!isNumber || number < 0 || number > longestRun) {
+    if (!isNumber || number < 0 || number > LongestRun) {
         return QStringLiteral("--quit-after \"%1\": not a number of milliseconds from 0 to %2")
             .arg(value)
-            .arg(longestRun);
+            .arg(LongestRun);
     }
     *milliseconds = number;
     return QString();
+}
+
+QString CheckPasswordFile(const QString& file, bool hasPin)
+{
+    if (!hasPin) {
+        return QStringLiteral("--password-file needs --pin");
+    }
+    const QFileInfo info(file);
+    return info.isFile() && info.isReadable()
+               ? QString()
+               : QStringLiteral("--password-file \"%1\": no such file, or it cannot be read").arg(file);
+}
+
+QString CheckOutput(const char* name, const QString& file)
+{
+    const bool canBeMade =
+        !file.isEmpty() && !QFileInfo(file).isDir() && QFileInfo(FolderOfFile(file)).isDir();
+    return canBeMade
+               ? QString()
+               : QStringLiteral("--%1 \"%2\": not a file that can be made").arg(QLatin1String(name), file);
+}
+
+void AddOptions(QCommandLineParser& parser)
+{
+    for (const OptionText& text : OptionTexts) {
+        QCommandLineOption option(QLatin1String(text.name));
+        if (text.value) {
+            option.setValueName(QLatin1String(text.value));
+        }
+        parser.addOption(option);
+    }
+}
+
+/// Fills in what the arguments say; returns the problems with it, empty texts among them.
+QStringList Read(const QCommandLineParser& parser, ClientOptions* options)
+{
+    const auto isSet = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
+    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
+    QStringList problems;
+    if (isSet("gateway")) {
+        problems << CheckGateway(value("gateway"), &options->gateway);
+    }
+    // Not where folders may be on a network share, as Windows' roaming ones: the settings store needs a disk.
+    options->profile = isSet("profile")
+                           ? value("profile")
+                           : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    problems << CheckProfile(options->profile);
+    options->profile = QDir(options->profile).absolutePath();
+    options->modules = value("modules");
+    if (isSet("modules") && !QFileInfo(options->modules).isDir()) {
+        problems << QStringLiteral("--modules \"%1\": no such folder").arg(options->modules);
+    }
+    if (isSet("page-engine")) {
+        problems << CheckPageEngine(value("page-engine"), &options->pageEngine);
+    }
+    options->pin = value("pin");
+    if (isSet("pin") && options->pin.trimmed().isEmpty()) {
+        problems << QStringLiteral("--pin: the account's name is empty");
+    }
+    options->passwordFile = value("password-file");
+    if (isSet("password-file")) {
+        problems << CheckPasswordFile(options->passwordFile, isSet("pin"));
+    }
+    options->trace = value("trace");
+    options->screenshot = value("screenshot");
+    for (const char* const name : {"trace", "screenshot"}) {
+        if (isSet(name)) {
+            problems << CheckOutput(name, value(name));
+        }
+    }
+    if (isSet("quit-after")) {
+        problems << CheckQuitAfter(value("quit-after"), &options->quitAfter);
+    }
+    options->takeSession = isSet("take-session");
+    if (options->takeSession && !options->passwordFile.isEmpty()) {
+        problems << QStringLiteral("--take-session and --password-file exclude each other");
+    }
+    return problems;
 }
 
 } // namespace
@@ -103,13 +182,7 @@ QString CheckQuitAfter(const QString& value, std::optional<int>* milliseconds)
 std::optional<ClientOptions> ClientOptions::Parse(const QStringList& arguments, QString* problem)
 {
     QCommandLineParser parser;
-    for (const OptionText& text : optionTexts) {
-        QCommandLineOption option(QLatin1String(text.name));
-        if (text.value) {
-            option.setValueName(QLatin1String(text.value));
-        }
-        parser.addOption(option);
-    }
+    AddOptions(parser);
     if (!parser.parse(arguments)) {
         *problem = parser.errorText();
         return std::nullopt;
@@ -119,55 +192,8 @@ std::optional<ClientOptions> ClientOptions::Parse(const QStringList& arguments, 
             QStringLiteral("Unexpected argument \"%1\".").arg(parser.positionalArguments().constFirst());
         return std::nullopt;
     }
-
-    const auto isSet = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
-    const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
     ClientOptions options;
-    QStringList problems;
-    if (isSet("gateway")) {
-        problems << CheckGateway(value("gateway"), &options.gateway);
-    }
-    // Not where folders may be on a network share, as Windows' roaming ones: the settings store needs a disk.
-    options.profile = isSet("profile")
-                          ? value("profile")
-                          : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
-    problems << CheckProfile(options.profile);
-    options.profile = QDir(options.profile).absolutePath();
-    options.modules = value("modules");
-    if (isSet("modules") && !QFileInfo(options.modules).isDir()) {
-        problems << QStringLiteral("--modules \"%1\": no such folder").arg(options.modules);
-    }
-    if (isSet("page-engine")) {
-        problems << CheckPageEngine(value("page-engine"), &options.pageEngine);
-    }
-    options.pin = value("pin");
-    if (isSet("pin") && options.pin.trimmed().isEmpty()) {
-        problems << QStringLiteral("--pin: the account's name is empty");
-    }
-    options.passwordFile = value("password-file");
-    if (isSet("password-file") && !isSet("pin")) {
-        problems << QStringLiteral("--password-file needs --pin");
-    } else if (isSet("password-file") &&
-               (!QFileInfo(options.passwordFile).isFile() || !QFileInfo(options.passwordFile).isReadable())) {
-        problems << QStringLiteral("--password-file \"%1\": no such file, or it cannot be read")
-                        .arg(options.passwordFile);
-    }
-    for (const char* name : {"trace", "screenshot"}) {
-        if (isSet(name) && (value(name).isEmpty() || QFileInfo(value(name)).isDir() ||
-                            !QFileInfo(FolderOfFile(value(name))).isDir())) {
-            problems << QStringLiteral("--%1 \"%2\": not a file that can be made")
-                            .arg(QLatin1String(name), value(name));
-        }
-    }
-    options.trace = value("trace");
-    options.screenshot = value("screenshot");
-    if (isSet("quit-after")) {
-        problems << CheckQuitAfter(value("quit-after"), &options.quitAfter);
-    }
-    options.takeSession = isSet("take-session");
-    if (options.takeSession && !options.passwordFile.isEmpty()) {
-        problems << QStringLiteral("--take-session and --password-file exclude each other");
-    }
+    QStringList problems = Read(parser, &options);
     problems.removeAll(QString());
     if (!problems.isEmpty()) {
         *problem = problems.constFirst();
@@ -189,7 +215,7 @@ bool ClientOptions::WantsVersion(const QStringList& arguments)
 QString ClientOptions::GetHelp()
 {
     QString help = QStringLiteral("Usage: tl-client [options]\n\nOptions:\n");
-    for (const OptionText& text : optionTexts) {
+    for (const OptionText& text : OptionTexts) {
         QString left = QStringLiteral("  --") + QLatin1String(text.name);
         if (text.value) {
             left += QLatin1Char(' ') + QLatin1String(text.value);
@@ -206,7 +232,7 @@ QStringList ClientOptions::ForFreshStart(const QStringList& arguments)
         const QString name = arguments.at(i).section(QLatin1Char('='), 0, 0);
         bool dropped = false;
         bool hasValue = false;
-        for (const OptionText& text : optionTexts) {
+        for (const OptionText& text : OptionTexts) {
             if (IsOption(name, text.name)) {
                 dropped = text.forOneLogIn;
                 hasValue = text.value && !arguments.at(i).contains(QLatin1Char('='));

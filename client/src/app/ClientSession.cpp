@@ -54,10 +54,18 @@ void ClientSession::Start(const ClientOptions& options)
     m_flow->Start(options.pin.isEmpty() ? ClientMemory::GetLastPin() : options.pin, problem);
 }
 
-void ClientSession::StartAgain(const QString& pin, const QString& code)
+void ClientSession::Begin(const Session& session)
 {
+    m_session = session;
+    m_refusal.clear();
+}
+
+void ClientSession::StartAgain()
+{
+    const QString pin = m_session.pin;
+    m_session = Session();
     m_saved->Forget([] {});
-    m_flow->ShowDialog(pin, LoginService::ToProblem(code, QString()));
+    m_flow->ShowDialog(pin, LoginService::ToProblem(m_refusal, QString()));
 }
 
 void ClientSession::CloseDialog()
@@ -65,9 +73,9 @@ void ClientSession::CloseDialog()
     m_flow->CloseDialog();
 }
 
-void ClientSession::End(const Session& session, bool refused, const std::function<void()>& ended)
+void ClientSession::End(const std::function<void()>& ended)
 {
-    const auto waiting = std::make_shared<int>(refused || session.IsEmpty() ? 1 : 2);
+    const auto waiting = std::make_shared<int>(m_refusal.isEmpty() && !m_session.IsEmpty() ? 2 : 1);
     const auto endOne = [waiting, ended] {
         if (--*waiting == 0) {
             ended();
@@ -83,6 +91,6 @@ void ClientSession::End(const Session& session, bool refused, const std::functio
     m_saved->Forget(endOne);
     if (logsOut) {
         connect(m_service.get(), &LoginService::SigLoggedOut, this, endOne);
-        m_service->LogOut(session, EndLimit);
+        m_service->LogOut(m_session, EndLimit);
     }
 }
