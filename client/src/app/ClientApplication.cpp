@@ -235,7 +235,7 @@ void ClientApplication::Build()
     connect(m_loginFlow.get(), &LoginFlow::SigLoggedIn, this, &ClientApplication::TakeSession);
     connect(m_loginFlow.get(), &LoginFlow::SigFailed, this, &ClientApplication::TakeFailedLogin);
     connect(m_loginFlow.get(), &LoginFlow::SigGivenUp, this, [this] { End(EndKind::Quit); });
-    connect(m_loginFlow.get(), &LoginFlow::SigKeepFailed, m_clientNotices.get(),
+    connect(m_loginFlow.get(), &LoginFlow::SigSaveFailed, m_clientNotices.get(),
             &TroubleNotices::ShowKeepFailed);
 }
 
@@ -287,7 +287,7 @@ void ClientApplication::TakeSession(const Session& session, LoginFlow::Origin or
         m_services->general.GetAsyncInfoManager()->SetRestart(m_openTabsAgain);
     }
     m_userInformation->Read(userInformationLimit);
-    if (origin != LoginFlow::Origin::Kept && !m_restarted) {
+    if (origin != LoginFlow::Origin::Saved && !m_restarted) {
         // The gateway has just said yes. An older session may still be refused, and then nobody was here.
         m_lifeCycle.LoginSuccess();
         MakeWindow();
@@ -344,7 +344,7 @@ void ClientApplication::TakeRefusal()
     m_userInformation->Stop();
     m_session = Session();
     m_services->ClearSession();
-    m_trace.WriteLogin(pin, false, m_restarted ? LoginFlow::Origin::Restart : LoginFlow::Origin::Kept);
+    m_trace.WriteLogin(pin, false, m_restarted ? LoginFlow::Origin::Restart : LoginFlow::Origin::Saved);
     m_restarted = false;
     m_kept->Forget([] {});
     m_loginFlow->ShowDialog(pin, LoginService::ToProblem(m_refusal, QString()));

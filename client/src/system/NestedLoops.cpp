@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int leaveLimit = 3000; // [ms]
-constexpr int pause = 10;        // [ms]
+constexpr int LeaveLimit = 3000; // [ms]
+constexpr int Pause = 10;        // [ms]
 
 void TryToLeave(QObject* context, const std::function<void()>& action, const QDeadlineTimer& deadline)
 {
@@ -22,7 +22,7 @@ void TryToLeave(QObject* context, const std::function<void()>& action, const QDe
     } else if (QWidget* const modal = QApplication::activeModalWidget()) {
         modal->close();
     }
-    QTimer::singleShot(pause, context,
+    QTimer::singleShot(Pause, context,
                        [context, action, deadline] { TryToLeave(context, action, deadline); });
 }
 
@@ -30,5 +30,5 @@ void TryToLeave(QObject* context, const std::function<void()>& action, const QDe
 
 void NestedLoops::LeaveThen(QObject* context, const std::function<void()>& action)
 {
-    TryToLeave(context, action, QDeadlineTimer(leaveLimit));
+    TryToLeave(context, action, QDeadlineTimer(LeaveLimit));
 }

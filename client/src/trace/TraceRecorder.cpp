@@ -145,7 +145,7 @@ void TraceRecorder::Watch(QuestionWatch* questions)
 void TraceRecorder::WriteLogin(const QString& pin, bool ok, LoginFlow::Origin origin)
 {
     QJsonObject fields{{Key("ok"), ok}, {Key("pin"), pin}};
-    if (origin == LoginFlow::Origin::Kept) {
+    if (origin == LoginFlow::Origin::Saved) {
         fields.insert(Key("kept"), true);
     } else if (origin == LoginFlow::Origin::Restart) {
         fields.insert(Key("restart"), true);

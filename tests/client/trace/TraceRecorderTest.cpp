@@ -84,7 +84,7 @@ TEST_F(TraceRecorderTest, EachKindOfEndHasAName)
 TEST_F(TraceRecorderTest, LogInSaysWhereItCameFrom)
 {
     m_recorder.WriteLogin(QStringLiteral("demo"), true, LoginFlow::Origin::Restart);
-    m_recorder.WriteLogin(QStringLiteral("demo"), true, LoginFlow::Origin::Kept);
+    m_recorder.WriteLogin(QStringLiteral("demo"), true, LoginFlow::Origin::Saved);
     const QVector<QJsonObject> events = GetEvents("login");
     ASSERT_EQ(events.size(), 2);
     EXPECT_TRUE(events.at(0).value(QStringLiteral("restart")).toBool());
