@@ -918,7 +918,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>请输入密码。</translation>
     </message>
     <message>
-        <source>Account or password is wrong.</source>
+        <source>The account or password is incorrect.</source>
         <translation>账号或密码错误。</translation>
     </message>
     <message>
@@ -926,7 +926,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>失败次数过多。请在 %1 后重试。</translation>
     </message>
     <message>
-        <source>Too many failed attempts. Please try again in some minutes.</source>
+        <source>Too many failed attempts. Please try again in a few minutes.</source>
         <translation>失败次数过多。请几分钟后重试。</translation>
     </message>
     <message>
@@ -938,23 +938,23 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>网关未及时响应。请重试。</translation>
     </message>
     <message>
-        <source>The clock of this computer is wrong. It should say %1; please set it right.</source>
+        <source>This computer&apos;s clock is wrong. It should show %1. Please correct it.</source>
         <translation>本机时间不正确，应为 %1；请校准时间。</translation>
     </message>
     <message>
-        <source>The clock of this computer is wrong. Please set it right.</source>
+        <source>This computer&apos;s clock is wrong. Please correct it.</source>
         <translation>本机时间不正确。请校准时间。</translation>
     </message>
     <message>
-        <source>This client is not set up for the gateway. Please ask your administrator.</source>
+        <source>This client is not set up for this gateway. Please contact your administrator.</source>
         <translation>此客户端尚未针对该网关进行配置。请联系管理员。</translation>
     </message>
     <message>
-        <source>The gateway is busy at the moment. Please try again soon.</source>
+        <source>The gateway is busy. Please try again shortly.</source>
         <translation>网关繁忙。请稍后重试。</translation>
     </message>
     <message>
-        <source>The answer could not be understood. Is this the address of the gateway?</source>
+        <source>The reply could not be read. Is this the gateway&apos;s address?</source>
         <translation>无法识别返回的内容。这是网关的地址吗？</translation>
     </message>
     <message>
@@ -970,7 +970,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>会话已过期。请重新登录。</translation>
     </message>
     <message>
-        <source>Your session is not valid any longer. Please log in again.</source>
+        <source>Your session is no longer valid. Please log in again.</source>
         <translation>会话已失效。请重新登录。</translation>
     </message>
 </context>
@@ -985,38 +985,38 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>插件对象未提供模块接口 %1。</translation>
     </message>
     <message>
-        <source>The module failed while it was being set up.</source>
+        <source>The module failed to initialise.</source>
         <translation>模块初始化失败。</translation>
     </message>
     <message>
-        <source>The file is damaged or no plug-in: %1</source>
+        <source>The file is damaged or not a plug-in: %1</source>
         <translation>文件已损坏或不是插件：%1</translation>
     </message>
     <message>
-        <source>The module was made for version %1 of the module interface, this client has version %2.</source>
+        <source>The module was built for version %1 of the module interface; this client has version %2.</source>
         <translation>模块针对接口版本 %1 构建，本客户端的接口版本为 %2。</translation>
     </message>
     <message>
-        <source>The file is a plug-in of another kind: its interface is &quot;%1&quot;, not &quot;%2&quot;.</source>
+        <source>The file is a different kind of plug-in: its interface is &quot;%1&quot;, not &quot;%2&quot;.</source>
         <translation>该文件是其他类型的插件：其接口为“%1”，而不是“%2”。</translation>
     </message>
     <message>
-        <source>The module names no key.</source>
+        <source>The module does not name its key.</source>
         <translation>模块未声明标识。</translation>
     </message>
     <message>
-        <source>A module with the key &quot;%1&quot; is already there, from %2.</source>
+        <source>A module with the key &quot;%1&quot; is already loaded from %2.</source>
         <translation>标识为“%1”的模块已存在，来自 %2。</translation>
     </message>
 </context>
 <context>
     <name>SystemKeyStore</name>
     <message>
-        <source>This system has no key store in which a session can be kept.</source>
+        <source>This system has no key store to save a session in.</source>
         <translation>此系统没有可保存会话的密钥库。</translation>
     </message>
     <message>
-        <source>The key store does not answer.</source>
+        <source>The key store is not responding.</source>
         <translation>密钥库没有响应。</translation>
     </message>
 </context>

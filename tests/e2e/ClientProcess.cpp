@@ -3,6 +3,7 @@
 #include "Desktop.h"
 #include "Programs.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtTest/QTest>
@@ -31,11 +32,21 @@ bool IsGone(qint64 processId)
     return ReadAll(QStringLiteral("/proc/%1/cmdline").arg(processId)).isEmpty();
 }
 
+bool CopyFiles(const QString& from, const QString& to)
+{
+    const QDir source(from);
+    const QStringList files = source.entryList(QDir::Files);
+    return !files.isEmpty() && std::all_of(files.begin(), files.end(), [&](const QString& file) {
+        return QFile::copy(source.filePath(file), QDir(to).filePath(file));
+    });
+}
+
 } // namespace
 
 ClientProcess::ClientProcess(const QString& display, const QString& folder)
     : m_display(display)
     , m_folder(folder)
+    , m_modules(Programs::Modules())
     , m_trace(folder + QStringLiteral("/trace.jsonl"))
     , m_errors(folder + QStringLiteral("/errors.txt"))
     , m_environment(QProcessEnvironment::systemEnvironment())
@@ -64,6 +75,18 @@ void ClientProcess::SetEnvironment(const QString& name, const QString& value)
     m_environment.insert(name, value);
 }
 
+bool ClientProcess::AddModule(const QString& folder)
+{
+    if (m_modules == Programs::Modules()) {
+        const QString modules = m_folder + QStringLiteral("/modules");
+        if (!QDir().mkpath(modules) || !CopyFiles(m_modules, modules)) {
+            return false;
+        }
+        m_modules = modules;
+    }
+    return CopyFiles(folder, m_modules);
+}
+
 void ClientProcess::Start(const QStringList& arguments, const QByteArray& input)
 {
     QFile::remove(m_trace);
@@ -75,8 +98,7 @@ void ClientProcess::Start(const QStringList& arguments, const QByteArray& input)
     m_process.setStandardErrorFile(m_errors);
     m_process.start(Programs::Client(),
                     QStringList{QStringLiteral("--profile"), m_folder + QStringLiteral("/profile"),
-                                QStringLiteral("--modules"), Programs::Modules(), QStringLiteral("--trace"),
-                                m_trace} +
+                                QStringLiteral("--modules"), m_modules, QStringLiteral("--trace"), m_trace} +
                         arguments);
     m_process.waitForStarted();
     m_firstProcess = m_process.processId();

@@ -21,8 +21,11 @@ public:
 
     /// Another variable of the client's environment.
     void SetEnvironment(const QString& name, const QString& value);
-    /// Starts the client with the built modules and a trace of its own, and `arguments` in addition. `input`
-    /// is what its standard input gives, and then its end.
+    /// Has every later start load the files in `folder`, too: from then on the client gets copies of the
+    /// built modules and of these, in a folder below its own. False when a copy fails.
+    [[nodiscard]] bool AddModule(const QString& folder);
+    /// Starts the client with its modules, a trace of its own and `arguments`. Its standard input gives
+    /// `input` and then ends.
     void Start(const QStringList& arguments, const QByteArray& input = QByteArray());
     /// Starts it with a log-in by pin and password.
     void StartWithLogin(const QString& gateway, const QString& pin, const QByteArray& password,
@@ -64,6 +67,7 @@ private:
 
     QString m_display;
     QString m_folder;
+    QString m_modules;
     QString m_trace;
     QString m_errors;
     QProcess m_process;

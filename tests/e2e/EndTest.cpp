@@ -3,7 +3,6 @@
 #include "Programs.h"
 #include "TabState.h"
 
-#include <QtCore/QDirIterator>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSaveFile>
@@ -28,21 +27,10 @@ protected:
     /// Logs in with a further module, which does what `Execute` wants.
     void LogInWithExecutingModule()
     {
-        const QString modules = m_folder.filePath(QStringLiteral("modules"));
-        ASSERT_TRUE(QDir().mkpath(modules));
-        for (const QString& folder :
-             {Programs::Modules(), QStringLiteral(TL_FIXTURE_MODULE_DIR "/ExecutingModule")}) {
-            for (QDirIterator files(folder, QDir::Files); files.hasNext();) {
-                const QString file = files.next();
-                ASSERT_TRUE(QFile::copy(file, modules + QLatin1Char('/') + files.fileName()))
-                    << qPrintable(file);
-            }
-        }
+        ASSERT_TRUE(m_client->AddModule(Programs::FixtureModule(QStringLiteral("ExecutingModule"))));
         m_client->SetEnvironment(QStringLiteral("TL_FIXTURE_EXECUTE"), GetExecuteFile());
         m_client->SetEnvironment(QStringLiteral("TL_FIXTURE_LOG"), GetLogFile());
-        LogIn({QStringLiteral("--modules"), modules});
-        ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), m_expected.urls.size()));
-        ASSERT_TRUE(WaitForTabInFront(m_expected.openFirst));
+        LogInAndOpen();
     }
     /// Has a module execute a router URL.
     void Execute(const QString& url) const

@@ -16,4 +16,9 @@ inline QString Modules()
 {
     return QStringLiteral(TL_MODULES_FOLDER);
 }
+/// The folder of one of the modules that exist for tests alone.
+inline QString FixtureModule(const QString& name)
+{
+    return QStringLiteral(TL_FIXTURE_MODULE_DIR "/") + name;
+}
 } // namespace Programs

@@ -200,7 +200,7 @@ void ClientApplication::BuildSession()
     connect(flow, &LoginFlow::SigLoggedIn, this, &ClientApplication::HandleLogin);
     connect(flow, &LoginFlow::SigFailed, this, &ClientApplication::HandleFailedLogin);
     connect(flow, &LoginFlow::SigGivenUp, this, [this] { End(EndKind::Quit); });
-    connect(flow, &LoginFlow::SigKeepFailed, m_troubleNotices.get(), &TroubleNotices::ShowKeepFailed);
+    connect(flow, &LoginFlow::SigSaveFailed, m_troubleNotices.get(), &TroubleNotices::ShowSaveFailed);
 }
 
 void ClientApplication::LoadModules()

@@ -40,7 +40,7 @@ void TroubleNotices::HandleReport(const HttpCallReport& report)
     });
 }
 
-void TroubleNotices::ShowKeepFailed()
+void TroubleNotices::ShowSaveFailed()
 {
     m_notices->Show(QStringLiteral("keep-session"), NoticeKind::Warning, [] {
         return tr("The system's key store did not take the session. You will be asked to log in again next "

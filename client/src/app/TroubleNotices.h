@@ -18,7 +18,7 @@ public:
     /// A call ended; one that reads what opens at the start is of interest to the user when it fails.
     void HandleReport(const HttpCallReport& report);
     /// The session was to be kept and could not be.
-    void ShowKeepFailed();
+    void ShowSaveFailed();
     void ShowStoreSetAside(const QString& setAsideFile, const QString& reason);
     /// One more stored value was found damaged.
     void HandleDamagedValue();

@@ -17,28 +17,28 @@
 
 namespace {
 
-constexpr int logoSize = 48;    // [px, unscaled]
-constexpr int fieldWidth = 320; // [px, unscaled]
+constexpr int LogoSize = 48;    // [px, unscaled]
+constexpr int FieldWidth = 320; // [px, unscaled]
 
-// Of the dialog with a message of three lines [px, unscaled].
-constexpr int textHeight = 350; // texts, fields and buttons, and the window's frame
-constexpr int roomHeight = 210; // the logo, margins and gaps
+// In a dialog with a message of three lines [px, unscaled].
+constexpr int TextHeight = 350; // texts, fields and buttons, and the window's frame
+constexpr int RoomHeight = 210; // the logo, margins and gaps
 
-/// The scale of logo, margins and gaps: that of everything else, unless the screen is too low for it. Then
-/// they give way down to their size at 100 %, for the button has to stay on the screen.
+/// The scale of logo, margins and gaps: the same as everywhere else, unless the screen is too low. Then they
+/// shrink, at most to their size at 100 %, so that the button stays on the screen.
 double GetRoomScale(int screenHeight)
 {
     const double scale = DpiTool::GetScale();
-    return qMin(scale, qMax(1.0, (screenHeight - textHeight * scale) / roomHeight));
+    return qMin(scale, qMax(1.0, (screenHeight - TextHeight * scale) / RoomHeight));
 }
 
-/// Plain text that is no markup, whatever it looks like: it may come from elsewhere.
+/// Escapes the text, which may come from outside, so that nothing in it counts as markup.
 QString ToToolTip(const QString& text)
 {
     return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
 }
 
-// The theme's rules depend on it.
+/// The theme's rules depend on the kind.
 void SetKind(QWidget* widget, const QString& kind)
 {
     widget->setProperty("kind", kind);
@@ -61,7 +61,7 @@ LoginDialog::LoginDialog(QWidget* parent, std::function<int()> screenHeight)
     connect(m_ui->login_button, &QPushButton::clicked, this, &LoginDialog::SlotLogIn);
     connect(m_ui->cancel_button, &QPushButton::clicked, this, &LoginDialog::reject);
     connect(m_ui->show_password_button, &QToolButton::toggled, this, &LoginDialog::ShowPassword);
-    // What the user changes answers the message.
+    // Editing a field clears the message.
     for (QLineEdit* const edit : {m_ui->pin_edit, m_ui->password_edit}) {
         connect(edit, &QLineEdit::textEdited, this, [this] { ShowProblem(LoginProblem()); });
     }
@@ -147,7 +147,7 @@ void LoginDialog::AdjustForDpi()
 {
     const double scale = GetRoomScale(m_screenHeight ? m_screenHeight() : screen()->availableSize().height());
     const auto room = [scale](int pixels) { return qRound(pixels * scale); };
-    m_ui->login_logo->setPixmap(QApplication::windowIcon().pixmap(room(logoSize)));
+    m_ui->login_logo->setPixmap(QApplication::windowIcon().pixmap(room(LogoSize)));
     for (const auto& [gap, height] :
          std::initializer_list<std::pair<QSpacerItem*, int>>{{m_ui->logo_spacer, 6},
                                                              {m_ui->title_spacer, 14},
@@ -156,15 +156,15 @@ void LoginDialog::AdjustForDpi()
         gap->changeSize(0, room(height), QSizePolicy::Minimum, QSizePolicy::Fixed);
     }
     m_ui->page_layout->setContentsMargins(room(40), room(36), room(40), room(32));
-    m_ui->page_layout->setSpacing(room(6)); // which takes the gaps in, too
+    m_ui->page_layout->setSpacing(room(6)); // also on both sides of the gaps
 
     // The heights of fields and buttons come from the theme.
     const auto scaled = &DpiTool::ScaleDefault;
     for (QBoxLayout* const row : {m_ui->password_head, m_ui->password_row, m_ui->button_row}) {
         row->setSpacing(scaled(8));
     }
-    m_ui->pin_edit->setMinimumWidth(scaled(fieldWidth));
-    m_ui->login_message->setFixedWidth(scaled(fieldWidth));
+    m_ui->pin_edit->setMinimumWidth(scaled(FieldWidth));
+    m_ui->login_message->setFixedWidth(scaled(FieldWidth));
     m_ui->show_password_button->setMinimumWidth(scaled(56));
     m_ui->cancel_button->setMinimumWidth(scaled(96));
     m_ui->stay_box->setMinimumHeight(scaled(34));
@@ -186,7 +186,7 @@ bool LoginDialog::eventFilter(QObject* watched, QEvent* event)
         const auto* const key = static_cast<QKeyEvent*>(event);
         const QString text = key->text();
         if (key->key() == Qt::Key_CapsLock) {
-            SetCapsLock(false); // shown again by the next letter, if it was switched on
+            SetCapsLock(false); // the next letter shows it again if Caps Lock is on
         } else if (text.size() == 1 && text.at(0).isLetter() &&
                    text.at(0).toLower() != text.at(0).toUpper()) {
             const bool shift = key->modifiers().testFlag(Qt::ShiftModifier);

@@ -13,37 +13,38 @@ namespace Ui {
 class LoginDialog;
 }
 
-/// Asks for pin and password. Sends nothing itself: it says what the user wants and shows what came of
-/// it. Escape, or closing it, cancels a log-in that runs, and is a rejection otherwise. Follows language,
-/// theme and scale while it is shown. GUI thread.
+/// Asks for pin and password. Sends nothing itself: emits what the user wants and shows what its owner
+/// reports. Escape or closing the dialog cancels a running log-in, and otherwise rejects the dialog. Follows
+/// language, theme and scale while it is open. GUI thread.
 class LoginDialog final : public QDialog, public IDpiAdapter
 {
     Q_OBJECT
 
 public:
-    /// `screenHeight` says how high a window may be [px]; empty: as high as the dialog's screen has room for.
+    /// `screenHeight` returns how high a window may be [px]; empty: the available height of the dialog's
+    /// screen.
     explicit LoginDialog(QWidget* parent = nullptr, std::function<int()> screenHeight = {});
     ~LoginDialog() override;
 
-    /// The account that is proposed. With one, the password is where typing begins.
+    /// Fills in the account. Unless it is empty, the focus goes to the password.
     void SetPin(const QString& pin);
-    /// Whether a session can be kept; `reason` says why not.
+    /// Whether the client can save a session; `reason` says why not.
     void SetStaySignedInAvailable(bool available, const QString& reason);
 
-    /// A log-in runs: nothing can be changed, and it can be cancelled.
+    /// While a log-in runs, the user can change nothing, but can cancel.
     void SetBusy(bool busy);
     bool IsBusy() const noexcept { return m_busy; }
 
-    /// Shows the problem, in the language of the moment, and puts the focus where it is mended.
+    /// Shows the problem and moves the focus to the field that the user has to change.
     void ShowProblem(const LoginProblem& problem);
     void reject() override;
 
     void AdjustForDpi() override;
 
 Q_SIGNALS:
-    /// Both texts are filled in; the pin without blanks around it.
+    /// Neither text is empty; the pin has no surrounding blanks.
     void SigLogIn(const QString& pin, const QString& password, bool staySignedIn);
-    /// The user does not want to wait for the log-in that runs.
+    /// The user cancels the running log-in.
     void SigCancel();
 
 protected:

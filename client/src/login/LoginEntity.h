@@ -4,7 +4,7 @@
 
 #include "base/VXJsonParserBase.h"
 
-/// The gateway's answer to a log-in.
+/// The gateway's reply to a log-in.
 class LoginEntity final : public VXJsonParserBase
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class LoginEntity final : public VXJsonParserBase
 public:
     explicit LoginEntity(QObject* parent = nullptr) : VXJsonParserBase(parent) {}
 
-    /// Empty when the answer lacks the token or the pin.
+    /// Empty when the reply lacks the token or the pin.
     Session ToSession() const;
 
 private:

@@ -10,10 +10,10 @@
 #include <QtCore/QPointer>
 #include <QtGui/QWindow>
 
-LoginFlow::LoginFlow(LoginService* service, SavedSession* kept, IKeyStore* keyStore, QObject* parent)
-    : QObject(parent), m_service(service), m_kept(kept), m_keyStore(keyStore)
+LoginFlow::LoginFlow(LoginService* service, SavedSession* saved, IKeyStore* keyStore, QObject* parent)
+    : QObject(parent), m_service(service), m_saved(saved), m_keyStore(keyStore)
 {
-    connect(m_service, &LoginService::SigLoggedIn, this, &LoginFlow::TakeSession);
+    connect(m_service, &LoginService::SigLoggedIn, this, &LoginFlow::HandleSession);
     connect(m_service, &LoginService::SigFailed, this,
             [this](const QString& pin, const LoginProblem& problem) {
                 Q_EMIT SigFailed(pin, problem);
@@ -25,12 +25,12 @@ LoginFlow::~LoginFlow() = default;
 
 void LoginFlow::Start(const QString& pin, const LoginProblem& problem)
 {
-    if (!m_kept->HasRecord()) {
+    if (!m_saved->HasRecord()) {
         ShowDialog(pin, problem);
         return;
     }
     const QPointer<LoginFlow> guard(this);
-    m_kept->Load([guard, pin](const Session& session, LoginProblem::Kind kind) {
+    m_saved->Load([guard, pin](const Session& session, LoginProblem::Kind kind) {
         if (!guard) {
             return;
         }
@@ -64,7 +64,7 @@ void LoginFlow::CloseDialog()
 {
     if (m_dialog) {
         m_dialog->hide();
-        m_dialog.release()->deleteLater(); // one of its own signals may be on the way
+        m_dialog.release()->deleteLater(); // may be called from one of its own signals
     }
 }
 
@@ -72,7 +72,7 @@ void LoginFlow::MakeDialog()
 {
     Q_EMIT SigDialogComes();
     m_dialog = std::make_unique<LoginDialog>();
-    // The scale follows the screen that the dialog is on; for that it has to have a native window.
+    // The scale follows the dialog's screen, which needs a native window.
     m_dialog->winId();
     DpiTool::FollowScreenOf(m_dialog->windowHandle());
     connect(m_dialog.get(), &LoginDialog::SigLogIn, this,
@@ -87,7 +87,7 @@ void LoginFlow::MakeDialog()
     });
     connect(m_dialog.get(), &LoginDialog::rejected, this, &LoginFlow::SigGivenUp);
 
-    // Until the key store has answered, nothing can be promised.
+    // Offer it only when the key store has answered.
     m_dialog->SetStaySignedInAvailable(false, tr("Looking for the system's key store…"));
     const QPointer<LoginDialog> dialog(m_dialog.get());
     m_keyStore->AskAvailable([dialog](bool available, const QString& reason) {
@@ -97,17 +97,17 @@ void LoginFlow::MakeDialog()
     });
 }
 
-void LoginFlow::TakeSession(const Session& session)
+void LoginFlow::HandleSession(const Session& session)
 {
     if (m_dialog && m_stay) {
         const QPointer<LoginFlow> guard(this);
-        m_kept->Keep(session, [guard](bool ok) {
+        m_saved->Save(session, [guard](bool ok) {
             if (guard && !ok) {
-                Q_EMIT guard->SigKeepFailed();
+                Q_EMIT guard->SigSaveFailed();
             }
         });
-    } else if (m_kept->HasRecord()) {
-        m_kept->Forget([] {});
+    } else if (m_saved->HasRecord()) {
+        m_saved->Forget([] {});
     }
     Q_EMIT SigLoggedIn(session, m_dialog ? Origin::Dialog : Origin::CommandLine);
 }

@@ -2,7 +2,7 @@
 
 #include "http-module/IHttpRequestDsm.h"
 
-/// Signs in with pin and password; answered with a `LoginEntity`. Its reply is never kept.
+/// Logs in with pin and password; the reply is a `LoginEntity`, which is never cached.
 class LoginRequest final : public IHttpRequestDsm
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ public:
     QString GetDsmMethod() const override;
     QByteArray GetBusinessParam() const override;
     QString GetCacheKey() const override;
-    /// No token: a log-in does not depend on the one before.
+    /// Sends no access token: a log-in does not depend on an earlier one.
     QString GetDsmAppendix(DsmType type) const override;
 
 private:

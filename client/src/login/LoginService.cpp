@@ -15,10 +15,10 @@
 
 namespace {
 
-constexpr int loginTimeout = 20000;   // [ms]
-constexpr int endTokenTimeout = 5000; // [ms]
+constexpr int LoginTimeout = 20000;   // [ms]
+constexpr int EndTokenTimeout = 5000; // [ms]
 
-// The gateway's messages give times as they stand in the envelope.
+// The gateway's messages give times in the envelope's format.
 QDateTime TimeIn(const QString& message)
 {
     static const QRegularExpression time(QStringLiteral("\\d{4}-\\d{2}-\\d{2} \\d{2}:\\d{2}:\\d{2}"));
@@ -87,7 +87,7 @@ void LoginService::LogIn(const QString& pin, const QString& password)
                 if (!session.IsEmpty()) {
                     const auto end = QSharedPointer<LogoutRequest>::create(session);
                     IHttpManager::Instance()->Send(
-                        end, QSharedPointer<HttpResponseBasicDsm<bool>>::create(), [] {}, endTokenTimeout, 1);
+                        end, QSharedPointer<HttpResponseBasicDsm<bool>>::create(), [] {}, EndTokenTimeout, 1);
                 }
                 return;
             }
@@ -97,7 +97,7 @@ void LoginService::LogIn(const QString& pin, const QString& password)
                 Q_EMIT guard->SigFailed(pin, ToProblem(response->GetErrorCode(), response->GetErrorDesc()));
             }
         },
-        loginTimeout, 1);
+        LoginTimeout, 1);
 }
 
 void LoginService::Cancel()

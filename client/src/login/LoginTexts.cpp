@@ -26,33 +26,33 @@ QString LoginTexts::Describe(const LoginProblem& problem)
     case LoginProblem::Kind::EmptyPassword:
         return tr("Please enter your password.");
     case LoginProblem::Kind::WrongPassword:
-        return tr("Account or password is wrong.");
+        return tr("The account or password is incorrect.");
     case LoginProblem::Kind::TooManyAttempts:
         return problem.when.isValid()
                    ? tr("Too many failed attempts. Please try again at %1.").arg(LocalTime(problem.when))
-                   : tr("Too many failed attempts. Please try again in some minutes.");
+                   : tr("Too many failed attempts. Please try again in a few minutes.");
     case LoginProblem::Kind::Unreachable:
         return tr("The gateway cannot be reached. Please check the network connection.");
     case LoginProblem::Kind::TimedOut:
         return tr("The gateway did not answer in time. Please try again.");
     case LoginProblem::Kind::ClockOff:
         return problem.when.isValid()
-                   ? tr("The clock of this computer is wrong. It should say %1; please set it right.")
+                   ? tr("This computer's clock is wrong. It should show %1. Please correct it.")
                          .arg(LocalDateTime(problem.when))
-                   : tr("The clock of this computer is wrong. Please set it right.");
+                   : tr("This computer's clock is wrong. Please correct it.");
     case LoginProblem::Kind::NotSetUp:
-        return tr("This client is not set up for the gateway. Please ask your administrator.");
+        return tr("This client is not set up for this gateway. Please contact your administrator.");
     case LoginProblem::Kind::ServerBusy:
-        return tr("The gateway is busy at the moment. Please try again soon.");
+        return tr("The gateway is busy. Please try again shortly.");
     case LoginProblem::Kind::Unreadable:
-        return tr("The answer could not be understood. Is this the address of the gateway?");
+        return tr("The reply could not be read. Is this the gateway's address?");
     case LoginProblem::Kind::Refused:
         return problem.detail.isEmpty() ? tr("The gateway refused the log-in.")
                                         : tr("The gateway refused the log-in: %1").arg(problem.detail);
     case LoginProblem::Kind::SessionExpired:
         return tr("Your session has expired. Please log in again.");
     case LoginProblem::Kind::SessionRefused:
-        return tr("Your session is not valid any longer. Please log in again.");
+        return tr("Your session is no longer valid. Please log in again.");
     }
     return QString();
 }

@@ -4,7 +4,7 @@
 
 #include <QtCore/QCoreApplication>
 
-/// The sentences of the log-in, in the language of the moment.
+/// The sentences that the log-in dialog shows, in the current language.
 class LoginTexts final
 {
     Q_DECLARE_TR_FUNCTIONS(LoginTexts)

@@ -3,7 +3,7 @@
 #include "gateway/UserRequest.h"
 #include "login/Session.h"
 
-/// Ends a session's access token, also when the client has dropped the session already.
+/// Ends a session's access token, even after the client has dropped the session.
 class LogoutRequest final : public UserRequest
 {
     Q_OBJECT

@@ -11,14 +11,14 @@
 
 namespace {
 
-const QString section = QStringLiteral("CLIENT_KEPT_SESSION");
-const QString pinField = QStringLiteral("PIN");
-const QString belongTypeField = QStringLiteral("BELONG_TYPE");
-const QString expiryField = QStringLiteral("EXPIRES_AT");
+const QString Section = QStringLiteral("CLIENT_KEPT_SESSION");
+const QString PinField = QStringLiteral("PIN");
+const QString BelongTypeField = QStringLiteral("BELONG_TYPE");
+const QString ExpiryField = QStringLiteral("EXPIRES_AT");
 
 QString Stored(const QString& field)
 {
-    return VXSettingManager::Instance()->GetGlobalValue(section, field);
+    return VXSettingManager::Instance()->GetGlobalValue(Section, field);
 }
 
 } // namespace
@@ -34,15 +34,15 @@ bool SavedSession::HasRecord() const
 
 QString SavedSession::GetPin() const
 {
-    return Stored(pinField);
+    return Stored(PinField);
 }
 
 void SavedSession::Load(std::function<void(const Session&, LoginProblem::Kind)> answer)
 {
     Session session;
-    session.pin = Stored(pinField);
-    session.belongType = Stored(belongTypeField);
-    session.expiresAt = QDateTime::fromString(Stored(expiryField), Qt::ISODate);
+    session.pin = Stored(PinField);
+    session.belongType = Stored(BelongTypeField);
+    session.expiresAt = QDateTime::fromString(Stored(ExpiryField), Qt::ISODate);
     const bool expired = session.expiresAt.isValid() && session.expiresAt <= m_now();
     if (session.pin.isEmpty() || expired) {
         const auto problem = expired ? LoginProblem::Kind::SessionExpired : LoginProblem::Kind::None;
@@ -66,21 +66,21 @@ void SavedSession::Load(std::function<void(const Session&, LoginProblem::Kind)> 
     });
 }
 
-void SavedSession::Keep(const Session& session, std::function<void(bool ok)> answer)
+void SavedSession::Save(const Session& session, std::function<void(bool ok)> answer)
 {
     ClearRecord();
     const QPointer<SavedSession> guard(this);
-    // The record comes last: an end in between leaves a token that nobody looks for, never a record
-    // without its token.
+    // The record comes last: if the client ends in between, an unused token remains, never a record without
+    // its token.
     m_keyStore->Write(KeyName(), session.accessToken, [guard, session, answer = std::move(answer)](bool ok) {
         if (!guard) {
             return;
         }
         if (ok) {
             auto* const settings = VXSettingManager::Instance();
-            settings->SetGlobalValue(section, belongTypeField, session.belongType);
-            settings->SetGlobalValue(section, expiryField, session.expiresAt.toString(Qt::ISODate));
-            settings->SetGlobalValue(section, pinField, session.pin);
+            settings->SetGlobalValue(Section, BelongTypeField, session.belongType);
+            settings->SetGlobalValue(Section, ExpiryField, session.expiresAt.toString(Qt::ISODate));
+            settings->SetGlobalValue(Section, PinField, session.pin);
         }
         answer(ok);
     });
@@ -94,14 +94,14 @@ void SavedSession::Forget(std::function<void()> answer)
 
 QString SavedSession::KeyName() const
 {
-    // One profile's session must not be another's.
+    // Each profile has its own session.
     return QStringLiteral("session/") + TLGlobalData::Instance()->GetUUID();
 }
 
 void SavedSession::ClearRecord()
 {
     auto* const settings = VXSettingManager::Instance();
-    for (const QString& field : {pinField, belongTypeField, expiryField}) {
-        settings->SetGlobalValue(section, field, QString());
+    for (const QString& field : {PinField, BelongTypeField, ExpiryField}) {
+        settings->SetGlobalValue(Section, field, QString());
     }
 }

@@ -18,16 +18,16 @@
 
 namespace {
 
-constexpr int formatVersion = 1;
-constexpr int writeTimeout = 5000; // [ms]
+constexpr int FormatVersion = 1;
+constexpr int WriteTimeout = 5000; // [ms]
 
-const QString versionKey = QStringLiteral("version");
-const QString writtenKey = QStringLiteral("written");
-const QString pinKey = QStringLiteral("pin");
-const QString belongTypeKey = QStringLiteral("belongType");
-const QString tokenKey = QStringLiteral("accessToken");
-const QString expiresKey = QStringLiteral("expiresAt");
-const QString openTabsKey = QStringLiteral("openTabs");
+const QString VersionKey = QStringLiteral("version");
+const QString WrittenKey = QStringLiteral("written");
+const QString PinKey = QStringLiteral("pin");
+const QString BelongTypeKey = QStringLiteral("belongType");
+const QString TokenKey = QStringLiteral("accessToken");
+const QString ExpiresKey = QStringLiteral("expiresAt");
+const QString OpenTabsKey = QStringLiteral("openTabs");
 
 bool IsTerminal()
 {
@@ -58,13 +58,13 @@ QDateTime ToTime(const QJsonValue& value)
 
 QByteArray SessionHandover::ToText(const QDateTime& now) const
 {
-    return QJsonDocument({{versionKey, formatVersion},
-                          {writtenKey, ::ToText(now)},
-                          {pinKey, session.pin},
-                          {belongTypeKey, session.belongType},
-                          {tokenKey, session.accessToken},
-                          {expiresKey, ::ToText(session.expiresAt)},
-                          {openTabsKey, openTabs}})
+    return QJsonDocument({{VersionKey, FormatVersion},
+                          {WrittenKey, ::ToText(now)},
+                          {PinKey, session.pin},
+                          {BelongTypeKey, session.belongType},
+                          {TokenKey, session.accessToken},
+                          {ExpiresKey, ::ToText(session.expiresAt)},
+                          {OpenTabsKey, openTabs}})
                .toJson(QJsonDocument::Compact) +
            '\n';
 }
@@ -72,15 +72,15 @@ QByteArray SessionHandover::ToText(const QDateTime& now) const
 std::optional<SessionHandover> SessionHandover::FromText(const QByteArray& text, const QDateTime& now)
 {
     const QJsonObject object = QJsonDocument::fromJson(text).object();
-    const QDateTime written = ToTime(object.value(writtenKey));
+    const QDateTime written = ToTime(object.value(WrittenKey));
     SessionHandover handover;
-    handover.session.pin = object.value(pinKey).toString();
-    handover.session.belongType = object.value(belongTypeKey).toString();
-    handover.session.accessToken = object.value(tokenKey).toString();
-    handover.session.expiresAt = ToTime(object.value(expiresKey));
-    handover.openTabs = object.value(openTabsKey).toBool();
+    handover.session.pin = object.value(PinKey).toString();
+    handover.session.belongType = object.value(BelongTypeKey).toString();
+    handover.session.accessToken = object.value(TokenKey).toString();
+    handover.session.expiresAt = ToTime(object.value(ExpiresKey));
+    handover.openTabs = object.value(OpenTabsKey).toBool();
     const bool fresh = written.isValid() && qAbs(written.secsTo(now)) <= lifeTime;
-    if (object.value(versionKey).toInt() != formatVersion || !fresh || handover.session.IsEmpty() ||
+    if (object.value(VersionKey).toInt() != FormatVersion || !fresh || handover.session.IsEmpty() ||
         handover.session.pin.isEmpty()) {
         return std::nullopt;
     }
@@ -92,7 +92,7 @@ std::optional<SessionHandover> SessionHandover::Take()
     if (IsTerminal()) {
         return std::nullopt;
     }
-    // A thread of its own, left behind if need be: nobody can be made to write or to close the other end.
+    // Read on a thread of its own and abandon it after the time-out: the other end may never write or close.
     std::promise<QByteArray> promise;
     std::future<QByteArray> text = promise.get_future();
     std::thread([promise = std::move(promise)]() mutable { promise.set_value(ReadInput()); }).detach();
@@ -104,17 +104,16 @@ std::optional<SessionHandover> SessionHandover::Take()
 
 bool SessionHandover::StartProcess(const QString& program, const QStringList& arguments) const
 {
-    // The destructor of a QProcess ends the process, and this one is to outlive us: so it is never deleted.
+    // Never deleted: a QProcess kills its process in the destructor, and this one has to outlive us.
     static QProcess* const process = new QProcess;
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->start(program, arguments);
-    if (!process->waitForStarted(writeTimeout)) {
+    if (!process->waitForStarted(WriteTimeout)) {
         return false;
     }
     process->write(ToText(QDateTime::currentDateTimeUtc()));
-    // What does not take the session comes up at the log-in dialog; a second process beside it would not
-    // help.
-    while (process->bytesToWrite() > 0 && process->waitForBytesWritten(writeTimeout)) {
+    // A process that does not take the session shows the log-in dialog; starting a second one would not help.
+    while (process->bytesToWrite() > 0 && process->waitForBytesWritten(WriteTimeout)) {
     }
     process->closeWriteChannel();
     return true;

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// How the store's own list of credentials names an entry of this client.
+/// The name of the client's entry in the system's list of credentials.
 std::wstring TargetOf(const QString& name)
 {
     return (QStringLiteral("tl-client/") + name).toStdWString();
@@ -30,7 +30,7 @@ CredentialPtr ReadCredential(const QString& name)
                                                                                               : nullptr);
 }
 
-/// The store answers at once; callers count on an answer from the event loop.
+/// The store answers immediately, but callers expect the answer from the event loop.
 template <class Call>
 void Later(QObject* context, Call call)
 {
@@ -46,8 +46,7 @@ void SystemKeyStore::AskAvailable(AvailableAnswer answer)
     const bool there = ReadCredential(QStringLiteral("probe")) || GetLastError() == ERROR_NOT_FOUND;
     Later(this, [there, answer = std::move(answer)] {
         answer(there,
-               there ? QString()
-                     : SystemKeyStore::tr("This system has no key store in which a session can be kept."));
+               there ? QString() : SystemKeyStore::tr("This system has no key store to save a session in."));
     });
 }
 
@@ -70,7 +69,7 @@ void SystemKeyStore::Write(const QString& name, const QString& secret, DoneAnswe
     credential.TargetName = target.data();
     credential.CredentialBlobSize = static_cast<DWORD>(bytes.size());
     credential.CredentialBlob = reinterpret_cast<LPBYTE>(bytes.data());
-    credential.Persist = CRED_PERSIST_LOCAL_MACHINE; // of this user, on this machine only
+    credential.Persist = CRED_PERSIST_LOCAL_MACHINE; // for this user, on this machine only
     const bool done = CredWriteW(&credential, 0) != FALSE;
     Later(this, [done, answer = std::move(answer)] { answer(done); });
 }

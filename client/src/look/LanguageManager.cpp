@@ -33,28 +33,31 @@ void LanguageManager::Apply(const QString& language)
 {
     const QString wanted = GetLanguages().contains(language) ? language : QStringLiteral("en");
 
-    // A QTranslator takes itself out of the application when it is destroyed.
+    // A QTranslator removes itself from the application when it is destroyed.
     m_translators.clear();
     m_language = wanted;
 
-    // Qt's own texts first: the translator installed last is asked first, and ours may differ on purpose.
+    // Qt's own texts first: Qt asks the last translator first, and ours may differ on purpose.
     const QString qtName = QStringLiteral("qtbase_%1.qm").arg(wanted);
     const QDir folder(m_folder);
     QStringList files;
-    if (folder.exists(qtName))
+    if (folder.exists(qtName)) {
         files << folder.filePath(qtName);
-    else
+    } else {
         files << QDir(QLibraryInfo::location(QLibraryInfo::TranslationsPath)).filePath(qtName);
+    }
     const QStringList own =
         folder.entryList({QStringLiteral("*_%1.qm").arg(wanted)}, QDir::Files, QDir::Name);
     for (const QString& name : own) {
-        if (name != qtName)
+        if (name != qtName) {
             files << folder.filePath(name);
+        }
     }
     for (const QString& file : qAsConst(files)) {
         auto translator = std::make_unique<QTranslator>();
-        if (translator->load(file) && QCoreApplication::installTranslator(translator.get()))
+        if (translator->load(file) && QCoreApplication::installTranslator(translator.get())) {
             m_translators.push_back(std::move(translator));
+        }
     }
     Q_EMIT SigLanguageApplied(wanted);
 }

@@ -2,7 +2,7 @@
 
 #include <QtCore/QDir>
 
-// The macro declares a function of the enclosing namespace, so it must not stand inside of one.
+// The macro declares a function in the enclosing namespace, so it must be used outside any namespace.
 static void InitResources()
 {
     Q_INIT_RESOURCE(client);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// [px]: one given in points is as large by now as the first screen asks for.
+/// [px]. Qt has already scaled a font that is given in points to the first screen.
 int GetUnscaledSize(const QFont& font)
 {
     const QScreen* const screen = QGuiApplication::primaryScreen();

@@ -14,8 +14,9 @@ SymbolicIconEngine::SymbolicIconEngine(const QString& name) : m_name(name)
 {
     LookResources::Ensure();
     QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
-    if (file.open(QIODevice::ReadOnly))
+    if (file.open(QIODevice::ReadOnly)) {
         m_svg = file.readAll();
+    }
 }
 
 void SymbolicIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state)
@@ -40,8 +41,9 @@ QPixmap SymbolicIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::S
                             .arg(size.height())
                             .arg(color.rgba(), 8, 16, QLatin1Char('0'));
     QPixmap picture;
-    if (QPixmapCache::find(key, &picture))
+    if (QPixmapCache::find(key, &picture)) {
         return picture;
+    }
 
     QByteArray svg = m_svg;
     svg.replace("currentColor", color.name(QColor::HexRgb).toLatin1());

@@ -31,16 +31,17 @@ QPalette ReadPalette(const QString& sheet)
             continue;
         }
         const QColor color(match.captured(3));
-        if (match.capturedLength(2) > 0)
+        if (match.capturedLength(2) > 0) {
             palette.setColor(QPalette::Disabled, static_cast<QPalette::ColorRole>(role), color);
-        else
+        } else {
             palette.setColor(static_cast<QPalette::ColorRole>(role), color);
+        }
     }
     return palette;
 }
 
-/// Style sheets know nothing of the scale: "12dp" is what 12 pixels are at the present one, and "7dp-2dp" the
-/// difference of two such lengths, each of them rounded.
+/// Style sheets know nothing of the scale, so the client replaces "12dp" by 12 pixels at the current scale,
+/// and "7dp-2dp" by the difference of two such lengths, each rounded on its own.
 QString ScaleLengths(const QString& sheet)
 {
     static const QRegularExpression length(QStringLiteral("\\b(\\d+)dp(?:-(\\d+)dp)?\\b"));
@@ -64,16 +65,29 @@ bool LooksDark(const QPalette& palette)
 bool IsSystemDark(const QPalette& systemPalette)
 {
 #ifdef Q_OS_WIN
-    // Qt 5 gives programs a light palette whatever the user chose.
+    // Qt 5 always gives programs a light palette.
     const QSettings personal(
         QStringLiteral(
             "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize"),
         QSettings::NativeFormat);
     const QVariant light = personal.value(QStringLiteral("AppsUseLightTheme"));
-    if (light.isValid())
+    if (light.isValid()) {
         return light.toInt() == 0;
+    }
 #endif
     return LooksDark(systemPalette);
+}
+
+/// Most systems announce a change of their theme as a change of the application's palette. Windows tells Qt 5
+/// nothing, so the client looks when the user comes back to it.
+bool MayFollowChangeOfSystem(QEvent::Type type)
+{
+#ifdef Q_OS_WIN
+    if (type == QEvent::ApplicationStateChange) {
+        return true;
+    }
+#endif
+    return type == QEvent::ApplicationPaletteChange;
 }
 
 } // namespace
@@ -106,8 +120,9 @@ void ThemeManager::Apply(Theme theme)
 
 void ThemeManager::AdjustForDpi()
 {
-    if (m_applied)
+    if (m_applied) {
         ApplyFile(m_dark);
+    }
 }
 
 void ThemeManager::ApplyFile(bool dark)
@@ -128,20 +143,13 @@ void ThemeManager::ApplyFile(bool dark)
 
 bool ThemeManager::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == qApp && !m_applying) {
-        // Most systems announce their own change of theme as a change of the application's palette;
-        // Windows says nothing to Qt 5, so it is asked when the user comes back to the client.
-        bool dark = m_systemDark;
-        if (event->type() == QEvent::ApplicationPaletteChange)
-            dark = IsSystemDark(QApplication::palette());
-#ifdef Q_OS_WIN
-        else if (event->type() == QEvent::ApplicationStateChange)
-            dark = IsSystemDark(QApplication::palette());
-#endif
+    if (watched == qApp && !m_applying && MayFollowChangeOfSystem(event->type())) {
+        const bool dark = IsSystemDark(QApplication::palette());
         if (dark != m_systemDark) {
             m_systemDark = dark;
-            if (m_theme == Theme::FollowSystem)
+            if (m_theme == Theme::FollowSystem) {
                 ApplyFile(dark);
+            }
         }
     }
     return QObject::eventFilter(watched, event);

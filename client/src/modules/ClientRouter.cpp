@@ -15,7 +15,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(logRouter, "tl.client.router")
 
-// Without the query, which may hold what is nobody's business.
+// Without the query, which may contain private data.
 QString ForLog(const VXRouterProtocol& route)
 {
     return route.GetUrl().section(QLatin1Char('?'), 0, 0);
@@ -38,7 +38,7 @@ bool ClientRouter::ExecuteRoute(const VXRouterProtocol& route)
             return own.handler(route);
         }
     }
-    qCWarning(logRouter).noquote() << "nobody knows the router URL" << ForLog(route);
+    qCWarning(logRouter).noquote() << "unknown router URL" << ForLog(route);
     return false;
 }
 
@@ -60,7 +60,7 @@ QObject* ClientRouter::GetRouteObject(const VXRouterProtocol& route)
             return own.object;
         }
     }
-    qCWarning(logRouter).noquote() << "there is no object behind the router URL" << ForLog(route);
+    qCWarning(logRouter).noquote() << "no object for the router URL" << ForLog(route);
     return nullptr;
 }
 

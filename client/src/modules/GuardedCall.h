@@ -4,10 +4,10 @@
 
 #include <exception>
 
-/// Says in the log that a module's code threw.
+/// Logs that a module's code threw.
 void ReportThrown(const QString& module, const char* operation, const char* what);
 
-/// Runs code of a module; what it throws ends here, in the log. False when it threw.
+/// Runs code of a module and logs what it throws. False when it threw.
 template <class Call>
 bool GuardedCall(const QString& module, const char* operation, Call&& call)
 {

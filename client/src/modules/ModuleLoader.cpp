@@ -18,10 +18,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(logModules, "tl.client.modules")
 
-const QString interfaceId = QStringLiteral(IBusinessModule_iid);
+const QString InterfaceId = QStringLiteral(IBusinessModule_iid);
 
-// Modules come and go; the libraries of the platform stay. The client uses all of them but this one, which
-// would go with the last module that does, while code of it may still be in a queue.
+// The platform's libraries have to outlive the modules. The client uses every one but this, which the system
+// would unload with the last module, while its code may still be in a queue.
 [[maybe_unused]] const QMetaObject* const volatile held = &ImageLabel::staticMetaObject;
 
 QString InterfaceName(const QString& id)
@@ -87,7 +87,7 @@ void ModuleLoader::LoadFile(const QString& file)
     };
 
     auto library = std::make_unique<QPluginLoader>(file);
-    // All symbols now: one that is missing is a reason to refuse the file, and no end of the client later.
+    // Resolve all symbols now: a missing one makes the client refuse the file instead of crashing later.
     library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
     QString key;
     const QString problem = CheckMetaData(library->metaData(), library->errorString(), &key);
@@ -103,12 +103,12 @@ void ModuleLoader::LoadFile(const QString& file)
     }
     auto* const module = qobject_cast<IBusinessModule*>(root);
     if (!module) {
-        refuse(tr("The plug-in's object does not offer the module interface %1.").arg(interfaceId));
+        refuse(tr("The plug-in's object does not offer the module interface %1.").arg(InterfaceId));
         library->unload();
         return;
     }
     if (!GuardedCall(key, "InitModule", [module] { module->InitModule(); })) {
-        refuse(tr("The module failed while it was being set up."));
+        refuse(tr("The module failed to initialise."));
         GuardedCall(key, "UninitModule", [module] { module->UninitModule(); });
         library->unload();
         return;
@@ -121,27 +121,27 @@ QString ModuleLoader::CheckMetaData(const QJsonObject& metaData, const QString& 
                                     QString* key) const
 {
     if (metaData.isEmpty()) {
-        return tr("The file is damaged or no plug-in: %1").arg(loaderError);
+        return tr("The file is damaged or not a plug-in: %1").arg(loaderError);
     }
     const QString id = metaData.value(QLatin1String("IID")).toString();
-    if (id != interfaceId) {
-        return InterfaceName(id) == InterfaceName(interfaceId)
-                   ? tr("The module was made for version %1 of the module interface, this client has "
+    if (id != InterfaceId) {
+        return InterfaceName(id) == InterfaceName(InterfaceId)
+                   ? tr("The module was built for version %1 of the module interface; this client has "
                         "version %2.")
-                         .arg(InterfaceVersion(id), InterfaceVersion(interfaceId))
-                   : tr("The file is a plug-in of another kind: its interface is \"%1\", not \"%2\".")
-                         .arg(id, interfaceId);
+                         .arg(InterfaceVersion(id), InterfaceVersion(InterfaceId))
+                   : tr("The file is a different kind of plug-in: its interface is \"%1\", not \"%2\".")
+                         .arg(id, InterfaceId);
     }
     const QJsonArray keys =
         metaData.value(QLatin1String("MetaData")).toObject().value(QLatin1String("Keys")).toArray();
     *key = keys.isEmpty() ? QString() : keys.at(0).toString();
     if (key->isEmpty()) {
-        return tr("The module names no key.");
+        return tr("The module does not name its key.");
     }
     const auto same = std::find_if(m_entries.begin(), m_entries.end(),
                                    [key](const Entry& entry) { return entry.loaded.key == *key; });
     if (same != m_entries.end()) {
-        return tr("A module with the key \"%1\" is already there, from %2.").arg(*key, same->loaded.file);
+        return tr("A module with the key \"%1\" is already loaded from %2.").arg(*key, same->loaded.file);
     }
     return QString();
 }

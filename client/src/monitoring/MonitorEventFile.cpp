@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 longestLine = qint64(1024) * 1024; // [bytes]
+constexpr qint64 LongestLine = qint64(1024) * 1024; // [bytes]
 
 std::optional<MonitorEvent> Parse(const QByteArray& line)
 {
@@ -19,10 +19,12 @@ std::optional<MonitorEvent> Parse(const QByteArray& line)
     event.id = record.value(QLatin1String("id")).toString();
     event.page = record.value(QLatin1String("page")).toString();
     const QJsonArray parameters = record.value(QLatin1String("parameters")).toArray();
-    for (const QJsonValue& parameter : parameters)
+    for (const QJsonValue& parameter : parameters) {
         event.parameters.append(parameter.toString());
-    if (event.id.isEmpty() || !event.time.isValid())
+    }
+    if (event.id.isEmpty() || !event.time.isValid()) {
         return std::nullopt;
+    }
     return event;
 }
 
@@ -33,14 +35,17 @@ QVector<MonitorEvent> MonitorEventFile::Load(const QStringList& files, int limit
     QVector<MonitorEvent> events;
     for (const QString& name : files) {
         QFile file(name);
-        if (!file.open(QIODevice::ReadOnly))
+        if (!file.open(QIODevice::ReadOnly)) {
             continue;
+        }
         while (!file.atEnd()) {
-            if (const std::optional<MonitorEvent> event = Parse(file.readLine(longestLine)))
+            if (const std::optional<MonitorEvent> event = Parse(file.readLine(LongestLine))) {
                 events.append(*event);
+            }
         }
     }
-    if (events.size() > limit)
+    if (events.size() > limit) {
         events.remove(0, events.size() - limit);
+    }
     return events;
 }

@@ -40,7 +40,7 @@ void MonitorRecorder::ReportEvent(const QString& eventId, const QString& pageId,
                          file.write(line) == line.size() && file.flush();
     if (!written && !m_failed) {
         qCWarning(logMonitor).noquote()
-            << "events cannot be kept in" << GetFile() << ":" << file.errorString();
+            << "cannot record events in" << GetFile() << ":" << file.errorString();
     }
     m_failed = !written;
     Q_EMIT SigReported(eventId, pageId, parameters);

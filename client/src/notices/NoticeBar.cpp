@@ -28,10 +28,11 @@ void NoticeBar::Show(const QString& id, NoticeKind kind, const QString& text,
         item = new NoticeItem(this);
         m_layout->addWidget(item);
         connect(item, &NoticeItem::SigDone, this, [this, id](const std::function<void()>& then) {
-            const std::function<void()> action = then; // the bar that holds it goes first
+            const std::function<void()> action = then; // Hide destroys the bar that owns `then`
             Hide(id);
-            if (action)
+            if (action) {
                 action();
+            }
         });
     }
     item->SetProgress(-1);
@@ -42,26 +43,30 @@ void NoticeBar::Show(const QString& id, NoticeKind kind, const QString& text,
 
 void NoticeBar::SetText(const QString& id, const QString& text)
 {
-    if (NoticeItem* item = m_items.value(id))
+    if (NoticeItem* item = m_items.value(id)) {
         item->SetText(text);
+    }
 }
 
 void NoticeBar::SetProgress(const QString& id, int percent)
 {
-    if (NoticeItem* item = m_items.value(id))
+    if (NoticeItem* item = m_items.value(id)) {
         item->SetProgress(percent);
+    }
 }
 
 void NoticeBar::Hide(const QString& id)
 {
     NoticeItem* item = m_items.take(id);
-    if (!item)
+    if (!item) {
         return;
+    }
     m_layout->removeWidget(item);
     item->hide();
     item->deleteLater();
-    if (m_items.isEmpty())
+    if (m_items.isEmpty()) {
         hide();
+    }
     Q_EMIT SigHidden(id);
 }
 

@@ -12,7 +12,7 @@ void NoticeBoard::SetBar(NoticeBar* bar)
     if (!bar) {
         return;
     }
-    connect(bar, &NoticeBar::SigHidden, this, &NoticeBoard::TakeGone);
+    connect(bar, &NoticeBar::SigHidden, this, &NoticeBoard::HandleGone);
     const std::vector<Notice> waiting = m_notices;
     for (const Notice& notice : waiting) {
         ShowIn(bar, notice);
@@ -40,7 +40,7 @@ void NoticeBoard::Hide(const QString& id)
     if (m_bar) {
         m_bar->Hide(id);
     }
-    TakeGone(id); // the bar may not have had it yet
+    HandleGone(id); // also when the bar never showed it
 }
 
 void NoticeBoard::Retranslate()
@@ -68,7 +68,7 @@ void NoticeBoard::ShowIn(NoticeBar* bar, const Notice& notice)
     bar->Show(notice.id, notice.kind, notice.text(), actions);
 }
 
-void NoticeBoard::TakeGone(const QString& id)
+void NoticeBoard::HandleGone(const QString& id)
 {
     const auto gone = Find(id);
     if (gone != m_notices.end()) {

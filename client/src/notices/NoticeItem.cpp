@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int IconSize = 18;      // [px]
-constexpr int CloseSize = 16;     // of the sign on the close button [px]
+constexpr int CloseSize = 16;     // of the icon on the close button [px]
 constexpr int ProgressHeight = 4; // [px]
 
 const char* KindName(NoticeKind kind)
@@ -85,7 +85,7 @@ void NoticeItem::Set(NoticeKind kind, const QString& text, const QVector<NoticeA
     m_dismissed = dismissed;
 
     while (QLayoutItem* item = m_buttons->takeAt(0)) {
-        // A bar may be replaced from the click of one of its own buttons.
+        // A click on one of these buttons may be what replaces them.
         item->widget()->hide();
         item->widget()->deleteLater();
         delete item;
@@ -95,10 +95,11 @@ void NoticeItem::Set(NoticeKind kind, const QString& text, const QVector<NoticeA
         button->setObjectName(QStringLiteral("notice_button"));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, action] {
-            if (!action.keepOpen)
+            if (!action.keepOpen) {
                 Q_EMIT SigDone(action.trigger);
-            else if (action.trigger)
+            } else if (action.trigger) {
                 action.trigger();
+            }
         });
         m_buttons->addWidget(button);
     }
@@ -133,8 +134,9 @@ void NoticeItem::AdjustForDpi()
 void NoticeItem::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
 }
 
 void NoticeItem::Retranslate()

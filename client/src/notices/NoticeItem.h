@@ -33,7 +33,7 @@ public:
     void AdjustForDpi() override;
 
 Q_SIGNALS:
-    /// The bar wants to go; what the user chose happens after it has gone.
+    /// The user is done with the bar: hide it, then call `then`, which may be empty.
     void SigDone(const std::function<void()>& then);
 
 protected:

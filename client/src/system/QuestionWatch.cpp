@@ -8,7 +8,7 @@
 
 namespace {
 
-const QString dialogName = QStringLiteral("packaged_msg_box");
+const QString DialogName = QStringLiteral("packaged_msg_box");
 
 QString ToName(int button)
 {
@@ -27,15 +27,15 @@ QuestionWatch::~QuestionWatch() = default;
 
 bool QuestionWatch::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Show && watched->objectName() == dialogName) {
+    if (event->type() == QEvent::Show && watched->objectName() == DialogName) {
         if (auto* const dialog = qobject_cast<QDialog*>(watched)) {
-            TakeQuestion(dialog);
+            HandleQuestion(dialog);
         }
     }
     return QObject::eventFilter(watched, event);
 }
 
-void QuestionWatch::TakeQuestion(QDialog* dialog)
+void QuestionWatch::HandleQuestion(QDialog* dialog)
 {
     const QString text = dialog->accessibleName();
     connect(dialog, &QDialog::finished, this,

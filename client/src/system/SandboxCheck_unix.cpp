@@ -10,8 +10,8 @@ QString CheckSandbox()
         qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") != 0 ||
         qEnvironmentVariable("QTWEBENGINE_CHROMIUM_FLAGS").contains(QLatin1String("--no-sandbox"));
     if (geteuid() == 0 && !switchedOff) {
-        return QStringLiteral("The client does not run as root: web pages could not be kept apart from the "
-                              "system. Please start it as an ordinary user.");
+        return QStringLiteral("The client does not run as root, because web pages could not be isolated "
+                              "from the system. Please start it as an ordinary user.");
     }
     return QString();
 }

@@ -10,10 +10,10 @@
 
 namespace {
 
-// A signal handler may do little more than write to a pipe; the event loop reads the other end.
+// A signal handler can do little more than write to a pipe; the event loop reads the other end.
 int signalPipe[2] = {-1, -1};
 
-void TakeSignal(int)
+void HandleSignal(int)
 {
     const int before = errno;
     const char byte = 1;
@@ -50,12 +50,12 @@ void SystemEndWatch::StartSignals()
         }
         Q_EMIT SigSystemEnd();
     });
-    SetHandler(TakeSignal);
+    SetHandler(HandleSignal);
 }
 
 void SystemEndWatch::StopSignals()
 {
-    // A second signal while the client ends has the system's own effect again.
+    // A second signal during the shutdown has its default effect.
     SetHandler(SIG_DFL);
     for (int& end : signalPipe) {
         if (end >= 0) {

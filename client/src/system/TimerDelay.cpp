@@ -5,9 +5,9 @@
 TimerDelay::TimerDelay()
 {
     m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer); // the others may be early
+    m_timer.setTimerType(Qt::PreciseTimer); // the other types may fire early
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
-        if (!m_end.hasExpired()) { // even a precise one may be early by part of a millisecond
+        if (!m_end.hasExpired()) { // even a precise timer may fire a fraction of a millisecond early
             m_timer.start(1);
             return;
         }

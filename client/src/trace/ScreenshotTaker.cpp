@@ -9,8 +9,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(logScreenshot, "tl.client.screenshot")
 
-// A page is painted by a process of its own, some frames after it has loaded.
-constexpr int settleTime = 500; // [ms]
+// The web engine paints a page in another process, a few frames after the page has loaded.
+constexpr int SettleTime = 500; // [ms]
 
 } // namespace
 
@@ -18,8 +18,8 @@ ScreenshotTaker::ScreenshotTaker(MainWindow* window, const QString& file, QObjec
     : QObject(parent), m_window(window), m_file(file)
 {
     m_settle.setSingleShot(true);
-    m_settle.setInterval(settleTime);
-    connect(&m_settle, &QTimer::timeout, this, &ScreenshotTaker::TakeWhenIdle);
+    m_settle.setInterval(SettleTime);
+    connect(&m_settle, &QTimer::timeout, this, &ScreenshotTaker::SaveWhenIdle);
     const auto again = [this] {
         if (m_armed) {
             m_settle.start();
@@ -40,13 +40,13 @@ void ScreenshotTaker::Arm()
 void ScreenshotTaker::TakeNow()
 {
     if (!m_window->grab().save(m_file, "PNG")) {
-        qCWarning(logScreenshot).noquote() << "the picture cannot be saved as" << m_file;
+        qCWarning(logScreenshot).noquote() << "cannot save the screenshot as" << m_file;
     }
 }
 
-void ScreenshotTaker::TakeWhenIdle()
+void ScreenshotTaker::SaveWhenIdle()
 {
-    // While a tab loads, SigIdle is still to come.
+    // SigIdle comes when the last tab has loaded.
     if (!m_window->IsLoading()) {
         TakeNow();
     }

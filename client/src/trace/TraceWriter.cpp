@@ -14,7 +14,7 @@ TraceWriter::TraceWriter()
 bool TraceWriter::Open(const QString& file, QString* problem)
 {
     m_file.setFileName(file);
-    // Unbuffered: a line is in the file when Write returns, also when the process is killed right after.
+    // Unbuffered: a line is in the file when Write returns, even if the process is killed right after.
     if (m_file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
         return true;
     }
@@ -33,7 +33,7 @@ void TraceWriter::AddSecret(const QString& secret)
             m_secrets.append(form);
         }
     }
-    // The longest first, so that no rest of one stays because another is a part of it.
+    // Longest first: replacing a secret that is part of another would leave the rest of the longer one.
     std::sort(m_secrets.begin(), m_secrets.end(),
               [](const QString& a, const QString& b) { return a.size() > b.size(); });
 }

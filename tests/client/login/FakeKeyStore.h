@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-/// A key store in memory. Answers when the test says so, never inside the call.
+/// A key store in memory that answers when the test says so, never inside the call.
 class FakeKeyStore final : public IKeyStore
 {
 public:
@@ -17,7 +17,7 @@ public:
     void Write(const QString& name, const QString& secret, DoneAnswer answer) override;
     void Remove(const QString& name, DoneAnswer answer) override;
 
-    /// Gives all answers that wait, and those that come up meanwhile.
+    /// Gives all waiting answers, and those that they lead to.
     void Answer();
 
     QMap<QString, QString> secrets;

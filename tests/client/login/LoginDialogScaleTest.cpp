@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int scales[] = {100, 125, 150, 200};
+constexpr int Scales[] = {100, 125, 150, 200};
 
 LoginProblem WrongPassword()
 {
@@ -32,7 +32,7 @@ LoginProblem LongProblem()
 
 using State = std::function<void(LoginDialog*)>;
 
-const State states[] = {
+const State States[] = {
     [](LoginDialog*) {},
     [](LoginDialog* dialog) { dialog->ShowProblem(WrongPassword()); },
     [](LoginDialog* dialog) { dialog->ShowProblem(LongProblem()); },
@@ -43,7 +43,7 @@ const State states[] = {
     [](LoginDialog* dialog) { dialog->SetBusy(true); },
 };
 
-/// Where everything that is to be seen stands, by its name.
+/// The geometry of every visible widget, by its name.
 QMap<QString, QRect> GetPlaces(const LoginDialog& dialog)
 {
     QMap<QString, QRect> places = {{QString(), dialog.rect()}};
@@ -57,7 +57,7 @@ QMap<QString, QRect> GetPlaces(const LoginDialog& dialog)
 
 } // namespace
 
-/// The dialog in the client's theme, at the scale that the user chose.
+/// The dialog in the client's theme, at every scale.
 class LoginDialogScaleTest : public ::testing::Test
 {
 protected:
@@ -83,7 +83,7 @@ protected:
         QCoreApplication::sendPostedEvents();
     }
 
-    std::unique_ptr<LoginDialog> Open(const State& state = states[0])
+    std::unique_ptr<LoginDialog> Open(const State& state = States[0])
     {
         auto dialog = std::make_unique<LoginDialog>(nullptr, [this] { return m_screenHeight; });
         dialog->show();
@@ -130,24 +130,24 @@ TEST_F(LoginDialogScaleTest, LogoMarginsAndGapsAreThoseOfTheScale)
             EXPECT_EQ(at(name).width(), row.field) << name;
         }
     };
-    const auto open = Open(states[1]);
+    const auto open = Open(States[1]);
     for (const auto& row : rows) {
         SCOPED_TRACE(row.scale);
         SetScale(row.scale);
         expect(*open, row);
-        expect(*Open(states[1]), row);
+        expect(*Open(States[1]), row);
     }
 }
 
-TEST_F(LoginDialogScaleTest, OneThatIsOpenBecomesLikeOneThatIsOpenedAfterwards)
+TEST_F(LoginDialogScaleTest, OpenDialogFollowsTheScaleLikeAFreshOne)
 {
-    for (size_t state = 0; state < std::size(states); ++state) {
-        for (const int from : scales) {
+    for (size_t state = 0; state < std::size(States); ++state) {
+        for (const int from : Scales) {
             SetScale(from);
-            const auto open = Open(states[state]);
-            for (const int to : scales) {
+            const auto open = Open(States[state]);
+            for (const int to : Scales) {
                 SetScale(to);
-                EXPECT_EQ(GetPlaces(*open), GetPlaces(*Open(states[state])))
+                EXPECT_EQ(GetPlaces(*open), GetPlaces(*Open(States[state])))
                     << "state " << state << " from " << from << " to " << to;
             }
         }
@@ -156,10 +156,10 @@ TEST_F(LoginDialogScaleTest, OneThatIsOpenBecomesLikeOneThatIsOpenedAfterwards)
 
 TEST_F(LoginDialogScaleTest, NothingIsCutOff)
 {
-    for (const int scale : scales) {
+    for (const int scale : Scales) {
         SetScale(scale);
-        for (size_t state = 0; state < std::size(states); ++state) {
-            const auto dialog = Open(states[state]);
+        for (size_t state = 0; state < std::size(States); ++state) {
+            const auto dialog = Open(States[state]);
             for (const auto* const widget :
                  dialog->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
                 if (!widget->isVisible() || widget->objectName() == QLatin1String("busy_bar")) {
@@ -179,7 +179,7 @@ TEST_F(LoginDialogScaleTest, NothingIsCutOff)
 
 TEST_F(LoginDialogScaleTest, TheButtonBesideThePasswordIsAsHighAsTheField)
 {
-    for (const int scale : scales) {
+    for (const int scale : Scales) {
         SetScale(scale);
         const auto places = GetPlaces(*Open());
         const QRect field = places.value(QStringLiteral("password_edit"));
@@ -189,7 +189,7 @@ TEST_F(LoginDialogScaleTest, TheButtonBesideThePasswordIsAsHighAsTheField)
     }
 }
 
-TEST_F(LoginDialogScaleTest, OnALowScreenLogoMarginsAndGapsGiveWayToTheRest)
+TEST_F(LoginDialogScaleTest, OnALowScreenLogoMarginsAndGapsShrink)
 {
     constexpr int frame = 30;
     struct
@@ -199,12 +199,12 @@ TEST_F(LoginDialogScaleTest, OnALowScreenLogoMarginsAndGapsGiveWayToTheRest)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.screenHeight);
         m_screenHeight = row.screenHeight;
-        for (const int scale : scales) {
+        for (const int scale : Scales) {
             if (scale > row.highestScale) {
                 break;
             }
             SetScale(scale);
-            const auto dialog = Open(states[2]);
+            const auto dialog = Open(States[2]);
             const auto places = GetPlaces(*dialog);
             EXPECT_LE(dialog->height() + frame, row.screenHeight) << scale;
             EXPECT_EQ(places.value(QStringLiteral("pin_edit")).width(), 320 * scale / 100);
@@ -213,7 +213,7 @@ TEST_F(LoginDialogScaleTest, OnALowScreenLogoMarginsAndGapsGiveWayToTheRest)
     }
 }
 
-TEST_F(LoginDialogScaleTest, OnAScreenThatIsTooLowForAllNothingBecomesSmallerThanAtFirst)
+TEST_F(LoginDialogScaleTest, OnAVeryLowScreenNothingIsSmallerThanAtFullSize)
 {
     const int before = Open()->height();
     m_screenHeight = 100;
@@ -225,7 +225,7 @@ TEST_F(LoginDialogScaleTest, OnAScreenThatIsTooLowForAllNothingBecomesSmallerTha
     EXPECT_EQ(dialog->width(), 640 + 2 * 40);
 }
 
-TEST_F(LoginDialogScaleTest, AnotherScaleLeavesWhatIsTypedAndTheFocus)
+TEST_F(LoginDialogScaleTest, ChangeOfScaleKeepsTheTextAndTheFocus)
 {
     const auto dialog = Open();
     dialog->SetPin(QStringLiteral("demo"));

@@ -64,7 +64,7 @@ TEST_F(LoginDialogTest, TypingBothAndEnterLogsIn)
     EXPECT_FALSE(m_logIn.at(0).at(2).toBool());
 }
 
-TEST_F(LoginDialogTest, ClickOnTheButtonLogsInAndKeepsTheSession)
+TEST_F(LoginDialogTest, ClickOnTheButtonLogsInAndAsksToStaySignedIn)
 {
     m_dialog.SetStaySignedInAvailable(true, QString());
     Type("demo");
@@ -76,7 +76,7 @@ TEST_F(LoginDialogTest, ClickOnTheButtonLogsInAndKeepsTheSession)
     EXPECT_TRUE(m_logIn.at(0).at(2).toBool());
 }
 
-TEST_F(LoginDialogTest, EmptyPinIsSaidAndTakesTheFocus)
+TEST_F(LoginDialogTest, EmptyPinIsReportedAndGetsTheFocus)
 {
     Type("   ");
     Password()->setFocus();
@@ -87,7 +87,7 @@ TEST_F(LoginDialogTest, EmptyPinIsSaidAndTakesTheFocus)
     EXPECT_EQ(QApplication::focusWidget(), Pin());
 }
 
-TEST_F(LoginDialogTest, EmptyPasswordIsSaidAndTakesTheFocus)
+TEST_F(LoginDialogTest, EmptyPasswordIsReportedAndGetsTheFocus)
 {
     Type("demo");
     Press(Qt::Key_Return);
@@ -106,11 +106,11 @@ TEST_F(LoginDialogTest, RememberedPinLeavesOnlyThePasswordToType)
     EXPECT_EQ(m_logIn.at(0).at(0).toString(), QStringLiteral("demo"));
 }
 
-TEST_F(LoginDialogTest, TypingAnswersTheMessage)
+TEST_F(LoginDialogTest, TypingClearsTheMessage)
 {
     m_dialog.SetPin(QStringLiteral("demo"));
     m_dialog.ShowProblem({LoginProblem::Kind::WrongPassword, QString(), QDateTime()});
-    EXPECT_EQ(Message(), "Account or password is wrong.");
+    EXPECT_EQ(Message(), "The account or password is incorrect.");
     Type("x");
     EXPECT_EQ(Message(), "");
 }
@@ -139,7 +139,7 @@ TEST_F(LoginDialogTest, PasswordCanBeShownAndHidesAtTheLogIn)
     EXPECT_EQ(show->text(), QStringLiteral("Show"));
 }
 
-TEST_F(LoginDialogTest, WhileBusyNothingCanBeChangedAndEscapeCancels)
+TEST_F(LoginDialogTest, WhileBusyNothingCanBeChanged)
 {
     m_dialog.SetPin(QStringLiteral("demo"));
     Type("secret");
@@ -148,6 +148,11 @@ TEST_F(LoginDialogTest, WhileBusyNothingCanBeChangedAndEscapeCancels)
     EXPECT_FALSE(Password()->isEnabled());
     EXPECT_FALSE(LogInButton()->isEnabled());
     EXPECT_TRUE(Find<QPushButton>("cancel_button")->isVisible());
+}
+
+TEST_F(LoginDialogTest, EscapeAndTheButtonCancelARunningLogIn)
+{
+    m_dialog.SetBusy(true);
     Press(Qt::Key_Escape);
     EXPECT_EQ(m_cancel.count(), 1);
     EXPECT_EQ(m_rejected.count(), 0);
@@ -194,15 +199,26 @@ TEST_F(LoginDialogTest, WithoutAKeyStoreTheBoxIsOffAndSaysWhy)
     EXPECT_FALSE(box->isEnabled());
     EXPECT_FALSE(box->isChecked());
     EXPECT_EQ(box->toolTip(), QStringLiteral("<p>There is no key store.</p>"));
+}
+
+TEST_F(LoginDialogTest, WithoutAKeyStoreTheBoxStaysOffAfterALogIn)
+{
+    m_dialog.SetStaySignedInAvailable(false, QStringLiteral("There is no key store."));
     m_dialog.SetBusy(true);
     m_dialog.SetBusy(false);
-    EXPECT_FALSE(box->isEnabled());
+    EXPECT_FALSE(Find<QCheckBox>("stay_box")->isEnabled());
+}
+
+TEST_F(LoginDialogTest, KeyStoreThatAnswersLateSwitchesTheBoxOn)
+{
+    auto* const box = Find<QCheckBox>("stay_box");
+    m_dialog.SetStaySignedInAvailable(false, QStringLiteral("There is no key store."));
     m_dialog.SetStaySignedInAvailable(true, QString());
     EXPECT_TRUE(box->isEnabled());
     EXPECT_TRUE(box->toolTip().isEmpty());
 }
 
-TEST_F(LoginDialogTest, LettersThatComeOutWrongHintAtCapsLock)
+TEST_F(LoginDialogTest, LettersInTheWrongCaseHintAtCapsLock)
 {
     auto* const hint = Find<QLabel>("caps_label");
     Password()->setFocus();
@@ -215,7 +231,7 @@ TEST_F(LoginDialogTest, LettersThatComeOutWrongHintAtCapsLock)
     EXPECT_FALSE(hint->isVisible());
 }
 
-TEST_F(LoginDialogTest, MessageGoesAlongWithTheLanguage)
+TEST_F(LoginDialogTest, MessageFollowsTheLanguage)
 {
     class Translator final : public QTranslator
     {
@@ -229,11 +245,11 @@ TEST_F(LoginDialogTest, MessageGoesAlongWithTheLanguage)
     m_dialog.ShowProblem({LoginProblem::Kind::WrongPassword, QString(), QDateTime()});
     ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
     QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(Message(), "<Account or password is wrong.>");
+    EXPECT_EQ(Message(), "<The account or password is incorrect.>");
     EXPECT_EQ(LogInButton()->text(), QStringLiteral("<Log in>"));
     QCoreApplication::removeTranslator(&translator);
     QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(Message(), "Account or password is wrong.");
+    EXPECT_EQ(Message(), "The account or password is incorrect.");
 }
 
 TEST(LoginTextsTest, EveryProblemHasASentenceOfItsOwn)

@@ -55,7 +55,7 @@ GatewaySettings SettingsFor(const QUrl& address)
 
 } // namespace
 
-/// The way from the dialog over a real connection to a gateway that says what the test wants.
+/// From the dialog over a real connection to a gateway that answers as the test wants.
 class LoginFlowTest : public ::testing::Test
 {
 protected:
@@ -121,9 +121,9 @@ protected:
     Provided<IDsmGateway> m_gatewayProvided{&m_gateway};
     Provided<IHttpManager> m_httpProvided{&m_http};
     FakeKeyStore m_keyStore;
-    SavedSession m_kept{&m_keyStore, [] { return QDateTime(QDate(2026, 11, 21), QTime(8, 0), Qt::UTC); }};
+    SavedSession m_saved{&m_keyStore, [] { return QDateTime(QDate(2026, 11, 21), QTime(8, 0), Qt::UTC); }};
     LoginService m_service;
-    LoginFlow m_flow{&m_service, &m_kept, &m_keyStore};
+    LoginFlow m_flow{&m_service, &m_saved, &m_keyStore};
     QVector<Session> m_sessions;
     LoginFlow::Origin m_origin = LoginFlow::Origin::Saved;
 };
@@ -140,8 +140,15 @@ TEST_F(LoginFlowTest, PasswordTypedAndAcceptedGivesTheSession)
     EXPECT_EQ(m_sessions[0].accessToken, QStringLiteral("token"));
     EXPECT_EQ(m_sessions[0].expiresAt, QDateTime(QDate(2026, 12, 21), QTime(8, 0), Qt::UTC));
     EXPECT_TRUE(m_flow.GetDialog()->IsBusy()); // until the main window is there
-    EXPECT_FALSE(m_kept.HasRecord());
+    EXPECT_FALSE(m_saved.HasRecord());
+}
 
+TEST_F(LoginFlowTest, RequestNamesTheDeviceAndCarriesNoToken)
+{
+    m_server.Enqueue(GoodReply());
+    ShowDialog();
+    TypeAndEnter("secret");
+    ASSERT_TRUE(WaitUntil([this] { return !m_sessions.isEmpty(); }));
     EXPECT_EQ(Parameters(0).queryItemValue(QStringLiteral("method")), QStringLiteral("dsm.tl.pc.user.login"));
     EXPECT_EQ(Parameters(0).queryItemValue(QStringLiteral("access_token")), QString());
     const QJsonObject expected{{QStringLiteral("deviceId"), QStringLiteral("device")},
@@ -156,7 +163,7 @@ TEST_F(LoginFlowTest, WrongPasswordIsSaidAndTheSecondTryCounts)
     m_server.Enqueue(Reply("2001", "wrong pin or password", "null", 401));
     m_server.Enqueue(GoodReply());
     ShowDialog();
-    EXPECT_EQ(MessageAfterLogIn(), "Account or password is wrong.");
+    EXPECT_EQ(MessageAfterLogIn(), "The account or password is incorrect.");
     TypeAndEnter("right");
     EXPECT_TRUE(WaitUntil([this] { return m_sessions.size() == 1; }));
 }
@@ -175,7 +182,7 @@ TEST_F(LoginFlowTest, ClockThatIsOffSaysTheRightTime)
 {
     m_server.Enqueue(Reply("1006", "the gateway's time is 2026-11-21 08:15:00", "null", 401));
     ShowDialog();
-    EXPECT_EQ(MessageAfterLogIn().rfind("The clock of this computer is wrong. It should say ", 0), 0U);
+    EXPECT_EQ(MessageAfterLogIn().rfind("This computer's clock is wrong. It should show ", 0), 0U);
 }
 
 TEST_F(LoginFlowTest, ClientThatTheGatewayDoesNotKnowIsNotSetUp)
@@ -186,7 +193,7 @@ TEST_F(LoginFlowTest, ClientThatTheGatewayDoesNotKnowIsNotSetUp)
     ShowDialog();
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(MessageAfterLogIn(),
-                  "This client is not set up for the gateway. Please ask your administrator.");
+                  "This client is not set up for this gateway. Please contact your administrator.");
     }
 }
 
@@ -194,12 +201,12 @@ TEST_F(LoginFlowTest, BusyServerIsSaid)
 {
     m_server.Enqueue(Reply("5001", "busy", "null", 503));
     ShowDialog();
-    EXPECT_EQ(MessageAfterLogIn(), "The gateway is busy at the moment. Please try again soon.");
+    EXPECT_EQ(MessageAfterLogIn(), "The gateway is busy. Please try again shortly.");
 }
 
 TEST_F(LoginFlowTest, AnswerThatIsNoGatewaysIsSaid)
 {
-    const char* const expected = "The answer could not be understood. Is this the address of the gateway?";
+    const char* const expected = "The reply could not be read. Is this the gateway's address?";
     m_server.Enqueue(ScriptedReply::Html("<html>It works!</html>"));
     m_server.Enqueue(Reply("0", "", "{}"));
     m_server.Enqueue(Reply("0", ""));
@@ -244,26 +251,30 @@ TEST_F(LoginFlowTest, CancelledLogInThatStillSucceedsIsEndedAtTheGateway)
     EXPECT_EQ(Param(1).value(QStringLiteral("belongType")).toString(), QStringLiteral("merchant"));
 }
 
-TEST_F(LoginFlowTest, CommandLineLogInShowsNoDialogUnlessItFails)
+TEST_F(LoginFlowTest, CommandLineLogInShowsNoDialog)
 {
     QSignalSpy comes(&m_flow, &LoginFlow::SigDialogComes);
-    QSignalSpy failed(&m_flow, &LoginFlow::SigFailed);
     m_server.Enqueue(GoodReply());
-    m_server.Enqueue(Reply("2001", "wrong", "null", 401));
     m_flow.StartWith(QStringLiteral("demo"), QStringLiteral("secret"));
     ASSERT_TRUE(WaitUntil([this] { return m_sessions.size() == 1; }));
     EXPECT_EQ(m_origin, LoginFlow::Origin::CommandLine);
     EXPECT_EQ(comes.count(), 0);
+}
 
+TEST_F(LoginFlowTest, CommandLineLogInThatFailsShowsTheDialogAndSaysWhy)
+{
+    QSignalSpy comes(&m_flow, &LoginFlow::SigDialogComes);
+    QSignalSpy failed(&m_flow, &LoginFlow::SigFailed);
+    m_server.Enqueue(Reply("2001", "wrong", "null", 401));
     m_flow.StartWith(QStringLiteral("demo"), QStringLiteral("wrong"));
     ASSERT_TRUE(WaitUntil([&failed] { return failed.count() == 1; }));
     EXPECT_EQ(comes.count(), 1);
     ASSERT_NE(m_flow.GetDialog(), nullptr);
     EXPECT_EQ(Find<QLineEdit>("pin_edit")->text(), QStringLiteral("demo"));
-    EXPECT_EQ(Find<QLabel>("login_message")->text(), QStringLiteral("Account or password is wrong."));
+    EXPECT_EQ(Find<QLabel>("login_message")->text(), QStringLiteral("The account or password is incorrect."));
 }
 
-TEST_F(LoginFlowTest, TickedBoxKeepsTheSessionAndTheNextStartTakesIt)
+TEST_F(LoginFlowTest, TickedBoxSavesTheSessionForTheNextStart)
 {
     m_server.Enqueue(GoodReply());
     ShowDialog();
@@ -272,7 +283,7 @@ TEST_F(LoginFlowTest, TickedBoxKeepsTheSessionAndTheNextStartTakesIt)
     TypeAndEnter("secret");
     ASSERT_TRUE(WaitUntil([this] { return m_sessions.size() == 1; }));
     m_keyStore.Answer();
-    EXPECT_TRUE(m_kept.HasRecord());
+    EXPECT_TRUE(m_saved.HasRecord());
     m_flow.CloseDialog();
 
     QSignalSpy comes(&m_flow, &LoginFlow::SigDialogComes);
@@ -285,9 +296,9 @@ TEST_F(LoginFlowTest, TickedBoxKeepsTheSessionAndTheNextStartTakesIt)
     EXPECT_EQ(m_server.GetRequestCount(), 1);
 }
 
-TEST_F(LoginFlowTest, LogInWithoutTheTickForgetsTheSessionKeptBefore)
+TEST_F(LoginFlowTest, LogInWithoutTheTickForgetsTheSavedSession)
 {
-    m_kept.Keep({QStringLiteral("old"), QString(), QStringLiteral("old-token"), QDateTime()}, [](bool) {});
+    m_saved.Save({QStringLiteral("old"), QString(), QStringLiteral("old-token"), QDateTime()}, [](bool) {});
     m_keyStore.Answer();
     m_server.Enqueue(GoodReply());
     m_flow.ShowDialog(QStringLiteral("demo"), LoginProblem());
@@ -295,27 +306,27 @@ TEST_F(LoginFlowTest, LogInWithoutTheTickForgetsTheSessionKeptBefore)
     TypeAndEnter("secret");
     ASSERT_TRUE(WaitUntil([this] { return m_sessions.size() == 1; }));
     m_keyStore.Answer();
-    EXPECT_FALSE(m_kept.HasRecord());
+    EXPECT_FALSE(m_saved.HasRecord());
     EXPECT_TRUE(m_keyStore.secrets.isEmpty());
 }
 
-TEST_F(LoginFlowTest, SessionThatCannotBeKeptIsSaidAndUsedAllTheSame)
+TEST_F(LoginFlowTest, SessionThatCannotBeSavedIsReportedAndStillUsed)
 {
     m_keyStore.refusesToWrite = true;
-    QSignalSpy keepFailed(&m_flow, &LoginFlow::SigKeepFailed);
+    QSignalSpy saveFailed(&m_flow, &LoginFlow::SigSaveFailed);
     m_server.Enqueue(GoodReply());
     ShowDialog();
     Find<QCheckBox>("stay_box")->setChecked(true);
     TypeAndEnter("secret");
     ASSERT_TRUE(WaitUntil([this] { return m_sessions.size() == 1; }));
     m_keyStore.Answer();
-    EXPECT_EQ(keepFailed.count(), 1);
+    EXPECT_EQ(saveFailed.count(), 1);
 }
 
-TEST_F(LoginFlowTest, ExpiredKeptSessionBringsTheDialogAndSaysSo)
+TEST_F(LoginFlowTest, ExpiredSavedSessionShowsTheDialogAndSaysSo)
 {
     const QDateTime past(QDate(2026, 11, 20), QTime(8, 0), Qt::UTC);
-    m_kept.Keep({QStringLiteral("demo"), QString(), QStringLiteral("token"), past}, [](bool) {});
+    m_saved.Save({QStringLiteral("demo"), QString(), QStringLiteral("token"), past}, [](bool) {});
     m_keyStore.Answer();
     m_flow.Start(QStringLiteral("demo"), LoginProblem());
     m_keyStore.Answer();

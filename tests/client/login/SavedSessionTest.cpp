@@ -30,17 +30,17 @@ protected:
         return {QStringLiteral("demo"), QStringLiteral("merchant"), QStringLiteral("token"),
                 m_now.addDays(30)};
     }
-    void Keep(const Session& session)
+    void Save(const Session& session)
     {
-        bool kept = false;
-        m_kept.Keep(session, [&kept](bool ok) { kept = ok; });
+        bool saved = false;
+        m_saved.Save(session, [&saved](bool ok) { saved = ok; });
         m_store.Answer();
-        ASSERT_TRUE(kept);
+        ASSERT_TRUE(saved);
     }
     Session Load()
     {
         std::optional<Session> loaded;
-        m_kept.Load([this, &loaded](const Session& session, LoginProblem::Kind problem) {
+        m_saved.Load([this, &loaded](const Session& session, LoginProblem::Kind problem) {
             EXPECT_FALSE(loaded.has_value());
             loaded = session;
             m_problem = problem;
@@ -53,21 +53,21 @@ protected:
     QTemporaryDir m_folder;
     FakeKeyStore m_store;
     QDateTime m_now{QDate(2026, 11, 21), QTime(8, 0), Qt::UTC};
-    SavedSession m_kept{&m_store, [this] { return m_now; }};
+    SavedSession m_saved{&m_store, [this] { return m_now; }};
     LoginProblem::Kind m_problem = LoginProblem::Kind::None;
 };
 
 TEST_F(SavedSessionTest, WithoutOneThereIsNothingAndNoProblem)
 {
-    EXPECT_FALSE(m_kept.HasRecord());
+    EXPECT_FALSE(m_saved.HasRecord());
     EXPECT_TRUE(Load().IsEmpty());
     EXPECT_EQ(m_problem, LoginProblem::Kind::None);
 }
 
-TEST_F(SavedSessionTest, KeptSessionComesBackWhole)
+TEST_F(SavedSessionTest, SavedSessionComesBackWhole)
 {
-    Keep(Demo());
-    EXPECT_TRUE(m_kept.HasRecord());
+    Save(Demo());
+    EXPECT_TRUE(m_saved.HasRecord());
     const Session session = Load();
     EXPECT_EQ(session.pin, QStringLiteral("demo"));
     EXPECT_EQ(session.belongType, QStringLiteral("merchant"));
@@ -79,7 +79,7 @@ TEST_F(SavedSessionTest, TokenStandsInTheKeyStoreOnly)
 {
     Session session = Demo();
     session.accessToken = QStringLiteral("a-token-to-look-for");
-    Keep(session);
+    Save(session);
     ASSERT_TRUE(VXSettingManager::Instance()->Flush());
     VXSettingManager::Instance()->Close();
     for (const QFileInfo& file : QDir(m_folder.path()).entryInfoList(QDir::Files)) {
@@ -92,11 +92,11 @@ TEST_F(SavedSessionTest, TokenStandsInTheKeyStoreOnly)
 
 TEST_F(SavedSessionTest, ExpiredOneIsForgottenAndSaidToBe)
 {
-    Keep(Demo());
+    Save(Demo());
     m_now = m_now.addDays(30);
     EXPECT_TRUE(Load().IsEmpty());
     EXPECT_EQ(m_problem, LoginProblem::Kind::SessionExpired);
-    EXPECT_FALSE(m_kept.HasRecord());
+    EXPECT_FALSE(m_saved.HasRecord());
     EXPECT_TRUE(m_store.secrets.isEmpty());
 }
 
@@ -104,44 +104,44 @@ TEST_F(SavedSessionTest, SessionWithoutExpiryDoesNotExpire)
 {
     Session session = Demo();
     session.expiresAt = QDateTime();
-    Keep(session);
+    Save(session);
     m_now = m_now.addYears(5);
     EXPECT_EQ(Load().accessToken, QStringLiteral("token"));
 }
 
 TEST_F(SavedSessionTest, TokenThatIsGoneFromTheKeyStoreEndsTheSession)
 {
-    Keep(Demo());
+    Save(Demo());
     m_store.secrets.clear();
     EXPECT_TRUE(Load().IsEmpty());
     EXPECT_EQ(m_problem, LoginProblem::Kind::SessionRefused);
-    EXPECT_FALSE(m_kept.HasRecord());
+    EXPECT_FALSE(m_saved.HasRecord());
 }
 
-TEST_F(SavedSessionTest, KeyStoreThatRefusesLeavesNothingKept)
+TEST_F(SavedSessionTest, KeyStoreThatRefusesLeavesNothingSaved)
 {
     m_store.refusesToWrite = true;
-    bool kept = true;
-    m_kept.Keep(Demo(), [&kept](bool ok) { kept = ok; });
+    bool saved = true;
+    m_saved.Save(Demo(), [&saved](bool ok) { saved = ok; });
     m_store.Answer();
-    EXPECT_FALSE(kept);
-    EXPECT_FALSE(m_kept.HasRecord());
+    EXPECT_FALSE(saved);
+    EXPECT_FALSE(m_saved.HasRecord());
 }
 
 TEST_F(SavedSessionTest, RecordIsNotThereBeforeTheTokenIs)
 {
-    m_kept.Keep(Demo(), [](bool) {});
-    EXPECT_FALSE(m_kept.HasRecord());
+    m_saved.Save(Demo(), [](bool) {});
+    EXPECT_FALSE(m_saved.HasRecord());
     m_store.Answer();
-    EXPECT_TRUE(m_kept.HasRecord());
+    EXPECT_TRUE(m_saved.HasRecord());
 }
 
 TEST_F(SavedSessionTest, ForgettingTakesEffectBeforeTheKeyStoreAnswers)
 {
-    Keep(Demo());
+    Save(Demo());
     bool forgotten = false;
-    m_kept.Forget([&forgotten] { forgotten = true; });
-    EXPECT_FALSE(m_kept.HasRecord());
+    m_saved.Forget([&forgotten] { forgotten = true; });
+    EXPECT_FALSE(m_saved.HasRecord());
     EXPECT_FALSE(forgotten);
     m_store.Answer();
     EXPECT_TRUE(forgotten);
@@ -150,7 +150,7 @@ TEST_F(SavedSessionTest, ForgettingTakesEffectBeforeTheKeyStoreAnswers)
 
 TEST_F(SavedSessionTest, AnotherDeviceIdHasAnotherToken)
 {
-    Keep(Demo());
+    Save(Demo());
     TLGlobalData::Instance()->SetUUID(QStringLiteral("other"));
     EXPECT_TRUE(Load().IsEmpty());
     EXPECT_EQ(m_store.secrets.size(), 1);
@@ -158,11 +158,11 @@ TEST_F(SavedSessionTest, AnotherDeviceIdHasAnotherToken)
 
 TEST_F(SavedSessionTest, AnswerThatComesAfterTheEndIsHarmless)
 {
-    Keep(Demo());
-    auto kept = std::make_unique<SavedSession>(&m_store, [this] { return m_now; });
+    Save(Demo());
+    auto saved = std::make_unique<SavedSession>(&m_store, [this] { return m_now; });
     bool answered = false;
-    kept->Load([&answered](const Session&, LoginProblem::Kind) { answered = true; });
-    kept.reset();
+    saved->Load([&answered](const Session&, LoginProblem::Kind) { answered = true; });
+    saved.reset();
     m_store.Answer();
     EXPECT_FALSE(answered);
 }

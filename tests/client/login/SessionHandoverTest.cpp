@@ -14,13 +14,13 @@
 
 namespace {
 
-const QDateTime now(QDate(2026, 11, 21), QTime(8, 30, 15, 250), Qt::UTC);
+const QDateTime Now(QDate(2026, 11, 21), QTime(8, 30, 15, 250), Qt::UTC);
 
 SessionHandover MakeHandover()
 {
     SessionHandover handover;
     handover.session = {QStringLiteral("demo"), QStringLiteral("merchant"),
-                        QStringLiteral("token \"with\" 密 \n letters"), now.addDays(30)};
+                        QStringLiteral("token \"with\" 密 \n letters"), Now.addDays(30)};
     handover.openTabs = true;
     return handover;
 }
@@ -32,115 +32,124 @@ bool AreSame(const SessionHandover& a, const SessionHandover& b)
            a.openTabs == b.openTabs;
 }
 
-bool IsTaken(const QByteArray& text)
+bool IsAccepted(const QByteArray& text)
 {
-    return SessionHandover::FromText(text, now).has_value();
+    return SessionHandover::FromText(text, Now).has_value();
 }
 
 QByteArray With(const QString& key, const QJsonValue& value)
 {
-    QJsonObject object = QJsonDocument::fromJson(MakeHandover().ToText(now)).object();
+    QJsonObject object = QJsonDocument::fromJson(MakeHandover().ToText(Now)).object();
     object.insert(key, value);
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
 } // namespace
 
-TEST(SessionHandoverTest, WhatIsWrittenIsTaken)
+TEST(SessionHandoverTest, WrittenTextIsRead)
+{
+    const SessionHandover handover = MakeHandover();
+    const auto read = SessionHandover::FromText(handover.ToText(Now), Now);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_TRUE(AreSame(*read, handover));
+}
+
+TEST(SessionHandoverTest, WrittenTextWithoutOptionalValuesIsRead)
 {
     SessionHandover handover = MakeHandover();
-    const auto taken = SessionHandover::FromText(handover.ToText(now), now);
-    ASSERT_TRUE(taken.has_value());
-    EXPECT_TRUE(AreSame(*taken, handover));
     handover.openTabs = false;
     handover.session.expiresAt = QDateTime();
     handover.session.belongType.clear();
-    const auto second = SessionHandover::FromText(handover.ToText(now), now);
-    ASSERT_TRUE(second.has_value());
-    EXPECT_TRUE(AreSame(*second, handover));
+    const auto read = SessionHandover::FromText(handover.ToText(Now), Now);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_TRUE(AreSame(*read, handover));
 }
 
 TEST(SessionHandoverTest, TextIsOneLine)
 {
-    const QByteArray text = MakeHandover().ToText(now);
+    const QByteArray text = MakeHandover().ToText(Now);
     EXPECT_EQ(text.indexOf('\n'), text.size() - 1);
 }
 
 TEST(SessionHandoverTest, TextIsGoodForAMinute)
 {
-    const QByteArray text = MakeHandover().ToText(now);
-    EXPECT_TRUE(SessionHandover::FromText(text, now.addSecs(60)).has_value());
-    EXPECT_FALSE(SessionHandover::FromText(text, now.addSecs(61)).has_value());
-    EXPECT_FALSE(SessionHandover::FromText(text, now.addYears(100)).has_value());
-    EXPECT_TRUE(SessionHandover::FromText(text, now.addSecs(-60)).has_value()) << "a clock that was put back";
-    EXPECT_FALSE(SessionHandover::FromText(text, now.addSecs(-61)).has_value());
+    const QByteArray text = MakeHandover().ToText(Now);
+    EXPECT_TRUE(SessionHandover::FromText(text, Now.addSecs(60)).has_value());
+    EXPECT_FALSE(SessionHandover::FromText(text, Now.addSecs(61)).has_value());
+    EXPECT_FALSE(SessionHandover::FromText(text, Now.addYears(100)).has_value());
+    EXPECT_TRUE(SessionHandover::FromText(text, Now.addSecs(-60)).has_value()) << "a clock that was set back";
+    EXPECT_FALSE(SessionHandover::FromText(text, Now.addSecs(-61)).has_value());
+}
+
+TEST(SessionHandoverTest, TextWithoutAValidTimeIsRefused)
+{
     for (const QJsonValue& when : {QJsonValue(), QJsonValue(QString()), QJsonValue(QStringLiteral("soon")),
                                    QJsonValue(1234567890), QJsonValue(true)}) {
-        EXPECT_FALSE(IsTaken(With(QStringLiteral("written"), when)));
+        EXPECT_FALSE(IsAccepted(With(QStringLiteral("written"), when)));
     }
 }
 
 TEST(SessionHandoverTest, AnotherVersionIsRefused)
 {
-    EXPECT_TRUE(IsTaken(With(QStringLiteral("version"), 1)));
+    EXPECT_TRUE(IsAccepted(With(QStringLiteral("version"), 1)));
     for (const QJsonValue& version : {QJsonValue(), QJsonValue(0), QJsonValue(2), QJsonValue(1.5),
                                       QJsonValue(1e300), QJsonValue(QStringLiteral("1"))}) {
-        EXPECT_FALSE(IsTaken(With(QStringLiteral("version"), version)));
+        EXPECT_FALSE(IsAccepted(With(QStringLiteral("version"), version)));
     }
 }
 
-TEST(SessionHandoverTest, WithoutTokenOrAccountItIsRefused)
+TEST(SessionHandoverTest, TextWithoutTokenOrAccountIsRefused)
 {
     for (const char* key : {"accessToken", "pin"}) {
         for (const QJsonValue& value :
              {QJsonValue(), QJsonValue(QString()), QJsonValue(1), QJsonValue(QJsonArray{1})}) {
-            EXPECT_FALSE(IsTaken(With(QLatin1String(key), value))) << key;
+            EXPECT_FALSE(IsAccepted(With(QLatin1String(key), value))) << key;
         }
     }
-    EXPECT_FALSE(IsTaken(SessionHandover().ToText(now)));
+    EXPECT_FALSE(IsAccepted(SessionHandover().ToText(Now)));
 }
 
-TEST(SessionHandoverTest, CutAnywhereItIsRefused)
+TEST(SessionHandoverTest, TextCutAnywhereIsRefused)
 {
-    const QByteArray text = MakeHandover().ToText(now);
+    const QByteArray text = MakeHandover().ToText(Now);
     for (int size = 0; size < text.size() - 1; ++size) {
-        EXPECT_FALSE(IsTaken(text.left(size))) << size;
-        EXPECT_FALSE(IsTaken(text.mid(size + 1))) << size;
+        EXPECT_FALSE(IsAccepted(text.left(size))) << size;
+        EXPECT_FALSE(IsAccepted(text.mid(size + 1))) << size;
     }
-    EXPECT_TRUE(IsTaken(text.chopped(1))) << "only the end of the line";
+    EXPECT_TRUE(IsAccepted(text.chopped(1))) << "only the end of the line";
 }
 
-TEST(SessionHandoverTest, DamagedBytesNeverBringSomebodyElseIn)
+TEST(SessionHandoverTest, DamagedTextNeverGivesAnEmptySession)
 {
     QRandomGenerator random(20261121);
-    const QByteArray text = MakeHandover().ToText(now);
+    const QByteArray text = MakeHandover().ToText(Now);
     for (int round = 0; round < 5000; ++round) {
         QByteArray damaged = text;
         for (int hits = random.bounded(4); hits >= 0; --hits) {
             damaged[random.bounded(damaged.size())] = static_cast<char>(random.bounded(256));
         }
-        const auto taken = SessionHandover::FromText(damaged, now);
+        const auto taken = SessionHandover::FromText(damaged, Now);
         EXPECT_TRUE(!taken || (!taken->session.pin.isEmpty() && !taken->session.accessToken.isEmpty()));
     }
 }
 
-TEST(SessionHandoverTest, WhatAPersonTypesIsRefused)
+TEST(SessionHandoverTest, TypedTextIsRefused)
 {
     for (const char* typed : {"", "\n", "\r\n", "y\n", "demo\n", "secret\n", "{}\n", "[]\n", "null\n", "1\n",
                               "{\"pin\":\"demo\",\"accessToken\":\"x\"}\n", "\x04", "\xff\xfe\n"}) {
-        EXPECT_FALSE(IsTaken(typed)) << typed;
+        EXPECT_FALSE(IsAccepted(typed)) << typed;
     }
-    EXPECT_FALSE(IsTaken(QByteArray(100000, '[')));
-    EXPECT_FALSE(IsTaken(QByteArray(100, '\0')));
+    EXPECT_FALSE(IsAccepted(QByteArray(100000, '[')));
+    EXPECT_FALSE(IsAccepted(QByteArray(100, '\0')));
 }
 
-TEST(SessionHandoverTest, ProgramThatIsNotThereCannotBeStarted)
+TEST(SessionHandoverTest, MissingProgramCannotBeStarted)
 {
     const QTemporaryDir folder;
     EXPECT_FALSE(MakeHandover().StartProcess(folder.filePath(QStringLiteral("missing")), {}));
 }
 
-/// The same between processes, with a small program in the place of the client.
+/// The hand-over between processes, with a small program in place of the client.
 class SessionHandoverProcessTest : public ::testing::Test
 {
 protected:
@@ -158,13 +167,13 @@ protected:
         m_process.start(QStringLiteral(TL_SESSION_TAKER), {QLatin1String(mode)});
         ASSERT_TRUE(m_process.waitForStarted());
     }
-    /// What somebody else than the client writes to the process's standard input.
+    /// Writes to the process's standard input in place of the client.
     void Write(const QByteArray& text)
     {
         m_process.write(text);
         m_process.closeWriteChannel();
     }
-    /// Waits until the last process has said all.
+    /// Waits until the last process has reported everything.
     [[nodiscard]] bool WaitForEnd()
     {
         return WaitUntil([this] { return Get("end").toBool(); });
@@ -174,7 +183,7 @@ protected:
         QFile file(m_output);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    /// What was said under that name; undefined when nothing was.
+    /// The value reported under this name; undefined when there is none.
     QJsonValue Get(const char* name) const
     {
         const QList<QByteArray> lines = GetOutput().split('\n');
@@ -226,7 +235,7 @@ TEST_F(SessionHandoverProcessTest, TokenStandsNeitherOnTheCommandLineNorInTheEnv
     }
 }
 
-TEST_F(SessionHandoverProcessTest, ClosedInputIsNoSessionAndNoWait)
+TEST_F(SessionHandoverProcessTest, ClosedInputGivesNoSession)
 {
     Start("take");
     Write(QByteArray());
@@ -234,15 +243,15 @@ TEST_F(SessionHandoverProcessTest, ClosedInputIsNoSessionAndNoWait)
     EXPECT_TRUE(Get("first").isNull());
 }
 
-TEST_F(SessionHandoverProcessTest, OldTextIsOfNoUse)
+TEST_F(SessionHandoverProcessTest, OldTextIsRefused)
 {
     Start("take");
     Write(MakeHandover().ToText(QDateTime::currentDateTimeUtc().addSecs(-120)));
     ASSERT_TRUE(WaitForEnd());
-    EXPECT_TRUE(Get("first").isNull()) << "a text that was listened to can be played again";
+    EXPECT_TRUE(Get("first").isNull()) << "a recorded text could be replayed";
 }
 
-TEST_F(SessionHandoverProcessTest, LineIsEnoughAndTheEndNeedNotCome)
+TEST_F(SessionHandoverProcessTest, LineIsEnoughWithoutTheEndOfInput)
 {
     Start("take");
     m_process.write(MakeHandover().ToText(QDateTime::currentDateTimeUtc()));

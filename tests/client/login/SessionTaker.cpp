@@ -1,6 +1,6 @@
-// A client reduced to what the handing over of a session needs. "start" hands a session over to a process
-// of its own kind and ends at once; "take" takes one from its standard input and says what it got, and what
-// the next process gets that reads there.
+// A client reduced to the hand-over of a session. "start" hands a session over to another instance of this
+// program and ends; "take" takes one from its standard input and reports what it got, and what the next
+// process that reads the same input gets.
 
 #include "login/SessionHandover.h"
 

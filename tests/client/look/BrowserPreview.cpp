@@ -151,10 +151,11 @@ int main(int argc, char** argv)
                                QStringLiteral("客服工作台"),
                                QStringLiteral("Settings of the shop"),
                                QStringLiteral("Print station")};
-    for (const QString& name : names)
+    for (const QString& name : names) {
         list << MakeApp(name, name,
                         name == QLatin1String("Print station") ? QString()
                                                                : QStringLiteral("http://127.0.0.1:8000/"));
+    }
     apps.SetPlugins(list);
 
     QTemporaryDir folder;
@@ -224,13 +225,15 @@ int main(int argc, char** argv)
                                       QStringLiteral("Stock of the warehouse"), QString(), false, &window);
         dialog->open();
     }
-    if (parser.isSet(listOption))
+    if (parser.isSet(listOption)) {
         QTimer::singleShot(500, &window, [&window] {
             window.findChild<QToolButton*>(QStringLiteral("strip_list"))->click();
         });
+    }
     constexpr int shownFor = 2000; // [ms]
-    for (int i = 1; i < percents.size(); ++i)
+    for (int i = 1; i < percents.size(); ++i) {
         QTimer::singleShot(i * shownFor, &scales,
                            [&scales, &percents, i] { scales.Apply(percents.at(i).toInt()); });
+    }
     return QApplication::exec();
 }

@@ -29,8 +29,9 @@ void NoteWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     // The test's own platform has no window manager to tell about a dialog.
     const bool ofPlatform = text.startsWith(QStringLiteral("This plugin does not support"));
-    if (type != QtDebugMsg && type != QtInfoMsg && !ofPlatform)
+    if (type != QtDebugMsg && type != QtInfoMsg && !ofPlatform) {
         GetWarnings() << text;
+    }
 }
 
 double GetLuminance(const QColor& color)

@@ -11,14 +11,14 @@
 namespace {
 
 // Read by Qt when the application object is made.
-const bool isSharp = qputenv("QT_FONT_DPI", "144");
+const bool IsSharp = qputenv("QT_FONT_DPI", "144");
 
 class ScaleManagerScreenTest : public ::testing::Test
 {
 protected:
     ScaleManagerScreenTest()
     {
-        EXPECT_TRUE(isSharp);
+        EXPECT_TRUE(IsSharp);
         QFont font = m_before;
         font.setPointSize(9); // 12 px on the usual screen, 18 on this one
         QApplication::setFont(font);

@@ -54,17 +54,20 @@ void AddMeasures(const QLayout& layout, QVector<Measure>* measures)
                              .arg(measures->size())
                              .arg(QLatin1String(layout.parentWidget()->metaObject()->className()),
                                   layout.parentWidget()->objectName());
-    for (const int pixels : {margins.left(), margins.top(), margins.right(), margins.bottom()})
+    for (const int pixels : {margins.left(), margins.top(), margins.right(), margins.bottom()}) {
         measures->append({name, pixels});
+    }
     int parts = 0; // without the gaps, which have no spacing around them
     for (int i = 0; i < layout.count(); ++i) {
-        if (QSpacerItem* gap = layout.itemAt(i)->spacerItem())
+        if (QSpacerItem* gap = layout.itemAt(i)->spacerItem()) {
             measures->append({name + QStringLiteral(", gap"), gap->sizeHint().height()});
-        else
+        } else {
             ++parts;
+        }
     }
-    if (parts > 1)
+    if (parts > 1) {
         measures->append({name + QStringLiteral(", spacing"), layout.spacing()});
+    }
 }
 
 /// Whatever of the widget and its children has been set to a number of pixels.
@@ -75,8 +78,9 @@ QVector<Measure> GetMeasures(const QWidget& top)
     for (const QWidget* widget : widgets) {
         // Qt makes these by itself.
         if (widget->objectName().startsWith(QLatin1String("qt_")) ||
-            qobject_cast<QLineEdit*>(widget->parent()))
+            qobject_cast<QLineEdit*>(widget->parent())) {
             continue;
+        }
         const QString name =
             QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
         const QMargins margins = widget->contentsMargins();
@@ -84,17 +88,21 @@ QVector<Measure> GetMeasures(const QWidget& top)
             measures.append({name + QStringLiteral(", left"), margins.left()});
             measures.append({name + QStringLiteral(", top"), margins.top()});
         }
-        if (widget->maximumWidth() < QWIDGETSIZE_MAX)
+        if (widget->maximumWidth() < QWIDGETSIZE_MAX) {
             measures.append({name + QStringLiteral(", width"), widget->maximumWidth()});
+        }
         // That of a list comes from its rows.
-        if (widget->maximumHeight() < QWIDGETSIZE_MAX && !qobject_cast<const QListWidget*>(widget))
+        if (widget->maximumHeight() < QWIDGETSIZE_MAX && !qobject_cast<const QListWidget*>(widget)) {
             measures.append({name + QStringLiteral(", height"), widget->maximumHeight()});
-        if (const auto* button = qobject_cast<const QToolButton*>(widget))
+        }
+        if (const auto* button = qobject_cast<const QToolButton*>(widget)) {
             measures.append({name + QStringLiteral(", icon"), button->iconSize().width()});
+        }
     }
     const auto layouts = top.findChildren<QLayout*>();
-    for (const QLayout* layout : layouts)
+    for (const QLayout* layout : layouts) {
         AddMeasures(*layout, &measures);
+    }
     return measures;
 }
 
@@ -104,8 +112,9 @@ QRect GetBounds(const QImage& picture, const QColor& color)
     QRect bounds;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixelColor(x, y) == color)
+            if (picture.pixelColor(x, y) == color) {
                 bounds |= QRect(x, y, 1, 1);
+            }
         }
     }
     return bounds;
@@ -138,8 +147,9 @@ protected:
     void SetScale(double scale)
     {
         QFont font = m_font;
-        if (scale > 1)
+        if (scale > 1) {
             font.setPixelSize(qRound(QFontInfo(m_font).pixelSize() * scale));
+        }
         QApplication::setFont(font);
         DpiTool::SetScale(scale);
         QCoreApplication::sendPostedEvents();
@@ -155,9 +165,10 @@ protected:
         const auto expect = [&before](const QWidget& widget, double scale) {
             const QVector<Measure> now = GetMeasures(widget);
             ASSERT_EQ(now.size(), before.size());
-            for (int i = 0; i < now.size(); ++i)
+            for (int i = 0; i < now.size(); ++i) {
                 EXPECT_EQ(now.at(i).pixels, qRound(before.at(i).pixels * scale))
                     << qPrintable(now.at(i).name) << " at " << scale;
+            }
         };
         for (const double scale : {1.5, 2.0, 1.25, 1.0}) {
             SetScale(scale);
@@ -406,8 +417,9 @@ TEST_F(ScaleTest, AnOpenListOfTabsStaysBelowItsButton)
     const QRect screen = m_window->screen()->availableGeometry();
     m_window->resize(600, 600); // so that the button is on the screen
     QStringList titles;
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         titles << QStringLiteral("Tab %1").arg(i);
+    }
     auto* anchor = m_window->findChild<QToolButton*>(QStringLiteral("strip_list"));
     TabListPopup list(titles, 0, nullptr);
     list.setAttribute(Qt::WA_DeleteOnClose, false);
@@ -518,8 +530,9 @@ TEST_F(ScaleTest, ThemedWidgetsAreTwiceAsHighAtTwiceTheScale)
         }
     }
     SetScale(1);
-    for (int i = 0; i < widgets.size(); ++i)
+    for (int i = 0; i < widgets.size(); ++i) {
         EXPECT_EQ(widgets.at(i)->sizeHint(), before.at(i)) << i;
+    }
     qApp->setStyleSheet(QString());
 }
 
@@ -545,8 +558,9 @@ TEST_F(ScaleTest, TheThickerBorderOfTheFocusDoesNotMoveTheText)
     QLineEdit field;
     button.resize(400, 200);
     field.resize(400, 200);
-    for (QWidget* widget : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&field)})
+    for (QWidget* widget : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&field)}) {
         widget->ensurePolished();
+    }
     for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
         SetScale(scale);
         QStyleOptionButton plain;

@@ -10,8 +10,8 @@
 
 #include <functional>
 
-/// A module in the test's own process that writes down each hook as "<key> <hook>", and does what the test
-/// wants where a module may misbehave.
+/// A module in the test's own process that records each hook as "<key> <hook>" and misbehaves as the test
+/// wants.
 class FakeModule final : public IBusinessModule, public ILifeCycle, public IRouteInterceptor
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     LoadedModule AsLoaded() { return {m_key, QString(), this}; }
 
-    /// A hook of this name throws. Empty: none does.
+    /// The hook with this name throws; empty: none does.
     QString throwsIn;
     /// Runs inside each hook. Empty: nothing.
     std::function<void()> during;

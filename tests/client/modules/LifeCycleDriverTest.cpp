@@ -24,7 +24,7 @@ protected:
         m_driver.BeforeMainFrameDestruct();
         m_driver.ExitApp();
     }
-    QStringList Take()
+    QStringList TakeCalls()
     {
         const QStringList calls = m_calls;
         m_calls.clear();
@@ -37,16 +37,16 @@ protected:
     LifeCycleDriver m_driver;
 };
 
-TEST_F(LifeCycleDriverTest, OnTheWayUpModulesHearInTheOrderOfLoading)
+TEST_F(LifeCycleDriverTest, OnTheWayUpTheFirstLoadedIsCalledFirst)
 {
     m_driver.StartApp();
     m_driver.LoginSuccess();
     const QStringList expected{QStringLiteral("a StartApp"), QStringLiteral("b StartApp"),
                                QStringLiteral("a LoginSuccess"), QStringLiteral("b LoginSuccess")};
-    EXPECT_EQ(Take(), expected);
+    EXPECT_EQ(TakeCalls(), expected);
 }
 
-TEST_F(LifeCycleDriverTest, OnTheWayDownTheLastLoadedHearsFirst)
+TEST_F(LifeCycleDriverTest, OnTheWayDownTheLastLoadedIsCalledFirst)
 {
     ComeUp();
     GoDown();
@@ -56,7 +56,7 @@ TEST_F(LifeCycleDriverTest, OnTheWayDownTheLastLoadedHearsFirst)
                                QStringLiteral("a BeforeMainFrameDestruct"),
                                QStringLiteral("b ExitApp"),
                                QStringLiteral("a ExitApp")};
-    EXPECT_EQ(Take(), expected);
+    EXPECT_EQ(TakeCalls(), expected);
 }
 
 TEST_F(LifeCycleDriverTest, FrameIsNotShownBeforeItIsCreated)
@@ -69,8 +69,9 @@ TEST_F(LifeCycleDriverTest, FrameIsNotShownBeforeItIsCreated)
     m_calls.clear();
     m_driver.MainFrameCreate();
     m_driver.MainFrameShow();
-    EXPECT_EQ(Take(), (QStringList{QStringLiteral("a MainFrameCreate"), QStringLiteral("b MainFrameCreate"),
-                                   QStringLiteral("a MainFrameShow"), QStringLiteral("b MainFrameShow")}));
+    EXPECT_EQ(TakeCalls(),
+              (QStringList{QStringLiteral("a MainFrameCreate"), QStringLiteral("b MainFrameCreate"),
+                           QStringLiteral("a MainFrameShow"), QStringLiteral("b MainFrameShow")}));
 }
 
 TEST_F(LifeCycleDriverTest, TellsWhichModulesHookIsRunning)
@@ -83,19 +84,19 @@ TEST_F(LifeCycleDriverTest, TellsWhichModulesHookIsRunning)
     EXPECT_EQ(m_driver.GetRunningModule(), QString());
 }
 
-TEST_F(LifeCycleDriverTest, EachMomentHappensOnce)
+TEST_F(LifeCycleDriverTest, EachHookIsCalledOnce)
 {
     ComeUp();
     m_driver.MainFrameShow();
     m_driver.LoginSuccess();
-    EXPECT_TRUE(Take().isEmpty());
+    EXPECT_TRUE(TakeCalls().isEmpty());
     m_driver.LogOut();
     m_driver.LogOut();
-    EXPECT_EQ(Take().size(), 2);
+    EXPECT_EQ(TakeCalls().size(), 2);
     GoDown();
-    EXPECT_EQ(Take().size(), 6);
+    EXPECT_EQ(TakeCalls().size(), 6);
     GoDown();
-    EXPECT_TRUE(Take().isEmpty());
+    EXPECT_TRUE(TakeCalls().isEmpty());
 }
 
 TEST_F(LifeCycleDriverTest, EndAtTheLoginDialogTakesDownOnlyWhatCameUp)
@@ -105,10 +106,10 @@ TEST_F(LifeCycleDriverTest, EndAtTheLoginDialogTakesDownOnlyWhatCameUp)
     m_calls.clear();
     m_driver.LogOut();
     GoDown();
-    EXPECT_EQ(Take(), (QStringList{QStringLiteral("b ExitApp"), QStringLiteral("a ExitApp")}));
+    EXPECT_EQ(TakeCalls(), (QStringList{QStringLiteral("b ExitApp"), QStringLiteral("a ExitApp")}));
 }
 
-TEST_F(LifeCycleDriverTest, FrameThatWasCreatedAndNeverShownIsTakenDownToo)
+TEST_F(LifeCycleDriverTest, FrameThatWasNeverShownIsTakenDownToo)
 {
     m_driver.StartApp();
     m_driver.LoginSuccess();
@@ -116,7 +117,7 @@ TEST_F(LifeCycleDriverTest, FrameThatWasCreatedAndNeverShownIsTakenDownToo)
     m_driver.MainFrameCreate();
     m_calls.clear();
     GoDown();
-    EXPECT_EQ(Take().filter(QStringLiteral("MainFrameQuit")).size(), 2);
+    EXPECT_EQ(TakeCalls().filter(QStringLiteral("MainFrameQuit")).size(), 2);
 }
 
 TEST_F(LifeCycleDriverTest, HookThatThrowsDoesNotStopTheOthers)
@@ -138,26 +139,26 @@ TEST_F(LifeCycleDriverTest, HookThatThrowsDoesNotStopTheOthers)
         driver.MainFrameQuit();
         driver.BeforeMainFrameDestruct();
         driver.ExitApp();
-        EXPECT_EQ(Take().size(), 20) << hook;
+        EXPECT_EQ(TakeCalls().size(), 20) << hook;
     }
 }
 
-TEST_F(LifeCycleDriverTest, OneRefusalKeepsTheWindowOpen)
+TEST_F(LifeCycleDriverTest, OneRefusalKeepsTheWindowOpenAndTheOthersUnasked)
 {
     ComeUp();
     EXPECT_TRUE(m_driver.MayClose());
     m_calls.clear();
     m_a.beforeClose = BeforeCloseResult::Refuse;
     EXPECT_FALSE(m_driver.MayClose());
-    EXPECT_EQ(Take(), QStringList{QStringLiteral("a BeforeClose")});
+    EXPECT_EQ(TakeCalls(), QStringList{QStringLiteral("a BeforeClose")});
 }
 
-TEST_F(LifeCycleDriverTest, ModuleWithoutHooksIsPassedOver)
+TEST_F(LifeCycleDriverTest, ModuleWithoutHooksIsSkipped)
 {
     m_a.hasHooks = false;
     m_driver.StartApp();
     EXPECT_TRUE(m_driver.MayClose());
-    EXPECT_EQ(Take(), (QStringList{QStringLiteral("b StartApp"), QStringLiteral("b BeforeClose")}));
+    EXPECT_EQ(TakeCalls(), (QStringList{QStringLiteral("b StartApp"), QStringLiteral("b BeforeClose")}));
 }
 
 TEST_F(LifeCycleDriverTest, LoginDialogMayComeTwice)
@@ -165,21 +166,21 @@ TEST_F(LifeCycleDriverTest, LoginDialogMayComeTwice)
     m_driver.StartApp();
     m_driver.BeforeLoginConstruct();
     m_driver.BeforeLoginConstruct();
-    EXPECT_EQ(Take().filter(QStringLiteral("BeforeLoginConstruct")).size(), 4);
+    EXPECT_EQ(TakeCalls().filter(QStringLiteral("BeforeLoginConstruct")).size(), 4);
 }
 
-TEST_F(LifeCycleDriverTest, SystemEndPassesTheQuitOverAndCallsWhatComesAfterItInOrder)
+TEST_F(LifeCycleDriverTest, SystemEndSkipsOnlyTheQuit)
 {
     ComeUp();
     m_driver.PassOverMainFrameQuit();
-    EXPECT_TRUE(Take().isEmpty());
+    EXPECT_TRUE(TakeCalls().isEmpty());
     GoDown();
-    EXPECT_EQ(Take(), (QStringList{QStringLiteral("b BeforeMainFrameDestruct"),
-                                   QStringLiteral("a BeforeMainFrameDestruct"), QStringLiteral("b ExitApp"),
-                                   QStringLiteral("a ExitApp")}));
+    EXPECT_EQ(TakeCalls(), (QStringList{QStringLiteral("b BeforeMainFrameDestruct"),
+                                        QStringLiteral("a BeforeMainFrameDestruct"),
+                                        QStringLiteral("b ExitApp"), QStringLiteral("a ExitApp")}));
 }
 
-TEST_F(LifeCycleDriverTest, SystemEndPassesTheQuitOfAFrameThatWasNeverShownOver)
+TEST_F(LifeCycleDriverTest, SystemEndSkipsTheQuitOfAFrameThatWasNeverShown)
 {
     m_driver.StartApp();
     m_driver.LoginSuccess();
@@ -188,7 +189,7 @@ TEST_F(LifeCycleDriverTest, SystemEndPassesTheQuitOfAFrameThatWasNeverShownOver)
     m_calls.clear();
     m_driver.PassOverMainFrameQuit();
     GoDown();
-    EXPECT_EQ(Take().filter(QStringLiteral("MainFrameQuit")).size(), 0);
+    EXPECT_EQ(TakeCalls().filter(QStringLiteral("MainFrameQuit")).size(), 0);
 }
 
 TEST_F(LifeCycleDriverTest, SystemEndAtTheLoginDialogTakesDownOnlyWhatCameUp)
@@ -198,15 +199,15 @@ TEST_F(LifeCycleDriverTest, SystemEndAtTheLoginDialogTakesDownOnlyWhatCameUp)
     m_driver.PassOverMainFrameQuit();
     m_driver.BeforeMainFrameDestruct();
     m_driver.ExitApp();
-    EXPECT_EQ(Take(), (QStringList{QStringLiteral("b ExitApp"), QStringLiteral("a ExitApp")}));
+    EXPECT_EQ(TakeCalls(), (QStringList{QStringLiteral("b ExitApp"), QStringLiteral("a ExitApp")}));
 }
 
-TEST_F(LifeCycleDriverTest, QuitThatWasCalledIsNotTakenBack)
+TEST_F(LifeCycleDriverTest, PassingOverAfterTheQuitChangesNothing)
 {
     ComeUp();
     m_driver.MainFrameQuit();
     m_calls.clear();
     m_driver.PassOverMainFrameQuit();
     m_driver.BeforeMainFrameDestruct();
-    EXPECT_EQ(Take().size(), 2);
+    EXPECT_EQ(TakeCalls().size(), 2);
 }

@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-/// The name of a library's file, as this system has them.
+/// The file name of a library on this system.
 #ifdef Q_OS_WIN
 #define LIBRARY(name) name ".dll"
 #else
@@ -27,7 +27,7 @@ protected:
     }
     void TearDown() override { qunsetenv("TL_FIXTURE_LOG"); }
 
-    /// The module's file, copied into the test's own folder under another name.
+    /// Copies the module's file into the test's own folder under another name.
     void Copy(const char* module, const char* name)
     {
         const QDir source(QStringLiteral(TL_FIXTURE_MODULE_DIR "/") + QLatin1String(module));
@@ -75,7 +75,7 @@ TEST_F(ModuleLoaderTest, GoodModuleIsLoadedAndSetUp)
     EXPECT_EQ(Log(), QStringList{QStringLiteral("InitModule")});
 }
 
-TEST_F(ModuleLoaderTest, UnloadingUninitsBeforeTheObjectGoes)
+TEST_F(ModuleLoaderTest, UnloadingCallsUninitBeforeItDestroysTheObject)
 {
     Copy("GoodModule", LIBRARY("good"));
     Load();
@@ -88,7 +88,7 @@ TEST_F(ModuleLoaderTest, UnloadingUninitsBeforeTheObjectGoes)
     EXPECT_EQ(Log(), expected);
 }
 
-TEST_F(ModuleLoaderTest, OtherMajorVersionIsRefusedNamingBothAndNoneOfItsCodeRuns)
+TEST_F(ModuleLoaderTest, OtherMajorVersionIsRefusedBeforeItsCodeRuns)
 {
     Copy("WrongVersionModule", LIBRARY("module"));
     Load();
@@ -123,14 +123,14 @@ TEST_F(ModuleLoaderTest, DamagedFilesAreRefused)
     Load();
     EXPECT_EQ(m_loaded.count(), 0);
     ASSERT_EQ(m_refused.count(), 3);
-    // Half a DLL may still hold its metadata; it is the system then that finds the damage.
+    // Half a DLL may still hold its metadata; then the system finds the damage.
 #ifdef Q_OS_WIN
     EXPECT_EQ(Reason(0).rfind("The file cannot be loaded: ", 0), 0U) << Reason(0);
 #else
-    EXPECT_EQ(Reason(0).rfind("The file is damaged or no plug-in: ", 0), 0U) << Reason(0);
+    EXPECT_EQ(Reason(0).rfind("The file is damaged or not a plug-in: ", 0), 0U) << Reason(0);
 #endif
-    EXPECT_EQ(Reason(1).rfind("The file is damaged or no plug-in: ", 0), 0U) << Reason(1);
-    EXPECT_EQ(Reason(2).rfind("The file is damaged or no plug-in: ", 0), 0U) << Reason(2);
+    EXPECT_EQ(Reason(1).rfind("The file is damaged or not a plug-in: ", 0), 0U) << Reason(1);
+    EXPECT_EQ(Reason(2).rfind("The file is damaged or not a plug-in: ", 0), 0U) << Reason(2);
 }
 
 TEST_F(ModuleLoaderTest, SecondModuleWithTheSameKeyIsRefusedNamingTheFirst)
@@ -144,16 +144,24 @@ TEST_F(ModuleLoaderTest, SecondModuleWithTheSameKeyIsRefusedNamingTheFirst)
     EXPECT_NE(Reason().find(LIBRARY("a")), std::string::npos) << Reason();
 }
 
-TEST_F(ModuleLoaderTest, FilesAreTakenInTheOrderOfTheirNamesAndAfterABadOneTheRestLoads)
+TEST_F(ModuleLoaderTest, FilesLoadInTheOrderOfTheirNames)
 {
-    Copy("SlowToStopModule", LIBRARY("c"));
-    Copy("DamagedModule", LIBRARY("b"));
+    Copy("SlowToStopModule", LIBRARY("b"));
     Copy("GoodModule", LIBRARY("a"));
     Load();
     ASSERT_EQ(m_loaded.count(), 2);
     EXPECT_EQ(m_loaded.at(0).at(1).toString(), QStringLiteral("GoodModule"));
     EXPECT_EQ(m_loaded.at(1).at(1).toString(), QStringLiteral("SlowToStopModule"));
+}
+
+TEST_F(ModuleLoaderTest, RestLoadsAfterADamagedFile)
+{
+    Copy("DamagedModule", LIBRARY("a"));
+    Copy("GoodModule", LIBRARY("b"));
+    Load();
     EXPECT_EQ(m_refused.count(), 1);
+    ASSERT_EQ(m_loaded.count(), 1);
+    EXPECT_EQ(m_loaded.at(0).at(0).toString(), Path(LIBRARY("b")));
 }
 
 TEST_F(ModuleLoaderTest, SlowModuleIsWaitedFor)
@@ -164,7 +172,7 @@ TEST_F(ModuleLoaderTest, SlowModuleIsWaitedFor)
     EXPECT_EQ(Log().last(), QStringLiteral("UninitModule"));
 }
 
-TEST_F(ModuleLoaderTest, OtherFilesAndMissingFoldersArePassedOver)
+TEST_F(ModuleLoaderTest, OtherFilesAndMissingFoldersAreSkipped)
 {
     Write("readme.txt", "about these modules");
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral(LIBRARY("folder"))));

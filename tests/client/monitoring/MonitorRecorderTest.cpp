@@ -29,7 +29,7 @@ QVector<QJsonObject> Lines(const QString& name)
 
 } // namespace
 
-TEST(MonitorRecorderTest, EventIsKeptWithTimeAndParameters)
+TEST(MonitorRecorderTest, EventIsRecordedWithTimeAndParameters)
 {
     const QTemporaryDir folder;
     MonitorRecorder recorder(folder.filePath(QStringLiteral("monitor")));

@@ -19,15 +19,16 @@ Widget* FindVisible(NoticeBar& bar, const QString& name)
 {
     const auto widgets = bar.findChildren<Widget*>(name);
     for (Widget* widget : widgets) {
-        if (widget->isVisibleTo(&bar))
+        if (widget->isVisibleTo(&bar)) {
             return widget;
+        }
     }
     return nullptr;
 }
 
 } // namespace
 
-TEST(NoticeBar, TakesNoRoomWhileEmpty)
+TEST(NoticeBarTest, TakesNoRoomWhileEmpty)
 {
     NoticeBar bar;
     EXPECT_TRUE(bar.isHidden());
@@ -38,7 +39,7 @@ TEST(NoticeBar, TakesNoRoomWhileEmpty)
     EXPECT_EQ(bar.GetCount(), 0);
 }
 
-TEST(NoticeBar, TheSameIdReplaces)
+TEST(NoticeBarTest, TheSameIdReplaces)
 {
     NoticeBar bar;
     bar.Show(A, NoticeKind::Info, QStringLiteral("one"));
@@ -49,7 +50,7 @@ TEST(NoticeBar, TheSameIdReplaces)
     EXPECT_EQ(bar.GetText(B), QStringLiteral("two"));
 }
 
-TEST(NoticeBar, HidingWhatIsNotThereIsHarmless)
+TEST(NoticeBarTest, HidingAMissingBarIsHarmless)
 {
     NoticeBar bar;
     QSignalSpy hidden(&bar, &NoticeBar::SigHidden);
@@ -60,7 +61,7 @@ TEST(NoticeBar, HidingWhatIsNotThereIsHarmless)
     EXPECT_EQ(bar.GetText(A), QString());
 }
 
-TEST(NoticeBar, TheCloseButtonDismisses)
+TEST(NoticeBarTest, TheCloseButtonDismisses)
 {
     NoticeBar bar;
     int dismissed = 0;
@@ -72,7 +73,7 @@ TEST(NoticeBar, TheCloseButtonDismisses)
     EXPECT_FALSE(bar.IsShown(A));
 }
 
-TEST(NoticeBar, AButtonActsOnceTheBarIsGoneAndIsNoDismissal)
+TEST(NoticeBarTest, ButtonActsAfterTheBarIsGoneAndDoesNotDismiss)
 {
     NoticeBar bar;
     bool gone = false;
@@ -84,7 +85,7 @@ TEST(NoticeBar, AButtonActsOnceTheBarIsGoneAndIsNoDismissal)
     EXPECT_EQ(dismissed, 0);
 }
 
-TEST(NoticeBar, AButtonMayShowTheNextNoticeUnderTheSameId)
+TEST(NoticeBarTest, ButtonMayShowTheNextNoticeUnderTheSameId)
 {
     NoticeBar bar;
     bar.Show(A, NoticeKind::Info, QStringLiteral("one"),
@@ -94,7 +95,7 @@ TEST(NoticeBar, AButtonMayShowTheNextNoticeUnderTheSameId)
     EXPECT_FALSE(bar.isHidden());
 }
 
-TEST(NoticeBar, AButtonThatKeepsTheBarOpenDoes)
+TEST(NoticeBarTest, ButtonMayKeepTheBarOpen)
 {
     NoticeBar bar;
     int calls = 0;
@@ -109,7 +110,7 @@ TEST(NoticeBar, AButtonThatKeepsTheBarOpenDoes)
     EXPECT_TRUE(bar.IsShown(A));
 }
 
-TEST(NoticeBar, ProgressComesAndGoes)
+TEST(NoticeBarTest, ProgressComesAndGoes)
 {
     NoticeBar bar;
     bar.Show(A, NoticeKind::Info, QStringLiteral("one"));
@@ -122,7 +123,7 @@ TEST(NoticeBar, ProgressComesAndGoes)
     EXPECT_EQ(FindVisible<QProgressBar>(bar, QStringLiteral("notice_progress")), nullptr);
 }
 
-TEST(NoticeBar, TextsAreNeverMarkup)
+TEST(NoticeBarTest, TextsAreNeverMarkup)
 {
     NoticeBar bar;
     bar.Show(A, NoticeKind::Info, QStringLiteral("<b>bold</b>"));

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-/// A delay that is over when the test says so.
+/// A delay that ends when the test says so.
 class ManualDelay final : public IDelay
 {
 public:
@@ -20,7 +20,7 @@ public:
         m_shot = nullptr;
     }
 
-    /// The pause that runs [ms]; -1 when none does.
+    /// The running delay [ms]; -1 when none runs.
     int GetPause() const { return m_milliseconds; }
     int CountStarts() const { return m_starts; }
     void Fire()

@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Runs `open`, which opens `depth` event loops one in another, inside one that stands for the application's
-/// own, and tells whether it had returned when the action was called.
+/// Runs `open`, which opens `depth` nested event loops, inside a loop that stands for the application's own.
+/// Returns whether `open` had returned when the action was called.
 bool LeavesBeforeTheAction(const std::function<void()>& open, int depth = 1)
 {
     QObject context;
@@ -45,7 +45,7 @@ bool LeavesBeforeTheAction(const std::function<void()>& open, int depth = 1)
 
 } // namespace
 
-TEST(NestedLoopsTest, WithoutOneTheActionComesNow)
+TEST(NestedLoopsTest, WithoutOneTheActionIsCalledImmediately)
 {
     bool called = false;
     QObject context;
@@ -53,7 +53,7 @@ TEST(NestedLoopsTest, WithoutOneTheActionComesNow)
     EXPECT_TRUE(called);
 }
 
-TEST(NestedLoopsTest, QuestionIsClosedAndItsCodeReturnsFirst)
+TEST(NestedLoopsTest, QuestionIsClosedAndReturnsFirst)
 {
     EXPECT_TRUE(LeavesBeforeTheAction([] {
         QMessageBox box(QMessageBox::Question, QString(), QStringLiteral("Reopen the tabs?"),
@@ -85,7 +85,7 @@ TEST(NestedLoopsTest, OpenMenuIsClosed)
     }));
 }
 
-TEST(NestedLoopsTest, ActionDoesNotComeWhenItsContextIsGone)
+TEST(NestedLoopsTest, ActionIsNotCalledWithoutItsContext)
 {
     bool called = false;
     QEventLoop application;

@@ -18,7 +18,7 @@ protected:
     QSignalSpy m_answered{&m_watch, &QuestionWatch::SigAnswered};
 };
 
-TEST_F(QuestionWatchTest, QuestionIsToldWhileItStandsAndTheAnswerAfterwards)
+TEST_F(QuestionWatchTest, QuestionIsReportedWhileItIsOpenAndTheAnswerAfterwards)
 {
     QuestionAnswer yes(QStringLiteral("yes_button"));
     int askedMeanwhile = -1;
@@ -54,7 +54,7 @@ TEST_F(QuestionWatchTest, AnswersHaveTheNamesOfTheButtons)
     EXPECT_EQ(m_answered.at(2), (QVariantList{m_text, QStringLiteral("Yes")}));
 }
 
-TEST_F(QuestionWatchTest, EscapeIsTheAnswerThatItStandsFor)
+TEST_F(QuestionWatchTest, EscapeCountsAsTheNegativeButton)
 {
     const QuestionAnswer escape(Qt::Key_Escape);
     EXPECT_EQ(PackagedMsgBox::question(m_text), QMessageBox::No);
@@ -64,7 +64,7 @@ TEST_F(QuestionWatchTest, EscapeIsTheAnswerThatItStandsFor)
     EXPECT_EQ(m_answered.at(1), (QVariantList{m_text, QStringLiteral("Cancel")}));
 }
 
-TEST_F(QuestionWatchTest, OtherDialogsAreNoQuestions)
+TEST_F(QuestionWatchTest, OtherDialogsAreNotReported)
 {
     const QuestionAnswer escape(Qt::Key_Escape);
     QMessageBox box(QMessageBox::Question, QString(), m_text, QMessageBox::Yes | QMessageBox::No);
@@ -73,7 +73,7 @@ TEST_F(QuestionWatchTest, OtherDialogsAreNoQuestions)
     EXPECT_EQ(m_answered.count(), 0);
 }
 
-TEST_F(QuestionWatchTest, WatchThatIsGoneIsToldNothing)
+TEST_F(QuestionWatchTest, DestroyedWatchReportsNothing)
 {
     auto gone = std::make_unique<QuestionWatch>();
     int told = 0;

@@ -19,7 +19,7 @@ TEST(SystemEndWatchTest, NoWindowIsAskedWhetherTheSessionMayEnd)
 }
 
 #ifdef Q_OS_UNIX
-TEST(SystemEndWatchTest, SignalsThatEndTheClientAreTold)
+TEST(SystemEndWatchTest, SignalsThatEndTheClientAreReported)
 {
     SystemEndWatch watch;
     QSignalSpy ends(&watch, &SystemEndWatch::SigSystemEnd);

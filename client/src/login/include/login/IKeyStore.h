@@ -4,16 +4,16 @@
 
 #include <functional>
 
-/// Keeps secrets where the system keeps them, under names. Every operation answers once, on the GUI
-/// thread and never inside the call; none keeps the client waiting for longer than a bound of its own.
+/// Saves secrets by name in the system's key store. Every operation answers exactly once, on the GUI thread,
+/// after the call has returned and within a bounded time.
 class IKeyStore
 {
 public:
     virtual ~IKeyStore() = default;
 
-    /// Whether there is a store. `reason` says why not, in words for the user; empty when there is one.
+    /// Whether there is a store; otherwise `reason` tells the user why not.
     using AvailableAnswer = std::function<void(bool available, const QString& reason)>;
-    /// An empty secret: there is none under this name, or it could not be read.
+    /// `secret` is empty when there is none with this name or the store could not read it.
     using ReadAnswer = std::function<void(const QString& secret)>;
     using DoneAnswer = std::function<void(bool ok)>;
 

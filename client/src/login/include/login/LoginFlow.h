@@ -12,8 +12,8 @@ class IKeyStore;
 class SavedSession;
 class LoginDialog;
 
-/// The way to a session: the one that was kept, the account and password of the command line, or the
-/// dialog, in the order that the caller chooses. GUI thread.
+/// Gets a session: the saved one, or by the command line's account and password, or by the dialog; the caller
+/// chooses the order. GUI thread.
 class LoginFlow final : public QObject
 {
     Q_OBJECT
@@ -24,43 +24,42 @@ public:
         Dialog,
         CommandLine,
         Saved,
-        Restart ///< not this class: the process before handed it over
+        Restart ///< not by this class: handed over by the previous process
     };
 
-    /// Nothing is owned.
-    LoginFlow(LoginService* service, SavedSession* kept, IKeyStore* keyStore, QObject* parent = nullptr);
+    /// Owns none of the objects.
+    LoginFlow(LoginService* service, SavedSession* saved, IKeyStore* keyStore, QObject* parent = nullptr);
     ~LoginFlow() override;
 
-    /// Takes the kept session when there is one; otherwise the dialog comes, proposing `pin` and saying
-    /// `problem`.
+    /// Uses the saved session if there is one; otherwise shows the dialog with `pin` and `problem`.
     void Start(const QString& pin, const LoginProblem& problem);
-    /// Signs in without the dialog, which comes when that fails.
+    /// Logs in without the dialog, and shows it when that fails.
     void StartWith(const QString& pin, const QString& password);
-    /// The dialog, saying why it comes; again after it was closed by `CloseDialog`, too.
+    /// Shows the dialog with the reason for it, also again after `CloseDialog`.
     void ShowDialog(const QString& pin, const LoginProblem& problem);
 
-    /// Once the session is taken: the dialog goes.
+    /// Call when the session is in use.
     void CloseDialog();
-    /// The dialog while it is there; null otherwise.
+    /// Null when there is no dialog.
     LoginDialog* GetDialog() const { return m_dialog.get(); }
 
 Q_SIGNALS:
-    /// The dialog is about to be made.
+    /// Emitted just before the dialog is created.
     void SigDialogComes();
-    /// A dialog stays, busy, until `CloseDialog`.
+    /// An open dialog stays busy until `CloseDialog`.
     void SigLoggedIn(const Session& session, LoginFlow::Origin origin);
     void SigFailed(const QString& pin, const LoginProblem& problem);
-    /// A session was to be kept and could not be.
-    void SigKeepFailed();
+    /// The user wanted to stay signed in, but the session could not be saved.
+    void SigSaveFailed();
     /// The user closed the dialog.
     void SigGivenUp();
 
 private:
     void MakeDialog();
-    void TakeSession(const Session& session);
+    void HandleSession(const Session& session);
 
     LoginService* m_service;
-    SavedSession* m_kept;
+    SavedSession* m_saved;
     IKeyStore* m_keyStore;
     std::unique_ptr<LoginDialog> m_dialog;
     bool m_stay = false;

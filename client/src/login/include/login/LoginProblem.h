@@ -3,7 +3,7 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
 
-/// Why the user is not signed in (any longer), as the log-in dialog says it.
+/// Why the user is not logged in, or no longer, for the log-in dialog.
 struct LoginProblem
 {
     enum class Kind
@@ -12,19 +12,19 @@ struct LoginProblem
         EmptyPin,
         EmptyPassword,
         WrongPassword,
-        TooManyAttempts, ///< `when`: from when on to try again; invalid when unknown
+        TooManyAttempts, ///< `when`: the earliest time to try again; invalid when unknown
         Unreachable,
         TimedOut,
         ClockOff, ///< `when`: the gateway's time; invalid when unknown
         NotSetUp, ///< the gateway does not know this client
         ServerBusy,
         Unreadable,
-        Refused,        ///< any other answer of the gateway
-        SessionExpired, ///< the session was over
-        SessionRefused  ///< the gateway does not take the session (any longer)
+        Refused,        ///< any other refusal by the gateway
+        SessionExpired, ///< the session's time is over
+        SessionRefused  ///< the gateway no longer accepts the session, or its token is gone
     };
 
     Kind kind = Kind::None;
-    QString detail; ///< what the network or the gateway said; shown as a tool tip, may be empty
+    QString detail; ///< message of the network or the gateway, for a tool tip; may be empty
     QDateTime when; ///< UTC
 };

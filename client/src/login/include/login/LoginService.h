@@ -7,7 +7,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-/// Logs in at the gateway and out again, one at a time. GUI thread.
+/// Logs in at the gateway and out again, one call at a time. GUI thread.
 class LoginService final : public QObject
 {
     Q_OBJECT
@@ -15,23 +15,23 @@ class LoginService final : public QObject
 public:
     explicit LoginService(QObject* parent = nullptr);
 
-    /// Answered by `SigLoggedIn` or `SigFailed`, unless it is cancelled.
+    /// Emits `SigLoggedIn` or `SigFailed` later, unless cancelled.
     void LogIn(const QString& pin, const QString& password);
-    /// The outcome of a log-in that runs is nobody's any more; a token that still comes is ended.
+    /// Ignores the outcome of a running log-in, and ends the token if it succeeds after all.
     void Cancel();
-    /// Ends the session's token at the gateway, best effort.
-    /// `SigLoggedOut` follows after `timeout` [ms] at the latest.
+    /// Tries to end the session's token at the gateway. Emits `SigLoggedOut` after `timeout` [ms] at the
+    /// latest.
     void LogOut(const Session& session, int timeout);
 
-    /// What a failed call means to somebody who wants to sign in.
+    /// What the error of a failed call means for the log-in.
     static LoginProblem ToProblem(const QString& code, const QString& description);
 
 Q_SIGNALS:
     void SigLoggedIn(const Session& session);
-    /// `pin` is the one that was tried.
+    /// `pin` is the account that was tried.
     void SigFailed(const QString& pin, const LoginProblem& problem);
     void SigLoggedOut();
 
 private:
-    int m_attempt = 0; // the one whose outcome counts
+    int m_attempt = 0; ///< the log-in whose outcome counts
 };

@@ -3,13 +3,13 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
 
-/// A log-in that the gateway granted.
+/// A session that the gateway granted.
 struct Session
 {
     QString pin;
     QString belongType;
     QString accessToken;
-    QDateTime expiresAt; ///< UTC; invalid when the gateway named none
+    QDateTime expiresAt; ///< UTC; invalid when the gateway gave none
 
     bool IsEmpty() const { return accessToken.isEmpty(); }
 };

@@ -8,10 +8,10 @@
 
 #include <optional>
 
-/// How a client that restarts itself gives its session to the process that takes over: through the
-/// anonymous pipe that is the new process's standard input. The pipe has no name, so no other process can
-/// open it, it is empty once it was read, and nothing of it stands in a file, in the environment or on the
-/// command line. What a person types instead is refused like any other text.
+/// Hands the session of a client that restarts itself over to the new process, through the anonymous pipe
+/// that is the new process's standard input. No other process can open the pipe, it is empty after one read,
+/// and no file, environment variable or command line contains any of the session. What a person types instead
+/// is refused like any other text.
 class SessionHandover final
 {
 public:
@@ -20,19 +20,19 @@ public:
     static constexpr int lifeTime = 60;         ///< [s] from writing to reading
 
     Session session;
-    bool openTabs = false; ///< the tabs that were open are to come back
+    bool openTabs = false; ///< whether to reopen the tabs
 
     SessionHandover() = default;
 
-    /// One line of JSON. `now` is written into it.
+    /// One line of JSON, with `now` as the time of writing.
     QByteArray ToText(const QDateTime& now) const;
-    /// Empty when the text is damaged, of another version, too old at `now`, or without a session.
+    /// Empty when the text is damaged, has another version, is too old at `now`, or contains no session.
     static std::optional<SessionHandover> FromText(const QByteArray& text, const QDateTime& now);
 
-    /// Reads from this process's standard input; empty when nothing usable comes within `readTimeout`, and
-    /// at once when somebody sits at the other end. Once per process.
+    /// Reads this process's standard input, which works once. Empty when nothing usable comes within
+    /// `readTimeout`; returns immediately when standard input is a terminal.
     static std::optional<SessionHandover> Take();
-    /// Starts `program`, which `Take`s this, and leaves it running when this process ends. One that does not
-    /// take it in time comes up at the log-in dialog. False when no process could be started.
+    /// Starts `program`, which calls `Take` and keeps running when this process ends. If it does not take the
+    /// session in time, it shows the log-in dialog. False when the process could not be started.
     bool StartProcess(const QString& program, const QStringList& arguments) const;
 };

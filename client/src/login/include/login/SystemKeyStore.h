@@ -4,8 +4,8 @@
 
 #include <QtCore/QObject>
 
-/// The system's key store: the Secret Service or KWallet, the Windows credential store, the macOS key
-/// chain. Never a file of our own. A store that does not answer in time counts as one that is not there.
+/// The system's key store: the Secret Service or KWallet, the Windows credential store, the macOS keychain.
+/// Never a file of the client. A store that does not answer in time counts as missing.
 class SystemKeyStore final : public QObject, public IKeyStore
 {
     Q_OBJECT

@@ -5,8 +5,8 @@
 #include <QtGui/QIcon>
 #include <QtWidgets/QWidget>
 
-/// Shows an icon, sharp at every scale and recoloured with the theme. Not for the keyboard
-/// and without a name of its own: the text beside it says what it means.
+/// Shows an icon, sharp at every scale and recoloured with the theme. Takes no focus and has no accessible
+/// name: the text beside it says what it means.
 class IconLabel final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The icons, pictures and themes live in a static library; whoever reads them calls this before.
+/// The icons, pictures and themes live in a static library: call `Ensure` before reading them.
 namespace LookResources {
 void Ensure();
 }

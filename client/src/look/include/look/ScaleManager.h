@@ -5,10 +5,10 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 
-/// Applies the scale that the user chose: to the sizes of the widgets, which is what `DpiTool` is for, and to
-/// the application's font, which follows the scale of the screen as well. Made once, after the QApplication
-/// and before the `ThemeManager`: widgets that a style sheet has touched take a new font from it only, and
-/// the theme applies itself anew after this. GUI thread.
+/// Applies the chosen scale to the sizes of the widgets, through `DpiTool`, and to the application's font,
+/// which also follows the scale of the screen. Make one, after the QApplication and before the
+/// `ThemeManager`: styled widgets get a new font only when the style sheet is applied again, which the theme
+/// does after this. GUI thread.
 class ScaleManager final : public QObject, public IDpiAdapter
 {
     Q_OBJECT
@@ -17,17 +17,17 @@ public:
     explicit ScaleManager(QObject* parent = nullptr);
     ~ScaleManager() override;
 
-    /// What can be chosen [%].
+    /// The scales that the user can choose [%].
     static QList<int> GetScales();
-    /// What was chosen [%]; 100 until `Apply` is called.
+    /// The scale last applied [%]; 100 before the first `Apply`.
     int GetScale() const noexcept { return m_scale; }
 
-    /// One of `GetScales`; anything else counts as 100. Takes effect at once.
+    /// One of `GetScales`; any other value counts as 100. Takes effect immediately.
     void Apply(int scale);
 
     void AdjustForDpi() override;
 
 private:
     int m_scale = 100;
-    int m_fontSize; ///< [px] at the scale of 1
+    int m_fontSize; ///< [px] at scale 1
 };

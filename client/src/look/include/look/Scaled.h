@@ -5,7 +5,7 @@
 #include <QtCore/QMargins>
 #include <QtCore/QSize>
 
-/// [px, unscaled] to [px] at the present scale.
+/// Converts [px, unscaled] to [px] at the current scale.
 inline int Scaled(int pixels)
 {
     return DpiTool::ScaleDefault(pixels);
@@ -21,7 +21,7 @@ inline QMargins Scaled(const QMargins& margins)
     return {Scaled(margins.left()), Scaled(margins.top()), Scaled(margins.right()), Scaled(margins.bottom())};
 }
 
-/// A square of such a side.
+/// A square with this side.
 inline QSize ScaledSquare(int pixels)
 {
     return {Scaled(pixels), Scaled(pixels)};

@@ -3,13 +3,13 @@
 #include <QtCore/QString>
 #include <QtGui/QIcon>
 
-/// The client's own one-colour icons. They are drawn in the colour that the application's palette has for
-/// button texts at the time of painting, so a change of theme recolours those already shown.
+/// The client's own one-colour icons. They take the palette's colour for button texts when they are painted,
+/// so a change of theme also recolours icons that are already on the screen.
 class SymbolicIcon final
 {
 public:
     SymbolicIcon() = delete;
 
-    /// `name` is that of a file in `:/icons/`, without suffix.
+    /// `name` is a file in `:/icons/`, without its suffix.
     static QIcon Make(const QString& name);
 };

@@ -2,7 +2,7 @@
 
 #include <QtCore/QMetaType>
 
-/// What the user chose to see the client in. The numbers are stored.
+/// The theme that the user chose. The numbers are stored.
 enum class Theme
 {
     FollowSystem = 0,

@@ -6,9 +6,9 @@
 
 #include <QtCore/QObject>
 
-/// Applies the chosen theme to the whole application: one style sheet of `:/themes/`, and the palette
-/// that stands in that style sheet's head. Lengths in "dp" are pixels that follow the scale. Made once, after
-/// the QApplication. GUI thread.
+/// Applies the chosen theme to the whole application: a style sheet from `:/themes/` and the palette in that
+/// style sheet's head. Lengths in "dp" are pixels that follow the scale. Make one, after the QApplication.
+/// GUI thread.
 class ThemeManager final : public QObject, public IDpiAdapter
 {
     Q_OBJECT
@@ -17,12 +17,12 @@ public:
     explicit ThemeManager(QObject* parent = nullptr);
     ~ThemeManager() override;
 
-    /// What was chosen; `Theme::FollowSystem` until `Apply` is called.
+    /// The theme last applied; `Theme::FollowSystem` before the first `Apply`.
     Theme GetTheme() const noexcept;
-    /// Whether what is shown now is dark, also when the system decides.
+    /// Whether the client is dark now, whether by choice or because the system is.
     bool IsDark() const noexcept;
 
-    /// Takes effect at once and announces `SigThemeApplied`.
+    /// Takes effect immediately and emits `SigThemeApplied`.
     void Apply(Theme theme);
 
     void AdjustForDpi() override;

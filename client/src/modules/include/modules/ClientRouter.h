@@ -12,8 +12,8 @@
 
 class IRouteInterceptor;
 
-/// Where router URLs end: first the modules that listed the URL, in the order of loading, then the
-/// client's own table. Nothing that a module throws gets out. GUI thread.
+/// Routes router URLs: first to the modules that listed the URL, in the order of loading, then to the
+/// client's own table. Catches what a module throws. GUI thread.
 class ClientRouter final : public IRouteExecutor
 {
 public:
@@ -22,14 +22,14 @@ public:
     bool ExecuteRoute(const VXRouterProtocol& route) override;
     QObject* GetRouteObject(const VXRouterProtocol& route) override;
 
-    /// Reads every module's list of URLs, after `InitModule`. An empty list takes all of them out, before
+    /// Reads every module's list of URLs; call after `InitModule`. Call with an empty list before
     /// `UninitModule`.
     void SetModules(const std::vector<LoadedModule>& modules);
     /// Whether the module listed the URL.
     bool IsListed(const QString& url, const QString& moduleKey) const;
-    /// Puts a URL into the client's own table; the handler tells whether it acted.
+    /// Adds a URL to the client's own table; the handler returns whether it acted.
     void AddRoute(const QString& url, Handler handler);
-    /// The object is not owned and may go.
+    /// Does not own the object, which may be destroyed at any time.
     void AddObject(const QString& url, QObject* object);
 
 private:

@@ -6,25 +6,25 @@
 
 class ILifeCycle;
 
-/// Calls the modules' hooks in the order of docs/lifecycle.md. Each moment happens once; one that comes
-/// out of order (the main frame quits that was never made) is passed over, so that every way to end can
-/// ask for the whole sequence. On the way up the modules hear in the order of loading, on the way down in
-/// the opposite one. GUI thread.
+/// Calls the modules' hooks in the order of docs/lifecycle.md. Calls each hook once and skips one that comes
+/// out of order (such as `MainFrameQuit` without `MainFrameCreate`), so that every way to end can run the
+/// whole sequence. Modules are called in the order of loading on the way up, and in reverse on the way down.
+/// GUI thread.
 class LifeCycleDriver final
 {
 public:
-    /// The modules stay loaded until `ExitApp` returned.
+    /// The modules stay loaded until `ExitApp` has returned.
     void SetModules(const std::vector<LoadedModule>& modules);
 
     void StartApp();
-    /// May happen again: a log-in that failed on the way brings the dialog back.
+    /// May be called again: a log-in that fails halfway brings the dialog back.
     void BeforeLoginConstruct();
     void LoginSuccess();
     void GetUserInfoSuccess();
     void MainFrameCreate();
     void MainFrameShow();
 
-    /// Asks every module until one refuses. True: the main window may close.
+    /// Asks the modules until one refuses; true when the main window may close.
     bool MayClose();
 
     /// The key of the module whose hook is running; of the innermost one, should a hook's event loop let
@@ -33,14 +33,14 @@ public:
 
     void LogOut();
     void MainFrameQuit();
-    /// In place of `MainFrameQuit` when the system ends the session: what the hook would clear is what the
-    /// next log-in needs.
+    /// Call in place of `MainFrameQuit` when the system ends the session: the hook would clear what the next
+    /// log-in needs.
     void PassOverMainFrameQuit();
     void BeforeMainFrameDestruct();
     void ExitApp();
 
 private:
-    /// How far the life cycle has come. What comes after the main frame holds for the way down.
+    /// How far the life cycle has come; from `FrameQuit` on it is on the way down.
     enum class Moment
     {
         Nothing,

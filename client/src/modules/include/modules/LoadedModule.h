@@ -4,7 +4,7 @@
 
 class IBusinessModule;
 
-/// A module that runs. Owned by the loader.
+/// A running module. The loader owns it.
 struct LoadedModule
 {
     QString key;

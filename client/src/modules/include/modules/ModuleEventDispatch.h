@@ -4,7 +4,7 @@
 
 #include <QtCore/QObject>
 
-/// Passes module events on to whoever in the client listens.
+/// Passes module events on as a signal.
 class ModuleEventDispatch final : public QObject, public IModuleEventDispatch
 {
     Q_OBJECT

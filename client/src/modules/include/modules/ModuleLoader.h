@@ -12,9 +12,9 @@
 class QJsonObject;
 class QPluginLoader;
 
-/// Loads the business modules: every Qt plug-in of the modules folders whose metadata carries this
-/// client's module interface. Metadata is read before any of the module's code runs, and a file that
-/// cannot be used is refused with a reason, never with a crash. GUI thread.
+/// Loads the business modules: every Qt plug-in in the modules folders whose metadata names this client's
+/// module interface. Reads the metadata before any of the module's code runs, and refuses an unusable file
+/// with a reason, never with a crash. GUI thread.
 class ModuleLoader final : public QObject
 {
     Q_OBJECT
@@ -24,12 +24,12 @@ public:
     /// Unloads.
     ~ModuleLoader() override;
 
-    /// Loads the files of the folders, each in the order of the file names, and calls `InitModule` of
-    /// each. A folder that does not exist is empty. Files that are no libraries are passed over.
+    /// Loads the files of each folder in the order of their names, and calls `InitModule` of each. A missing
+    /// folder counts as empty; files that are not libraries are skipped.
     void Load(const QStringList& folders);
-    /// What runs, in the order of loading.
+    /// The running modules, in the order of loading.
     std::vector<LoadedModule> GetModules() const;
-    /// Calls `UninitModule`, destroys the module and unloads its library, the last loaded first.
+    /// Calls `UninitModule`, destroys the module and unloads its library, last loaded first.
     void Unload();
 
 Q_SIGNALS:
@@ -45,7 +45,7 @@ private:
     };
 
     void LoadFile(const QString& file);
-    /// Empty when the metadata is that of a module which this client can run.
+    /// Why this client cannot run a module with this metadata; empty when it can, with the module's `key`.
     QString CheckMetaData(const QJsonObject& metaData, const QString& loaderError, QString* key) const;
 
     std::vector<Entry> m_entries;

@@ -5,21 +5,20 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-/// Keeps what is reported about the user's actions in the profile, one line of JSON per event with time,
-/// id, page and parameters. At most two files: when the first reaches its limit it becomes the second,
-/// whose content goes.
+/// Records the user's actions in the profile, one line of JSON per event with time, id, page and parameters.
+/// Uses at most two files: when the first reaches its limit, it replaces the second.
 class MonitorRecorder final : public QObject, public IMonitorSystem
 {
     Q_OBJECT
 
 public:
-    /// `folder` is made with the first event. `limit` [bytes] is that of the first file.
+    /// Creates `folder` with the first event. `limit` [bytes] applies to the first file.
     explicit MonitorRecorder(const QString& folder, qint64 limit = qint64(1024) * 1024,
                              QObject* parent = nullptr);
 
     void ReportEvent(const QString& eventId, const QString& pageId, const QStringList& parameters) override;
 
-    /// Forgets what is kept.
+    /// Deletes all recorded events.
     void Clear();
 
     QString GetFile() const;

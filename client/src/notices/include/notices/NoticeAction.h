@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// A button on a notice. The notice is gone before `trigger` is called, unless `keepOpen`.
+/// A button on a notice. The notice closes before `trigger` is called, unless `keepOpen`.
 struct NoticeAction
 {
     QString text;

@@ -13,8 +13,8 @@
 class NoticeItem;
 class QVBoxLayout;
 
-/// Calm bars below one another, each with a text and a close button; takes no room while it has none.
-/// Texts are plain text. GUI thread.
+/// Bars below one another, each with a text and a close button. Takes no room while there are none. Texts are
+/// plain text. GUI thread.
 class NoticeBar final : public QWidget
 {
     Q_OBJECT
@@ -23,26 +23,26 @@ public:
     explicit NoticeBar(QWidget* parent = nullptr);
     ~NoticeBar() override;
 
-    /// Shows a bar; a bar with the same id is replaced where it stands.
+    /// Shows a bar, in place of one with the same id.
     void Show(const QString& id, NoticeKind kind, const QString& text);
-    /// The same with buttons. `dismissed` is called when the user closes the bar without using a button;
-    /// may be empty.
+    /// The same with buttons. Calls `dismissed`, which may be empty, when the user closes the bar without
+    /// using a button.
     void Show(const QString& id, NoticeKind kind, const QString& text, const QVector<NoticeAction>& actions,
               const std::function<void()>& dismissed = {});
-    /// Another text on a shown bar, which keeps its buttons.
+    /// Changes the text of a bar, which keeps its buttons.
     void SetText(const QString& id, const QString& text);
-    /// Puts a progress line on a shown bar; `percent` from 0 to 100, below 0 takes the line away.
+    /// Shows progress on a bar: `percent` from 0 to 100, below 0 to remove the line.
     void SetProgress(const QString& id, int percent);
-    /// Takes the bar away; nothing happens when there is none.
+    /// Removes the bar, if there is one.
     void Hide(const QString& id);
 
     bool IsShown(const QString& id) const;
-    /// The text of a shown bar, empty when there is none.
+    /// The text of a bar; empty when there is none.
     QString GetText(const QString& id) const;
     int GetCount() const noexcept;
 
 Q_SIGNALS:
-    /// The bar is gone, whoever took it away.
+    /// The bar is gone, by the user or by `Hide`.
     void SigHidden(const QString& id);
 
 private:

@@ -13,14 +13,14 @@
 
 class NoticeBar;
 
-/// What the client tells the user in bars. A notice that comes before there is a window waits for it, and
-/// all change their language with the client. GUI thread.
+/// The client's notices. Those that come before there is a window wait for it, and all follow the client's
+/// language. GUI thread.
 class NoticeBoard final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A text in the language of the moment.
+    /// Returns the text in the current language.
     using Text = std::function<QString()>;
     struct Action
     {
@@ -30,17 +30,17 @@ public:
 
     explicit NoticeBoard(QObject* parent = nullptr);
 
-    /// Shows what waits. Null, or the bar's end: the next ones wait.
+    /// Shows waiting notices in `bar`. With null, or once the bar is destroyed, notices wait again.
     void SetBar(NoticeBar* bar);
 
-    /// A notice with the same id is replaced.
+    /// Shows a notice, in place of one with the same id.
     void Show(const QString& id, NoticeKind kind, const Text& text, const std::vector<Action>& actions = {});
     void Hide(const QString& id);
     void Retranslate();
 
 Q_SIGNALS:
     void SigShown(const QString& id, const QString& text);
-    /// Taken away, by the user or because it does not hold any longer.
+    /// The user closed the notice, or it no longer applies.
     void SigGone(const QString& id);
 
 private:
@@ -54,7 +54,7 @@ private:
 
     std::vector<Notice>::iterator Find(const QString& id);
     void ShowIn(NoticeBar* bar, const Notice& notice);
-    void TakeGone(const QString& id);
+    void HandleGone(const QString& id);
 
     std::vector<Notice> m_notices;
     QPointer<NoticeBar> m_bar;

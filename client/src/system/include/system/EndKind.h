@@ -1,11 +1,11 @@
 #pragma once
 
-/// Why the client ends. After every kind the settings are on disk.
+/// Why the client ends. Every kind leaves the settings on disk.
 enum class EndKind
 {
     Quit,     ///< the user closed the main window or the log-in dialog
-    LogOut,   ///< the user ended the session: a fresh process shows the log-in dialog
-    Refused,  ///< the gateway ended the session: likewise; tabs are kept
+    LogOut,   ///< the user logged out: a fresh process shows the log-in dialog
+    Refused,  ///< the gateway refused the session: as for `LogOut`, but the record of the tabs stays
     Restart,  ///< a fresh process takes over session and tabs
-    SystemEnd ///< the system ends the session: shutdown, SIGTERM, SIGHUP, WM_ENDSESSION; tabs are kept
+    SystemEnd ///< shutdown, SIGTERM, SIGHUP or WM_ENDSESSION: the record of the tabs stays
 };

@@ -4,13 +4,13 @@
 
 #include <functional>
 
-/// A single shot after some time; a test puts its own clock behind it.
+/// Calls a function once after some time. Tests replace it to control the clock.
 class IDelay
 {
 public:
     virtual ~IDelay() = default;
 
-    /// Runs `shot` once after `milliseconds`; a shot that still waits is replaced.
+    /// Runs `shot` once after `milliseconds`, in place of a shot that is still waiting.
     virtual void Start(int milliseconds, std::function<void()> shot) = 0;
     virtual void Stop() = 0;
 

@@ -5,7 +5,7 @@
 
 class QDialog;
 
-/// Sees the question boxes that modules put before the user, and how they were answered. GUI thread.
+/// Watches the question boxes that modules show, and how the user answers them. GUI thread.
 class QuestionWatch final : public QObject
 {
     Q_OBJECT
@@ -23,5 +23,5 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void TakeQuestion(QDialog* dialog);
+    void HandleQuestion(QDialog* dialog);
 };

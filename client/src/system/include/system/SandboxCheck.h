@@ -2,6 +2,6 @@
 
 #include <QtCore/QString>
 
-/// Why web pages cannot be shown safely by this process; empty when they can. The web engine's sandbox is
-/// never switched off by the client itself, and does not work for the super-user.
+/// Says why this process cannot show web pages safely; empty when it can. The client never switches off the
+/// web engine's sandbox, which does not work for root.
 QString CheckSandbox();

@@ -2,10 +2,10 @@
 
 #include <QtCore/QObject>
 
-/// Tells when the system is about to end the session (shutdown, log-off), and on Unix when it ends the client
-/// with SIGTERM or SIGHUP. That the session is over for good, Qt tells by ending the event loop. Qt no longer
-/// asks the windows for their consent, which none of them could refuse without stopping a shutdown. Made
-/// once, after the QApplication. GUI thread.
+/// Reports when the system is about to end the session (shutdown, log-off), and on Unix when it ends the
+/// client with SIGTERM or SIGHUP. Qt ends the event loop when the session is really over. Turns off Qt's
+/// habit of asking every window for consent, because a window that refuses would stop a shutdown. Make one,
+/// after the QApplication. GUI thread.
 class SystemEndWatch final : public QObject
 {
     Q_OBJECT
@@ -15,14 +15,14 @@ public:
     ~SystemEndWatch() override;
 
 Q_SIGNALS:
-    /// The system asks whether the session may end. Somebody may still refuse, and then it goes on; but the
-    /// process may also be ended soon after this returns.
+    /// The system asks whether the session may end. Another program may still refuse; if none does, the
+    /// process may be ended soon after this returns.
     void SigSystemEndPlanned();
     /// The process may be ended soon after this returns; may come more than once.
     void SigSystemEnd();
 
 private:
-    /// Empty where the system knows no signals.
+    /// Does nothing on systems without signals.
     void StartSignals();
     void StopSignals();
 };

@@ -5,7 +5,7 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QTimer>
 
-/// A delay in real time, never shorter than asked for.
+/// A delay in real time, never shorter than requested.
 class TimerDelay final : public IDelay
 {
 public:

@@ -6,23 +6,23 @@
 
 class MainWindow;
 
-/// Saves the main window as a picture once nothing loads any more and what is shown had time to be
-/// painted; again each time that this is so after something changed.
+/// Saves a picture of the main window when all tabs have loaded and had time to be painted, and again after
+/// every later change.
 class ScreenshotTaker final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `window` is not owned and outlives this object.
+    /// Does not own `window`, which has to outlive this object.
     ScreenshotTaker(MainWindow* window, const QString& file, QObject* parent = nullptr);
 
-    /// From now on the tabs count that are to be seen in the picture.
+    /// Start watching: the tabs that the picture should show are being opened.
     void Arm();
-    /// Saves what is there now.
+    /// Saves the window as it is now.
     void TakeNow();
 
 private:
-    void TakeWhenIdle();
+    void SaveWhenIdle();
 
     MainWindow* m_window;
     QString m_file;

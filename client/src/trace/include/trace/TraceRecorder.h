@@ -15,13 +15,13 @@ class NoticeBoard;
 class QuestionWatch;
 class TraceWriter;
 
-/// Writes what happens in the client into its trace.
+/// Writes what happens in the client to its trace.
 class TraceRecorder final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `writer` is not owned.
+    /// Does not own `writer`.
     explicit TraceRecorder(TraceWriter* writer, QObject* parent = nullptr);
 
     void Watch(ModuleLoader* loader);
@@ -31,7 +31,7 @@ public:
     void Watch(NoticeBoard* notices);
     void Watch(MainWindow* window);
     void Watch(QuestionWatch* questions);
-    /// The hub of the process.
+    /// Watches the process's notification hub.
     void WatchNotifications();
 
     void WriteLogin(const QString& pin, bool ok, LoginFlow::Origin origin);

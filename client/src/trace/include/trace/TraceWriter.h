@@ -6,23 +6,22 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// Appends one line of JSON per event to a file, each written out at once, so that whoever watches the
-/// client from outside sees what it does. GUI thread.
+/// Appends one line of JSON per event to a file, unbuffered, so that another program can follow what the
+/// client does. GUI thread.
 class TraceWriter final
 {
 public:
-    /// Writes nowhere until a file is opened. The time of the events counts from here.
+    /// Writes nothing until `Open`. Events count their time from here.
     TraceWriter();
 
-    /// Appends to `file`. False, with the system's reason in `problem`, when it cannot be opened.
+    /// Appends to `file`. False when it cannot be opened, with the system's reason in `problem`.
     bool Open(const QString& file, QString* problem);
     bool IsOpen() const { return m_file.isOpen(); }
 
-    /// A text that no line may ever show, whatever it comes with: a password, token or app secret. It is
-    /// written as "***". An empty text is ignored.
+    /// Writes this text as "***" wherever it occurs: a password, token or app secret. Ignores an empty text.
     void AddSecret(const QString& secret);
 
-    /// Writes `fields` with the name of the event and `t`, the time since the start [ms].
+    /// Writes `fields`, the event's name and `t`, the time since the start [ms].
     void Write(const QString& event, QJsonObject fields);
 
 private:
