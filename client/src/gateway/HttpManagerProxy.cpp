@@ -35,20 +35,25 @@ void HttpManagerProxy::Send(const QSharedPointer<IHttpRequest>& request,
         const bool succeeded = response->IsSuccess();
         const auto* const json = qobject_cast<const IHttpResponseBase*>(response.data());
         const bool fromKept = json != nullptr && json->IsFromCache();
-        if (isKept && succeeded && !fromKept)
+        if (isKept && succeeded && !fromKept) {
             reads->TakeAnswer(request, start);
+        }
         if (self) {
-            if (fromKept)
+            if (fromKept) {
                 Q_EMIT self->SigServedFromKept(call);
+            }
             Q_EMIT self->SigAnswered(call, succeeded, response->GetErrorCode(),
                                      succeeded ? QString() : response->GetErrorDesc());
         }
-        if (completion)
+        if (completion) {
             completion(); // may end the watch
-        if (self)
+        }
+        if (self) {
             Q_EMIT self->SigEnded(call);
-        if (changes && succeeded)
+        }
+        if (changes && succeeded) {
             reads->TakeChange();
+        }
     };
     m_next->Send(request, response, ended, timeout, attempts);
 }

@@ -60,8 +60,9 @@ ReadableLabels::~ReadableLabels() = default;
 QColor ReadableLabels::Readable(const QColor& color, const QColor& background, const QColor& text)
 {
     QColor readable = color;
-    for (int i = 1; i <= steps && Contrast(readable, background) < leastContrast; ++i)
+    for (int i = 1; i <= steps && Contrast(readable, background) < leastContrast; ++i) {
         readable = Mix(color, text, static_cast<double>(i) / steps);
+    }
     return readable;
 }
 
@@ -73,12 +74,14 @@ double ReadableLabels::Contrast(const QColor& a, const QColor& b)
 
 bool ReadableLabels::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::Paint)
+    if (event->type() != QEvent::Paint) {
         return false;
+    }
     auto* const label = qobject_cast<QLabel*>(watched);
     if (label == nullptr || label->textFormat() == Qt::PlainText || !m_page->isAncestorOf(label) ||
-        !label->text().contains(QLatin1String("<font color=")))
+        !label->text().contains(QLatin1String("<font color="))) {
         return false;
+    }
 
     QPainter painter(label);
     QStyleOption option;

@@ -76,10 +76,11 @@ SaveStatus::SaveStatus(QObject* parent)
         Update();
     });
     connect(m_button, &QPushButton::clicked, this, [this] {
-        if (m_kind == Kind::Lost)
+        if (m_kind == Kind::Lost) {
             Reset();
-        else
+        } else {
             Q_EMIT SigLoadAgain();
+        }
     });
 }
 
@@ -93,8 +94,9 @@ QWidget* SaveStatus::GetNotice() const noexcept
 void SaveStatus::SetBusy(bool busy)
 {
     if (busy) {
-        if (!m_slow && !m_patience->isActive())
+        if (!m_slow && !m_patience->isActive()) {
             m_patience->start();
+        }
         return;
     }
     m_patience->stop();
@@ -128,12 +130,14 @@ void SaveStatus::SetLost()
 
 void SaveStatus::SetStale(bool stale)
 {
-    if (!stale && !m_stale)
+    if (!stale && !m_stale) {
         return;
+    }
     m_stale = stale;
     Update();
-    if (stale)
+    if (stale) {
         Announce(m_notice);
+    }
 }
 
 void SaveStatus::Reset()
@@ -145,10 +149,11 @@ void SaveStatus::Reset()
 bool SaveStatus::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_notice) {
-        if (event->type() == QEvent::LanguageChange)
+        if (event->type() == QEvent::LanguageChange) {
             Update();
-        else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
             AdjustForScale();
+        }
     }
     return QObject::eventFilter(watched, event);
 }
@@ -163,8 +168,9 @@ void SaveStatus::Update()
     const QString line = m_slow ? tr("Saving…") : m_kind == Kind::Saved ? tr("Saved") : QString();
     m_line->setText(line);
     m_line->setAccessibleName(line);
-    if (m_kind == Kind::Saved && !m_slow)
+    if (m_kind == Kind::Saved && !m_slow) {
         m_stay->start();
+    }
 
     if (m_kind == Kind::Failed) {
         const QString text =

@@ -120,8 +120,9 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     connect(m_search, &QLineEdit::textChanged, this, &SettingsDialog::Search);
     connect(m_list, &QListWidget::currentRowChanged, this, [this] {
         SelectPage();
-        if (m_services.savePage && m_current >= 0 && m_search->text().isEmpty())
+        if (m_services.savePage && m_current >= 0 && m_search->text().isEmpty()) {
             m_services.savePage(KeyOf(m_entries.at(m_current).id));
+        }
     });
     qApp->installEventFilter(this);
     auto* find = new QShortcut(QKeySequence::Find, this);
@@ -166,8 +167,9 @@ void SettingsDialog::UpdateEvents()
 void SettingsDialog::LoadAgain()
 {
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr)
+        if (area != nullptr) {
             area->LoadIfStale();
+        }
     }
 }
 
@@ -176,8 +178,9 @@ void SettingsDialog::ShowPage(SettingWidgetId id)
     m_search->clear();
     for (int i = 0; i < m_list->count(); ++i) {
         const int entry = m_list->item(i)->data(entryRole).toInt();
-        if (entry >= 0 && m_entries.at(entry).id == id)
+        if (entry >= 0 && m_entries.at(entry).id == id) {
             m_list->setCurrentRow(i);
+        }
     }
 }
 
@@ -191,16 +194,18 @@ void SettingsDialog::AdjustForDpi()
 {
     Adjust();
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr)
+        if (area != nullptr) {
             area->FollowSurroundings();
+        }
     }
 }
 
 void SettingsDialog::reject()
 {
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr && !m_closing)
+        if (area != nullptr && !m_closing) {
             area->SaveData();
+        }
     }
     if (IsBusy() && !m_closing) {
         m_closing = true; // as soon as everything is answered
@@ -211,8 +216,9 @@ void SettingsDialog::reject()
         const bool may =
             MayDropUnsaved(tr("A change could not be saved. It is lost when you close the settings."),
                            {tr("Close anyway"), tr("Keep open")});
-        if (!self || !may || !isVisible())
+        if (!self || !may || !isVisible()) {
             return;
+        }
     }
     Close();
 }
@@ -220,8 +226,9 @@ void SettingsDialog::reject()
 bool SettingsDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show && watched != this) {
-        if (auto* const opened = qobject_cast<TLBaseDialog*>(watched))
+        if (auto* const opened = qobject_cast<TLBaseDialog*>(watched)) {
             Receive(opened);
+        }
     }
     return TLBaseDialog::eventFilter(watched, event);
 }
@@ -232,8 +239,9 @@ void SettingsDialog::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         Retranslate();
         for (SettingsPageArea* const area : qAsConst(m_areas)) {
-            if (area != nullptr)
+            if (area != nullptr) {
                 area->FollowSurroundings();
+            }
         }
     } else if (event->type() == QEvent::FontChange) {
         Adjust();
@@ -254,22 +262,25 @@ void SettingsDialog::keyPressEvent(QKeyEvent* event)
 
 void SettingsDialog::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous())
+    if (!event->spontaneous()) {
         Load();
+    }
     TLBaseDialog::showEvent(event);
 }
 
 void SettingsDialog::Receive(TLBaseDialog* opened)
 {
     // The dialogs that pages open bring no names for screen readers either.
-    if (opened->findChild<AccessibleNames*>() == nullptr)
+    if (opened->findChild<AccessibleNames*>() == nullptr) {
         new AccessibleNames(opened);
+    }
     const bool isOfPage = std::any_of(m_areas.cbegin(), m_areas.cend(), [](const SettingsPageArea* area) {
         return area != nullptr && area->IsPageDealing();
     });
     const QWidget* const parent = opened->parentWidget();
-    if (!isOfPage || (parent != nullptr && parent->window() == this))
+    if (!isOfPage || (parent != nullptr && parent->window() == this)) {
         return;
+    }
     // Pages know the client's window only, which may be far from where the user looks.
     TLMask::Instance()->InitMask(this, this)->ShowFor(opened);
     QRect place(QPoint(), opened->size());
@@ -280,8 +291,9 @@ void SettingsDialog::Receive(TLBaseDialog* opened)
     place.moveLeft(qMax(place.left(), available.left()));
     place.moveTop(qMax(place.top(), available.top()));
     opened->move(place.topLeft());
-    if (opened->windowHandle() != nullptr)
+    if (opened->windowHandle() != nullptr) {
         opened->windowHandle()->setTransientParent(windowHandle());
+    }
 }
 
 void SettingsDialog::Load()
@@ -302,8 +314,9 @@ void SettingsDialog::Load()
     m_search->clear();
     Search();
     const QByteArray geometry = m_services.loadGeometry ? m_services.loadGeometry() : QByteArray();
-    if (!restoreGeometry(geometry))
+    if (!restoreGeometry(geometry)) {
         resize(Scaled(roomy).boundedTo(screen()->availableSize() * shareOfScreen));
+    }
     m_list->setFocus(Qt::OtherFocusReason);
 }
 
@@ -317,8 +330,9 @@ void SettingsDialog::Search()
         int group = 0;
         for (int i = 0; i < m_entries.size(); ++i) {
             const SettingsPageEntry& entry = m_entries.at(i);
-            if (!SettingsCatalog::IsFound(entry, word))
+            if (!SettingsCatalog::IsFound(entry, word)) {
                 continue;
+            }
             if (m_list->count() > 0 && entry.id.GetGroup() != group) {
                 auto* gap = new QListWidgetItem(m_list);
                 gap->setFlags(Qt::NoItemFlags);
@@ -328,8 +342,9 @@ void SettingsDialog::Search()
             auto* item = new QListWidgetItem(SymbolicIcon::Make(SettingsPageFaces::GetIcon(entry.id)),
                                              SettingsPageFaces::GetTitle(entry), m_list);
             item->setData(entryRole, i);
-            if (row < 0 || i == m_current)
+            if (row < 0 || i == m_current) {
                 row = m_list->count() - 1;
+            }
         }
     }
     Adjust();
@@ -346,8 +361,9 @@ void SettingsDialog::SelectPage()
 {
     const QListWidgetItem* const item = m_list->currentItem();
     const int entry = item != nullptr ? item->data(entryRole).toInt() : -1;
-    if (entry < 0)
+    if (entry < 0) {
         return;
+    }
     m_current = entry;
     SettingsPageArea* const area = AreaOf(entry);
     m_stack->setCurrentWidget(area);
@@ -374,42 +390,48 @@ void SettingsDialog::ChooseSafely(Choice choice, const std::function<void()>& ch
 
 void SettingsDialog::TakeSettled()
 {
-    if (IsBusy() || m_asking)
+    if (IsBusy() || m_asking) {
         return;
+    }
     const QPointer<SettingsDialog> self(this);
     if (m_closing) {
         m_closing = false;
         reject(); // asks about what could not be saved
         return;   // a choice that waits comes with the end of the dialog, or in its turn
     }
-    if (m_choices.empty())
+    if (m_choices.empty()) {
         return;
+    }
     const bool may = MayDropUnsaved(
         tr("A change could not be saved. It is lost when the pages are shown anew for this choice."),
         {tr("Continue"), tr("Cancel")});
-    if (!self)
+    if (!self) {
         return;
+    }
     const auto choices = std::exchange(m_choices, {});
     if (!may) {
         m_own->ShowChoices();
         return;
     }
     for (const auto& [choice, choose] : choices) {
-        if (self)
+        if (self) {
             choose();
+        }
     }
 }
 
 bool SettingsDialog::MayDropUnsaved(const QString& question, const QStringList& buttons)
 {
-    if (m_atEnd || !IsUnsaved())
+    if (m_atEnd || !IsUnsaved()) {
         return true;
+    }
     const QPointer<SettingsDialog> self(this);
     m_asking = true;
     const auto answer =
         PackagedMsgBox::question(question, this, QMessageBox::Discard | QMessageBox::Cancel, buttons);
-    if (!self)
+    if (!self) {
         return false;
+    }
     m_asking = false;
     // What was settled or wanted meanwhile has waited for the answer.
     QMetaObject::invokeMethod(this, &SettingsDialog::TakeSettled, Qt::QueuedConnection);
@@ -431,12 +453,14 @@ bool SettingsDialog::IsUnsaved() const
 void SettingsDialog::Close()
 {
     m_closing = false;
-    if (m_services.saveGeometry)
+    if (m_services.saveGeometry) {
         m_services.saveGeometry(saveGeometry());
+    }
     // The key that closes may come from a page.
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr)
+        if (area != nullptr) {
             area->deleteLater();
+        }
     }
     m_areas.fill(nullptr);
     m_calls->SetOpen(false);
@@ -444,8 +468,9 @@ void SettingsDialog::Close()
     const auto choices = std::exchange(m_choices, {});
     TLBaseDialog::reject();
     for (const auto& [choice, choose] : choices) {
-        if (self)
+        if (self) {
             choose();
+        }
     }
 }
 
@@ -475,7 +500,8 @@ void SettingsDialog::Retranslate()
     for (int i = 0; i < m_list->count(); ++i) {
         QListWidgetItem* const item = m_list->item(i);
         const int entry = item->data(entryRole).toInt();
-        if (entry >= 0)
+        if (entry >= 0) {
             item->setText(SettingsPageFaces::GetTitle(m_entries.at(entry)));
+        }
     }
 }

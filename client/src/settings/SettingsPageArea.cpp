@@ -71,8 +71,9 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
     m_keywordTimer->setSingleShot(true);
     m_keywordTimer->setInterval(typingPause);
     connect(m_keywordTimer, &QTimer::timeout, this, [this] {
-        if (m_keyword != m_madeKeyword && !IsBusy() && !IsUnsaved())
+        if (m_keyword != m_madeKeyword && !IsBusy() && !IsUnsaved()) {
             MakeSoon(Reason::Surroundings);
+        }
     });
     connect(&m_hold, &InputHold::SigBusyChanged, this, &SettingsPageArea::TakeBusy);
     connect(&m_hold, &InputHold::SigChangeFailed, this,
@@ -82,15 +83,17 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
             });
     connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::TakeInputLost);
     connect(m_status, &SaveStatus::SigLoadAgain, this, [this] {
-        if (IsUnsaved())
+        if (IsUnsaved()) {
             MakeSoon(Reason::LoadAgain);
-        else
+        } else {
             LoadIfStale();
+        }
     });
     connect(calls, &HttpManagerProxy::SigStarted, this, [this, calls](quint64 call, bool changes) {
         TakeStart(call, changes);
-        if (m_reads.contains(call))
+        if (m_reads.contains(call)) {
             calls->KeepUpToDate();
+        }
     });
     connect(calls, &HttpManagerProxy::SigServedFromKept, this, &SettingsPageArea::TakeServedFromKept);
     connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::TakeEnd);
@@ -102,27 +105,32 @@ SettingsPageArea::~SettingsPageArea() = default;
 
 void SettingsPageArea::SetKeyword(const QString& keyword)
 {
-    if (m_keyword == keyword)
+    if (m_keyword == keyword) {
         return;
+    }
     m_keyword = keyword;
-    if (m_page != nullptr)
+    if (m_page != nullptr) {
         m_page->SetKeyword(keyword);
+    }
     // The rows of a page hear of the word only when they are made.
-    if (!m_entry.own)
+    if (!m_entry.own) {
         m_keywordTimer->start();
+    }
 }
 
 void SettingsPageArea::LoadIfStale()
 {
-    if (m_stale)
+    if (m_stale) {
         MakeSoon(Reason::Surroundings);
+    }
 }
 
 void SettingsPageArea::FollowSurroundings()
 {
     Adjust();
-    if (!m_entry.own)
+    if (!m_entry.own) {
         MakeSoon(Reason::Surroundings);
+    }
 }
 
 bool SettingsPageArea::IsBusy() const noexcept
@@ -137,22 +145,25 @@ bool SettingsPageArea::IsUnsaved() const noexcept
 
 void SettingsPageArea::SaveData()
 {
-    if (m_page != nullptr)
+    if (m_page != nullptr) {
         m_page->SaveData();
+    }
 }
 
 void SettingsPageArea::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Adjust();
+    }
     QWidget::changeEvent(event);
 }
 
 void SettingsPageArea::MakeSoon(Reason reason)
 {
     const bool isPlanned = m_makeTimer->isActive();
-    if (!isPlanned || reason == Reason::LoadAgain)
+    if (!isPlanned || reason == Reason::LoadAgain) {
         m_reason = reason;
+    }
     m_hold.SetBlocked(true);
     m_makeTimer->start(0);
 }
@@ -161,10 +172,11 @@ void SettingsPageArea::TryToMake()
 {
     // Not under the page's own feet: while its code waits for a dialog, or for the answer to a change.
     const QWidget* const modal = QApplication::activeModalWidget();
-    if (m_hold.IsInFlight() || m_hold.IsPageDealing() || (modal != nullptr && modal != window()))
+    if (m_hold.IsInFlight() || m_hold.IsPageDealing() || (modal != nullptr && modal != window())) {
         m_makeTimer->start(retryPause);
-    else
+    } else {
         Make();
+    }
 }
 
 void SettingsPageArea::Make()
@@ -172,8 +184,9 @@ void SettingsPageArea::Make()
     const bool loses = m_reason == Reason::Surroundings && IsUnsaved();
     QWidget* const focus = QApplication::focusWidget();
     m_focusPlace.reset();
-    if (m_page != nullptr && focus != nullptr && m_page->isAncestorOf(focus))
+    if (m_page != nullptr && focus != nullptr && m_page->isAncestorOf(focus)) {
         m_focusPlace = WidgetPlace(m_page, focus);
+    }
     m_loading.clear();
     m_reads.clear();
     m_stale = false;
@@ -183,8 +196,9 @@ void SettingsPageArea::Make()
     {
         const QScopedValueRollback<bool> making(m_making, true);
         m_page = m_entry.factory->CreateSettingWidget(m_entry.id);
-        if (m_page != nullptr)
+        if (m_page != nullptr) {
             m_page->SetKeyword(m_keyword);
+        }
     }
     if (m_page == nullptr) {
         m_hold.Drop();
@@ -216,10 +230,11 @@ void SettingsPageArea::Make()
 void SettingsPageArea::TakeSaved()
 {
     m_saved = m_hold.HasKept();
-    if (m_saved)
+    if (m_saved) {
         m_status->Reset(); // the outcome of what waits is what counts, if it has one
-    else
+    } else {
         m_status->SetSaved();
+    }
 }
 
 void SettingsPageArea::TakeFailed()
@@ -234,32 +249,38 @@ void SettingsPageArea::TakeInputLost()
 {
     m_saved = false;
     // A change that stands on the page unsaved is not gone, and weighs more.
-    if (!IsUnsaved())
+    if (!IsUnsaved()) {
         m_status->SetLost();
+    }
 }
 
 void SettingsPageArea::TakeBusy(bool busy)
 {
     m_status->SetBusy(busy);
-    if (busy)
+    if (busy) {
         return;
-    if (std::exchange(m_saved, false))
+    }
+    if (std::exchange(m_saved, false)) {
         m_status->SetSaved();
+    }
     Q_EMIT SigSettled();
 }
 
 void SettingsPageArea::TakeStart(quint64 call, bool changes)
 {
-    if (m_making)
+    if (m_making) {
         m_loading.insert(call);
-    if (!changes && (m_making || m_hold.IsInInput()))
+    }
+    if (!changes && (m_making || m_hold.IsInInput())) {
         m_reads.insert(call);
+    }
 }
 
 void SettingsPageArea::TakeServedFromKept(quint64 call)
 {
-    if (!m_reads.contains(call) || m_page == nullptr)
+    if (!m_reads.contains(call) || m_page == nullptr) {
         return;
+    }
     // The page writes its lists whole, and these are older than what is stored.
     m_stale = true;
     m_page->setEnabled(false);
@@ -269,10 +290,12 @@ void SettingsPageArea::TakeEnd(quint64 call)
 {
     const bool wasRead = m_reads.remove(call);
     const bool wasLoading = m_loading.remove(call);
-    if (wasRead && m_loading.isEmpty())
+    if (wasRead && m_loading.isEmpty()) {
         m_status->SetStale(m_stale); // until then what was said of the page before stays
-    if (wasLoading && m_loading.isEmpty() && !m_makeTimer->isActive())
+    }
+    if (wasLoading && m_loading.isEmpty() && !m_makeTimer->isActive()) {
         ReleaseSoon();
+    }
 }
 
 void SettingsPageArea::ReleaseSoon()
@@ -283,11 +306,13 @@ void SettingsPageArea::ReleaseSoon()
 
 void SettingsPageArea::Release()
 {
-    if (!m_loading.isEmpty() || m_makeTimer->isActive())
+    if (!m_loading.isEmpty() || m_makeTimer->isActive()) {
         return; // once more in the meantime
+    }
     if (m_focusPlace && m_page != nullptr && QApplication::focusWidget() == nullptr) {
-        if (QWidget* const focus = m_focusPlace->FindIn(m_page))
+        if (QWidget* const focus = m_focusPlace->FindIn(m_page)) {
             focus->setFocus(Qt::OtherFocusReason);
+        }
     }
     m_focusPlace.reset();
     m_hold.SetBlocked(false);

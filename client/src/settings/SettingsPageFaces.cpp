@@ -12,35 +12,47 @@ constexpr SettingWidgetId openingAtStart(10, 60);
 
 QString SettingsPageFaces::GetTitle(const SettingsPageEntry& entry)
 {
-    if (entry.id == ClientPageIds::appearance)
+    if (entry.id == ClientPageIds::appearance) {
         return tr("Appearance");
-    if (entry.id == ClientPageIds::language)
+    }
+    if (entry.id == ClientPageIds::language) {
         return tr("Language");
-    if (entry.id == openingAtStart)
+    }
+    if (entry.id == openingAtStart) {
         return tr("Opening at start");
-    if (entry.id == ClientPageIds::privacy)
+    }
+    if (entry.id == ClientPageIds::privacy) {
         return tr("Privacy");
-    if (entry.id == ClientPageIds::monitoring)
+    }
+    if (entry.id == ClientPageIds::monitoring) {
         return tr("Monitoring");
-    if (entry.id == ClientPageIds::about)
+    }
+    if (entry.id == ClientPageIds::about) {
         return tr("About");
+    }
     const QString word = entry.factory->GetSearchKeywords(entry.id).value(0);
     return word.isEmpty() ? tr("More settings") : word;
 }
 
 QString SettingsPageFaces::GetIcon(SettingWidgetId id)
 {
-    if (id == ClientPageIds::appearance)
+    if (id == ClientPageIds::appearance) {
         return QStringLiteral("appearance");
-    if (id == ClientPageIds::language)
+    }
+    if (id == ClientPageIds::language) {
         return QStringLiteral("globe");
-    if (id == openingAtStart)
+    }
+    if (id == openingAtStart) {
         return QStringLiteral("start");
-    if (id == ClientPageIds::privacy)
+    }
+    if (id == ClientPageIds::privacy) {
         return QStringLiteral("lock");
-    if (id == ClientPageIds::monitoring)
+    }
+    if (id == ClientPageIds::monitoring) {
         return QStringLiteral("activity");
-    if (id == ClientPageIds::about)
+    }
+    if (id == ClientPageIds::about) {
         return QStringLiteral("info");
+    }
     return QStringLiteral("app");
 }

@@ -193,8 +193,9 @@ TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
         ASSERT_NE(open, nullptr);
         int attempts = 0;
         const QList<QTimer*> timers = Area()->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
-        for (QTimer* const timer : timers)
+        for (QTimer* const timer : timers) {
             QObject::connect(timer, &QTimer::timeout, open, [&attempts] { ++attempts; });
+        }
         DpiTool::SetScale(1.25);
         stood = WaitUntil([&attempts] { return attempts >= 3; }) && !before.isNull();
         open->accept();
@@ -384,8 +385,9 @@ void PressTwice(QWidget* first, const std::function<QWidget*()>& second)
 TEST_F(HeldInputTest, ADoubleClickOnDeleteDeletesOneRow)
 {
     Open();
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         Page()->GetRow(i)->remove->show();
+    }
     PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });
     AnswerAll();
     EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
@@ -401,8 +403,9 @@ TEST_F(HeldInputTest, ADoubleClickOnDeleteDeletesOneRow)
 TEST_F(HeldInputTest, ADoubleClickOnDeleteThatWaitedDeletesOneRow)
 {
     Open();
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         Page()->GetRow(i)->remove->show();
+    }
     Tick(2);
     // While this is on its way no row goes, so the second press is on the same one.
     PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });

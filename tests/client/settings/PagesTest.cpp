@@ -280,8 +280,9 @@ TEST_F(PagesTest, ANewEventShowsAtOnceAndABunchIsReadOnce)
     Choose(QStringLiteral("Monitoring"));
     reads = 0;
     events.append({QDateTime::currentDateTimeUtc(), QStringLiteral("New"), QStringLiteral("Home"), {}});
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         dialog->UpdateEvents();
+    }
     const QAbstractItemModel* const model = Find<QAbstractItemView>("monitor_table")->model();
     EXPECT_TRUE(WaitUntil([model] { return model->rowCount() == 1; }));
     EXPECT_EQ(reads, 1);
@@ -338,11 +339,13 @@ TEST_F(PagesTest, OpeningEditingAndClosingLeavesNothingBehind)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     };
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         cycle();
+    }
     const int before = QApplication::allWidgets().size();
-    for (int i = 0; i < 200; ++i)
+    for (int i = 0; i < 200; ++i) {
         cycle();
+    }
     EXPECT_EQ(QApplication::allWidgets().size(), before);
     EXPECT_TRUE(factory.page.isNull());
 }
@@ -352,8 +355,9 @@ TEST_F(PagesTest, TheLicencesAreThere)
     Open();
     Choose(QStringLiteral("About"));
     const QString text = Find<QPlainTextEdit>("licences_text")->toPlainText();
-    for (const char* part : {"Qt WebEngine", "QtKeychain", "GNU LESSER GENERAL PUBLIC LICENSE"})
+    for (const char* part : {"Qt WebEngine", "QtKeychain", "GNU LESSER GENERAL PUBLIC LICENSE"}) {
         EXPECT_TRUE(text.contains(QLatin1String(part))) << part;
+    }
 }
 
 } // namespace

@@ -125,11 +125,13 @@ int main(int argc, char** argv)
     for (const QFileInfo& file : files) {
         QPluginLoader loader(file.filePath());
         auto* const module = qobject_cast<IBusinessModule*>(loader.instance());
-        if (module == nullptr)
+        if (module == nullptr) {
             continue;
+        }
         module->InitModule();
-        if (ISysSettingFactory* const factory = module->GetSysSettingFactory())
+        if (ISysSettingFactory* const factory = module->GetSysSettingFactory()) {
             factories.append(factory);
+        }
     }
 
     SettingsServices services;
@@ -157,10 +159,11 @@ int main(int argc, char** argv)
     dialog.show();
     dialog.activateWindow();
     QStringList steps = value("do").split(QLatin1Char(','), Qt::SkipEmptyParts);
-    if (!value("search").isEmpty())
+    if (!value("search").isEmpty()) {
         steps =
             QStringList{QStringLiteral("focus:settings_search"), QStringLiteral("type:") + value("search")} +
             steps;
+    }
     const PreviewSteps run(&dialog, &gateway, steps, value("picture"));
     return QApplication::exec();
 }

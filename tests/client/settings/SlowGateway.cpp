@@ -33,8 +33,9 @@ void SlowGateway::Send(const QSharedPointer<IHttpRequest>& request,
     const bool isRead = request->GetMethodName() == "read";
     ++(isRead ? reads : writes);
     m_calls.push_back({request, response, std::move(finished), request->GetApiBody()});
-    if (delay > 0)
+    if (delay > 0) {
         QTimer::singleShot(delay, Qt::PreciseTimer, this, &SlowGateway::Answer);
+    }
 }
 
 void SlowGateway::Answer()
@@ -47,19 +48,22 @@ void SlowGateway::Answer()
         --failures;
         if (failureCode.isEmpty()) {
             call.response->SetNetworkError(1, QStringLiteral("connection refused"));
-            if (mayKeep && !kept.isEmpty())
+            if (mayKeep && !kept.isEmpty()) {
                 keeping->SetCacheData(kept);
+            }
         } else {
             call.response->SetData(Reply(failureCode, QString()));
         }
     } else if (call.request->GetMethodName() == "read") {
         call.response->SetData(Reply(QStringLiteral("0"), stored));
-        if (mayKeep && keeping->CanSaveToCache())
+        if (mayKeep && keeping->CanSaveToCache()) {
             kept = keeping->GetCacheData();
+        }
     } else {
         stored = QString::fromUtf8(call.body);
         call.response->SetData(Reply(QStringLiteral("0"), QString()));
     }
-    if (call.finished)
+    if (call.finished) {
         call.finished();
+    }
 }

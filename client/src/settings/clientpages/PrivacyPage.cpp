@@ -72,8 +72,9 @@ void PrivacyPage::ShowState()
     m_replies->setText(m_repliesState == State::Done ? tr("Cleared") : tr("Clear"));
     const bool kept = m_services->hasKeptSession && m_services->hasKeptSession();
     m_session->setText(m_sessionState == State::Done ? tr("Forgotten") : tr("Forget"));
-    if (m_sessionState == State::Ready)
+    if (m_sessionState == State::Ready) {
         m_session->setEnabled(kept);
+    }
 }
 
 void PrivacyPage::ClearBrowsing()
@@ -82,17 +83,20 @@ void PrivacyPage::ClearBrowsing()
     const auto answer =
         PackagedMsgBox::question(tr("This signs you out of the pages that you opened. Clear their data?"),
                                  this, QMessageBox::Yes | QMessageBox::No, {tr("Clear"), tr("Cancel")});
-    if (!guard || answer != QMessageBox::Yes)
+    if (!guard || answer != QMessageBox::Yes) {
         return;
+    }
     m_browsingState = State::Busy;
     ShowState();
     m_services->clearBrowsingData([self = QPointer<PrivacyPage>(this)](bool ok) {
-        if (!self)
+        if (!self) {
             return;
+        }
         self->m_browsingState = ok ? State::Done : State::Failed;
         self->ShowState();
-        if (!ok)
+        if (!ok) {
             TLToast::Show(tr("The data could not be cleared."), ToastType::Error);
+        }
     });
 }
 
@@ -101,8 +105,9 @@ void PrivacyPage::ForgetSession()
     m_sessionState = State::Busy;
     ShowState();
     m_services->forgetSession([self = QPointer<PrivacyPage>(this)] {
-        if (!self)
+        if (!self) {
             return;
+        }
         self->m_sessionState = State::Done;
         self->ShowState();
     });
