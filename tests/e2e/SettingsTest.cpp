@@ -12,17 +12,17 @@
 
 namespace {
 
-const QString systemItems = QStringLiteral("systemItems");
-const QString customItems = QStringLiteral("customItems");
-const QString pluginItems = QStringLiteral("pluginItems");
-const QString urlKey = QStringLiteral("url");
-const QString checkedKey = QStringLiteral("checked");
-const QString activeKey = QStringLiteral("activeItem");
+const QString SystemItems = QStringLiteral("systemItems");
+const QString CustomItems = QStringLiteral("customItems");
+const QString PluginItems = QStringLiteral("pluginItems");
+const QString UrlKey = QStringLiteral("url");
+const QString CheckedKey = QStringLiteral("checked");
+const QString ActiveKey = QStringLiteral("activeItem");
 
-const QString getMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
-const QString setMethod = QStringLiteral("dsm.tl.pc.auto.run.set");
+const QString GetMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
+const QString SetMethod = QStringLiteral("dsm.tl.pc.auto.run.set");
 
-constexpr int limit = 5; // own addresses, and apps
+constexpr int Limit = 5; // own addresses, and apps
 
 } // namespace
 
@@ -83,10 +83,10 @@ protected:
 
     static bool IsHomeFirst(const QJsonObject& stored)
     {
-        for (const QString& list : {systemItems, customItems, pluginItems}) {
+        for (const QString& list : {SystemItems, CustomItems, PluginItems}) {
             const QJsonArray entries = stored.value(list).toArray();
             for (const QJsonValue& entry : entries) {
-                if (entry.toObject().value(activeKey).toBool()) {
+                if (entry.toObject().value(ActiveKey).toBool()) {
                     return false;
                 }
             }
@@ -102,12 +102,12 @@ protected:
         if (wanted == Stop::HomeFirst) {
             return stops > 0 ? stops : -1;
         }
-        for (const QString& list : {systemItems, customItems, pluginItems}) {
+        for (const QString& list : {SystemItems, CustomItems, PluginItems}) {
             const QJsonArray entries = stored.value(list).toArray();
             for (int row = 0; row < entries.size(); ++row) {
-                const bool active = entries.at(row).toObject().value(activeKey).toBool();
+                const bool active = entries.at(row).toObject().value(ActiveKey).toBool();
                 QVector<Stop> places{Stop::CheckBox};
-                if (list != systemItems) {
+                if (list != SystemItems) {
                     places << Stop::Edit << Stop::Delete;
                 }
                 if (!active) {
@@ -120,7 +120,7 @@ protected:
                     }
                 }
             }
-            if (list != systemItems) {
+            if (list != SystemItems) {
                 ++stops;
                 if (list == wantedList && wanted == Stop::Add) {
                     return stops;
@@ -142,7 +142,7 @@ protected:
     /// Opens the settings at the page, which they remember.
     bool OpenSettings(bool first = false)
     {
-        const int reads = m_front->GetCallCount(getMethod);
+        const int reads = m_front->GetCallCount(GetMethod);
         if (!m_desktop->WaitForWindow(m_client->GetProcessId()) ||
             !m_desktop->Press({QStringLiteral("ctrl+comma")}) ||
             !m_desktop->WaitForTitle(QStringLiteral("Settings"))) {
@@ -151,7 +151,7 @@ protected:
         if (first && !m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Down")})) {
             return false;
         }
-        return QTest::qWaitFor([this, reads] { return m_front->GetCallCount(getMethod) > reads; }, 10000);
+        return QTest::qWaitFor([this, reads] { return m_front->GetCallCount(GetMethod) > reads; }, 10000);
     }
     /// Goes to a place of the page in fresh settings and presses it.
     bool PressPlace(const QString& list, int row, Stop place)
@@ -191,64 +191,64 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     ASSERT_TRUE(OpenSettings(true));
 
     // Untick one of the operator's entries.
-    ASSERT_TRUE(PressPlace(systemItems, 0, Stop::CheckBox));
-    ASSERT_TRUE(WaitForEntry(systemItems, 0, checkedKey, false));
+    ASSERT_TRUE(PressPlace(SystemItems, 0, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(SystemItems, 0, CheckedKey, false));
 
     // Add an address: first one that is none of ours, then a good one.
-    ASSERT_TRUE(PressPlace(customItems, -1, Stop::Add));
+    ASSERT_TRUE(PressPlace(CustomItems, -1, Stop::Add));
     ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add Url")));
     ASSERT_TRUE(Enter(QStringLiteral("http://vx.example.evil.test/")));
     QTest::qWait(settled);
     EXPECT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add Url"))) << "a bad address closes nothing";
     ASSERT_TRUE(Enter(MakeAddress(QStringLiteral("returns"))));
-    ASSERT_TRUE(WaitForCount(customItems, 3));
-    EXPECT_EQ(GetEntry(customItems, 2).value(urlKey).toString(), MakeAddress(QStringLiteral("returns")));
-    EXPECT_FALSE(GetEntry(customItems, 2).value(checkedKey).toBool()) << "a new entry waits to be ticked";
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::CheckBox));
-    ASSERT_TRUE(WaitForEntry(customItems, 2, checkedKey, true));
+    ASSERT_TRUE(WaitForCount(CustomItems, 3));
+    EXPECT_EQ(GetEntry(CustomItems, 2).value(UrlKey).toString(), MakeAddress(QStringLiteral("returns")));
+    EXPECT_FALSE(GetEntry(CustomItems, 2).value(CheckedKey).toBool()) << "a new entry waits to be ticked";
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(CustomItems, 2, CheckedKey, true));
 
     // Edit it.
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::Edit));
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::Edit));
     ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Edit Url")));
     ASSERT_TRUE(Enter(MakeAddress(QStringLiteral("reviews"))));
-    ASSERT_TRUE(WaitForEntry(customItems, 2, urlKey, MakeAddress(QStringLiteral("reviews"))));
+    ASSERT_TRUE(WaitForEntry(CustomItems, 2, UrlKey, MakeAddress(QStringLiteral("reviews"))));
 
     // Add an app, then make it another one.
-    ASSERT_TRUE(PressPlace(pluginItems, -1, Stop::Add));
+    ASSERT_TRUE(PressPlace(PluginItems, -1, Stop::Add));
     ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add App")));
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
-    ASSERT_TRUE(WaitForCount(pluginItems, 4));
-    const QString added = GetEntry(pluginItems, 3).value(urlKey).toString();
-    ASSERT_TRUE(PressPlace(pluginItems, 3, Stop::Edit));
+    ASSERT_TRUE(WaitForCount(PluginItems, 4));
+    const QString added = GetEntry(PluginItems, 3).value(UrlKey).toString();
+    ASSERT_TRUE(PressPlace(PluginItems, 3, Stop::Edit));
     ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Edit App")));
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
     ASSERT_TRUE(WaitForStored([&added](const QJsonObject& stored) {
-        const QString now = stored.value(pluginItems).toArray().at(3).toObject().value(urlKey).toString();
+        const QString now = stored.value(PluginItems).toArray().at(3).toObject().value(UrlKey).toString();
         return !now.isEmpty() && now != added;
     }));
 
     // Open the new address first; delete it; then nothing but the home page is first.
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::OpenFirst));
-    ASSERT_TRUE(WaitForEntry(customItems, 2, activeKey, true));
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::Delete));
-    ASSERT_TRUE(WaitForCount(customItems, 2));
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(CustomItems, 2, ActiveKey, true));
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::Delete));
+    ASSERT_TRUE(WaitForCount(CustomItems, 2));
     EXPECT_TRUE(IsHomeFirst(GetStored()));
 
     // Up to both limits, and one more of each.
-    for (int count = 2; count < limit; ++count) {
-        ASSERT_TRUE(PressPlace(customItems, -1, Stop::Add));
+    for (int count = 2; count < Limit; ++count) {
+        ASSERT_TRUE(PressPlace(CustomItems, -1, Stop::Add));
         ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add Url")));
         ASSERT_TRUE(Enter(MakeAddress(QStringLiteral("orders?%1").arg(count))));
-        ASSERT_TRUE(WaitForCount(customItems, count + 1));
+        ASSERT_TRUE(WaitForCount(CustomItems, count + 1));
     }
-    ASSERT_TRUE(PressPlace(pluginItems, -1, Stop::Add));
+    ASSERT_TRUE(PressPlace(PluginItems, -1, Stop::Add));
     ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add App")));
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
-    ASSERT_TRUE(WaitForCount(pluginItems, limit));
+    ASSERT_TRUE(WaitForCount(PluginItems, Limit));
     const QJsonObject full = GetStored();
-    const int writes = m_front->GetCallCount(setMethod);
-    for (const QString& list : {customItems, pluginItems}) {
-        const QString event = list == customItems ? QStringLiteral("Home_Openingsetting_Addpage")
+    const int writes = m_front->GetCallCount(SetMethod);
+    for (const QString& list : {CustomItems, PluginItems}) {
+        const QString event = list == CustomItems ? QStringLiteral("Home_Openingsetting_Addpage")
                                                   : QStringLiteral("Home_Openingsetting_AddService");
         const int reported = CountReports(event);
         ASSERT_TRUE(PressPlace(list, -1, Stop::Add));
@@ -259,13 +259,13 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
         EXPECT_EQ(CountReports(event), reported + 1);
     }
     EXPECT_EQ(GetStored(), full);
-    EXPECT_EQ(m_front->GetCallCount(setMethod), writes);
-    ASSERT_TRUE(PressPlace(pluginItems, 0, Stop::OpenFirst));
-    ASSERT_TRUE(WaitForEntry(pluginItems, 0, activeKey, true));
+    EXPECT_EQ(m_front->GetCallCount(SetMethod), writes);
+    ASSERT_TRUE(PressPlace(PluginItems, 0, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(PluginItems, 0, ActiveKey, true));
     ASSERT_TRUE(PressPlace(QString(), -1, Stop::HomeFirst));
     ASSERT_TRUE(WaitForStored(&SettingsTest::IsHomeFirst));
-    ASSERT_TRUE(PressPlace(pluginItems, 1, Stop::OpenFirst));
-    ASSERT_TRUE(WaitForEntry(pluginItems, 1, activeKey, true));
+    ASSERT_TRUE(PressPlace(PluginItems, 1, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(PluginItems, 1, ActiveKey, true));
 
     // What is in the database is what the gateway says.
     QProcess tool;
@@ -277,7 +277,7 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     const QJsonObject inDatabase = QJsonDocument::fromJson(tool.readAllStandardOutput()).object();
     ASSERT_FALSE(inDatabase.isEmpty());
     const QJsonObject stored = GetStored();
-    for (const QString& list : {systemItems, customItems, pluginItems}) {
+    for (const QString& list : {SystemItems, CustomItems, PluginItems}) {
         EXPECT_EQ(inDatabase.value(list), stored.value(list)) << list.toStdString();
     }
 
@@ -294,7 +294,7 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     LogInAndOpen();
     QStringList opened;
     for (const QJsonObject& event : m_client->GetEvents(QStringLiteral("tab.opened"))) {
-        opened << event.value(urlKey).toString();
+        opened << event.value(UrlKey).toString();
     }
     EXPECT_EQ(opened, m_expected.urls);
     EXPECT_TRUE(m_client->Quit());
@@ -304,24 +304,24 @@ TEST_F(SettingsTest, WhatWasChosenOpensAtTheNextLogInAlsoWithoutTheGateway)
 {
     LogInAndOpen();
     ASSERT_TRUE(OpenSettings(true));
-    ASSERT_TRUE(PressPlace(systemItems, 0, Stop::CheckBox));
-    ASSERT_TRUE(WaitForEntry(systemItems, 0, checkedKey, false));
-    const int reads = m_front->GetCallCount(getMethod);
+    ASSERT_TRUE(PressPlace(SystemItems, 0, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(SystemItems, 0, CheckedKey, false));
+    const int reads = m_front->GetCallCount(GetMethod);
     ASSERT_TRUE(CloseSettings());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(getMethod) > reads; }, 10000))
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(GetMethod) > reads; }, 10000))
         << "what is kept is older than what was chosen";
     ASSERT_TRUE(m_desktop->WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(m_client->WaitFor([](const QVector<QJsonObject>& events) {
         const auto last = std::find_if(events.rbegin(), events.rend(), [](const QJsonObject& event) {
-            return event.value(QStringLiteral("method")).toString() == setMethod;
+            return event.value(QStringLiteral("method")).toString() == SetMethod;
         });
         return std::any_of(events.rbegin(), last, [](const QJsonObject& event) {
-            return event.value(QStringLiteral("method")).toString() == getMethod;
+            return event.value(QStringLiteral("method")).toString() == GetMethod;
         });
     }));
     ASSERT_TRUE(m_client->Quit());
 
-    for (const QString& method : {getMethod, setMethod}) {
+    for (const QString& method : {GetMethod, SetMethod}) {
         m_front->SetFault(method, FaultyGateway::Fault::Close);
     }
     m_expected = Expected();
@@ -330,33 +330,33 @@ TEST_F(SettingsTest, WhatWasChosenOpensAtTheNextLogInAlsoWithoutTheGateway)
     QStringList opened;
     const QVector<QJsonObject> events = m_client->GetEvents(QStringLiteral("tab.opened"));
     for (const QJsonObject& event : events) {
-        opened << event.value(urlKey).toString();
+        opened << event.value(UrlKey).toString();
     }
     EXPECT_EQ(opened, m_expected.urls);
 
     // The page shows the last known list, and takes changes once the gateway answers again.
     const auto countKept = [](const QVector<QJsonObject>& all) {
         return std::count_if(all.begin(), all.end(), [](const QJsonObject& event) {
-            return event.value(QStringLiteral("method")).toString() == getMethod &&
+            return event.value(QStringLiteral("method")).toString() == GetMethod &&
                    event.value(QStringLiteral("cached")).toBool();
         });
     };
     const auto kept = countKept(m_client->GetEvents());
     ASSERT_TRUE(OpenSettings());
     ASSERT_TRUE(m_client->WaitFor([&](const QVector<QJsonObject>& all) { return countKept(all) > kept; }));
-    for (const QString& method : {getMethod, setMethod}) {
+    for (const QString& method : {GetMethod, SetMethod}) {
         m_front->SetFault(method, FaultyGateway::Fault::None);
     }
-    const int failed = m_front->GetCallCount(getMethod);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(getMethod) > failed; }, 30000))
+    const int failed = m_front->GetCallCount(GetMethod);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(GetMethod) > failed; }, 30000))
         << "the page does not read again by itself";
     QTest::qWait(settled);
     QStringList keys;
-    for (int stops = CountStops(GetStored(), systemItems, 0, Stop::CheckBox); stops > 0; --stops) {
+    for (int stops = CountStops(GetStored(), SystemItems, 0, Stop::CheckBox); stops > 0; --stops) {
         keys << QStringLiteral("Tab");
     }
     ASSERT_TRUE(m_desktop->Press(keys + QStringList{QStringLiteral("space")}));
-    EXPECT_TRUE(WaitForEntry(systemItems, 0, checkedKey, true));
+    EXPECT_TRUE(WaitForEntry(SystemItems, 0, CheckedKey, true));
     ASSERT_TRUE(CloseSettings());
     EXPECT_TRUE(m_client->Quit());
 }

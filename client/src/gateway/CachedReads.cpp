@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int timeout = 20000; // [ms]
-constexpr int attempts = 2;
+constexpr int Timeout = 20000; // [ms]
+constexpr int Attempts = 2;
 
 QString KeyOf(const IHttpRequest* request)
 {
@@ -66,6 +66,6 @@ void CachedReads::Refresh()
         read.changes = m_changes;
         // With a response of its own: the first one's content is in use.
         IHttpManager::Instance()->Send(read.request, QSharedPointer<CachedReplyResponse>::create(), {},
-                                       timeout, attempts);
+                                       Timeout, Attempts);
     }
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString fileName = QStringLiteral("tl-client.ini");
+const QString FileName = QStringLiteral("tl-client.ini");
 
 } // namespace
 
@@ -51,7 +51,7 @@ GatewaySettings GatewaySettings::Load(const QStringList& files, const QProcessEn
 
 QStringList GatewaySettings::DefaultFiles()
 {
-    QStringList files{QDir(QCoreApplication::applicationDirPath()).filePath(fileName)};
+    QStringList files{QDir(QCoreApplication::applicationDirPath()).filePath(FileName)};
 #ifdef Q_OS_WIN
     // In the folder that is for all users there any of them may put a file.
     const QStringList folders{QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)};
@@ -59,7 +59,7 @@ QStringList GatewaySettings::DefaultFiles()
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::AppConfigLocation);
 #endif
     for (const QString& folder : folders) {
-        files.append(QDir(folder).filePath(fileName));
+        files.append(QDir(folder).filePath(FileName));
     }
     return files;
 }

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int usualTimeout = 20000; // [ms]
+constexpr int UsualTimeout = 20000; // [ms]
 
 } // namespace
 
@@ -40,12 +40,12 @@ void UserInformation::Read(int limit)
 
 void UserInformation::RefreshPlugins()
 {
-    ReadPlugins(usualTimeout);
+    ReadPlugins(UsualTimeout);
 }
 
 void UserInformation::RefreshFunctions()
 {
-    ReadFunctions(usualTimeout);
+    ReadFunctions(UsualTimeout);
 }
 
 void UserInformation::Stop()

@@ -15,7 +15,8 @@
 
 namespace {
 
-constexpr const char* ours = "tlAccessibleName"; // what was given here, to tell it from the page's own
+// The name that was given here, to tell it from the page's own.
+constexpr const char* GivenNameProperty = "tlAccessibleName";
 
 const QWidget* RowOf(const QWidget* widget, const QWidget* page)
 {
@@ -33,7 +34,7 @@ QString EntryOf(const QWidget* row)
     const QList<QCheckBox*> boxes = row->findChildren<QCheckBox*>();
     for (const QCheckBox* const box : boxes) {
         const QString name = box->accessibleName();
-        if (!name.isEmpty() && name != box->property(ours).toString()) {
+        if (!name.isEmpty() && name != box->property(GivenNameProperty).toString()) {
             return name;
         }
     }
@@ -124,7 +125,8 @@ void AccessibleNames::Name(QWidget* widget, const QVector<QWidget*>& order) cons
 {
     const QString present = widget->accessibleName();
     // The same words as in the tool tip tell no row from another.
-    const bool isGiven = present != widget->property(ours).toString() && present != widget->toolTip();
+    const bool isGiven =
+        present != widget->property(GivenNameProperty).toString() && present != widget->toolTip();
     if (!present.isEmpty() && isGiven) {
         return;
     }
@@ -154,5 +156,5 @@ void AccessibleNames::Name(QWidget* widget, const QVector<QWidget*>& order) cons
         return;
     }
     widget->setAccessibleName(name);
-    widget->setProperty(ours, name);
+    widget->setProperty(GivenNameProperty, name);
 }

@@ -12,12 +12,12 @@
 
 namespace {
 
-constexpr const char* adopted = "tlButtonsByMouse";
+constexpr const char* AdoptedProperty = "tlButtonsByMouse";
 
 bool IsAdopted(const QWidget* widget)
 {
     for (const QWidget* it = widget; it != nullptr; it = it->parentWidget()) {
-        if (it->property(adopted).toBool()) {
+        if (it->property(AdoptedProperty).toBool()) {
             return true;
         }
     }
@@ -49,7 +49,7 @@ ButtonAccessible::ButtonAccessible(QAbstractButton* button) : QAccessibleWidget(
 void ButtonAccessible::Adopt(QWidget* page)
 {
     QAccessible::installFactory(MakeButton);
-    page->setProperty(adopted, true);
+    page->setProperty(AdoptedProperty, true);
 }
 
 QString ButtonAccessible::text(QAccessible::Text kind) const

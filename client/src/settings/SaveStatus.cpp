@@ -16,9 +16,9 @@
 
 namespace {
 
-constexpr int patience = 300; // [ms] in which nobody notices
-constexpr int stay = 2000;    // [ms]
-constexpr int fade = 400;     // [ms]
+constexpr int PatienceTime = 300; // [ms] in which nobody notices
+constexpr int StayTime = 2000;    // [ms]
+constexpr int FadeTime = 400;     // [ms]
 
 void Announce(QWidget* widget)
 {
@@ -43,7 +43,7 @@ SaveStatus::SaveStatus(QObject* parent)
     m_line->setTextFormat(Qt::PlainText);
     m_line->setGraphicsEffect(m_opacity);
     m_opacity->setEnabled(false);
-    m_fade->setDuration(fade);
+    m_fade->setDuration(FadeTime);
     m_fade->setStartValue(1.0);
     m_fade->setEndValue(0.0);
 
@@ -62,10 +62,10 @@ SaveStatus::SaveStatus(QObject* parent)
     AdjustForScale();
 
     m_patience->setSingleShot(true);
-    m_patience->setInterval(patience);
+    m_patience->setInterval(PatienceTime);
     m_patience->setTimerType(Qt::PreciseTimer);
     m_stay->setSingleShot(true);
-    m_stay->setInterval(stay);
+    m_stay->setInterval(StayTime);
     connect(m_patience, &QTimer::timeout, this, [this] {
         m_slow = true;
         Update();

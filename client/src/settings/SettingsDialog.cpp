@@ -36,11 +36,11 @@
 
 namespace {
 
-constexpr QSize roomy(920, 660);    // [px, unscaled]
-constexpr QSize smallest(640, 420); // [px, unscaled]
-constexpr double shareOfScreen = 0.9;
-constexpr int listWidth = 220;          // [px, unscaled]
-constexpr int entryRole = Qt::UserRole; // the entry of a line of the list; -1: a gap between groups
+constexpr QSize RoomySize(920, 660);    // [px, unscaled]
+constexpr QSize SmallestSize(640, 420); // [px, unscaled]
+constexpr double ShareOfScreen = 0.9;
+constexpr int ListWidth = 220;          // [px, unscaled]
+constexpr int EntryRole = Qt::UserRole; // the entry of a line of the list; -1: a gap between groups
 
 QSize Scaled(const QSize& size)
 {
@@ -177,7 +177,7 @@ void SettingsDialog::ShowPage(SettingWidgetId id)
 {
     m_search->clear();
     for (int i = 0; i < m_list->count(); ++i) {
-        const int entry = m_list->item(i)->data(entryRole).toInt();
+        const int entry = m_list->item(i)->data(EntryRole).toInt();
         if (entry >= 0 && m_entries.at(entry).id == id) {
             m_list->setCurrentRow(i);
         }
@@ -315,7 +315,7 @@ void SettingsDialog::Load()
     Search();
     const QByteArray geometry = m_services.loadGeometry ? m_services.loadGeometry() : QByteArray();
     if (!restoreGeometry(geometry)) {
-        resize(Scaled(roomy).boundedTo(screen()->availableSize() * shareOfScreen));
+        resize(Scaled(RoomySize).boundedTo(screen()->availableSize() * ShareOfScreen));
     }
     m_list->setFocus(Qt::OtherFocusReason);
 }
@@ -336,12 +336,12 @@ void SettingsDialog::Search()
             if (m_list->count() > 0 && entry.id.GetGroup() != group) {
                 auto* gap = new QListWidgetItem(m_list);
                 gap->setFlags(Qt::NoItemFlags);
-                gap->setData(entryRole, -1);
+                gap->setData(EntryRole, -1);
             }
             group = entry.id.GetGroup();
             auto* item = new QListWidgetItem(SymbolicIcon::Make(SettingsPageFaces::GetIcon(entry.id)),
                                              SettingsPageFaces::GetTitle(entry), m_list);
-            item->setData(entryRole, i);
+            item->setData(EntryRole, i);
             if (row < 0 || i == m_current) {
                 row = m_list->count() - 1;
             }
@@ -360,7 +360,7 @@ void SettingsDialog::Search()
 void SettingsDialog::SelectPage()
 {
     const QListWidgetItem* const item = m_list->currentItem();
-    const int entry = item != nullptr ? item->data(entryRole).toInt() : -1;
+    const int entry = item != nullptr ? item->data(EntryRole).toInt() : -1;
     if (entry < 0) {
         return;
     }
@@ -477,15 +477,15 @@ void SettingsDialog::Close()
 void SettingsDialog::Adjust()
 {
     const auto scaled = &DpiTool::ScaleDefault;
-    setMinimumSize(Scaled(smallest).boundedTo(screen()->availableSize() * shareOfScreen));
+    setMinimumSize(Scaled(SmallestSize).boundedTo(screen()->availableSize() * ShareOfScreen));
     QWidget* const side = m_list->parentWidget();
-    side->setFixedWidth(scaled(listWidth));
+    side->setFixedWidth(scaled(ListWidth));
     side->layout()->setContentsMargins(scaled(12), scaled(20), scaled(12), scaled(12));
     side->layout()->setSpacing(scaled(14));
     m_list->setIconSize(QSize(scaled(18), scaled(18)));
     for (int i = 0; i < m_list->count(); ++i) {
         QListWidgetItem* const item = m_list->item(i);
-        const bool isGap = item->data(entryRole).toInt() < 0;
+        const bool isGap = item->data(EntryRole).toInt() < 0;
         item->setSizeHint(QSize(0, isGap ? scaled(13) : scaled(36)));
     }
 }
@@ -499,7 +499,7 @@ void SettingsDialog::Retranslate()
     m_nothing->setText(tr("Nothing found"));
     for (int i = 0; i < m_list->count(); ++i) {
         QListWidgetItem* const item = m_list->item(i);
-        const int entry = item->data(entryRole).toInt();
+        const int entry = item->data(EntryRole).toInt();
         if (entry >= 0) {
             item->setText(SettingsPageFaces::GetTitle(m_entries.at(entry)));
         }

@@ -25,9 +25,9 @@
 
 namespace {
 
-constexpr int typingPause = 250; // [ms] after which a search word counts as typed
-constexpr int retryPause = 50;   // [ms]
-constexpr int widest = 824;      // [px, unscaled], margins included
+constexpr int TypingPause = 250; // [ms] after which a search word counts as typed
+constexpr int RetryPause = 50;   // [ms]
+constexpr int WidestPage = 824;  // [px, unscaled], margins included
 
 } // namespace
 
@@ -69,7 +69,7 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
     m_makeTimer->setSingleShot(true);
     connect(m_makeTimer, &QTimer::timeout, this, &SettingsPageArea::TryToMake);
     m_keywordTimer->setSingleShot(true);
-    m_keywordTimer->setInterval(typingPause);
+    m_keywordTimer->setInterval(TypingPause);
     connect(m_keywordTimer, &QTimer::timeout, this, [this] {
         if (m_keyword != m_madeKeyword && !IsBusy() && !IsUnsaved()) {
             MakeSoon(Reason::Surroundings);
@@ -173,7 +173,7 @@ void SettingsPageArea::TryToMake()
     // Not under the page's own feet: while its code waits for a dialog, or for the answer to a change.
     const QWidget* const modal = QApplication::activeModalWidget();
     if (m_hold.IsInFlight() || m_hold.IsPageDealing() || (modal != nullptr && modal != window())) {
-        m_makeTimer->start(retryPause);
+        m_makeTimer->start(RetryPause);
     } else {
         Make();
     }
@@ -333,5 +333,5 @@ void SettingsPageArea::Adjust()
     heading->setSpacing(scaled(16));
     m_sheet->layout()->setContentsMargins(scaled(32), scaled(4), scaled(32), scaled(24));
     // A line of text is hard to read, and a row hard to follow, over the whole width of a large screen.
-    m_sheet->setMaximumWidth(scaled(widest));
+    m_sheet->setMaximumWidth(scaled(WidestPage));
 }

@@ -19,14 +19,14 @@
 
 namespace {
 
-constexpr int slow = 800; // [ms]
+constexpr int Slow = 800; // [ms]
 
 using HeldInputTest = SettingsDialogTest;
 
 TEST_F(HeldInputTest, AQuickSecondClickIsSavedAfterTheFirst)
 {
     Open();
-    gateway.delay = slow;
+    gateway.delay = Slow;
     Tick(0);
     Tick(1);
     EXPECT_EQ(gateway.writes, 1);
@@ -96,7 +96,7 @@ TEST_F(HeldInputTest, AReadHoldsNothingBack)
 TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
 {
     Open();
-    gateway.delay = slow;
+    gateway.delay = Slow;
     Tick(0);
     Tick(1);
     const QPointer<FakeSettingsPage> before = Page();
@@ -111,7 +111,7 @@ TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
 TEST_F(HeldInputTest, AChangeOfTheScaleDoesNotForgetARowJustAdded)
 {
     Open();
-    gateway.delay = slow;
+    gateway.delay = Slow;
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
     DpiTool::SetScale(2.0);
     ASSERT_EQ(Page()->GetRowCount(), 3) << "the page itself shows what it read last";

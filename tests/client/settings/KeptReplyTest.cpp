@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString staleText =
+const QString StaleText =
     QStringLiteral("The gateway cannot be reached. This is the last known configuration; it "
                    "can be changed once the gateway answers.");
 
@@ -41,14 +41,14 @@ protected:
         OpenWithoutAnswer();
         gateway.failures = 1;
         gateway.Answer();
-        ASSERT_EQ(NoticeText(), staleText);
+        ASSERT_EQ(NoticeText(), StaleText);
     }
 };
 
 TEST_F(KeptReplyTest, APageOfTheLastKnownListSaysSoAndTakesNoChange)
 {
     OpenStale();
-    EXPECT_EQ(NoticeText(), staleText);
+    EXPECT_EQ(NoticeText(), StaleText);
     EXPECT_EQ(Button()->text(), QStringLiteral("Load again"));
     EXPECT_EQ(Page()->GetContent(), gateway.stored);
     gateway.stored = QStringLiteral("newer\t1");
@@ -75,10 +75,10 @@ TEST_F(KeptReplyTest, TheButtonLoadsAgain)
     ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
     const int made = factory.made;
     QTest::mouseClick(Button(), Qt::LeftButton); // which is under way
-    EXPECT_EQ(NoticeText(), staleText) << "it stays in place meanwhile";
+    EXPECT_EQ(NoticeText(), StaleText) << "it stays in place meanwhile";
     gateway.Answer();
     EXPECT_FALSE(Page()->isEnabled());
-    EXPECT_EQ(NoticeText(), staleText);
+    EXPECT_EQ(NoticeText(), StaleText);
     EXPECT_EQ(factory.made, made);
 
     gateway.stored = QStringLiteral("newer\t0\nalpha\t0");
@@ -135,7 +135,7 @@ TEST_F(KeptReplyTest, AClickThatWaitedForAPageThatTurnsOutStaleIsToldOf)
     ASSERT_TRUE(WaitUntil([this] { return NoticeText().contains(QStringLiteral("loaded again")); }));
     EXPECT_EQ(gateway.GetWaiting(), 0);
     QTest::mouseClick(Button(), Qt::LeftButton);
-    EXPECT_EQ(NoticeText(), staleText) << "that comes next";
+    EXPECT_EQ(NoticeText(), StaleText) << "that comes next";
 }
 
 TEST_F(KeptReplyTest, WhatIsKeptIsReadAgainWhenTheDialogClosesAfterAChange)

@@ -36,7 +36,7 @@
 
 namespace {
 
-constexpr int slow = 800; // [ms]
+constexpr int Slow = 800; // [ms]
 
 /// The dialog with the page of the module that is delivered with the client, and a gateway that takes its
 /// time.
@@ -145,7 +145,7 @@ protected:
 
 TEST_F(ModulePageTest, AQuickSecondClickIsSavedAfterTheFirst)
 {
-    gateway.writeDelay = slow;
+    gateway.writeDelay = Slow;
     Tick(2);
     Tick(4);
     Tick(7);
@@ -157,7 +157,7 @@ TEST_F(ModulePageTest, AQuickSecondClickIsSavedAfterTheFirst)
 
 TEST_F(ModulePageTest, AChangeOfTheScaleLosesNeitherARowThatWentNorTheClickThatWaits)
 {
-    gateway.writeDelay = slow;
+    gateway.writeDelay = Slow;
     In<QPushButton>(5, "delete_button")->window()->activateWindow();
     QTest::mouseClick(In(5, "delete_button"), Qt::LeftButton);
     ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 7; }));
@@ -255,7 +255,7 @@ TEST_F(ModulePageTest, TabComesIntoTheRowOfTheHomePageFromAbove)
 
 TEST_F(ModulePageTest, WhatAScreenReaderTogglesIsSavedInItsTurn)
 {
-    gateway.writeDelay = slow;
+    gateway.writeDelay = Slow;
     for (const int row : {2, 4}) {
         QAccessible::queryAccessibleInterface(In(row, "checkBox"))
             ->actionInterface()

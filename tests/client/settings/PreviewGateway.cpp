@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int usual = 30;   // [ms]
-constexpr int slow = 60000; // [ms]
+constexpr int UsualDelay = 30;   // [ms]
+constexpr int SlowDelay = 60000; // [ms]
 
 QJsonObject Entry(const QString& id, const QString& name, const QString& url, int type, bool system,
                   bool checked, bool active)
@@ -84,11 +84,11 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
     }
     const bool isWrite = request->GetMethodName() == "dsm.tl.pc.auto.run.set";
     writes += isWrite ? 1 : 0;
-    int delay = usual;
+    int delay = UsualDelay;
     if (isWrite && writeDelay > 0) {
         delay = writeDelay;
     } else if (isWrite && m_list == QLatin1String("slow")) {
-        delay = slow;
+        delay = SlowDelay;
     }
     QTimer::singleShot(delay, this, [this, request, response, finished, isWrite] {
         const bool fails = isWrite ? failures-- > 0 : m_list == QLatin1String("failed");

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int between = 350; // [ms], for what is animated
+constexpr int Between = 350; // [ms], for what is animated
 
 } // namespace
 
@@ -29,7 +29,7 @@ PreviewSteps::PreviewSteps(SettingsDialog* dialog, PreviewGateway* gateway, cons
 {
     const QRect screen = QApplication::primaryScreen()->geometry();
     QCursor::setPos(screen.bottomRight()); // out of the way
-    QTimer::singleShot(2 * between, this, &PreviewSteps::Next);
+    QTimer::singleShot(2 * Between, this, &PreviewSteps::Next);
 }
 
 PreviewSteps::~PreviewSteps() = default;
@@ -37,7 +37,7 @@ PreviewSteps::~PreviewSteps() = default;
 void PreviewSteps::Next()
 {
     if (!m_dialog->windowHandle()->isExposed()) {
-        QTimer::singleShot(between, this, &PreviewSteps::Next);
+        QTimer::singleShot(Between, this, &PreviewSteps::Next);
         return;
     }
     if (m_steps.isEmpty()) {
@@ -48,7 +48,7 @@ void PreviewSteps::Next()
     }
     const QString step = m_steps.takeFirst();
     // First, as a step may open a dialog that waits in an event loop of its own.
-    const int wait = step.startsWith(QLatin1String("wait:")) ? step.mid(5).toInt() : between;
+    const int wait = step.startsWith(QLatin1String("wait:")) ? step.mid(5).toInt() : Between;
     QTimer::singleShot(wait, this, &PreviewSteps::Next);
     Do(step.section(QLatin1Char(':'), 0, 0), step.section(QLatin1Char(':'), 1));
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-const QString counter =
+const QString Counter =
     QStringLiteral("<font color=\"#999999\">(</font><font color=\"#333333\">88</font><font "
                    "color=\"#999999\">/5)</font>");
 
@@ -72,7 +72,7 @@ TEST(ReadableLabelsTest, TheTextStaysInItsPlace)
 {
     QWidget page;
     auto* layout = new QVBoxLayout(&page);
-    auto* label = new QLabel(counter);
+    auto* label = new QLabel(Counter);
     layout->addWidget(label);
     page.resize(200, 60);
     const auto bounds = [&page] {

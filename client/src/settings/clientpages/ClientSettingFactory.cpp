@@ -14,29 +14,29 @@ ClientSettingFactory::~ClientSettingFactory() = default;
 
 QList<SettingWidgetId> ClientSettingFactory::GetSettingWidgetIds()
 {
-    QList<SettingWidgetId> ids{ClientPageIds::appearance, ClientPageIds::language};
+    QList<SettingWidgetId> ids{ClientPageIds::Appearance, ClientPageIds::Language};
     if (m_services->clearBrowsingData || m_services->forgetSession || m_services->clearKeptReplies) {
-        ids.append(ClientPageIds::privacy);
+        ids.append(ClientPageIds::Privacy);
     }
     if (m_services->loadEvents) {
-        ids.append(ClientPageIds::monitoring);
+        ids.append(ClientPageIds::Monitoring);
     }
-    ids.append(ClientPageIds::about);
+    ids.append(ClientPageIds::About);
     return ids;
 }
 
 SettingItemBaseWidget* ClientSettingFactory::CreateSettingWidget(SettingWidgetId id)
 {
     ClientPage* page = nullptr;
-    if (id == ClientPageIds::appearance) {
+    if (id == ClientPageIds::Appearance) {
         page = new AppearancePage(m_services);
-    } else if (id == ClientPageIds::language) {
+    } else if (id == ClientPageIds::Language) {
         page = new LanguagePage(m_services);
-    } else if (id == ClientPageIds::privacy) {
+    } else if (id == ClientPageIds::Privacy) {
         page = new PrivacyPage(m_services);
-    } else if (id == ClientPageIds::monitoring) {
+    } else if (id == ClientPageIds::Monitoring) {
         page = new MonitoringPage(m_services);
-    } else if (id == ClientPageIds::about) {
+    } else if (id == ClientPageIds::About) {
         page = new AboutPage(m_services);
     }
     m_pages.removeAll(nullptr);
@@ -48,19 +48,19 @@ SettingItemBaseWidget* ClientSettingFactory::CreateSettingWidget(SettingWidgetId
 
 QStringList ClientSettingFactory::GetSearchKeywords(SettingWidgetId id)
 {
-    if (id == ClientPageIds::appearance) {
+    if (id == ClientPageIds::Appearance) {
         return AppearancePage::GetKeywords();
     }
-    if (id == ClientPageIds::language) {
+    if (id == ClientPageIds::Language) {
         return LanguagePage::GetKeywords();
     }
-    if (id == ClientPageIds::privacy) {
+    if (id == ClientPageIds::Privacy) {
         return PrivacyPage::GetKeywords();
     }
-    if (id == ClientPageIds::monitoring) {
+    if (id == ClientPageIds::Monitoring) {
         return MonitoringPage::GetKeywords();
     }
-    if (id == ClientPageIds::about) {
+    if (id == ClientPageIds::About) {
         return AboutPage::GetKeywords();
     }
     return {};

@@ -6,9 +6,9 @@
 /// transport are smaller.
 namespace GatewayCodes {
 
-inline const QString wrongPassword = QStringLiteral("2001");
-inline const QString tooManyAttempts = QStringLiteral("2006");
-inline const QString clockOff = QStringLiteral("1006");
+inline const QString WrongPassword = QStringLiteral("2001");
+inline const QString TooManyAttempts = QStringLiteral("2006");
+inline const QString ClockOff = QStringLiteral("1006");
 
 /// The call did not reach the gateway, or got no answer from it.
 bool IsTransport(const QString& code);
