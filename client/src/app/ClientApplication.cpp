@@ -307,7 +307,7 @@ void ClientApplication::TakeReport(const HttpCallReport& report)
     if (!IsAboutSession(report.method) || m_session.IsEmpty() || m_ending) {
         return;
     }
-    m_watch->Take(report);
+    m_watch->HandleReport(report);
     m_clientNotices->Take(report);
     if (GatewayCodes::IsSessionRefused(report.code) && m_refusal.isEmpty()) {
         m_refusal = report.code;

@@ -13,13 +13,13 @@ constexpr int Attempts = 2;
 
 QString KeyOf(const IHttpRequest* request)
 {
-    const auto* const kept = dynamic_cast<const IRequestCacheMethod*>(request);
-    return kept != nullptr ? kept->GetCacheKey() : QString();
+    const auto* const cached = dynamic_cast<const IRequestCacheMethod*>(request);
+    return cached != nullptr ? cached->GetCacheKey() : QString();
 }
 
 } // namespace
 
-int CachedReads::TakeStart(const QSharedPointer<IHttpRequest>& request)
+int CachedReads::HandleStart(const QSharedPointer<IHttpRequest>& request)
 {
     const QString key = KeyOf(request.data());
     if (!key.isEmpty()) {
@@ -33,7 +33,7 @@ int CachedReads::TakeStart(const QSharedPointer<IHttpRequest>& request)
     return m_changes;
 }
 
-void CachedReads::TakeAnswer(const QSharedPointer<IHttpRequest>& request, int start)
+void CachedReads::HandleAnswer(const QSharedPointer<IHttpRequest>& request, int start)
 {
     const auto it = m_reads.find(KeyOf(request.data()));
     if (it != m_reads.end()) {
@@ -41,7 +41,7 @@ void CachedReads::TakeAnswer(const QSharedPointer<IHttpRequest>& request, int st
     }
 }
 
-void CachedReads::TakeChange()
+void CachedReads::HandleChange()
 {
     ++m_changes;
     if (!m_open) {

@@ -21,7 +21,7 @@ GatewayWatch::GatewayWatch(std::unique_ptr<IDelay> delay, std::function<void()> 
 
 GatewayWatch::~GatewayWatch() = default;
 
-void GatewayWatch::Take(const HttpCallReport& report)
+void GatewayWatch::HandleReport(const HttpCallReport& report)
 {
     const QString code = report.fromCache ? report.failureCode : report.code;
     const bool failed = report.fromCache || (!report.ok && GatewayCodes::IsUnreachable(code));

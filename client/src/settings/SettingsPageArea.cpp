@@ -95,7 +95,7 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
             calls->KeepUpToDate();
         }
     });
-    connect(calls, &HttpManagerProxy::SigServedFromKept, this, &SettingsPageArea::TakeServedFromKept);
+    connect(calls, &HttpManagerProxy::SigServedFromCache, this, &SettingsPageArea::HandleServedFromCache);
     connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::TakeEnd);
     Adjust();
     Make();
@@ -276,7 +276,7 @@ void SettingsPageArea::TakeStart(quint64 call, bool changes)
     }
 }
 
-void SettingsPageArea::TakeServedFromKept(quint64 call)
+void SettingsPageArea::HandleServedFromCache(quint64 call)
 {
     if (!m_reads.contains(call) || m_page == nullptr) {
         return;

@@ -74,7 +74,7 @@ private:
     void TakeInputLost();
     void TakeBusy(bool busy);
     void TakeStart(quint64 call, bool changes);
-    void TakeServedFromKept(quint64 call);
+    void HandleServedFromCache(quint64 call);
     void TakeEnd(quint64 call);
     void ReleaseSoon();
     void Release();

@@ -61,7 +61,7 @@ TEST_F(UserInformationTest, FailuresFinishToo)
     EXPECT_TRUE(m_plugins.GetPlugins().isEmpty());
 }
 
-TEST_F(UserInformationTest, LimitFinishesAndALateAnswerIsStillTaken)
+TEST_F(UserInformationTest, LimitFinishesAndALateAnswerStillFillsTheList)
 {
     m_information.Read(1);
     ASSERT_TRUE(WaitUntil([this] { return m_finished.count() == 1; }));
@@ -110,7 +110,7 @@ TEST_F(UserInformationTest, AnswerOfTheWrongShapeDoesNotEmptyTheList)
     }
 }
 
-TEST_F(UserInformationTest, EmptyListFromTheGatewayIsTaken)
+TEST_F(UserInformationTest, EmptyListFromTheGatewayEmptiesTheList)
 {
     m_information.Read(LongTime);
     m_http.Answer(0, TwoApps);

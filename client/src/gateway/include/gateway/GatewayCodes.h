@@ -14,11 +14,11 @@ inline const QString ClockOff = QStringLiteral("1006");
 bool IsTransport(const QString& code);
 /// The gateway says that it is its own fault.
 bool IsServer(const QString& code);
-/// The answer is none of the gateway's: something in between gave it, or it was cut off.
+/// The answer is not the gateway's: something in between gave it, or it was cut off.
 bool IsUnreadable(const QString& code);
-/// The gateway cannot be had: network or server failed, or what answers is not the gateway.
+/// The gateway is out of reach: network or server failed, or what answers is not the gateway.
 bool IsUnreachable(const QString& code);
-/// The gateway does not take the access token (any longer).
+/// The gateway does not accept the access token, or no longer does.
 bool IsSessionRefused(const QString& code);
 /// The gateway does not know this client: app key or signature.
 bool IsClientRefused(const QString& code);
