@@ -56,6 +56,7 @@ void ClientSettings::Show()
         connect(m_appearance, &ClientAppearance::SigThemeChanged, m_dialog, &SettingsDialog::SetTheme);
         connect(m_appearance, &ClientAppearance::SigLanguageChanged, m_dialog, &SettingsDialog::SetLanguage);
         connect(m_appearance, &ClientAppearance::SigScaleChanged, m_dialog, &SettingsDialog::SetScale);
+        connect(m_dialog, &SettingsDialog::SigPageReady, this, &ClientSettings::SigPageReady);
         connect(&m_services->monitor, &MonitorRecorder::SigReported, m_dialog, &SettingsDialog::UpdateEvents);
     }
     m_dialog->show();
@@ -94,9 +95,9 @@ SettingsServices ClientSettings::GetServices()
     services.clearBrowsingData = [this](const std::function<void(bool)>& done) {
         done(m_pages->ClearData());
     };
-    services.hasKeptSession = [this] { return m_kept->HasRecord(); };
+    services.hasSavedSession = [this] { return m_kept->HasRecord(); };
     services.forgetSession = [this](const std::function<void()>& done) { m_kept->Forget(done); };
-    services.clearKeptReplies = [this] { m_services->http.ClearCache(); };
+    services.clearCachedReplies = [this] { m_services->http.ClearCache(); };
     services.loadEvents = [this] {
         return MonitorEventFile::Load({m_services->monitor.GetOlderFile(), m_services->monitor.GetFile()});
     };

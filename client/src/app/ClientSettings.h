@@ -37,6 +37,10 @@ public:
     /// Once every change has been answered; asked again, at once.
     void Close();
 
+Q_SIGNALS:
+    /// As `SettingsDialog` has it.
+    void SigPageReady(const QString& page, bool cached);
+
 private:
     SettingsServices GetServices();
     void Retranslate();

@@ -16,7 +16,7 @@ QString SaveProblem::Describe(const QString& code, const QString& description)
         return tr("The gateway could not store it.");
     }
     if (isNumber && number >= 2002 && number <= 2005) {
-        return tr("The session is not valid any longer.");
+        return tr("The session is no longer valid.");
     }
     if (isNumber && !description.isEmpty()) {
         return tr("The gateway refused it: %1").arg(description);

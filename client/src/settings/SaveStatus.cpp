@@ -179,7 +179,7 @@ void SaveStatus::Update()
                 : tr("Not saved. %1 The change stays on this page and goes out with your next one.");
         m_text->setText(text.arg(SaveProblem::Describe(m_code, m_description)));
         m_button->setText(tr("Load again"));
-        m_button->setToolTip(tr("Drops the change and shows what is stored"));
+        m_button->setToolTip(tr("Discards the change and shows what is stored"));
     } else if (m_kind == Kind::Lost) {
         m_text->setText(
             tr("The page was loaded again before your last change could be saved. Please check it "

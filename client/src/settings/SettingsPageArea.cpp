@@ -45,27 +45,7 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
     , m_keyword(keyword)
 {
     setObjectName(QStringLiteral("settings_page_area"));
-    m_title->setObjectName(QStringLiteral("settings_page_title"));
-    m_title->setTextFormat(Qt::PlainText);
-    m_scroll->setObjectName(QStringLiteral("settings_scroll"));
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_sheet->setObjectName(QStringLiteral("settings_sheet"));
-    new QVBoxLayout(m_sheet);
-    ButtonAccessible::Adopt(m_sheet);
-    m_scroll->setWidget(m_sheet);
-
-    auto* heading = new QHBoxLayout;
-    heading->addWidget(m_title);
-    heading->addStretch();
-    heading->addWidget(m_status->GetLine(), 0, Qt::AlignVCenter);
-    auto* column = new QVBoxLayout(this);
-    column->addLayout(heading);
-    column->addWidget(m_scroll, 1);
-    column->addWidget(m_status->GetNotice());
-
+    BuildLayout();
     m_makeTimer->setSingleShot(true);
     connect(m_makeTimer, &QTimer::timeout, this, &SettingsPageArea::TryToMake);
     m_keywordTimer->setSingleShot(true);
@@ -75,13 +55,13 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
             MakeSoon(Reason::Surroundings);
         }
     });
-    connect(&m_hold, &InputHold::SigBusyChanged, this, &SettingsPageArea::TakeBusy);
+    connect(&m_hold, &InputHold::SigBusyChanged, this, &SettingsPageArea::HandleBusy);
     connect(&m_hold, &InputHold::SigChangeFailed, this,
             [this](const QString& code, const QString& description) {
                 m_code = code;
                 m_description = description;
             });
-    connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::TakeInputLost);
+    connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::HandleInputLost);
     connect(m_status, &SaveStatus::SigLoadAgain, this, [this] {
         if (IsUnsaved()) {
             MakeSoon(Reason::LoadAgain);
@@ -89,14 +69,14 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
             LoadIfStale();
         }
     });
-    connect(calls, &HttpManagerProxy::SigStarted, this, [this, calls](quint64 call, bool changes) {
-        TakeStart(call, changes);
+    connect(calls, &HttpManagerProxy::SigStarted, this, [this, calls](quint64 call, bool isWrite) {
+        HandleStart(call, isWrite);
         if (m_reads.contains(call)) {
             calls->KeepUpToDate();
         }
     });
     connect(calls, &HttpManagerProxy::SigServedFromCache, this, &SettingsPageArea::HandleServedFromCache);
-    connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::TakeEnd);
+    connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::HandleEnd);
     Adjust();
     Make();
 }
@@ -112,7 +92,7 @@ void SettingsPageArea::SetKeyword(const QString& keyword)
     if (m_page != nullptr) {
         m_page->SetKeyword(keyword);
     }
-    // The rows of a page hear of the word only when they are made.
+    // The rows of a page learn the word only when they are made.
     if (!m_entry.own) {
         m_keywordTimer->start();
     }
@@ -156,6 +136,30 @@ void SettingsPageArea::changeEvent(QEvent* event)
         Adjust();
     }
     QWidget::changeEvent(event);
+}
+
+void SettingsPageArea::BuildLayout()
+{
+    m_title->setObjectName(QStringLiteral("settings_page_title"));
+    m_title->setTextFormat(Qt::PlainText);
+    m_scroll->setObjectName(QStringLiteral("settings_scroll"));
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_sheet->setObjectName(QStringLiteral("settings_sheet"));
+    new QVBoxLayout(m_sheet);
+    ButtonAccessible::Adopt(m_sheet);
+    m_scroll->setWidget(m_sheet);
+
+    auto* heading = new QHBoxLayout;
+    heading->addWidget(m_title);
+    heading->addStretch();
+    heading->addWidget(m_status->GetLine(), 0, Qt::AlignVCenter);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(heading);
+    column->addWidget(m_scroll, 1);
+    column->addWidget(m_status->GetNotice());
 }
 
 void SettingsPageArea::MakeSoon(Reason reason)
@@ -205,8 +209,8 @@ void SettingsPageArea::Make()
         m_hold.SetBlocked(false);
         return;
     }
-    connect(m_page, &SettingItemBaseWidget::SigSaveSucceed, this, &SettingsPageArea::TakeSaved);
-    connect(m_page, &SettingItemBaseWidget::SigSaveFailed, this, &SettingsPageArea::TakeFailed);
+    connect(m_page, &SettingItemBaseWidget::SigSaveSucceed, this, &SettingsPageArea::HandleSaved);
+    connect(m_page, &SettingItemBaseWidget::SigSaveFailed, this, &SettingsPageArea::HandleFailed);
     new KeyboardAccess(m_page, [page = m_page.data()](const QWidget* widget) {
         return widget != page && qobject_cast<const SettingItemBaseWidget*>(widget) != nullptr;
     });
@@ -227,9 +231,9 @@ void SettingsPageArea::Make()
     }
 }
 
-void SettingsPageArea::TakeSaved()
+void SettingsPageArea::HandleSaved()
 {
-    m_saved = m_hold.HasKept();
+    m_saved = m_hold.HasHeld();
     if (m_saved) {
         m_status->Reset(); // the outcome of what waits is what counts, if it has one
     } else {
@@ -237,7 +241,7 @@ void SettingsPageArea::TakeSaved()
     }
 }
 
-void SettingsPageArea::TakeFailed()
+void SettingsPageArea::HandleFailed()
 {
     m_saved = false;
     m_status->SetFailed(m_code, m_description);
@@ -245,16 +249,16 @@ void SettingsPageArea::TakeFailed()
     m_description.clear();
 }
 
-void SettingsPageArea::TakeInputLost()
+void SettingsPageArea::HandleInputLost()
 {
     m_saved = false;
-    // A change that stands on the page unsaved is not gone, and weighs more.
+    // An unsaved change that still stands on the page is not gone, and matters more.
     if (!IsUnsaved()) {
         m_status->SetLost();
     }
 }
 
-void SettingsPageArea::TakeBusy(bool busy)
+void SettingsPageArea::HandleBusy(bool busy)
 {
     m_status->SetBusy(busy);
     if (busy) {
@@ -266,12 +270,12 @@ void SettingsPageArea::TakeBusy(bool busy)
     Q_EMIT SigSettled();
 }
 
-void SettingsPageArea::TakeStart(quint64 call, bool changes)
+void SettingsPageArea::HandleStart(quint64 call, bool isWrite)
 {
     if (m_making) {
         m_loading.insert(call);
     }
-    if (!changes && (m_making || m_hold.IsInInput())) {
+    if (!isWrite && (m_making || m_hold.IsInInput())) {
         m_reads.insert(call);
     }
 }
@@ -286,12 +290,12 @@ void SettingsPageArea::HandleServedFromCache(quint64 call)
     m_page->setEnabled(false);
 }
 
-void SettingsPageArea::TakeEnd(quint64 call)
+void SettingsPageArea::HandleEnd(quint64 call)
 {
     const bool wasRead = m_reads.remove(call);
     const bool wasLoading = m_loading.remove(call);
     if (wasRead && m_loading.isEmpty()) {
-        m_status->SetStale(m_stale); // until then what was said of the page before stays
+        m_status->SetStale(m_stale); // until then the status of the page before stays
     }
     if (wasLoading && m_loading.isEmpty() && !m_makeTimer->isActive()) {
         ReleaseSoon();
@@ -300,14 +304,14 @@ void SettingsPageArea::TakeEnd(quint64 call)
 
 void SettingsPageArea::ReleaseSoon()
 {
-    // What a layout takes in shows itself with the next events, and cannot have the focus before.
+    // A layout shows a new widget with the next events, and it cannot have the focus before.
     QMetaObject::invokeMethod(this, &SettingsPageArea::Release, Qt::QueuedConnection);
 }
 
 void SettingsPageArea::Release()
 {
     if (!m_loading.isEmpty() || m_makeTimer->isActive()) {
-        return; // once more in the meantime
+        return; // the page is being rebuilt again
     }
     if (m_focusPlace && m_page != nullptr && QApplication::focusWidget() == nullptr) {
         if (QWidget* const focus = m_focusPlace->FindIn(m_page)) {
@@ -316,6 +320,9 @@ void SettingsPageArea::Release()
     }
     m_focusPlace.reset();
     m_hold.SetBlocked(false);
+    if (m_page != nullptr) {
+        Q_EMIT SigReady(m_stale);
+    }
 }
 
 void SettingsPageArea::Adjust()

@@ -69,7 +69,7 @@ QWidget* WidgetPlace::FindIn(QWidget* page) const
 {
     QWidget* widget = page;
     for (const Step& step : m_steps) {
-        widget = Take(widget, step);
+        widget = Follow(widget, step);
         if (widget == nullptr) {
             return nullptr;
         }
@@ -95,7 +95,7 @@ WidgetPlace::Step WidgetPlace::StepOf(const QWidget* widget)
     return step;
 }
 
-QWidget* WidgetPlace::Take(QWidget* parent, const Step& step)
+QWidget* WidgetPlace::Follow(QWidget* parent, const Step& step)
 {
     QVector<QWidget*> alike;
     const QVector<QWidget*> parts = PartsOf(parent);
@@ -112,7 +112,7 @@ QWidget* WidgetPlace::Take(QWidget* parent, const Step& step)
     for (QWidget* const part : qAsConst(alike)) {
         if (IsSameContent(ContentOf(part), step.content)) {
             if (found != nullptr) {
-                return nullptr; // two of the same: which one was meant cannot be said
+                return nullptr; // two of the same: either may be meant
             }
             found = part;
         }

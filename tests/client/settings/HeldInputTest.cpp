@@ -182,7 +182,7 @@ TEST_F(HeldInputTest, WhatADialogOfThePageWritesHoldsBackTheNextClick)
     EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t0\nbeta\t1\ngamma\t0\nadded 1\t0"));
 }
 
-TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
+TEST_F(HeldInputTest, ThePageIsNotRebuiltUnderItsOwnDialog)
 {
     Open();
     Page()->addsByDialog = true;

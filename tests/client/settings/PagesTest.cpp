@@ -81,7 +81,7 @@ TEST_F(PagesTest, APageOfLastTimeThatIsGoneGivesTheFirst)
     EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Appearance"));
 }
 
-TEST_F(PagesTest, TheSizeOfLastTimeIsKept)
+TEST_F(PagesTest, TheSizeOfLastTimeIsRestored)
 {
     Open();
     dialog->resize(700, 500);
@@ -92,7 +92,7 @@ TEST_F(PagesTest, TheSizeOfLastTimeIsKept)
     EXPECT_EQ(dialog->size(), QSize(700, 500));
 }
 
-TEST_F(PagesTest, AGeometryThatIsNoneGivesTheUsualSize)
+TEST_F(PagesTest, AnInvalidGeometryGivesTheUsualSize)
 {
     rememberedGeometry = QByteArray("nonsense");
     Make();
@@ -100,7 +100,7 @@ TEST_F(PagesTest, AGeometryThatIsNoneGivesTheUsualSize)
     EXPECT_GE(dialog->width(), 600);
 }
 
-TEST_F(PagesTest, GoingFromPageToPageKeepsWhatWasDone)
+TEST_F(PagesTest, GoingFromPageToPageLosesNothing)
 {
     Open();
     const FakeSettingsPage* const before = Page();
@@ -135,7 +135,7 @@ TEST_F(PagesTest, AChoiceMadeElsewhereShows)
     EXPECT_TRUE(choices.isEmpty());
 }
 
-TEST_F(PagesTest, TheDialogFollowsTheLanguageAndMakesTheModulesPageAnew)
+TEST_F(PagesTest, TheDialogFollowsTheLanguageAndRebuildsTheModulesPage)
 {
     Open();
     LanguageManager languages(QStringLiteral(TL_TRANSLATIONS_DIR));
@@ -237,9 +237,9 @@ TEST_F(PagesTest, SessionAndRepliesAreForgotten)
     EXPECT_EQ(choices, (QStringList{QStringLiteral("session"), QStringLiteral("replies")}));
 }
 
-TEST_F(PagesTest, WithoutAKeptSessionThereIsNothingToForget)
+TEST_F(PagesTest, WithoutASavedSessionThereIsNothingToForget)
 {
-    services.hasKeptSession = [] { return false; };
+    services.hasSavedSession = [] { return false; };
     Open();
     Choose(QStringLiteral("Privacy"));
     EXPECT_FALSE(Find<QPushButton>("forget_session_button")->isEnabled());
@@ -249,7 +249,7 @@ TEST_F(PagesTest, WhatTheClientCannotDoIsNotOffered)
 {
     services.clearBrowsingData = {};
     services.forgetSession = {};
-    services.clearKeptReplies = {};
+    services.clearCachedReplies = {};
     services.loadEvents = {};
     Open();
     EXPECT_EQ(Titles(), (QStringList{QStringLiteral("Appearance"), QStringLiteral("Language"),

@@ -27,12 +27,12 @@ SettingsDialogTest::SettingsDialogTest()
         choices.append(QStringLiteral("browsing"));
         done(true);
     };
-    services.hasKeptSession = [] { return true; };
+    services.hasSavedSession = [] { return true; };
     services.forgetSession = [this](const std::function<void()>& done) {
         choices.append(QStringLiteral("session"));
         done();
     };
-    services.clearKeptReplies = [this] { choices.append(QStringLiteral("replies")); };
+    services.clearCachedReplies = [this] { choices.append(QStringLiteral("replies")); };
     services.loadEvents = [] {
         const QDateTime time(QDate(2026, 11, 21), QTime(8, 0), Qt::UTC);
         return QVector<MonitorEvent>{{time, QStringLiteral("First"), QStringLiteral("Home"), {}},

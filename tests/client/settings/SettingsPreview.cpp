@@ -144,9 +144,9 @@ int main(int argc, char** argv)
     services.clearBrowsingData = [&application](const std::function<void(bool)>& done) {
         QTimer::singleShot(500, &application, [done] { done(true); });
     };
-    services.hasKeptSession = [] { return true; };
+    services.hasSavedSession = [] { return true; };
     services.forgetSession = [](const std::function<void()>& done) { done(); };
-    services.clearKeptReplies = [] {};
+    services.clearCachedReplies = [] {};
     services.loadEvents = &SomeEvents;
     services.clearEvents = [] {};
     services.versions = {{QStringLiteral("Workstation"), QStringLiteral("0.1.0")},

@@ -15,7 +15,7 @@ ClientSettingFactory::~ClientSettingFactory() = default;
 QList<SettingWidgetId> ClientSettingFactory::GetSettingWidgetIds()
 {
     QList<SettingWidgetId> ids{ClientPageIds::Appearance, ClientPageIds::Language};
-    if (m_services->clearBrowsingData || m_services->forgetSession || m_services->clearKeptReplies) {
+    if (m_services->clearBrowsingData || m_services->forgetSession || m_services->clearCachedReplies) {
         ids.append(ClientPageIds::Privacy);
     }
     if (m_services->loadEvents) {

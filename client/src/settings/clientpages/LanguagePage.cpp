@@ -6,7 +6,7 @@
 
 namespace {
 
-// Each in its own words, so that whoever got into the wrong one finds the way back.
+// Each in its own words, so that a user in the wrong language finds the way back.
 const QString English = QStringLiteral("English");
 const QString Chinese = QStringLiteral("简体中文");
 
