@@ -377,6 +377,7 @@ void ClientApplication::MakeWindow()
     m_settings = std::make_unique<ClientSettings>(window, m_window->GetPages(), m_appearance.get(),
                                                   m_services.get(), m_kept.get(), m_loader.GetModules());
     connect(m_watch.get(), &GatewayWatch::SigFound, m_settings.get(), &ClientSettings::LoadAgain);
+    connect(m_settings.get(), &ClientSettings::SigPageReady, &m_trace, &TraceRecorder::WriteSettingsPage);
     m_window->AddRestartAction();
     m_tabs = std::make_unique<TabKeeper>(window, m_questions.get(), &m_notices, &ClientServices::LoadPicture);
 }
