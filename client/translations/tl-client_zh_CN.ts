@@ -1218,7 +1218,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>浏览数据</translation>
     </message>
     <message>
-        <source>Cookies of pages, now; cache and whatever else they stored, at the next start.</source>
+        <source>Clears cookies now; the cache and other data of pages at the next start.</source>
         <translation>立即清除网页的 Cookie；缓存和网页存储的其他数据在下次启动时清除。</translation>
     </message>
     <message>
@@ -1274,7 +1274,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>清除</translation>
     </message>
     <message>
-        <source>This signs you out of the pages that you opened. Clear their data?</source>
+        <source>This signs you out of the pages you opened. Clear their data?</source>
         <translation>您将退出已打开网页的登录。确定清除这些网页的数据吗？</translation>
     </message>
     <message>
@@ -1301,7 +1301,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>网关无法存储。</translation>
     </message>
     <message>
-        <source>The session is not valid any longer.</source>
+        <source>The session is no longer valid.</source>
         <translation>会话已失效。</translation>
     </message>
     <message>
@@ -1336,7 +1336,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>重新加载</translation>
     </message>
     <message>
-        <source>Drops the change and shows what is stored</source>
+        <source>Discards the change and shows what is stored</source>
         <translation>放弃更改，显示已存储的内容</translation>
     </message>
     <message>
@@ -1355,7 +1355,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>SettingsDialog</name>
     <message>
-        <source>A change could not be saved. It is lost when you close the settings.</source>
+        <source>A change could not be saved. Closing the settings discards it.</source>
         <translation>有更改未能保存。关闭设置后该更改将丢失。</translation>
     </message>
     <message>
@@ -1367,8 +1367,8 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>保持打开</translation>
     </message>
     <message>
-        <source>A change could not be saved. It is lost when the pages are shown anew for this choice.</source>
-        <translation>有更改未能保存。应用此选择需要重新显示页面，该更改将丢失。</translation>
+        <source>A change could not be saved. This choice reloads the pages and discards it.</source>
+        <translation>有更改未能保存。应用此选择会重新加载页面，该更改将丢失。</translation>
     </message>
     <message>
         <source>Continue</source>
@@ -1381,18 +1381,6 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     <message>
         <source>Settings</source>
         <translation>设置</translation>
-    </message>
-    <message>
-        <source>Search settings</source>
-        <translation>搜索设置</translation>
-    </message>
-    <message>
-        <source>Pages</source>
-        <translation>页面</translation>
-    </message>
-    <message>
-        <source>Nothing found</source>
-        <translation>未找到</translation>
     </message>
 </context>
 <context>
@@ -1424,6 +1412,21 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     <message>
         <source>More settings</source>
         <translation>更多设置</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsPageList</name>
+    <message>
+        <source>Search settings</source>
+        <translation>搜索设置</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到</translation>
     </message>
 </context>
 </TS>

@@ -12,17 +12,18 @@
 
 namespace {
 
-const QString systemItems = QStringLiteral("systemItems");
-const QString customItems = QStringLiteral("customItems");
-const QString pluginItems = QStringLiteral("pluginItems");
-const QString urlKey = QStringLiteral("url");
-const QString checkedKey = QStringLiteral("checked");
-const QString activeKey = QStringLiteral("activeItem");
+const QString SystemItems = QStringLiteral("systemItems");
+const QString CustomItems = QStringLiteral("customItems");
+const QString PluginItems = QStringLiteral("pluginItems");
+const QString UrlKey = QStringLiteral("url");
+const QString CheckedKey = QStringLiteral("checked");
+const QString ActiveKey = QStringLiteral("activeItem");
 
-const QString getMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
-const QString setMethod = QStringLiteral("dsm.tl.pc.auto.run.set");
+const QString GetMethod = QStringLiteral("dsm.tl.pc.auto.run.get");
+const QString SetMethod = QStringLiteral("dsm.tl.pc.auto.run.set");
 
-constexpr int limit = 5; // own addresses, and apps
+const QString OpeningPage = QStringLiteral("10,60"); // the page with the three lists
+constexpr int Limit = 5;                             // own addresses, and apps
 
 } // namespace
 
@@ -83,10 +84,10 @@ protected:
 
     static bool IsHomeFirst(const QJsonObject& stored)
     {
-        for (const QString& list : {systemItems, customItems, pluginItems}) {
+        for (const QString& list : {SystemItems, CustomItems, PluginItems}) {
             const QJsonArray entries = stored.value(list).toArray();
             for (const QJsonValue& entry : entries) {
-                if (entry.toObject().value(activeKey).toBool()) {
+                if (entry.toObject().value(ActiveKey).toBool()) {
                     return false;
                 }
             }
@@ -102,12 +103,12 @@ protected:
         if (wanted == Stop::HomeFirst) {
             return stops > 0 ? stops : -1;
         }
-        for (const QString& list : {systemItems, customItems, pluginItems}) {
+        for (const QString& list : {SystemItems, CustomItems, PluginItems}) {
             const QJsonArray entries = stored.value(list).toArray();
             for (int row = 0; row < entries.size(); ++row) {
-                const bool active = entries.at(row).toObject().value(activeKey).toBool();
+                const bool active = entries.at(row).toObject().value(ActiveKey).toBool();
                 QVector<Stop> places{Stop::CheckBox};
-                if (list != systemItems) {
+                if (list != SystemItems) {
                     places << Stop::Edit << Stop::Delete;
                 }
                 if (!active) {
@@ -120,7 +121,7 @@ protected:
                     }
                 }
             }
-            if (list != systemItems) {
+            if (list != SystemItems) {
                 ++stops;
                 if (list == wantedList && wanted == Stop::Add) {
                     return stops;
@@ -139,10 +140,25 @@ protected:
         }));
     }
 
-    /// Opens the settings at the page, which they remember.
-    bool OpenSettings(bool first = false)
+    /// How often the page has shown what it has read from the gateway, or what the client had cached.
+    int CountShown(bool cached = false) const
     {
-        const int reads = m_front->GetCallCount(getMethod);
+        const QVector<QJsonObject> pages = m_client->GetEvents(QStringLiteral("settings.page"));
+        return int(std::count_if(pages.begin(), pages.end(), [cached](const QJsonObject& page) {
+            return page.value(QStringLiteral("page")).toString() == OpeningPage &&
+                   page.value(QStringLiteral("cached")).toBool() == cached;
+        }));
+    }
+    bool WaitForShown(int before, bool cached = false) const
+    {
+        constexpr int patience = 30000; // [ms], more than the client's first pauses without a gateway
+        return QTest::qWaitFor([=] { return CountShown(cached) > before; }, patience);
+    }
+
+    /// Opens the settings at the page, which they remember, and waits for its rows.
+    bool OpenSettings(bool first = false, bool cached = false)
+    {
+        const int shown = CountShown(cached);
         if (!m_desktop->WaitForWindow(m_client->GetProcessId()) ||
             !m_desktop->Press({QStringLiteral("ctrl+comma")}) ||
             !m_desktop->WaitForTitle(QStringLiteral("Settings"))) {
@@ -151,123 +167,197 @@ protected:
         if (first && !m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Down")})) {
             return false;
         }
-        return QTest::qWaitFor([this, reads] { return m_front->GetCallCount(getMethod) > reads; }, 10000);
+        return WaitForShown(shown, cached);
     }
-    /// Goes to a place of the page in fresh settings and presses it.
-    bool PressPlace(const QString& list, int row, Stop place)
+    /// Goes from the list of pages to a place of the page and presses it.
+    bool PressFromList(const QString& list, int row, Stop place)
     {
         const int stops = CountStops(GetStored(), list, row, place);
-        if (stops < 0 || !CloseSettings() || !OpenSettings()) {
+        if (stops < 0) {
             return false;
         }
         QStringList keys;
         for (int i = 0; i < stops; ++i) {
             keys << QStringLiteral("Tab");
         }
-        QTest::qWait(settled);
         return m_desktop->Press(keys + QStringList{QStringLiteral("space")});
+    }
+    /// The same in fresh settings.
+    bool PressPlace(const QString& list, int row, Stop place)
+    {
+        return CloseSettings() && OpenSettings() && PressFromList(list, row, place);
     }
     bool CloseSettings()
     {
         return m_desktop->Press({QStringLiteral("Escape")}) &&
                QTest::qWaitFor([this] { return !m_desktop->WaitForTitle(QStringLiteral("Settings"), 0); });
     }
-    /// Fills in the dialog that is open and confirms it.
-    bool Enter(const QString& address)
+    /// Waits for the dialog with this title, fills it in and confirms it.
+    bool Enter(const QString& title, const QString& address)
     {
-        return m_desktop->Press({QStringLiteral("ctrl+a")}) && m_desktop->Type(address) &&
-               m_desktop->Press({QStringLiteral("Return")});
+        return m_desktop->WaitForTitle(title) && m_desktop->Press({QStringLiteral("ctrl+a")}) &&
+               m_desktop->Type(address) && m_desktop->Press({QStringLiteral("Return")});
     }
 
-    /// Time for the answer of the gateway to become rows: nothing outside the client tells when [ms].
-    static constexpr int settled = 400;
+    /// Adds an address of the merchant's own and waits until it is stored.
+    bool AddAddress(const QString& address)
+    {
+        const int count = GetStored().value(CustomItems).toArray().size();
+        return PressPlace(CustomItems, -1, Stop::Add) && Enter(QStringLiteral("Add Url"), address) &&
+               WaitForCount(CustomItems, count + 1);
+    }
+    /// Chooses the next app in the dialog with this title.
+    bool ChooseNextApp(const QString& title)
+    {
+        return m_desktop->WaitForTitle(title) &&
+               m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")});
+    }
+    /// Adds apps and addresses until no list takes another one.
+    bool FillLists()
+    {
+        for (int count = GetStored().value(CustomItems).toArray().size(); count < Limit; ++count) {
+            if (!AddAddress(MakeAddress(QStringLiteral("orders?%1").arg(count)))) {
+                return false;
+            }
+        }
+        for (int count = GetStored().value(PluginItems).toArray().size(); count < Limit; ++count) {
+            if (!PressPlace(PluginItems, -1, Stop::Add) || !ChooseNextApp(QStringLiteral("Add App")) ||
+                !WaitForCount(PluginItems, count + 1)) {
+                return false;
+            }
+        }
+        return true;
+    }
+    /// Fails reading and writing of the entries, or no longer.
+    void SetFault(FaultyGateway::Fault fault)
+    {
+        for (const QString& method : {GetMethod, SetMethod}) {
+            m_front->SetFault(method, fault);
+        }
+    }
+    static bool IsReadSinceTheLastWrite(const QVector<QJsonObject>& events)
+    {
+        const auto isOf = [](const QString& method) {
+            return [method](const QJsonObject& event) {
+                return event.value(QStringLiteral("method")).toString() == method;
+            };
+        };
+        const auto lastWrite = std::find_if(events.rbegin(), events.rend(), isOf(SetMethod));
+        return std::any_of(events.rbegin(), lastWrite, isOf(GetMethod));
+    }
+    QStringList GetOpened() const
+    {
+        QStringList opened;
+        const QVector<QJsonObject> events = m_client->GetEvents(QStringLiteral("tab.opened"));
+        for (const QJsonObject& event : events) {
+            opened << event.value(UrlKey).toString();
+        }
+        return opened;
+    }
 
     std::unique_ptr<Desktop> m_desktop;
 };
 
-TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
+TEST_F(SettingsTest, AnAddressIsAddedTickedAndEdited)
 {
     LogInAndOpen();
     ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(AddAddress(MakeAddress(QStringLiteral("returns"))));
+    EXPECT_EQ(GetEntry(CustomItems, 2).value(UrlKey).toString(), MakeAddress(QStringLiteral("returns")));
+    EXPECT_FALSE(GetEntry(CustomItems, 2).value(CheckedKey).toBool()) << "a new entry waits to be ticked";
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(CustomItems, 2, CheckedKey, true));
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::Edit));
+    ASSERT_TRUE(Enter(QStringLiteral("Edit Url"), MakeAddress(QStringLiteral("reviews"))));
+    EXPECT_TRUE(WaitForEntry(CustomItems, 2, UrlKey, MakeAddress(QStringLiteral("reviews"))));
+    ASSERT_TRUE(CloseSettings());
+    EXPECT_TRUE(m_client->Quit());
+}
 
-    // Untick one of the operator's entries.
-    ASSERT_TRUE(PressPlace(systemItems, 0, Stop::CheckBox));
-    ASSERT_TRUE(WaitForEntry(systemItems, 0, checkedKey, false));
+TEST_F(SettingsTest, ABadAddressKeepsTheDialogOpenForABetterOne)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(PressPlace(CustomItems, -1, Stop::Add));
+    ASSERT_TRUE(Enter(QStringLiteral("Add Url"), QStringLiteral("http://vx.example.evil.test/")));
+    ASSERT_TRUE(Enter(QStringLiteral("Add Url"), MakeAddress(QStringLiteral("returns"))));
+    ASSERT_TRUE(WaitForCount(CustomItems, 3));
+    EXPECT_EQ(GetEntry(CustomItems, 2).value(UrlKey).toString(), MakeAddress(QStringLiteral("returns")));
+    EXPECT_EQ(m_front->GetCallCount(SetMethod), 1);
+    ASSERT_TRUE(CloseSettings());
+    EXPECT_TRUE(m_client->Quit());
+}
 
-    // Add an address: first one that is none of ours, then a good one.
-    ASSERT_TRUE(PressPlace(customItems, -1, Stop::Add));
-    ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add Url")));
-    ASSERT_TRUE(Enter(QStringLiteral("http://vx.example.evil.test/")));
-    QTest::qWait(settled);
-    EXPECT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add Url"))) << "a bad address closes nothing";
-    ASSERT_TRUE(Enter(MakeAddress(QStringLiteral("returns"))));
-    ASSERT_TRUE(WaitForCount(customItems, 3));
-    EXPECT_EQ(GetEntry(customItems, 2).value(urlKey).toString(), MakeAddress(QStringLiteral("returns")));
-    EXPECT_FALSE(GetEntry(customItems, 2).value(checkedKey).toBool()) << "a new entry waits to be ticked";
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::CheckBox));
-    ASSERT_TRUE(WaitForEntry(customItems, 2, checkedKey, true));
-
-    // Edit it.
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::Edit));
-    ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Edit Url")));
-    ASSERT_TRUE(Enter(MakeAddress(QStringLiteral("reviews"))));
-    ASSERT_TRUE(WaitForEntry(customItems, 2, urlKey, MakeAddress(QStringLiteral("reviews"))));
-
-    // Add an app, then make it another one.
-    ASSERT_TRUE(PressPlace(pluginItems, -1, Stop::Add));
-    ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add App")));
-    ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
-    ASSERT_TRUE(WaitForCount(pluginItems, 4));
-    const QString added = GetEntry(pluginItems, 3).value(urlKey).toString();
-    ASSERT_TRUE(PressPlace(pluginItems, 3, Stop::Edit));
-    ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Edit App")));
-    ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
-    ASSERT_TRUE(WaitForStored([&added](const QJsonObject& stored) {
-        const QString now = stored.value(pluginItems).toArray().at(3).toObject().value(urlKey).toString();
-        return !now.isEmpty() && now != added;
+TEST_F(SettingsTest, AnAppIsAddedAndExchanged)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(PressPlace(PluginItems, -1, Stop::Add));
+    ASSERT_TRUE(ChooseNextApp(QStringLiteral("Add App")));
+    ASSERT_TRUE(WaitForCount(PluginItems, 4));
+    const QString added = GetEntry(PluginItems, 3).value(UrlKey).toString();
+    ASSERT_TRUE(PressPlace(PluginItems, 3, Stop::Edit));
+    ASSERT_TRUE(ChooseNextApp(QStringLiteral("Edit App")));
+    EXPECT_TRUE(WaitForStored([&added](const QJsonObject& stored) {
+        const QString url = stored.value(PluginItems).toArray().at(3).toObject().value(UrlKey).toString();
+        return !url.isEmpty() && url != added;
     }));
+    ASSERT_TRUE(CloseSettings());
+    EXPECT_TRUE(m_client->Quit());
+}
 
-    // Open the new address first; delete it; then nothing but the home page is first.
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::OpenFirst));
-    ASSERT_TRUE(WaitForEntry(customItems, 2, activeKey, true));
-    ASSERT_TRUE(PressPlace(customItems, 2, Stop::Delete));
-    ASSERT_TRUE(WaitForCount(customItems, 2));
+TEST_F(SettingsTest, AnyEntryOpensFirstAndTheHomePageDoesWhenItIsDeleted)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(AddAddress(MakeAddress(QStringLiteral("returns"))));
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(CustomItems, 2, ActiveKey, true));
+    ASSERT_TRUE(PressPlace(CustomItems, 2, Stop::Delete));
+    ASSERT_TRUE(WaitForCount(CustomItems, 2));
     EXPECT_TRUE(IsHomeFirst(GetStored()));
+    ASSERT_TRUE(PressPlace(PluginItems, 0, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(PluginItems, 0, ActiveKey, true));
+    ASSERT_TRUE(PressPlace(QString(), -1, Stop::HomeFirst));
+    EXPECT_TRUE(WaitForStored(&SettingsTest::IsHomeFirst));
+    ASSERT_TRUE(CloseSettings());
+    EXPECT_TRUE(m_client->Quit());
+}
 
-    // Up to both limits, and one more of each.
-    for (int count = 2; count < limit; ++count) {
-        ASSERT_TRUE(PressPlace(customItems, -1, Stop::Add));
-        ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add Url")));
-        ASSERT_TRUE(Enter(MakeAddress(QStringLiteral("orders?%1").arg(count))));
-        ASSERT_TRUE(WaitForCount(customItems, count + 1));
-    }
-    ASSERT_TRUE(PressPlace(pluginItems, -1, Stop::Add));
-    ASSERT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Add App")));
-    ASSERT_TRUE(m_desktop->Press({QStringLiteral("Down"), QStringLiteral("Return")}));
-    ASSERT_TRUE(WaitForCount(pluginItems, limit));
+TEST_F(SettingsTest, AFullListTakesNoOtherEntry)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(FillLists());
     const QJsonObject full = GetStored();
-    const int writes = m_front->GetCallCount(setMethod);
-    for (const QString& list : {customItems, pluginItems}) {
-        const QString event = list == customItems ? QStringLiteral("Home_Openingsetting_Addpage")
+    const int writes = m_front->GetCallCount(SetMethod);
+    for (const QString& list : {CustomItems, PluginItems}) {
+        const QString event = list == CustomItems ? QStringLiteral("Home_Openingsetting_Addpage")
                                                   : QStringLiteral("Home_Openingsetting_AddService");
         const int reported = CountReports(event);
         ASSERT_TRUE(PressPlace(list, -1, Stop::Add));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return CountReports(event) > reported; }, 10000))
+        ASSERT_TRUE(QTest::qWaitFor([&] { return CountReports(event) > reported; }, 10000))
             << "the press is reported before the limit counts";
-        QTest::qWait(settled);
-        EXPECT_TRUE(m_desktop->WaitForTitle(QStringLiteral("Settings"), 0)) << "no dialog beyond the limit";
-        EXPECT_EQ(CountReports(event), reported + 1);
+        ASSERT_TRUE(m_desktop->Press({QStringLiteral("space")}));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return CountReports(event) > reported + 1; }, 10000))
+            << "a dialog keeps the next press from the page";
+        EXPECT_EQ(CountReports(event), reported + 2);
     }
     EXPECT_EQ(GetStored(), full);
-    EXPECT_EQ(m_front->GetCallCount(setMethod), writes);
-    ASSERT_TRUE(PressPlace(pluginItems, 0, Stop::OpenFirst));
-    ASSERT_TRUE(WaitForEntry(pluginItems, 0, activeKey, true));
-    ASSERT_TRUE(PressPlace(QString(), -1, Stop::HomeFirst));
-    ASSERT_TRUE(WaitForStored(&SettingsTest::IsHomeFirst));
-    ASSERT_TRUE(PressPlace(pluginItems, 1, Stop::OpenFirst));
-    ASSERT_TRUE(WaitForEntry(pluginItems, 1, activeKey, true));
+    EXPECT_EQ(m_front->GetCallCount(SetMethod), writes);
+    ASSERT_TRUE(CloseSettings());
+    EXPECT_TRUE(m_client->Quit());
+}
 
-    // What is in the database is what the gateway says.
+TEST_F(SettingsTest, WhatIsChosenIsInTheDatabaseAndOpensAtTheNextLogIn)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(PressFromList(SystemItems, 0, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(SystemItems, 0, CheckedKey, false));
+    ASSERT_TRUE(PressPlace(PluginItems, 1, Stop::OpenFirst));
+    ASSERT_TRUE(WaitForEntry(PluginItems, 1, ActiveKey, true));
+
     QProcess tool;
     tool.start(QStringLiteral("sqlite3"),
                {m_folder.filePath(QStringLiteral("gateway.sqlite")),
@@ -277,11 +367,10 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     const QJsonObject inDatabase = QJsonDocument::fromJson(tool.readAllStandardOutput()).object();
     ASSERT_FALSE(inDatabase.isEmpty());
     const QJsonObject stored = GetStored();
-    for (const QString& list : {systemItems, customItems, pluginItems}) {
+    for (const QString& list : {SystemItems, CustomItems, PluginItems}) {
         EXPECT_EQ(inDatabase.value(list), stored.value(list)) << list.toStdString();
     }
 
-    // Log out, log in: the ticked entries open.
     ASSERT_TRUE(CloseSettings());
     ASSERT_TRUE(m_desktop->WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(m_desktop->Press({QStringLiteral("F10")}));
@@ -292,71 +381,42 @@ TEST_F(SettingsTest, WhatIsChosenWithTheKeyboardIsStoredAndOpensAtTheNextLogIn)
     m_expected = Expected();
     ReadExpectation();
     LogInAndOpen();
-    QStringList opened;
-    for (const QJsonObject& event : m_client->GetEvents(QStringLiteral("tab.opened"))) {
-        opened << event.value(urlKey).toString();
-    }
-    EXPECT_EQ(opened, m_expected.urls);
+    EXPECT_EQ(GetOpened(), m_expected.urls);
     EXPECT_TRUE(m_client->Quit());
 }
 
-TEST_F(SettingsTest, WhatWasChosenOpensAtTheNextLogInAlsoWithoutTheGateway)
+TEST_F(SettingsTest, WhatIsChosenOpensAtTheNextLogInEvenWithoutTheGateway)
 {
     LogInAndOpen();
     ASSERT_TRUE(OpenSettings(true));
-    ASSERT_TRUE(PressPlace(systemItems, 0, Stop::CheckBox));
-    ASSERT_TRUE(WaitForEntry(systemItems, 0, checkedKey, false));
-    const int reads = m_front->GetCallCount(getMethod);
+    ASSERT_TRUE(PressFromList(SystemItems, 0, Stop::CheckBox));
+    ASSERT_TRUE(WaitForEntry(SystemItems, 0, CheckedKey, false));
     ASSERT_TRUE(CloseSettings());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(getMethod) > reads; }, 10000))
-        << "what is kept is older than what was chosen";
     ASSERT_TRUE(m_desktop->WaitForWindow(m_client->GetProcessId()));
-    ASSERT_TRUE(m_client->WaitFor([](const QVector<QJsonObject>& events) {
-        const auto last = std::find_if(events.rbegin(), events.rend(), [](const QJsonObject& event) {
-            return event.value(QStringLiteral("method")).toString() == setMethod;
-        });
-        return std::any_of(events.rbegin(), last, [](const QJsonObject& event) {
-            return event.value(QStringLiteral("method")).toString() == getMethod;
-        });
-    }));
+    ASSERT_TRUE(m_client->WaitFor(&SettingsTest::IsReadSinceTheLastWrite)) << "the cache is out of date";
     ASSERT_TRUE(m_client->Quit());
 
-    for (const QString& method : {getMethod, setMethod}) {
-        m_front->SetFault(method, FaultyGateway::Fault::Close);
-    }
+    SetFault(FaultyGateway::Fault::Close);
     m_expected = Expected();
     ReadExpectation();
     LogInAndOpen();
-    QStringList opened;
-    const QVector<QJsonObject> events = m_client->GetEvents(QStringLiteral("tab.opened"));
-    for (const QJsonObject& event : events) {
-        opened << event.value(urlKey).toString();
-    }
-    EXPECT_EQ(opened, m_expected.urls);
+    EXPECT_EQ(GetOpened(), m_expected.urls);
+    EXPECT_TRUE(m_client->Quit());
+}
 
-    // The page shows the last known list, and takes changes once the gateway answers again.
-    const auto countKept = [](const QVector<QJsonObject>& all) {
-        return std::count_if(all.begin(), all.end(), [](const QJsonObject& event) {
-            return event.value(QStringLiteral("method")).toString() == getMethod &&
-                   event.value(QStringLiteral("cached")).toBool();
-        });
-    };
-    const auto kept = countKept(m_client->GetEvents());
-    ASSERT_TRUE(OpenSettings());
-    ASSERT_TRUE(m_client->WaitFor([&](const QVector<QJsonObject>& all) { return countKept(all) > kept; }));
-    for (const QString& method : {getMethod, setMethod}) {
-        m_front->SetFault(method, FaultyGateway::Fault::None);
-    }
-    const int failed = m_front->GetCallCount(getMethod);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return m_front->GetCallCount(getMethod) > failed; }, 30000))
-        << "the page does not read again by itself";
-    QTest::qWait(settled);
-    QStringList keys;
-    for (int stops = CountStops(GetStored(), systemItems, 0, Stop::CheckBox); stops > 0; --stops) {
-        keys << QStringLiteral("Tab");
-    }
-    ASSERT_TRUE(m_desktop->Press(keys + QStringList{QStringLiteral("space")}));
-    EXPECT_TRUE(WaitForEntry(systemItems, 0, checkedKey, true));
+TEST_F(SettingsTest, APageOfCachedEntriesTakesChangesOnceTheGatewayAnswersAgain)
+{
+    LogInAndOpen();
+    ASSERT_TRUE(OpenSettings(true));
+    ASSERT_TRUE(CloseSettings());
+    SetFault(FaultyGateway::Fault::Close);
+    ASSERT_TRUE(OpenSettings(false, true));
+    const int shown = CountShown();
+    SetFault(FaultyGateway::Fault::None);
+    ASSERT_TRUE(WaitForShown(shown)) << "the page does not read again by itself";
+    const bool checked = GetEntry(SystemItems, 0).value(CheckedKey).toBool();
+    ASSERT_TRUE(PressFromList(SystemItems, 0, Stop::CheckBox));
+    EXPECT_TRUE(WaitForEntry(SystemItems, 0, CheckedKey, !checked));
     ASSERT_TRUE(CloseSettings());
     EXPECT_TRUE(m_client->Quit());
 }

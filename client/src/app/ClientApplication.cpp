@@ -261,7 +261,7 @@ void ClientApplication::HandleReport(const HttpCallReport& report)
     if (!IsAboutSession(report.method) || m_session->Get().IsEmpty() || m_life.IsEnding()) {
         return;
     }
-    m_gatewayWatch->Take(report);
+    m_gatewayWatch->HandleReport(report);
     m_troubleNotices->HandleReport(report);
     if (GatewayCodes::IsSessionRefused(report.code) && m_session->GetRefusal().isEmpty()) {
         m_session->SetRefusal(report.code);
@@ -325,6 +325,7 @@ void ClientApplication::MakeFrame()
     connect(m_frame.get(), &ClientFrame::SigLogOutRequested, this, [this] { AskForEnd(EndKind::LogOut); });
     connect(m_frame.get(), &ClientFrame::SigRestartRequested, this,
             [this] { AskForRestart(true, QString()); });
+    connect(m_frame.get(), &ClientFrame::SigSettingsPageReady, &m_trace, &TraceRecorder::WriteSettingsPage);
     connect(m_frame.get(), &ClientFrame::SigSettingsClosed, m_pendingChanges.get(), &PendingChanges::Check);
     connect(m_gatewayWatch.get(), &GatewayWatch::SigFound, m_frame.get(), &ClientFrame::LoadSettingsAgain);
 }

@@ -32,6 +32,7 @@ ClientFrame::ClientFrame(const Parts& parts, PageEngine engine, const QString& p
             Qt::QueuedConnection);
     m_settings = std::make_unique<ClientSettings>(window, m_window->GetPages(), parts.appearance,
                                                   parts.services, parts.savedSession, modules);
+    connect(m_settings.get(), &ClientSettings::SigPageReady, this, &ClientFrame::SigSettingsPageReady);
     connect(m_settings.get(), &ClientSettings::SigClosed, this, &ClientFrame::SigSettingsClosed);
     m_window->AddRestartAction();
     m_tabs = std::make_unique<TabKeeper>(window, parts.questions, m_notices, &ClientServices::LoadPicture,

@@ -74,6 +74,7 @@ Q_SIGNALS:
     void SigQuitRequested();
     void SigLogOutRequested();
     void SigRestartRequested();
+    void SigSettingsPageReady(const QString& page, bool cached); ///< as `SettingsDialog` has it
     void SigSettingsClosed();
 
 private:

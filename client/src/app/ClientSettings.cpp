@@ -53,6 +53,7 @@ void ClientSettings::Show()
         }
         m_dialog = new SettingsDialog(GetServices(), factories, m_window);
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_dialog, &SettingsDialog::SigPageReady, this, &ClientSettings::SigPageReady);
         connect(m_dialog, &QDialog::finished, this, &ClientSettings::SigClosed);
         connect(m_appearance, &ClientAppearance::SigThemeChanged, m_dialog, &SettingsDialog::SetTheme);
         connect(m_appearance, &ClientAppearance::SigLanguageChanged, m_dialog, &SettingsDialog::SetLanguage);
@@ -95,9 +96,9 @@ SettingsServices ClientSettings::GetServices()
     services.clearBrowsingData = [this](const std::function<void(bool)>& done) {
         done(m_pages->ClearData());
     };
-    services.hasKeptSession = [this] { return m_savedSession->HasRecord(); };
+    services.hasSavedSession = [this] { return m_savedSession->HasRecord(); };
     services.forgetSession = [this](const std::function<void()>& done) { m_savedSession->Forget(done); };
-    services.clearKeptReplies = [this] { m_services->http.ClearCache(); };
+    services.clearCachedReplies = [this] { m_services->http.ClearCache(); };
     services.loadEvents = [this] {
         return MonitorEventFile::Load({m_services->monitor.GetOlderFile(), m_services->monitor.GetFile()});
     };

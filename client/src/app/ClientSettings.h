@@ -38,6 +38,8 @@ public:
     void Close();
 
 Q_SIGNALS:
+    /// As `SettingsDialog` has it.
+    void SigPageReady(const QString& page, bool cached);
     /// The dialog is off the screen.
     void SigClosed();
 

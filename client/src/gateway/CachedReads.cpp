@@ -8,59 +8,64 @@
 
 namespace {
 
-constexpr int timeout = 20000; // [ms]
-constexpr int attempts = 2;
+constexpr int Timeout = 20000; // [ms]
+constexpr int Attempts = 2;
 
 QString KeyOf(const IHttpRequest* request)
 {
-    const auto* const kept = dynamic_cast<const IRequestCacheMethod*>(request);
-    return kept != nullptr ? kept->GetCacheKey() : QString();
+    const auto* const cached = dynamic_cast<const IRequestCacheMethod*>(request);
+    return cached != nullptr ? cached->GetCacheKey() : QString();
 }
 
 } // namespace
 
-int CachedReads::TakeStart(const QSharedPointer<IHttpRequest>& request)
+int CachedReads::HandleStart(const QSharedPointer<IHttpRequest>& request)
 {
     const QString key = KeyOf(request.data());
     if (!key.isEmpty()) {
         const auto it = m_reads.find(key);
-        if (it == m_reads.end())
+        if (it == m_reads.end()) {
             m_reads.insert(key, {request, m_changes});
-        else
+        } else {
             it->request = request;
+        }
     }
     return m_changes;
 }
 
-void CachedReads::TakeAnswer(const QSharedPointer<IHttpRequest>& request, int start)
+void CachedReads::HandleAnswer(const QSharedPointer<IHttpRequest>& request, int start)
 {
     const auto it = m_reads.find(KeyOf(request.data()));
-    if (it != m_reads.end())
+    if (it != m_reads.end()) {
         it->changes = qMax(it->changes, start);
+    }
 }
 
-void CachedReads::TakeChange()
+void CachedReads::HandleChange()
 {
     ++m_changes;
-    if (!m_open)
+    if (!m_open) {
         Refresh();
+    }
 }
 
 void CachedReads::SetOpen(bool open)
 {
     m_open = open;
-    if (!open)
+    if (!open) {
         Refresh();
+    }
 }
 
 void CachedReads::Refresh()
 {
     for (Read& read : m_reads) {
-        if (read.changes == m_changes)
+        if (read.changes == m_changes) {
             continue;
+        }
         read.changes = m_changes;
         // With a response of its own: the first one's content is in use.
         IHttpManager::Instance()->Send(read.request, QSharedPointer<CachedReplyResponse>::create(), {},
-                                       timeout, attempts);
+                                       Timeout, Attempts);
     }
 }

@@ -6,20 +6,20 @@
 
 class IHttpRequest;
 
-/// The reads whose replies are kept for the time without a gateway. Once nobody changes anything any more,
-/// those that are older than the last change are sent again, so that what is kept is what the user chose. GUI
+/// The reads whose replies are cached for the time without a gateway. Once no more changes are expected,
+/// sends those that are older than the last change again, so that the cache has what the user chose. GUI
 /// thread.
 class CachedReads final
 {
 public:
-    /// A read starts; nothing when its reply is not kept. Returns what `TakeAnswer` wants.
-    int TakeStart(const QSharedPointer<IHttpRequest>& request);
-    /// The read that started then has been answered by the gateway.
-    void TakeAnswer(const QSharedPointer<IHttpRequest>& request, int start);
+    /// A read starts. Ignores one whose reply is not cached. Returns what `HandleAnswer` wants.
+    int HandleStart(const QSharedPointer<IHttpRequest>& request);
+    /// The gateway has answered the read that started then.
+    void HandleAnswer(const QSharedPointer<IHttpRequest>& request, int start);
     /// A change has succeeded.
-    void TakeChange();
+    void HandleChange();
 
-    /// Whether changes are to be expected. While not, what is too old is sent again at once.
+    /// Whether to expect changes. While closed, sends reads that are too old again at once.
     void SetOpen(bool open);
 
 private:
@@ -31,7 +31,7 @@ private:
 
     void Refresh();
 
-    QMap<QString, Read> m_reads; ///< by the key under which the reply is kept
+    QMap<QString, Read> m_reads; ///< by the key of the cached reply
     int m_changes = 0;           ///< so many have succeeded
     bool m_open = true;
 };

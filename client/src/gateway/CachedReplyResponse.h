@@ -2,7 +2,7 @@
 
 #include "http-module/IHttpResponseDsm.h"
 
-/// A reply that is only to be kept: of its content nothing is read but that there is some.
+/// A reply that only goes into the cache: reads nothing of its content but that there is some.
 class CachedReplyResponse final : public IHttpResponseDsm
 {
     Q_OBJECT

@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString fileName = QStringLiteral("tl-client.ini");
+const QString FileName = QStringLiteral("tl-client.ini");
 
 } // namespace
 
@@ -37,7 +37,7 @@ GatewaySettings GatewaySettings::Load(const QStringList& files, const QProcessEn
         }
         settings.appKey = ini.value(QStringLiteral("app_key"), settings.appKey).toString();
         settings.appSecret = ini.value(QStringLiteral("app_secret"), settings.appSecret).toString();
-        // What has commas is a list already.
+        // A value with commas is a list already.
         settings.domains = ini.value(QStringLiteral("domains"), settings.domains).toStringList();
     }
     settings.appKey = environment.value(QStringLiteral("TL_GATEWAY_APP_KEY"), settings.appKey);
@@ -51,15 +51,15 @@ GatewaySettings GatewaySettings::Load(const QStringList& files, const QProcessEn
 
 QStringList GatewaySettings::DefaultFiles()
 {
-    QStringList files{QDir(QCoreApplication::applicationDirPath()).filePath(fileName)};
+    QStringList files{QDir(QCoreApplication::applicationDirPath()).filePath(FileName)};
 #ifdef Q_OS_WIN
-    // In the folder that is for all users there any of them may put a file.
+    // On Windows any user may put a file into the folder that is for all of them.
     const QStringList folders{QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)};
 #else
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::AppConfigLocation);
 #endif
     for (const QString& folder : folders) {
-        files.append(QDir(folder).filePath(fileName));
+        files.append(QDir(folder).filePath(FileName));
     }
     return files;
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::array<int, 5> pauses{5000, 10000, 20000, 40000, 60000}; // [ms]
+constexpr std::array<int, 5> Pauses{5000, 10000, 20000, 40000, 60000}; // [ms]
 
 } // namespace
 
@@ -21,7 +21,7 @@ GatewayWatch::GatewayWatch(std::unique_ptr<IDelay> delay, std::function<void()> 
 
 GatewayWatch::~GatewayWatch() = default;
 
-void GatewayWatch::Take(const HttpCallReport& report)
+void GatewayWatch::HandleReport(const HttpCallReport& report)
 {
     const QString code = report.fromCache ? report.failureCode : report.code;
     const bool failed = report.fromCache || (!report.ok && GatewayCodes::IsUnreachable(code));
@@ -68,7 +68,7 @@ void GatewayWatch::Schedule()
         return; // several calls fail together
     }
     m_scheduled = true;
-    const int pause = pauses[std::min<std::size_t>(std::size_t(m_round), pauses.size() - 1)];
+    const int pause = Pauses[std::min<std::size_t>(std::size_t(m_round), Pauses.size() - 1)];
     ++m_round;
     m_delay->Start(pause, [this] { Ask(); });
 }

@@ -2,9 +2,9 @@
 
 #include "CachedReads.h"
 
+#include "http/HttpCallKind.h"
 #include "http/IHttpResponse.h"
 #include "http/IHttpResponseBase.h"
-#include "http/IResponseCacheMethod.h"
 
 #include <QtCore/QPointer>
 
@@ -24,31 +24,35 @@ void HttpManagerProxy::Send(const QSharedPointer<IHttpRequest>& request,
                             int timeout, int attempts)
 {
     const quint64 call = ++m_lastCall;
-    const auto* const kept = dynamic_cast<const IResponseCacheMethod*>(response.data());
-    const bool changes = kept == nullptr || !kept->IsAutoCache();
-    m_wanted = false;
-    Q_EMIT SigStarted(call, changes);
-    const bool isKept = m_wanted && !changes;
-    const int start = isKept ? m_reads->TakeStart(request) : 0;
-    const auto ended = [self = QPointer<HttpManagerProxy>(this), reads = m_reads, call, changes, isKept,
+    const bool isWrite = HttpCallKind::IsWrite(*response);
+    m_keepsUpToDate = false;
+    Q_EMIT SigStarted(call, isWrite);
+    const bool isWatched = m_keepsUpToDate && !isWrite;
+    const int start = isWatched ? m_reads->HandleStart(request) : 0;
+    const auto ended = [self = QPointer<HttpManagerProxy>(this), reads = m_reads, call, isWrite, isWatched,
                         start, request, response, completion = std::move(finished)] {
         const bool succeeded = response->IsSuccess();
         const auto* const json = qobject_cast<const IHttpResponseBase*>(response.data());
-        const bool fromKept = json != nullptr && json->IsFromCache();
-        if (isKept && succeeded && !fromKept)
-            reads->TakeAnswer(request, start);
+        const bool fromCache = json != nullptr && json->IsFromCache();
+        if (isWatched && succeeded && !fromCache) {
+            reads->HandleAnswer(request, start);
+        }
         if (self) {
-            if (fromKept)
-                Q_EMIT self->SigServedFromKept(call);
+            if (fromCache) {
+                Q_EMIT self->SigServedFromCache(call);
+            }
             Q_EMIT self->SigAnswered(call, succeeded, response->GetErrorCode(),
                                      succeeded ? QString() : response->GetErrorDesc());
         }
-        if (completion)
-            completion(); // may end the watch
-        if (self)
+        if (completion) {
+            completion(); // may delete the proxy
+        }
+        if (self) {
             Q_EMIT self->SigEnded(call);
-        if (changes && succeeded)
-            reads->TakeChange();
+        }
+        if (isWrite && succeeded) {
+            reads->HandleChange();
+        }
     };
     m_next->Send(request, response, ended, timeout, attempts);
 }

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int usualTimeout = 20000; // [ms]
+constexpr int UsualTimeout = 20000; // [ms]
 
 } // namespace
 
@@ -32,7 +32,8 @@ void UserInformation::Read(int limit)
 {
     m_waiting = 2;
     m_limit.start(limit);
-    // A little less than the limit, so that the kept replies come in before it when nobody answers.
+    // A little less than the limit, so that cached replies come in before it when the gateway does not
+    // answer.
     const int timeout = limit - limit / 6;
     ReadPlugins(timeout);
     ReadFunctions(timeout);
@@ -40,12 +41,12 @@ void UserInformation::Read(int limit)
 
 void UserInformation::RefreshPlugins()
 {
-    ReadPlugins(usualTimeout);
+    ReadPlugins(UsualTimeout);
 }
 
 void UserInformation::RefreshFunctions()
 {
-    ReadFunctions(usualTimeout);
+    ReadFunctions(UsualTimeout);
 }
 
 void UserInformation::Stop()
@@ -56,50 +57,42 @@ void UserInformation::Stop()
 
 void UserInformation::ReadPlugins(int timeout)
 {
-    const auto request = QSharedPointer<PluginListRequest>::create();
-    const auto response = QSharedPointer<HttpResponseObjectDsm<PluginListEntity>>::create();
-    response->SetAutoCache(true);
-    const QPointer<UserInformation> guard(this);
-    IHttpManager::Instance()->Send(
-        request, response,
-        [guard, response] {
-            if (!guard) {
-                return;
-            }
-            // One app that cannot be understood does not hide the others.
-            const auto plugins = response->GetEntity()->GetPlugins();
-            if (response->IsSuccess() || !plugins.isEmpty()) {
-                guard->m_plugins->SetPlugins(plugins);
-            }
-            guard->TakeEnd();
-        },
-        timeout, 1);
+    ReadList<PluginListRequest>(
+        &PluginListEntity::GetPlugins, [this](const auto& plugins) { m_plugins->SetPlugins(plugins); },
+        timeout);
 }
 
 void UserInformation::ReadFunctions(int timeout)
 {
-    const auto request = QSharedPointer<FunctionListRequest>::create();
-    const auto response = QSharedPointer<HttpResponseObjectDsm<FunctionListEntity>>::create();
+    ReadList<FunctionListRequest>(
+        &FunctionListEntity::GetFunctions,
+        [this](const auto& functions) { m_functions->SetFunctions(functions); }, timeout);
+}
+
+template <class Request, class Entity, class List, class Store>
+void UserInformation::ReadList(List (Entity::*getList)() const, const Store& store, int timeout)
+{
+    const auto response = QSharedPointer<HttpResponseObjectDsm<Entity>>::create();
     response->SetAutoCache(true);
-    const QPointer<UserInformation> guard(this);
     IHttpManager::Instance()->Send(
-        request, response,
-        [guard, response] {
-            if (!guard) {
+        QSharedPointer<Request>::create(), response,
+        [self = QPointer<UserInformation>(this), response, getList, store] {
+            if (!self) {
                 return;
             }
-            const auto functions = response->GetEntity()->GetFunctions();
-            if (response->IsSuccess() || !functions.isEmpty()) {
-                guard->m_functions->SetFunctions(functions);
+            // One entry that cannot be understood does not hide the others.
+            const List list = ((*response->GetEntity()).*getList)();
+            if (response->IsSuccess() || !list.isEmpty()) {
+                store(list);
             }
-            guard->TakeEnd();
+            self->HandleEnd();
         },
         timeout, 1);
 }
 
-void UserInformation::TakeEnd()
+void UserInformation::HandleEnd()
 {
-    // Ends of a later refresh, or after the limit, are waited for by nobody.
+    // Nobody waits for the end of a later refresh, or for one after the limit.
     if (m_waiting > 0 && --m_waiting == 0) {
         m_limit.stop();
         Q_EMIT SigFinished();

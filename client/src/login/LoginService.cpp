@@ -30,13 +30,13 @@ QDateTime TimeIn(const QString& message)
 
 LoginProblem::Kind KindOf(const QString& code)
 {
-    if (code == GatewayCodes::wrongPassword) {
+    if (code == GatewayCodes::WrongPassword) {
         return LoginProblem::Kind::WrongPassword;
     }
-    if (code == GatewayCodes::tooManyAttempts) {
+    if (code == GatewayCodes::TooManyAttempts) {
         return LoginProblem::Kind::TooManyAttempts;
     }
-    if (code == GatewayCodes::clockOff) {
+    if (code == GatewayCodes::ClockOff) {
         return LoginProblem::Kind::ClockOff;
     }
     if (GatewayCodes::IsClientRefused(code) ||

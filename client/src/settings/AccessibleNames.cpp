@@ -15,13 +15,15 @@
 
 namespace {
 
-constexpr const char* ours = "tlAccessibleName"; // what was given here, to tell it from the page's own
+// The name that was given here, to tell it from the page's own.
+constexpr const char* GivenNameProperty = "tlAccessibleName";
 
 const QWidget* RowOf(const QWidget* widget, const QWidget* page)
 {
     for (const QWidget* it = widget->parentWidget(); it != nullptr && it != page; it = it->parentWidget()) {
-        if (qobject_cast<const SettingItemBaseWidget*>(it) != nullptr)
+        if (qobject_cast<const SettingItemBaseWidget*>(it) != nullptr) {
             return it;
+        }
     }
     return nullptr;
 }
@@ -32,14 +34,16 @@ QString EntryOf(const QWidget* row)
     const QList<QCheckBox*> boxes = row->findChildren<QCheckBox*>();
     for (const QCheckBox* const box : boxes) {
         const QString name = box->accessibleName();
-        if (!name.isEmpty() && name != box->property(ours).toString())
+        if (!name.isEmpty() && name != box->property(GivenNameProperty).toString()) {
             return name;
+        }
     }
     const QList<QLabel*> labels = row->findChildren<QLabel*>();
     for (const QLabel* const label : labels) {
         QString text = label->accessibleName().isEmpty() ? ShownText::Of(label) : label->accessibleName();
-        if (!text.isEmpty())
+        if (!text.isEmpty()) {
             return text;
+        }
     }
     return QString();
 }
@@ -48,8 +52,9 @@ QString LabelBefore(const QWidget* widget, const QVector<QWidget*>& order)
 {
     for (int i = order.indexOf(const_cast<QWidget*>(widget)) - 1; i >= 0; --i) {
         const auto* const label = qobject_cast<const QLabel*>(order.at(i));
-        if (label != nullptr && !ShownText::Of(label).isEmpty())
+        if (label != nullptr && !ShownText::Of(label).isEmpty()) {
             return ShownText::Of(label);
+        }
     }
     return QString();
 }
@@ -60,8 +65,9 @@ AccessibleNames::AccessibleNames(QWidget* page) : QObject(page), m_page(page)
 {
     Watch(page);
     const QList<QWidget*> parts = page->findChildren<QWidget*>();
-    for (QWidget* const part : parts)
+    for (QWidget* const part : parts) {
         Watch(part);
+    }
     Update();
 }
 
@@ -75,8 +81,9 @@ bool AccessibleNames::eventFilter(QObject* watched, QEvent* event)
             auto* const widget = static_cast<QWidget*>(child);
             Watch(widget);
             const QList<QWidget*> parts = widget->findChildren<QWidget*>();
-            for (QWidget* const part : parts)
+            for (QWidget* const part : parts) {
                 Watch(part);
+            }
         }
         UpdateLater();
         break;
@@ -98,8 +105,9 @@ void AccessibleNames::Watch(QWidget* widget)
 
 void AccessibleNames::UpdateLater()
 {
-    if (m_pending)
+    if (m_pending) {
         return;
+    }
     m_pending = true;
     QMetaObject::invokeMethod(this, &AccessibleNames::Update, Qt::QueuedConnection);
 }
@@ -108,39 +116,45 @@ void AccessibleNames::Update()
 {
     m_pending = false;
     const QVector<QWidget*> order = KeyboardAccess::GetReadingOrder(m_page);
-    for (QWidget* const widget : order)
+    for (QWidget* const widget : order) {
         Name(widget, order);
+    }
 }
 
 void AccessibleNames::Name(QWidget* widget, const QVector<QWidget*>& order) const
 {
     const QString present = widget->accessibleName();
     // The same words as in the tool tip tell no row from another.
-    const bool isGiven = present != widget->property(ours).toString() && present != widget->toolTip();
-    if (!present.isEmpty() && isGiven)
+    const bool isGiven =
+        present != widget->property(GivenNameProperty).toString() && present != widget->toolTip();
+    if (!present.isEmpty() && isGiven) {
         return;
+    }
     QString name;
     if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
         const QWidget* const row = RowOf(button, m_page);
         const QString entry = row != nullptr ? EntryOf(row) : QString();
         const QString objectName = button->objectName();
-        if (!button->text().isEmpty())
+        if (!button->text().isEmpty()) {
             name = entry.isEmpty() ? QString() : tr("%1: %2", "button: entry").arg(button->text(), entry);
-        else if (objectName == QLatin1String("edit_button"))
+        } else if (objectName == QLatin1String("edit_button")) {
             name = tr("Edit %1").arg(entry);
-        else if (objectName == QLatin1String("delete_button"))
+        } else if (objectName == QLatin1String("delete_button")) {
             name = tr("Delete %1").arg(entry);
-        else
+        } else {
             name = entry;
+        }
     } else if (auto* const field = qobject_cast<QLineEdit*>(widget)) {
         name = LabelBefore(field, order);
-        if (name.isEmpty())
+        if (name.isEmpty()) {
             name = field->placeholderText();
+        }
     } else if (qobject_cast<QComboBox*>(widget) != nullptr) {
         name = LabelBefore(widget, order);
     }
-    if (name.isEmpty() || name == present)
+    if (name.isEmpty() || name == present) {
         return;
+    }
     widget->setAccessibleName(name);
-    widget->setProperty(ours, name);
+    widget->setProperty(GivenNameProperty, name);
 }

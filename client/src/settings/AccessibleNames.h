@@ -5,9 +5,9 @@
 
 class QWidget;
 
-/// Gives names for screen readers to the controls of a page that brings none: a check box has the name of the
-/// entry in its row, a picture button that of what it does there, a field that of the label before it. Keeps
-/// them as rows come, go and change. Names that the page gives itself stay. A child of `page`. GUI thread.
+/// Gives names for screen readers to the controls of a page that has none: a check box is named after the
+/// entry in its row, a picture button after what it does there, a field after the label before it. Updates
+/// them as rows come, go and change. Names that the page itself gives stay. A child of `page`. GUI thread.
 class AccessibleNames final : public QObject
 {
     Q_OBJECT

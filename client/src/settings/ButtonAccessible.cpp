@@ -12,13 +12,14 @@
 
 namespace {
 
-constexpr const char* adopted = "tlButtonsByMouse";
+constexpr const char* AdoptedProperty = "tlButtonsByMouse";
 
 bool IsAdopted(const QWidget* widget)
 {
     for (const QWidget* it = widget; it != nullptr; it = it->parentWidget()) {
-        if (it->property(adopted).toBool())
+        if (it->property(AdoptedProperty).toBool()) {
             return true;
+        }
     }
     return false;
 }
@@ -27,15 +28,17 @@ QAccessibleInterface* MakeButton(const QString& className, QObject* object)
 {
     auto* const button = qobject_cast<QAbstractButton*>(object);
     if (button == nullptr || className != QLatin1String(object->metaObject()->className()) ||
-        !IsAdopted(button))
+        !IsAdopted(button)) {
         return nullptr;
+    }
     return new ButtonAccessible(button);
 }
 
 QAccessible::Role RoleOf(const QAbstractButton* button)
 {
-    if (qobject_cast<const QRadioButton*>(button) != nullptr)
+    if (qobject_cast<const QRadioButton*>(button) != nullptr) {
         return QAccessible::RadioButton;
+    }
     return button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button;
 }
 
@@ -46,14 +49,15 @@ ButtonAccessible::ButtonAccessible(QAbstractButton* button) : QAccessibleWidget(
 void ButtonAccessible::Adopt(QWidget* page)
 {
     QAccessible::installFactory(MakeButton);
-    page->setProperty(adopted, true);
+    page->setProperty(AdoptedProperty, true);
 }
 
 QString ButtonAccessible::text(QAccessible::Text kind) const
 {
     QString given = QAccessibleWidget::text(kind);
-    if (kind != QAccessible::Name || !given.isEmpty())
+    if (kind != QAccessible::Name || !given.isEmpty()) {
         return given;
+    }
     return GetButton()->text().remove(QLatin1Char('&'));
 }
 
@@ -64,18 +68,21 @@ QAccessible::State ButtonAccessible::state() const
     state.checkable = button->isCheckable();
     state.checked = button->isChecked();
     state.pressed = button->isDown();
-    if (const auto* const box = qobject_cast<const QCheckBox*>(button))
+    if (const auto* const box = qobject_cast<const QCheckBox*>(button)) {
         state.checkStateMixed = box->checkState() == Qt::PartiallyChecked;
-    if (const auto* const push = qobject_cast<const QPushButton*>(button))
+    }
+    if (const auto* const push = qobject_cast<const QPushButton*>(button)) {
         state.defaultButton = push->isDefault();
+    }
     return state;
 }
 
 QStringList ButtonAccessible::actionNames() const
 {
     QStringList names;
-    if (GetButton()->isEnabled())
+    if (GetButton()->isEnabled()) {
         names.append(GetButton()->isCheckable() ? toggleAction() : pressAction());
+    }
     return names + QAccessibleWidget::actionNames();
 }
 
@@ -86,15 +93,17 @@ void ButtonAccessible::doAction(const QString& name)
         return;
     }
     const QPointer<QAbstractButton> button(GetButton());
-    if (!button->isEnabled())
+    if (!button->isEnabled()) {
         return;
+    }
     const QPoint place = GetHitPoint();
     const QPoint global = button->mapToGlobal(place);
     QMouseEvent press(QEvent::MouseButtonPress, place, global, Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
     QCoreApplication::sendEvent(button, &press);
-    if (button.isNull())
+    if (button.isNull()) {
         return;
+    }
     QMouseEvent release(QEvent::MouseButtonRelease, place, global, Qt::LeftButton, Qt::NoButton,
                         Qt::NoModifier);
     QCoreApplication::sendEvent(button, &release);
@@ -108,8 +117,9 @@ QAbstractButton* ButtonAccessible::GetButton() const
 QPoint ButtonAccessible::GetHitPoint() const
 {
     const QAbstractButton* const button = GetButton();
-    if (qobject_cast<const QCheckBox*>(button) == nullptr)
+    if (qobject_cast<const QCheckBox*>(button) == nullptr) {
         return button->rect().center();
+    }
     QStyleOptionButton option;
     option.initFrom(button);
     option.text = button->text();

@@ -11,7 +11,7 @@ class ButtonAccessible final : public QAccessibleWidget
 public:
     explicit ButtonAccessible(QAbstractButton* button);
 
-    /// From now on the buttons below `page` are seen so.
+    /// From now on screen readers see the buttons below `page` like this.
     static void Adopt(QWidget* page);
 
     QString text(QAccessible::Text kind) const override;

@@ -58,8 +58,9 @@ void GiveFocus(QWidget* widget)
             it->setFocus(Qt::MouseFocusReason);
             return;
         }
-        if (it->isWindow())
+        if (it->isWindow()) {
             return;
+        }
     }
 }
 
@@ -67,9 +68,9 @@ void GiveFocus(QWidget* widget)
 
 InputHold::InputHold(HttpManagerProxy* calls, QObject* parent) : QObject(parent)
 {
-    connect(calls, &HttpManagerProxy::SigStarted, this, &InputHold::TakeStart);
-    connect(calls, &HttpManagerProxy::SigAnswered, this, &InputHold::TakeAnswer);
-    connect(calls, &HttpManagerProxy::SigEnded, this, &InputHold::TakeEnd);
+    connect(calls, &HttpManagerProxy::SigStarted, this, &InputHold::HandleStart);
+    connect(calls, &HttpManagerProxy::SigAnswered, this, &InputHold::HandleAnswer);
+    connect(calls, &HttpManagerProxy::SigEnded, this, &InputHold::HandleEnd);
     qApp->installEventFilter(this);
 }
 
@@ -83,51 +84,57 @@ void InputHold::SetPage(QWidget* page)
 
 void InputHold::SetBlocked(bool blocked)
 {
-    if (m_blocked == blocked)
+    if (m_blocked == blocked) {
         return;
+    }
     m_blocked = blocked;
-    if (!blocked)
+    if (!blocked) {
         Deliver();
+    }
     Announce();
 }
 
 bool InputHold::IsBusy() const noexcept
 {
-    return IsInFlight() || HasKept();
+    return IsInFlight() || HasHeld();
 }
 
 void InputHold::Drop()
 {
-    m_kept.clear();
+    m_held.clear();
     Announce();
 }
 
 bool InputHold::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isKey = IsKey(event->type());
-    if ((!isKey && !IsMouse(event->type())) || !watched->isWidgetType())
+    if ((!isKey && !IsMouse(event->type())) || !watched->isWidgetType()) {
         return false;
+    }
     auto* const widget = static_cast<QWidget*>(watched);
-    if (!IsPartOfPage(widget))
+    if (!IsPartOfPage(widget)) {
         return false;
+    }
     // Escape closes the dialog, which waits by itself for what is on its way.
-    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         return false;
+    }
     if (!m_page->isEnabled()) {
         // What watches a widget sees its input also while it is disabled.
         event->accept();
         return true;
     }
-    if (m_delivering > 0)
-        return false; // its turn has come, or it comes of one whose turn has come
-    if (m_calls.isEmpty() && !m_blocked && m_kept.empty()) {
+    if (m_delivering > 0) {
+        return false; // its turn has come, or it results from one whose turn has come
+    }
+    if (m_calls.isEmpty() && !m_blocked && m_held.empty()) {
         if (!isKey) {
             const auto& mouse = static_cast<const QMouseEvent&>(*event);
             const bool isPassedOn = IsPassedOn(widget, mouse);
             m_last = widget;
             m_lastTime = mouse.timestamp();
             m_lastType = mouse.type();
-            if (!isPassedOn && !TakeMouse(widget, mouse.type())) {
+            if (!isPassedOn && !AcceptMouse(widget, mouse.type())) {
                 event->accept();
                 return true;
             }
@@ -135,33 +142,38 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event)
         BeginInput();
         return false;
     }
-    Keep(widget, event);
-    if (event->type() == QEvent::MouseButtonPress)
+    Hold(widget, event);
+    if (event->type() == QEvent::MouseButtonPress) {
         GiveFocus(widget);
+    }
     event->accept();
     return true;
 }
 
 bool InputHold::event(QEvent* event)
 {
-    if (event->type() != InputIsOver())
+    if (event->type() != InputIsOver()) {
         return QObject::event(event);
+    }
     if (m_inputLevel >= 0 && m_delivering == 0 && !EndInputIfOver()) {
         // The page has a dialog open and deals with what comes of it: until its own event loop turns again.
         QAbstractEventDispatcher* const loop = QAbstractEventDispatcher::instance();
-        for (const auto turn : {&QAbstractEventDispatcher::aboutToBlock, &QAbstractEventDispatcher::awake})
+        for (const auto turn : {&QAbstractEventDispatcher::aboutToBlock, &QAbstractEventDispatcher::awake}) {
             connect(loop, turn, this, &InputHold::EndInputIfOver, Qt::UniqueConnection);
+        }
     }
     return true;
 }
 
 bool InputHold::IsPartOfPage(const QWidget* widget) const
 {
-    if (m_page == nullptr)
+    if (m_page == nullptr) {
         return false;
+    }
     for (const QWidget* it = widget; it != nullptr; it = it->parentWidget()) {
-        if (it == m_page)
+        if (it == m_page) {
             return true;
+        }
     }
     return false;
 }
@@ -174,8 +186,9 @@ void InputHold::BeginInput()
 
 bool InputHold::EndInputIfOver()
 {
-    if (QThread::currentThread()->loopLevel() > m_inputLevel)
+    if (QThread::currentThread()->loopLevel() > m_inputLevel) {
         return false;
+    }
     EndInput();
     return true;
 }
@@ -191,107 +204,118 @@ bool InputHold::IsInInput() const
     return m_inputLevel >= 0 && QThread::currentThread()->loopLevel() == m_inputLevel;
 }
 
-/// Whether a part of the page has left the event to this one, which it is in.
+/// Whether a part of this widget ignored the event, so that it comes by here.
 bool InputHold::IsPassedOn(const QWidget* widget, const QMouseEvent& event) const
 {
     return m_last != nullptr && widget->isAncestorOf(m_last) && m_lastType == event.type() &&
            m_lastTime == event.timestamp();
 }
 
-/// Whether the event, whose turn it is, may go to `widget`. A double click may meet a row that has come under
-/// the mouse since its first half, and is not meant for that.
-bool InputHold::TakeMouse(QWidget* widget, QEvent::Type type)
+/// Whether the event, whose turn it is, may go to `widget`. A double click may hit a row that has come under
+/// the mouse since its first half, and is not meant for that row.
+bool InputHold::AcceptMouse(QWidget* widget, QEvent::Type type)
 {
-    if (type == QEvent::MouseButtonRelease)
+    if (type == QEvent::MouseButtonRelease) {
         return !std::exchange(m_releaseDropped, false);
+    }
     m_releaseDropped = type == QEvent::MouseButtonDblClick && widget != m_pressed;
-    if (type == QEvent::MouseButtonPress)
+    if (type == QEvent::MouseButtonPress) {
         m_pressed = widget;
+    }
     return !m_releaseDropped;
 }
 
-QWidget* InputHold::FindTarget(const Kept& kept) const
+QWidget* InputHold::FindTarget(const Held& held) const
 {
-    if (!m_page->isEnabled())
+    if (!m_page->isEnabled()) {
         return nullptr;
+    }
     // A key goes to what has the focus in the page when its turn comes, and out of the page only where a
     // Tab before it has led: the user may have gone on to another page meanwhile.
-    QWidget* const focus = kept.isKey ? QApplication::focusWidget() : nullptr;
-    if (focus != nullptr && (IsPartOfPage(focus) || (m_tabbed && focus->window() == m_page->window())))
+    QWidget* const focus = held.isKey ? QApplication::focusWidget() : nullptr;
+    if (focus != nullptr && (IsPartOfPage(focus) || (m_tabbed && focus->window() == m_page->window()))) {
         return focus;
-    if (IsPartOfPage(kept.target))
-        return kept.target;
+    }
+    if (IsPartOfPage(held.target)) {
+        return held.target;
+    }
     // In a page that is the same, what looks the same is another entry.
-    return kept.page != m_pageNumber ? kept.place.FindIn(m_page) : nullptr;
+    return held.page != m_pageNumber ? held.place.FindIn(m_page) : nullptr;
 }
 
-void InputHold::Keep(QWidget* widget, const QEvent* event)
+void InputHold::Hold(QWidget* widget, const QEvent* event)
 {
-    m_kept.push_back(
+    m_held.push_back(
         {CopyOf(*event), widget, WidgetPlace(m_page, widget), m_pageNumber, IsKey(event->type())});
     Announce();
 }
 
 void InputHold::Deliver()
 {
-    if (m_delivering > 0)
+    if (m_delivering > 0) {
         return;
-    while (!m_kept.empty() && m_calls.isEmpty() && !m_blocked && m_page != nullptr) {
-        const Kept kept = std::move(m_kept.front());
-        m_kept.pop_front();
-        QWidget* const target = FindTarget(kept);
-        const bool isPress = kept.event->type() == QEvent::MouseButtonPress ||
-                             kept.event->type() == QEvent::MouseButtonDblClick ||
-                             kept.event->type() == QEvent::KeyPress;
-        if (!kept.isKey && !TakeMouse(target, kept.event->type()))
+    }
+    while (!m_held.empty() && m_calls.isEmpty() && !m_blocked && m_page != nullptr) {
+        const Held held = std::move(m_held.front());
+        m_held.pop_front();
+        QWidget* const target = FindTarget(held);
+        const bool isPress = held.event->type() == QEvent::MouseButtonPress ||
+                             held.event->type() == QEvent::MouseButtonDblClick ||
+                             held.event->type() == QEvent::KeyPress;
+        if (!held.isKey && !AcceptMouse(target, held.event->type())) {
             continue;
+        }
         if (target == nullptr) {
-            if (isPress && !IsTab(*kept.event) && kept.page != m_pageNumber)
+            if (isPress && !IsTab(*held.event) && held.page != m_pageNumber) {
                 Q_EMIT SigInputLost();
+            }
             continue;
         }
         const QPointer<InputHold> self(this);
         ++m_delivering;
         m_inputLevel = QThread::currentThread()->loopLevel();
-        kept.event->setAccepted(true);
-        QCoreApplication::sendEvent(target, kept.event.get()); // may open a dialog, and end this
-        if (!self)
+        held.event->setAccepted(true);
+        QCoreApplication::sendEvent(target, held.event.get()); // may open a dialog, and end this
+        if (!self) {
             return;
+        }
         EndInput();
         --m_delivering;
-        m_tabbed = m_tabbed || IsTab(*kept.event);
+        m_tabbed = m_tabbed || IsTab(*held.event);
     }
-    m_tabbed = m_tabbed && !m_kept.empty();
+    m_tabbed = m_tabbed && !m_held.empty();
 }
 
 void InputHold::Announce()
 {
-    if (m_wasBusy == IsBusy())
+    if (m_wasBusy == IsBusy()) {
         return;
+    }
     m_wasBusy = IsBusy();
     Q_EMIT SigBusyChanged(m_wasBusy);
 }
 
-void InputHold::TakeStart(quint64 call, bool changes)
+void InputHold::HandleStart(quint64 call, bool isWrite)
 {
-    if (!changes || !IsInInput())
+    if (!isWrite || !IsInInput()) {
         return;
+    }
     m_calls.insert(call);
     Announce();
 }
 
-void InputHold::TakeAnswer(quint64 call, bool succeeded, const QString& code, const QString& description)
+void InputHold::HandleAnswer(quint64 call, bool succeeded, const QString& code, const QString& description)
 {
-    if (m_calls.contains(call) && !succeeded)
+    if (m_calls.contains(call) && !succeeded) {
         Q_EMIT SigChangeFailed(code, description);
+    }
 }
 
-void InputHold::TakeEnd(quint64 call)
+void InputHold::HandleEnd(quint64 call)
 {
-    if (!m_calls.remove(call))
+    if (!m_calls.remove(call)) {
         return;
-    if (m_calls.isEmpty())
-        Q_EMIT SigAnswered();
+    }
     Deliver();
     Announce();
 }

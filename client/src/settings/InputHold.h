@@ -14,11 +14,11 @@ class HttpManagerProxy;
 class QMouseEvent;
 class QWidget;
 
-/// While a change that the user made on a page is on its way, keeps the mouse and keys that go to the page,
+/// While a change that the user made on a page is on its way, holds the mouse and keys that go to the page,
 /// and delivers them in order when the answer is there; the first of them that makes another change has the
-/// rest wait again. A change is a call that may change something and starts while the page deals with input.
-/// Input for what the user's own earlier input has taken away is dropped, and so is the second half of a
-/// double click that meets something else than the first. A disabled page gets no input at all. GUI thread.
+/// rest wait again. A change is a write that starts while the page deals with input. Drops input for what the
+/// user's own earlier input has removed, and the second half of a double click that hits something other than
+/// the first half did. A disabled page gets no input at all. GUI thread.
 class InputHold final : public QObject
 {
     Q_OBJECT
@@ -28,32 +28,30 @@ public:
     explicit InputHold(HttpManagerProxy* calls, QObject* parent = nullptr);
     ~InputHold() override;
 
-    /// The page whose input this watches from now on; null: none yet. What is kept finds its place in it.
+    /// The page whose input this watches from now on; null: none yet. Held input finds its place in it.
     void SetPage(QWidget* page);
 
-    /// Keeps input also while nothing is on its way, such as while the page is made anew.
+    /// Holds input even while nothing is on its way, such as while the page is rebuilt.
     void SetBlocked(bool blocked);
 
     /// Whether a change is on its way or input waits for its turn.
     bool IsBusy() const noexcept;
     /// Whether a change is on its way.
     bool IsInFlight() const noexcept { return !m_calls.isEmpty(); }
-    /// Whether code of the page is running on account of input, such as while it has a dialog open.
+    /// Whether code of the page runs because of input, such as while it has a dialog open.
     bool IsPageDealing() const noexcept { return m_inputLevel >= 0 || m_delivering > 0; }
-    /// Whether the page's code for input is running right now, not in an event loop that it waits in.
+    /// Whether the page's code for input runs right now, not in an event loop that it waits in.
     bool IsInInput() const;
     /// Whether input waits.
-    bool HasKept() const noexcept { return !m_kept.empty(); }
-    /// Forgets what waits.
+    bool HasHeld() const noexcept { return !m_held.empty(); }
+    /// Forgets the input that waits.
     void Drop();
 
 Q_SIGNALS:
     void SigBusyChanged(bool busy);
     /// A change failed, before the page hears of it.
     void SigChangeFailed(const QString& code, const QString& description);
-    /// Nothing is on its way any more. What waits is delivered after this, unless it blocks.
-    void SigAnswered();
-    /// Input was kept for a part of the page that is no longer there since the page was made anew.
+    /// Held input was dropped: its part of the page is gone since the page was rebuilt.
     void SigInputLost();
 
 protected:
@@ -61,7 +59,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    struct Kept
+    struct Held
     {
         std::unique_ptr<QEvent> event;
         QPointer<QWidget> target;
@@ -75,18 +73,18 @@ private:
     bool EndInputIfOver();
     void EndInput();
     bool IsPassedOn(const QWidget* widget, const QMouseEvent& event) const;
-    bool TakeMouse(QWidget* widget, QEvent::Type type);
-    QWidget* FindTarget(const Kept& kept) const;
-    void Keep(QWidget* widget, const QEvent* event);
+    bool AcceptMouse(QWidget* widget, QEvent::Type type);
+    QWidget* FindTarget(const Held& held) const;
+    void Hold(QWidget* widget, const QEvent* event);
     void Deliver();
     void Announce();
-    void TakeStart(quint64 call, bool changes);
-    void TakeAnswer(quint64 call, bool succeeded, const QString& code, const QString& description);
-    void TakeEnd(quint64 call);
+    void HandleStart(quint64 call, bool isWrite);
+    void HandleAnswer(quint64 call, bool succeeded, const QString& code, const QString& description);
+    void HandleEnd(quint64 call);
 
     QPointer<QWidget> m_page;
     int m_pageNumber = 0; ///< counts the pages
-    std::deque<Kept> m_kept;
+    std::deque<Held> m_held;
     QSet<quint64> m_calls; ///< the changes on their way
     int m_inputLevel = -1; ///< of the event loop in which the page deals with input; -1: it does not
     int m_delivering = 0;

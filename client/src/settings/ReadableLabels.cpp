@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr double leastContrast = 4.5;
-constexpr int steps = 20;
+constexpr double LeastContrast = 4.5;
+constexpr int Steps = 20;
 
 double Luminance(const QColor& color)
 {
@@ -60,8 +60,9 @@ ReadableLabels::~ReadableLabels() = default;
 QColor ReadableLabels::Readable(const QColor& color, const QColor& background, const QColor& text)
 {
     QColor readable = color;
-    for (int i = 1; i <= steps && Contrast(readable, background) < leastContrast; ++i)
-        readable = Mix(color, text, static_cast<double>(i) / steps);
+    for (int i = 1; i <= Steps && Contrast(readable, background) < LeastContrast; ++i) {
+        readable = Mix(color, text, static_cast<double>(i) / Steps);
+    }
     return readable;
 }
 
@@ -73,12 +74,14 @@ double ReadableLabels::Contrast(const QColor& a, const QColor& b)
 
 bool ReadableLabels::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::Paint)
+    if (event->type() != QEvent::Paint) {
         return false;
+    }
     auto* const label = qobject_cast<QLabel*>(watched);
     if (label == nullptr || label->textFormat() == Qt::PlainText || !m_page->isAncestorOf(label) ||
-        !label->text().contains(QLatin1String("<font color=")))
+        !label->text().contains(QLatin1String("<font color="))) {
         return false;
+    }
 
     QPainter painter(label);
     QStyleOption option;

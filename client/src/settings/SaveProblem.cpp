@@ -6,16 +6,21 @@ QString SaveProblem::Describe(const QString& code, const QString& description)
 {
     bool isNumber = false;
     const int number = code.toInt(&isNumber);
-    if (isNumber && number == static_cast<int>(HttpError::Timeout))
+    if (isNumber && number == static_cast<int>(HttpError::Timeout)) {
         return tr("The gateway did not answer in time.");
-    if (isNumber && number < 1000)
+    }
+    if (isNumber && number < 1000) {
         return tr("The gateway cannot be reached.");
-    if (isNumber && number >= 5000)
+    }
+    if (isNumber && number >= 5000) {
         return tr("The gateway could not store it.");
-    if (isNumber && number >= 2002 && number <= 2005)
-        return tr("The session is not valid any longer.");
-    if (isNumber && !description.isEmpty())
+    }
+    if (isNumber && number >= 2002 && number <= 2005) {
+        return tr("The session is no longer valid.");
+    }
+    if (isNumber && !description.isEmpty()) {
         return tr("The gateway refused it: %1").arg(description);
+    }
     return tr("The gateway's answer could not be understood.");
 }
 

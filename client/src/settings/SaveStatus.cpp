@@ -16,9 +16,9 @@
 
 namespace {
 
-constexpr int patience = 300; // [ms] in which nobody notices
-constexpr int stay = 2000;    // [ms]
-constexpr int fade = 400;     // [ms]
+constexpr int PatienceTime = 300; // [ms] in which nobody notices
+constexpr int StayTime = 2000;    // [ms]
+constexpr int FadeTime = 400;     // [ms]
 
 void Announce(QWidget* widget)
 {
@@ -43,7 +43,7 @@ SaveStatus::SaveStatus(QObject* parent)
     m_line->setTextFormat(Qt::PlainText);
     m_line->setGraphicsEffect(m_opacity);
     m_opacity->setEnabled(false);
-    m_fade->setDuration(fade);
+    m_fade->setDuration(FadeTime);
     m_fade->setStartValue(1.0);
     m_fade->setEndValue(0.0);
 
@@ -62,10 +62,10 @@ SaveStatus::SaveStatus(QObject* parent)
     AdjustForScale();
 
     m_patience->setSingleShot(true);
-    m_patience->setInterval(patience);
+    m_patience->setInterval(PatienceTime);
     m_patience->setTimerType(Qt::PreciseTimer);
     m_stay->setSingleShot(true);
-    m_stay->setInterval(stay);
+    m_stay->setInterval(StayTime);
     connect(m_patience, &QTimer::timeout, this, [this] {
         m_slow = true;
         Update();
@@ -76,10 +76,11 @@ SaveStatus::SaveStatus(QObject* parent)
         Update();
     });
     connect(m_button, &QPushButton::clicked, this, [this] {
-        if (m_kind == Kind::Lost)
+        if (m_kind == Kind::Lost) {
             Reset();
-        else
+        } else {
             Q_EMIT SigLoadAgain();
+        }
     });
 }
 
@@ -93,8 +94,9 @@ QWidget* SaveStatus::GetNotice() const noexcept
 void SaveStatus::SetBusy(bool busy)
 {
     if (busy) {
-        if (!m_slow && !m_patience->isActive())
+        if (!m_slow && !m_patience->isActive()) {
             m_patience->start();
+        }
         return;
     }
     m_patience->stop();
@@ -128,12 +130,14 @@ void SaveStatus::SetLost()
 
 void SaveStatus::SetStale(bool stale)
 {
-    if (!stale && !m_stale)
+    if (!stale && !m_stale) {
         return;
+    }
     m_stale = stale;
     Update();
-    if (stale)
+    if (stale) {
         Announce(m_notice);
+    }
 }
 
 void SaveStatus::Reset()
@@ -145,10 +149,11 @@ void SaveStatus::Reset()
 bool SaveStatus::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_notice) {
-        if (event->type() == QEvent::LanguageChange)
+        if (event->type() == QEvent::LanguageChange) {
             Update();
-        else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
             AdjustForScale();
+        }
     }
     return QObject::eventFilter(watched, event);
 }
@@ -163,8 +168,9 @@ void SaveStatus::Update()
     const QString line = m_slow ? tr("Saving…") : m_kind == Kind::Saved ? tr("Saved") : QString();
     m_line->setText(line);
     m_line->setAccessibleName(line);
-    if (m_kind == Kind::Saved && !m_slow)
+    if (m_kind == Kind::Saved && !m_slow) {
         m_stay->start();
+    }
 
     if (m_kind == Kind::Failed) {
         const QString text =
@@ -173,7 +179,7 @@ void SaveStatus::Update()
                 : tr("Not saved. %1 The change stays on this page and goes out with your next one.");
         m_text->setText(text.arg(SaveProblem::Describe(m_code, m_description)));
         m_button->setText(tr("Load again"));
-        m_button->setToolTip(tr("Drops the change and shows what is stored"));
+        m_button->setToolTip(tr("Discards the change and shows what is stored"));
     } else if (m_kind == Kind::Lost) {
         m_text->setText(
             tr("The page was loaded again before your last change could be saved. Please check it "

@@ -11,7 +11,7 @@ class QTimer;
 class QWidget;
 class TLPushButton;
 
-/// Says what becomes of the changes that the user makes on a page: nothing for a quick save, "Saving…" for a
+/// Says what happens to the changes that the user makes on a page: nothing for a quick save, "Saving…" for a
 /// slow one, "Saved" that fades, and a notice that stays while something is not saved. GUI thread.
 class SaveStatus final : public QObject
 {
@@ -21,9 +21,9 @@ public:
     explicit SaveStatus(QObject* parent = nullptr);
     ~SaveStatus() override;
 
-    /// The line for what is well; whoever lays it out owns it. The same each time.
+    /// The line for good news; its layout owns it. The same each time.
     QLabel* GetLine() const noexcept { return m_line; }
-    /// The notice for what is not; whoever lays it out owns it. The same each time.
+    /// The notice for bad news; its layout owns it. The same each time.
     QWidget* GetNotice() const noexcept;
 
     /// A change is on its way, or waits for its turn.
@@ -35,9 +35,9 @@ public:
     void SetFailed(const QString& code, const QString& description);
     /// Changes that were not saved, or not made, are gone with the page as it was.
     void SetLost();
-    /// Whether the page shows the last known configuration only. Said where nothing else is to be said.
+    /// Whether the page only shows the last known configuration. Gives way to what is said of changes.
     void SetStale(bool stale);
-    /// As if nothing had happened to the changes.
+    /// Says nothing more of the changes.
     void Reset();
 
     /// Whether a change on the page is not saved and none is on its way.

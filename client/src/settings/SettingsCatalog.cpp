@@ -15,8 +15,9 @@ QVector<SettingsPageEntry> SettingsCatalog::Build(const QVector<ISysSettingFacto
     QHash<int, int> groupOrders;
     for (ISysSettingFactory* const factory : factories) {
         const SettingGroup group = factory->GetSettingGroup();
-        if (group.id != 0)
+        if (group.id != 0) {
             groupOrders.insert(group.id, group.order);
+        }
     }
     QVector<SettingsPageEntry> entries;
     for (ISysSettingFactory* const factory : factories) {
@@ -24,9 +25,10 @@ QVector<SettingsPageEntry> SettingsCatalog::Build(const QVector<ISysSettingFacto
         for (const SettingWidgetId id : ids) {
             const bool known = std::any_of(entries.cbegin(), entries.cend(),
                                            [id](const SettingsPageEntry& entry) { return entry.id == id; });
-            if (!known)
+            if (!known) {
                 entries.append(
                     {factory, id, groupOrders.value(id.GetGroup(), id.GetGroup()), factory == own});
+            }
         }
     }
     std::stable_sort(entries.begin(), entries.end(),
@@ -39,8 +41,9 @@ QVector<SettingsPageEntry> SettingsCatalog::Build(const QVector<ISysSettingFacto
 
 bool SettingsCatalog::IsFound(const SettingsPageEntry& entry, const QString& word)
 {
-    if (word.isEmpty() || SettingsPageFaces::GetTitle(entry).contains(word, Qt::CaseInsensitive))
+    if (word.isEmpty() || SettingsPageFaces::GetTitle(entry).contains(word, Qt::CaseInsensitive)) {
         return true;
+    }
     const QStringList words = entry.factory->GetSearchKeywords(entry.id);
     return std::any_of(words.cbegin(), words.cend(), [&word](const QString& candidate) {
         return candidate.contains(word, Qt::CaseInsensitive);

@@ -1,17 +1,13 @@
 #include "settings/SettingsDialog.h"
 
 #include "AccessibleNames.h"
-#include "PageListDelegate.h"
 #include "SettingsCatalog.h"
 #include "SettingsPageArea.h"
-#include "SettingsPageFaces.h"
+#include "SettingsPageList.h"
 #include "clientpages/ClientSettingFactory.h"
 #include "gateway/HttpManagerProxy.h"
 
-#include "look/SymbolicIcon.h"
-
 #include "base-ui/PackagedMsgBox.h"
-#include "base-ui/TLLineEdit.h"
 #include "base-ui/TLMask.h"
 #include "base-ui/TLMaskWidget.h"
 #include "base-ui/TitleType.h"
@@ -25,22 +21,17 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QListWidget>
 #include <QtWidgets/QShortcut>
 #include <QtWidgets/QStackedWidget>
-#include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr QSize roomy(920, 660);    // [px, unscaled]
-constexpr QSize smallest(640, 420); // [px, unscaled]
-constexpr double shareOfScreen = 0.9;
-constexpr int listWidth = 220;          // [px, unscaled]
-constexpr int entryRole = Qt::UserRole; // the entry of a line of the list; -1: a gap between groups
+constexpr QSize RoomySize(920, 660);    // [px, unscaled]
+constexpr QSize SmallestSize(640, 420); // [px, unscaled]
+constexpr double ShareOfScreen = 0.9;
 
 QSize Scaled(const QSize& size)
 {
@@ -60,82 +51,37 @@ SettingsDialog::SettingsDialog(const SettingsServices& services,
     , m_services(services)
     , m_own(std::make_unique<ClientSettingFactory>(&m_services))
     , m_calls(new HttpManagerProxy(this))
-    , m_search(new TLLineEdit)
-    , m_list(new QListWidget)
-    , m_nothing(new QLabel)
+    , m_list(new SettingsPageList)
     , m_stack(new QStackedWidget)
 {
     setObjectName(QStringLiteral("settings_dialog"));
     m_factories.append(m_own.get());
     m_factories += factories;
-    if (m_services.chooseLanguage) {
-        m_services.chooseLanguage = [this, chosen = m_services.chooseLanguage](const QString& language) {
-            ChooseSafely(Choice::Language, [this, chosen, language] {
-                m_services.language = language;
-                chosen(language);
-            });
-        };
-    }
-    if (m_services.chooseScale) {
-        m_services.chooseScale = [this, chosen = m_services.chooseScale](int scale) {
-            ChooseSafely(Choice::Scale, [this, chosen, scale] {
-                m_services.scale = scale;
-                chosen(scale);
-            });
-        };
-    }
-    if (m_services.chooseTheme) {
-        m_services.chooseTheme = [this, chosen = m_services.chooseTheme](Theme theme) {
-            m_services.theme = theme;
-            chosen(theme);
-        };
-    }
+    WrapChoices();
 
-    m_search->setObjectName(QStringLiteral("settings_search"));
-    m_list->setObjectName(QStringLiteral("settings_list"));
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setFrameShape(QFrame::NoFrame);
-    m_list->setItemDelegate(new PageListDelegate(m_list));
-    m_list->setTabKeyNavigation(false);
-    m_nothing->setObjectName(QStringLiteral("settings_nothing"));
-    m_nothing->setTextFormat(Qt::PlainText);
-    m_nothing->setWordWrap(true);
-    m_nothing->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_nothing->hide();
     m_stack->setObjectName(QStringLiteral("settings_stack"));
-
-    auto* side = new QWidget;
-    side->setObjectName(QStringLiteral("settings_side"));
-    side->setAttribute(Qt::WA_StyledBackground);
-    auto* column = new QVBoxLayout(side);
-    column->addWidget(m_search);
-    column->addWidget(m_nothing);
-    column->addWidget(m_list, 1);
     auto* row = new QHBoxLayout(GetContentWidget());
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    row->addWidget(side);
+    row->addWidget(m_list);
     row->addWidget(m_stack, 1);
 
-    connect(m_search, &QLineEdit::textChanged, this, &SettingsDialog::Search);
-    connect(m_list, &QListWidget::currentRowChanged, this, [this] {
-        SelectPage();
-        if (m_services.savePage && m_current >= 0 && m_search->text().isEmpty())
-            m_services.savePage(KeyOf(m_entries.at(m_current).id));
+    connect(m_list, &SettingsPageList::SigShown, this, &SettingsDialog::ShowEntry);
+    connect(m_list, &SettingsPageList::SigChosen, this, [this](int entry) {
+        if (m_services.savePage) {
+            m_services.savePage(KeyOf(m_entries.at(entry).id));
+        }
     });
     qApp->installEventFilter(this);
     auto* find = new QShortcut(QKeySequence::Find, this);
-    connect(find, &QShortcut::activated, m_search, [this] {
-        m_search->setFocus(Qt::ShortcutFocusReason);
-        m_search->selectAll();
-    });
+    connect(find, &QShortcut::activated, m_list, &SettingsPageList::FocusSearch);
     Retranslate();
     Adjust();
 }
 
 SettingsDialog::~SettingsDialog()
 {
-    // The pages go while what they were made with is there.
+    // The pages go before what they were made with.
     qDeleteAll(m_areas);
     m_areas.clear();
 }
@@ -166,19 +112,15 @@ void SettingsDialog::UpdateEvents()
 void SettingsDialog::LoadAgain()
 {
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr)
+        if (area != nullptr) {
             area->LoadIfStale();
+        }
     }
 }
 
 void SettingsDialog::ShowPage(SettingWidgetId id)
 {
-    m_search->clear();
-    for (int i = 0; i < m_list->count(); ++i) {
-        const int entry = m_list->item(i)->data(entryRole).toInt();
-        if (entry >= 0 && m_entries.at(entry).id == id)
-            m_list->setCurrentRow(i);
-    }
+    m_list->Choose(id);
 }
 
 void SettingsDialog::CloseAtEnd()
@@ -191,16 +133,18 @@ void SettingsDialog::AdjustForDpi()
 {
     Adjust();
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr)
+        if (area != nullptr) {
             area->FollowSurroundings();
+        }
     }
 }
 
 void SettingsDialog::reject()
 {
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr && !m_closing)
+        if (area != nullptr && !m_closing) {
             area->SaveData();
+        }
     }
     if (IsBusy() && !m_closing) {
         m_closing = true; // as soon as everything is answered
@@ -208,11 +152,11 @@ void SettingsDialog::reject()
     }
     if (!m_closing) {
         const QPointer<SettingsDialog> self(this);
-        const bool may =
-            MayDropUnsaved(tr("A change could not be saved. It is lost when you close the settings."),
-                           {tr("Close anyway"), tr("Keep open")});
-        if (!self || !may || !isVisible())
+        const bool may = MayDropUnsaved(tr("A change could not be saved. Closing the settings discards it."),
+                                        {tr("Close anyway"), tr("Keep open")});
+        if (!self || !may || !isVisible()) {
             return;
+        }
     }
     Close();
 }
@@ -220,8 +164,9 @@ void SettingsDialog::reject()
 bool SettingsDialog::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Show && watched != this) {
-        if (auto* const opened = qobject_cast<TLBaseDialog*>(watched))
-            Receive(opened);
+        if (auto* const opened = qobject_cast<TLBaseDialog*>(watched)) {
+            HandleOpened(opened);
+        }
     }
     return TLBaseDialog::eventFilter(watched, event);
 }
@@ -232,8 +177,9 @@ void SettingsDialog::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         Retranslate();
         for (SettingsPageArea* const area : qAsConst(m_areas)) {
-            if (area != nullptr)
+            if (area != nullptr) {
                 area->FollowSurroundings();
+            }
         }
     } else if (event->type() == QEvent::FontChange) {
         Adjust();
@@ -242,35 +188,34 @@ void SettingsDialog::changeEvent(QEvent* event)
 
 void SettingsDialog::keyPressEvent(QKeyEvent* event)
 {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (event->key() == Qt::Key_Escape && m_search->hasFocus() && !m_search->text().isEmpty()) {
-        m_search->clear();
-    } else if ((isEnter || event->key() == Qt::Key_Down) && m_search->hasFocus()) {
-        m_list->setFocus(Qt::TabFocusReason);
-    } else if (!isEnter) {
+    // Enter presses no default button here.
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         TLBaseDialog::keyPressEvent(event);
     }
 }
 
 void SettingsDialog::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous())
+    if (!event->spontaneous()) {
         Load();
+    }
     TLBaseDialog::showEvent(event);
 }
 
-void SettingsDialog::Receive(TLBaseDialog* opened)
+void SettingsDialog::HandleOpened(TLBaseDialog* opened)
 {
-    // The dialogs that pages open bring no names for screen readers either.
-    if (opened->findChild<AccessibleNames*>() == nullptr)
+    // Dialogs of pages bring no names for screen readers either.
+    if (opened->findChild<AccessibleNames*>() == nullptr) {
         new AccessibleNames(opened);
+    }
     const bool isOfPage = std::any_of(m_areas.cbegin(), m_areas.cend(), [](const SettingsPageArea* area) {
         return area != nullptr && area->IsPageDealing();
     });
     const QWidget* const parent = opened->parentWidget();
-    if (!isOfPage || (parent != nullptr && parent->window() == this))
+    if (!isOfPage || (parent != nullptr && parent->window() == this)) {
         return;
-    // Pages know the client's window only, which may be far from where the user looks.
+    }
+    // Pages know only the client's window, which may be far from where the user looks.
     TLMask::Instance()->InitMask(this, this)->ShowFor(opened);
     QRect place(QPoint(), opened->size());
     place.moveCenter(geometry().center());
@@ -280,8 +225,9 @@ void SettingsDialog::Receive(TLBaseDialog* opened)
     place.moveLeft(qMax(place.left(), available.left()));
     place.moveTop(qMax(place.top(), available.top()));
     opened->move(place.topLeft());
-    if (opened->windowHandle() != nullptr)
+    if (opened->windowHandle() != nullptr) {
         opened->windowHandle()->setTransientParent(windowHandle());
+    }
 }
 
 void SettingsDialog::Load()
@@ -297,70 +243,31 @@ void SettingsDialog::Load()
     const auto found =
         std::find_if(m_entries.cbegin(), m_entries.cend(),
                      [&last](const SettingsPageEntry& entry) { return KeyOf(entry.id) == last; });
-    m_current = found != m_entries.cend() ? static_cast<int>(found - m_entries.cbegin()) : -1;
-    const QSignalBlocker quiet(m_search);
-    m_search->clear();
-    Search();
+    m_list->SetEntries(m_entries,
+                       found != m_entries.cend() ? static_cast<int>(found - m_entries.cbegin()) : -1);
     const QByteArray geometry = m_services.loadGeometry ? m_services.loadGeometry() : QByteArray();
-    if (!restoreGeometry(geometry))
-        resize(Scaled(roomy).boundedTo(screen()->availableSize() * shareOfScreen));
-    m_list->setFocus(Qt::OtherFocusReason);
+    if (!restoreGeometry(geometry)) {
+        resize(Scaled(RoomySize).boundedTo(screen()->availableSize() * ShareOfScreen));
+    }
+    m_list->FocusList();
 }
 
-void SettingsDialog::Search()
+void SettingsDialog::ShowEntry(int entry)
 {
-    const QString word = m_search->text().trimmed();
-    int row = -1;
-    {
-        const QSignalBlocker quiet(m_list);
-        m_list->clear();
-        int group = 0;
-        for (int i = 0; i < m_entries.size(); ++i) {
-            const SettingsPageEntry& entry = m_entries.at(i);
-            if (!SettingsCatalog::IsFound(entry, word))
-                continue;
-            if (m_list->count() > 0 && entry.id.GetGroup() != group) {
-                auto* gap = new QListWidgetItem(m_list);
-                gap->setFlags(Qt::NoItemFlags);
-                gap->setData(entryRole, -1);
-            }
-            group = entry.id.GetGroup();
-            auto* item = new QListWidgetItem(SymbolicIcon::Make(SettingsPageFaces::GetIcon(entry.id)),
-                                             SettingsPageFaces::GetTitle(entry), m_list);
-            item->setData(entryRole, i);
-            if (row < 0 || i == m_current)
-                row = m_list->count() - 1;
-        }
-    }
-    Adjust();
-    m_nothing->setVisible(m_list->count() == 0);
-    m_list->setVisible(m_list->count() > 0);
-    {
-        const QSignalBlocker quiet(m_list);
-        m_list->setCurrentRow(row);
-    }
-    SelectPage();
-}
-
-void SettingsDialog::SelectPage()
-{
-    const QListWidgetItem* const item = m_list->currentItem();
-    const int entry = item != nullptr ? item->data(entryRole).toInt() : -1;
-    if (entry < 0)
-        return;
-    m_current = entry;
     SettingsPageArea* const area = AreaOf(entry);
     m_stack->setCurrentWidget(area);
-    area->SetKeyword(m_search->text().trimmed());
+    area->SetKeyword(m_list->GetKeyword());
 }
 
 SettingsPageArea* SettingsDialog::AreaOf(int entry)
 {
     SettingsPageArea*& area = m_areas[entry];
     if (area == nullptr) {
-        area = new SettingsPageArea(m_entries.at(entry), m_calls, m_search->text().trimmed());
+        area = new SettingsPageArea(m_entries.at(entry), m_calls, m_list->GetKeyword());
         m_stack->addWidget(area);
-        connect(area, &SettingsPageArea::SigSettled, this, &SettingsDialog::TakeSettled,
+        connect(area, &SettingsPageArea::SigReady, this,
+                [this, id = m_entries.at(entry).id](bool cached) { Q_EMIT SigPageReady(KeyOf(id), cached); });
+        connect(area, &SettingsPageArea::SigSettled, this, &SettingsDialog::HandleSettled,
                 Qt::QueuedConnection);
     }
     return area;
@@ -369,50 +276,56 @@ SettingsPageArea* SettingsDialog::AreaOf(int entry)
 void SettingsDialog::ChooseSafely(Choice choice, const std::function<void()>& choose)
 {
     m_choices[choice] = choose;
-    TakeSettled();
+    HandleSettled();
 }
 
-void SettingsDialog::TakeSettled()
+void SettingsDialog::HandleSettled()
 {
-    if (IsBusy() || m_asking)
+    if (IsBusy() || m_asking) {
         return;
+    }
     const QPointer<SettingsDialog> self(this);
     if (m_closing) {
         m_closing = false;
         reject(); // asks about what could not be saved
-        return;   // a choice that waits comes with the end of the dialog, or in its turn
+        return;   // a choice that waits is applied when the dialog closes, or in its turn
     }
-    if (m_choices.empty())
+    if (m_choices.empty()) {
         return;
-    const bool may = MayDropUnsaved(
-        tr("A change could not be saved. It is lost when the pages are shown anew for this choice."),
-        {tr("Continue"), tr("Cancel")});
-    if (!self)
+    }
+    const bool may =
+        MayDropUnsaved(tr("A change could not be saved. This choice reloads the pages and discards it."),
+                       {tr("Continue"), tr("Cancel")});
+    if (!self) {
         return;
+    }
     const auto choices = std::exchange(m_choices, {});
     if (!may) {
         m_own->ShowChoices();
         return;
     }
     for (const auto& [choice, choose] : choices) {
-        if (self)
+        if (self) {
             choose();
+        }
     }
 }
 
 bool SettingsDialog::MayDropUnsaved(const QString& question, const QStringList& buttons)
 {
-    if (m_atEnd || !IsUnsaved())
+    if (m_atEnd || !IsUnsaved()) {
         return true;
+    }
     const QPointer<SettingsDialog> self(this);
     m_asking = true;
     const auto answer =
         PackagedMsgBox::question(question, this, QMessageBox::Discard | QMessageBox::Cancel, buttons);
-    if (!self)
+    if (!self) {
         return false;
+    }
     m_asking = false;
-    // What was settled or wanted meanwhile has waited for the answer.
-    QMetaObject::invokeMethod(this, &SettingsDialog::TakeSettled, Qt::QueuedConnection);
+    // Whatever was settled or chosen meanwhile has waited for the answer.
+    QMetaObject::invokeMethod(this, &SettingsDialog::HandleSettled, Qt::QueuedConnection);
     return answer == QMessageBox::Discard;
 }
 
@@ -431,12 +344,14 @@ bool SettingsDialog::IsUnsaved() const
 void SettingsDialog::Close()
 {
     m_closing = false;
-    if (m_services.saveGeometry)
+    if (m_services.saveGeometry) {
         m_services.saveGeometry(saveGeometry());
+    }
     // The key that closes may come from a page.
     for (SettingsPageArea* const area : qAsConst(m_areas)) {
-        if (area != nullptr)
+        if (area != nullptr) {
             area->deleteLater();
+        }
     }
     m_areas.fill(nullptr);
     m_calls->SetOpen(false);
@@ -444,38 +359,47 @@ void SettingsDialog::Close()
     const auto choices = std::exchange(m_choices, {});
     TLBaseDialog::reject();
     for (const auto& [choice, choose] : choices) {
-        if (self)
+        if (self) {
             choose();
+        }
     }
 }
 
 void SettingsDialog::Adjust()
 {
-    const auto scaled = &DpiTool::ScaleDefault;
-    setMinimumSize(Scaled(smallest).boundedTo(screen()->availableSize() * shareOfScreen));
-    QWidget* const side = m_list->parentWidget();
-    side->setFixedWidth(scaled(listWidth));
-    side->layout()->setContentsMargins(scaled(12), scaled(20), scaled(12), scaled(12));
-    side->layout()->setSpacing(scaled(14));
-    m_list->setIconSize(QSize(scaled(18), scaled(18)));
-    for (int i = 0; i < m_list->count(); ++i) {
-        QListWidgetItem* const item = m_list->item(i);
-        const bool isGap = item->data(entryRole).toInt() < 0;
-        item->setSizeHint(QSize(0, isGap ? scaled(13) : scaled(36)));
-    }
+    setMinimumSize(Scaled(SmallestSize).boundedTo(screen()->availableSize() * ShareOfScreen));
+    m_list->Adjust();
 }
 
 void SettingsDialog::Retranslate()
 {
     SetTitleText(tr("Settings"));
-    m_search->setPlaceholderText(tr("Search settings"));
-    m_search->setAccessibleName(tr("Search settings"));
-    m_list->setAccessibleName(tr("Pages"));
-    m_nothing->setText(tr("Nothing found"));
-    for (int i = 0; i < m_list->count(); ++i) {
-        QListWidgetItem* const item = m_list->item(i);
-        const int entry = item->data(entryRole).toInt();
-        if (entry >= 0)
-            item->setText(SettingsPageFaces::GetTitle(m_entries.at(entry)));
+    m_list->Retranslate();
+}
+
+/// The choices go to the services once everything is settled, and the services say at once what was chosen.
+void SettingsDialog::WrapChoices()
+{
+    if (m_services.chooseLanguage) {
+        m_services.chooseLanguage = [this, chosen = m_services.chooseLanguage](const QString& language) {
+            ChooseSafely(Choice::Language, [this, chosen, language] {
+                m_services.language = language;
+                chosen(language);
+            });
+        };
+    }
+    if (m_services.chooseScale) {
+        m_services.chooseScale = [this, chosen = m_services.chooseScale](int scale) {
+            ChooseSafely(Choice::Scale, [this, chosen, scale] {
+                m_services.scale = scale;
+                chosen(scale);
+            });
+        };
+    }
+    if (m_services.chooseTheme) {
+        m_services.chooseTheme = [this, chosen = m_services.chooseTheme](Theme theme) {
+            m_services.theme = theme;
+            chosen(theme);
+        };
     }
 }

@@ -25,9 +25,9 @@
 
 namespace {
 
-constexpr int typingPause = 250; // [ms] after which a search word counts as typed
-constexpr int retryPause = 50;   // [ms]
-constexpr int widest = 824;      // [px, unscaled], margins included
+constexpr int TypingPause = 250; // [ms] after which a search word counts as typed
+constexpr int RetryPause = 50;   // [ms]
+constexpr int WidestPage = 824;  // [px, unscaled], margins included
 
 } // namespace
 
@@ -45,6 +45,101 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
     , m_keyword(keyword)
 {
     setObjectName(QStringLiteral("settings_page_area"));
+    BuildLayout();
+    m_makeTimer->setSingleShot(true);
+    connect(m_makeTimer, &QTimer::timeout, this, &SettingsPageArea::TryToMake);
+    m_keywordTimer->setSingleShot(true);
+    m_keywordTimer->setInterval(TypingPause);
+    connect(m_keywordTimer, &QTimer::timeout, this, [this] {
+        if (m_keyword != m_madeKeyword && !IsBusy() && !IsUnsaved()) {
+            MakeSoon(Reason::Surroundings);
+        }
+    });
+    connect(&m_hold, &InputHold::SigBusyChanged, this, &SettingsPageArea::HandleBusy);
+    connect(&m_hold, &InputHold::SigChangeFailed, this,
+            [this](const QString& code, const QString& description) {
+                m_code = code;
+                m_description = description;
+            });
+    connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::HandleInputLost);
+    connect(m_status, &SaveStatus::SigLoadAgain, this, [this] {
+        if (IsUnsaved()) {
+            MakeSoon(Reason::LoadAgain);
+        } else {
+            LoadIfStale();
+        }
+    });
+    connect(calls, &HttpManagerProxy::SigStarted, this, [this, calls](quint64 call, bool isWrite) {
+        HandleStart(call, isWrite);
+        if (m_reads.contains(call)) {
+            calls->KeepUpToDate();
+        }
+    });
+    connect(calls, &HttpManagerProxy::SigServedFromCache, this, &SettingsPageArea::HandleServedFromCache);
+    connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::HandleEnd);
+    Adjust();
+    Make();
+}
+
+SettingsPageArea::~SettingsPageArea() = default;
+
+void SettingsPageArea::SetKeyword(const QString& keyword)
+{
+    if (m_keyword == keyword) {
+        return;
+    }
+    m_keyword = keyword;
+    if (m_page != nullptr) {
+        m_page->SetKeyword(keyword);
+    }
+    // The rows of a page learn the word only when they are made.
+    if (!m_entry.own) {
+        m_keywordTimer->start();
+    }
+}
+
+void SettingsPageArea::LoadIfStale()
+{
+    if (m_stale) {
+        MakeSoon(Reason::Surroundings);
+    }
+}
+
+void SettingsPageArea::FollowSurroundings()
+{
+    Adjust();
+    if (!m_entry.own) {
+        MakeSoon(Reason::Surroundings);
+    }
+}
+
+bool SettingsPageArea::IsBusy() const noexcept
+{
+    return m_hold.IsBusy();
+}
+
+bool SettingsPageArea::IsUnsaved() const noexcept
+{
+    return m_status->IsUnsaved();
+}
+
+void SettingsPageArea::SaveData()
+{
+    if (m_page != nullptr) {
+        m_page->SaveData();
+    }
+}
+
+void SettingsPageArea::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        Adjust();
+    }
+    QWidget::changeEvent(event);
+}
+
+void SettingsPageArea::BuildLayout()
+{
     m_title->setObjectName(QStringLiteral("settings_page_title"));
     m_title->setTextFormat(Qt::PlainText);
     m_scroll->setObjectName(QStringLiteral("settings_scroll"));
@@ -65,94 +160,14 @@ SettingsPageArea::SettingsPageArea(const SettingsPageEntry& entry, HttpManagerPr
     column->addLayout(heading);
     column->addWidget(m_scroll, 1);
     column->addWidget(m_status->GetNotice());
-
-    m_makeTimer->setSingleShot(true);
-    connect(m_makeTimer, &QTimer::timeout, this, &SettingsPageArea::TryToMake);
-    m_keywordTimer->setSingleShot(true);
-    m_keywordTimer->setInterval(typingPause);
-    connect(m_keywordTimer, &QTimer::timeout, this, [this] {
-        if (m_keyword != m_madeKeyword && !IsBusy() && !IsUnsaved())
-            MakeSoon(Reason::Surroundings);
-    });
-    connect(&m_hold, &InputHold::SigBusyChanged, this, &SettingsPageArea::TakeBusy);
-    connect(&m_hold, &InputHold::SigChangeFailed, this,
-            [this](const QString& code, const QString& description) {
-                m_code = code;
-                m_description = description;
-            });
-    connect(&m_hold, &InputHold::SigInputLost, this, &SettingsPageArea::TakeInputLost);
-    connect(m_status, &SaveStatus::SigLoadAgain, this, [this] {
-        if (IsUnsaved())
-            MakeSoon(Reason::LoadAgain);
-        else
-            LoadIfStale();
-    });
-    connect(calls, &HttpManagerProxy::SigStarted, this, [this, calls](quint64 call, bool changes) {
-        TakeStart(call, changes);
-        if (m_reads.contains(call))
-            calls->KeepUpToDate();
-    });
-    connect(calls, &HttpManagerProxy::SigServedFromKept, this, &SettingsPageArea::TakeServedFromKept);
-    connect(calls, &HttpManagerProxy::SigEnded, this, &SettingsPageArea::TakeEnd);
-    Adjust();
-    Make();
-}
-
-SettingsPageArea::~SettingsPageArea() = default;
-
-void SettingsPageArea::SetKeyword(const QString& keyword)
-{
-    if (m_keyword == keyword)
-        return;
-    m_keyword = keyword;
-    if (m_page != nullptr)
-        m_page->SetKeyword(keyword);
-    // The rows of a page hear of the word only when they are made.
-    if (!m_entry.own)
-        m_keywordTimer->start();
-}
-
-void SettingsPageArea::LoadIfStale()
-{
-    if (m_stale)
-        MakeSoon(Reason::Surroundings);
-}
-
-void SettingsPageArea::FollowSurroundings()
-{
-    Adjust();
-    if (!m_entry.own)
-        MakeSoon(Reason::Surroundings);
-}
-
-bool SettingsPageArea::IsBusy() const noexcept
-{
-    return m_hold.IsBusy();
-}
-
-bool SettingsPageArea::IsUnsaved() const noexcept
-{
-    return m_status->IsUnsaved();
-}
-
-void SettingsPageArea::SaveData()
-{
-    if (m_page != nullptr)
-        m_page->SaveData();
-}
-
-void SettingsPageArea::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange)
-        Adjust();
-    QWidget::changeEvent(event);
 }
 
 void SettingsPageArea::MakeSoon(Reason reason)
 {
     const bool isPlanned = m_makeTimer->isActive();
-    if (!isPlanned || reason == Reason::LoadAgain)
+    if (!isPlanned || reason == Reason::LoadAgain) {
         m_reason = reason;
+    }
     m_hold.SetBlocked(true);
     m_makeTimer->start(0);
 }
@@ -161,10 +176,11 @@ void SettingsPageArea::TryToMake()
 {
     // Not under the page's own feet: while its code waits for a dialog, or for the answer to a change.
     const QWidget* const modal = QApplication::activeModalWidget();
-    if (m_hold.IsInFlight() || m_hold.IsPageDealing() || (modal != nullptr && modal != window()))
-        m_makeTimer->start(retryPause);
-    else
+    if (m_hold.IsInFlight() || m_hold.IsPageDealing() || (modal != nullptr && modal != window())) {
+        m_makeTimer->start(RetryPause);
+    } else {
         Make();
+    }
 }
 
 void SettingsPageArea::Make()
@@ -172,8 +188,9 @@ void SettingsPageArea::Make()
     const bool loses = m_reason == Reason::Surroundings && IsUnsaved();
     QWidget* const focus = QApplication::focusWidget();
     m_focusPlace.reset();
-    if (m_page != nullptr && focus != nullptr && m_page->isAncestorOf(focus))
+    if (m_page != nullptr && focus != nullptr && m_page->isAncestorOf(focus)) {
         m_focusPlace = WidgetPlace(m_page, focus);
+    }
     m_loading.clear();
     m_reads.clear();
     m_stale = false;
@@ -183,16 +200,17 @@ void SettingsPageArea::Make()
     {
         const QScopedValueRollback<bool> making(m_making, true);
         m_page = m_entry.factory->CreateSettingWidget(m_entry.id);
-        if (m_page != nullptr)
+        if (m_page != nullptr) {
             m_page->SetKeyword(m_keyword);
+        }
     }
     if (m_page == nullptr) {
         m_hold.Drop();
         m_hold.SetBlocked(false);
         return;
     }
-    connect(m_page, &SettingItemBaseWidget::SigSaveSucceed, this, &SettingsPageArea::TakeSaved);
-    connect(m_page, &SettingItemBaseWidget::SigSaveFailed, this, &SettingsPageArea::TakeFailed);
+    connect(m_page, &SettingItemBaseWidget::SigSaveSucceed, this, &SettingsPageArea::HandleSaved);
+    connect(m_page, &SettingItemBaseWidget::SigSaveFailed, this, &SettingsPageArea::HandleFailed);
     new KeyboardAccess(m_page, [page = m_page.data()](const QWidget* widget) {
         return widget != page && qobject_cast<const SettingItemBaseWidget*>(widget) != nullptr;
     });
@@ -213,16 +231,17 @@ void SettingsPageArea::Make()
     }
 }
 
-void SettingsPageArea::TakeSaved()
+void SettingsPageArea::HandleSaved()
 {
-    m_saved = m_hold.HasKept();
-    if (m_saved)
+    m_saved = m_hold.HasHeld();
+    if (m_saved) {
         m_status->Reset(); // the outcome of what waits is what counts, if it has one
-    else
+    } else {
         m_status->SetSaved();
+    }
 }
 
-void SettingsPageArea::TakeFailed()
+void SettingsPageArea::HandleFailed()
 {
     m_saved = false;
     m_status->SetFailed(m_code, m_description);
@@ -230,67 +249,80 @@ void SettingsPageArea::TakeFailed()
     m_description.clear();
 }
 
-void SettingsPageArea::TakeInputLost()
+void SettingsPageArea::HandleInputLost()
 {
     m_saved = false;
-    // A change that stands on the page unsaved is not gone, and weighs more.
-    if (!IsUnsaved())
+    // An unsaved change that still stands on the page is not gone, and matters more.
+    if (!IsUnsaved()) {
         m_status->SetLost();
+    }
 }
 
-void SettingsPageArea::TakeBusy(bool busy)
+void SettingsPageArea::HandleBusy(bool busy)
 {
     m_status->SetBusy(busy);
-    if (busy)
+    if (busy) {
         return;
-    if (std::exchange(m_saved, false))
+    }
+    if (std::exchange(m_saved, false)) {
         m_status->SetSaved();
+    }
     Q_EMIT SigSettled();
 }
 
-void SettingsPageArea::TakeStart(quint64 call, bool changes)
+void SettingsPageArea::HandleStart(quint64 call, bool isWrite)
 {
-    if (m_making)
+    if (m_making) {
         m_loading.insert(call);
-    if (!changes && (m_making || m_hold.IsInInput()))
+    }
+    if (!isWrite && (m_making || m_hold.IsInInput())) {
         m_reads.insert(call);
+    }
 }
 
-void SettingsPageArea::TakeServedFromKept(quint64 call)
+void SettingsPageArea::HandleServedFromCache(quint64 call)
 {
-    if (!m_reads.contains(call) || m_page == nullptr)
+    if (!m_reads.contains(call) || m_page == nullptr) {
         return;
+    }
     // The page writes its lists whole, and these are older than what is stored.
     m_stale = true;
     m_page->setEnabled(false);
 }
 
-void SettingsPageArea::TakeEnd(quint64 call)
+void SettingsPageArea::HandleEnd(quint64 call)
 {
     const bool wasRead = m_reads.remove(call);
     const bool wasLoading = m_loading.remove(call);
-    if (wasRead && m_loading.isEmpty())
-        m_status->SetStale(m_stale); // until then what was said of the page before stays
-    if (wasLoading && m_loading.isEmpty() && !m_makeTimer->isActive())
+    if (wasRead && m_loading.isEmpty()) {
+        m_status->SetStale(m_stale); // until then the status of the page before stays
+    }
+    if (wasLoading && m_loading.isEmpty() && !m_makeTimer->isActive()) {
         ReleaseSoon();
+    }
 }
 
 void SettingsPageArea::ReleaseSoon()
 {
-    // What a layout takes in shows itself with the next events, and cannot have the focus before.
+    // A layout shows a new widget with the next events, and it cannot have the focus before.
     QMetaObject::invokeMethod(this, &SettingsPageArea::Release, Qt::QueuedConnection);
 }
 
 void SettingsPageArea::Release()
 {
-    if (!m_loading.isEmpty() || m_makeTimer->isActive())
-        return; // once more in the meantime
+    if (!m_loading.isEmpty() || m_makeTimer->isActive()) {
+        return; // the page is being rebuilt again
+    }
     if (m_focusPlace && m_page != nullptr && QApplication::focusWidget() == nullptr) {
-        if (QWidget* const focus = m_focusPlace->FindIn(m_page))
+        if (QWidget* const focus = m_focusPlace->FindIn(m_page)) {
             focus->setFocus(Qt::OtherFocusReason);
+        }
     }
     m_focusPlace.reset();
     m_hold.SetBlocked(false);
+    if (m_page != nullptr) {
+        Q_EMIT SigReady(m_stale);
+    }
 }
 
 void SettingsPageArea::Adjust()
@@ -308,5 +340,5 @@ void SettingsPageArea::Adjust()
     heading->setSpacing(scaled(16));
     m_sheet->layout()->setContentsMargins(scaled(32), scaled(4), scaled(32), scaled(24));
     // A line of text is hard to read, and a row hard to follow, over the whole width of a large screen.
-    m_sheet->setMaximumWidth(scaled(widest));
+    m_sheet->setMaximumWidth(scaled(WidestPage));
 }

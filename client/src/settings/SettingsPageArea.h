@@ -19,9 +19,9 @@ class QScrollArea;
 class QTimer;
 class SaveStatus;
 
-/// One page with its heading and with what becomes of the user's changes on it. Makes the page, and makes it
-/// anew from what is stored where a page cannot follow by itself: another scale, another language, another
-/// search word. No change on its way and no input that waits gets lost by that. GUI thread.
+/// One page with its heading and the status of the user's changes on it. Makes the page, and rebuilds it from
+/// what is stored where a page cannot follow by itself: another scale, another language, another search word.
+/// Rebuilding loses no change on its way and no held input. GUI thread.
 class SettingsPageArea final : public QWidget
 {
     Q_OBJECT
@@ -37,14 +37,14 @@ public:
 
     /// What the user looks for; empty: nothing.
     void SetKeyword(const QString& keyword);
-    /// Makes a page anew that shows what was kept, for want of the gateway.
+    /// Rebuilds a page that shows cached data because the gateway was unreachable.
     void LoadIfStale();
-    /// Where the page does not follow the scale or the language by itself, makes it anew.
+    /// Rebuilds the page if it does not follow the scale or the language by itself.
     void FollowSurroundings();
 
     /// Whether a change is on its way, or input waits for its turn.
     bool IsBusy() const noexcept;
-    /// Whether code of the page is running on account of input, such as while it has a dialog open.
+    /// Whether code of the page runs because of input, such as while it has a dialog open.
     bool IsPageDealing() const noexcept { return m_hold.IsPageDealing(); }
     /// Whether the page shows a change that could not be saved.
     bool IsUnsaved() const noexcept;
@@ -52,8 +52,11 @@ public:
     void SaveData();
 
 Q_SIGNALS:
-    /// Not busy any more.
+    /// No longer busy.
     void SigSettled();
+    /// The page shows what it has read and accepts input, the first time and after each rebuild. `cached`: a
+    /// cached reply stood in for the gateway's.
+    void SigReady(bool cached);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -66,16 +69,17 @@ private:
         LoadAgain     ///< the user wants what is stored
     };
 
+    void BuildLayout();
     void MakeSoon(Reason reason);
     void TryToMake();
     void Make();
-    void TakeSaved();
-    void TakeFailed();
-    void TakeInputLost();
-    void TakeBusy(bool busy);
-    void TakeStart(quint64 call, bool changes);
-    void TakeServedFromKept(quint64 call);
-    void TakeEnd(quint64 call);
+    void HandleSaved();
+    void HandleFailed();
+    void HandleInputLost();
+    void HandleBusy(bool busy);
+    void HandleStart(quint64 call, bool isWrite);
+    void HandleServedFromCache(quint64 call);
+    void HandleEnd(quint64 call);
     void ReleaseSoon();
     void Release();
     void Adjust();
@@ -96,8 +100,8 @@ private:
     QSet<quint64> m_loading;                 ///< what the page asked for while it was made
     std::optional<WidgetPlace> m_focusPlace; ///< where the focus was in the page before
     Reason m_reason = Reason::First;
-    QSet<quint64> m_reads; ///< what the page reads: this, and what it asks for on account of input
-    bool m_stale = false;  ///< the page shows what was kept, and can be changed by nobody
+    QSet<quint64> m_reads; ///< what the page reads: this, and what it asks for because of input
+    bool m_stale = false;  ///< the page shows cached data, and nobody can change it
     bool m_making = false;
     bool m_saved = false; ///< a change is saved, and what waited then has had no outcome yet
 };

@@ -6,41 +6,53 @@
 
 namespace {
 
-constexpr SettingWidgetId openingAtStart(10, 60);
+constexpr SettingWidgetId OpeningAtStart(10, 60);
 
 } // namespace
 
 QString SettingsPageFaces::GetTitle(const SettingsPageEntry& entry)
 {
-    if (entry.id == ClientPageIds::appearance)
+    if (entry.id == ClientPageIds::Appearance) {
         return tr("Appearance");
-    if (entry.id == ClientPageIds::language)
+    }
+    if (entry.id == ClientPageIds::Language) {
         return tr("Language");
-    if (entry.id == openingAtStart)
+    }
+    if (entry.id == OpeningAtStart) {
         return tr("Opening at start");
-    if (entry.id == ClientPageIds::privacy)
+    }
+    if (entry.id == ClientPageIds::Privacy) {
         return tr("Privacy");
-    if (entry.id == ClientPageIds::monitoring)
+    }
+    if (entry.id == ClientPageIds::Monitoring) {
         return tr("Monitoring");
-    if (entry.id == ClientPageIds::about)
+    }
+    if (entry.id == ClientPageIds::About) {
         return tr("About");
+    }
     const QString word = entry.factory->GetSearchKeywords(entry.id).value(0);
     return word.isEmpty() ? tr("More settings") : word;
 }
 
 QString SettingsPageFaces::GetIcon(SettingWidgetId id)
 {
-    if (id == ClientPageIds::appearance)
+    if (id == ClientPageIds::Appearance) {
         return QStringLiteral("appearance");
-    if (id == ClientPageIds::language)
+    }
+    if (id == ClientPageIds::Language) {
         return QStringLiteral("globe");
-    if (id == openingAtStart)
+    }
+    if (id == OpeningAtStart) {
         return QStringLiteral("start");
-    if (id == ClientPageIds::privacy)
+    }
+    if (id == ClientPageIds::Privacy) {
         return QStringLiteral("lock");
-    if (id == ClientPageIds::monitoring)
+    }
+    if (id == ClientPageIds::Monitoring) {
         return QStringLiteral("activity");
-    if (id == ClientPageIds::about)
+    }
+    if (id == ClientPageIds::About) {
         return QStringLiteral("info");
+    }
     return QStringLiteral("app");
 }

@@ -5,16 +5,15 @@
 
 class QWidget;
 
-/// Where a widget stands in a page, so that it is found again when the page has been made anew. In a page of
-/// rows it is the row of the same content, wherever that stands now.
+/// Where a widget stands in a page, to find it again after the page was rebuilt. In a page of rows this is
+/// the row of the same content, wherever that stands now.
 class WidgetPlace final
 {
 public:
     /// `widget` is `page` or one of its descendants.
     WidgetPlace(const QWidget* page, const QWidget* widget);
 
-    /// The widget of this place in `page`; null when there is none, or when what stands there is another
-    /// entry.
+    /// The widget of this place in `page`; null when nothing or another entry stands there.
     QWidget* FindIn(QWidget* page) const;
 
 private:
@@ -23,11 +22,11 @@ private:
         QString className;
         QString objectName;
         int index = 0;   ///< among siblings of this class and name
-        QString content; ///< what a row says; empty for what is no row
+        QString content; ///< what a row says; empty unless it is one
     };
 
     static Step StepOf(const QWidget* widget);
-    static QWidget* Take(QWidget* parent, const Step& step);
+    static QWidget* Follow(QWidget* parent, const Step& step);
 
     QVector<Step> m_steps; ///< from the page down
 };

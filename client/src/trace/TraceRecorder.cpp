@@ -153,6 +153,11 @@ void TraceRecorder::WriteLogin(const QString& pin, bool ok, LoginFlow::Origin or
     m_writer->Write(Key("login"), fields);
 }
 
+void TraceRecorder::WriteSettingsPage(const QString& page, bool cached)
+{
+    m_writer->Write(Key("settings.page"), {{Key("page"), page}, {Key("cached"), cached}});
+}
+
 void TraceRecorder::WriteExit(EndKind kind)
 {
     m_writer->Write(Key("exit"), {{Key("orderly"), true}, {Key("kind"), GetName(kind)}});

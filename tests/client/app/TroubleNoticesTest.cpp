@@ -28,7 +28,7 @@ protected:
     }
     void Take(const HttpCallReport& report)
     {
-        m_watch.Take(report);
+        m_watch.HandleReport(report);
         m_troubleNotices.HandleReport(report);
     }
     std::string Text(const char* id) const { return m_bar.GetText(QLatin1String(id)).toStdString(); }

@@ -27,7 +27,7 @@ HttpCallReport Failed(const char* code = "1")
     return report;
 }
 
-HttpCallReport Kept()
+HttpCallReport ServedFromCache()
 {
     HttpCallReport report = Answered("0");
     report.fromCache = true;
@@ -59,15 +59,15 @@ protected:
 
 TEST_F(GatewayWatchTest, AsksAgainAfterGrowingPausesUntilAnAnswerComes)
 {
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
     int asked = 0;
     for (const int pause : {5000, 10000, 20000, 40000, 60000, 60000, 60000}) {
         EXPECT_EQ(m_delay->GetPause(), pause);
         m_delay->Fire();
         EXPECT_EQ(m_asked, ++asked);
-        m_watch->Take(Failed());
+        m_watch->HandleReport(Failed());
     }
-    m_watch->Take(Answered("0"));
+    m_watch->HandleReport(Answered("0"));
     EXPECT_EQ(m_found->count(), 1);
     EXPECT_EQ(m_delay->GetPause(), -1);
     EXPECT_FALSE(m_watch->IsLost());
@@ -75,55 +75,55 @@ TEST_F(GatewayWatchTest, AsksAgainAfterGrowingPausesUntilAnAnswerComes)
 
 TEST_F(GatewayWatchTest, PausesStartAfreshWithTheNextFailure)
 {
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
     m_delay->Fire();
-    m_watch->Take(Answered("0"));
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Answered("0"));
+    m_watch->HandleReport(Failed());
     EXPECT_EQ(m_delay->GetPause(), 5000);
     EXPECT_EQ(m_lost->count(), 2);
 }
 
 TEST_F(GatewayWatchTest, CallsThatFailTogetherAreOneFailure)
 {
-    m_watch->Take(Failed());
-    m_watch->Take(Failed());
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
+    m_watch->HandleReport(Failed());
+    m_watch->HandleReport(Failed());
     EXPECT_EQ(m_lost->count(), 1);
     EXPECT_EQ(m_delay->GetPause(), 5000);
     m_delay->Fire();
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
     EXPECT_EQ(m_delay->GetPause(), 10000);
 }
 
-TEST_F(GatewayWatchTest, KeptReplyCountsAsAFailureThoughItIsASuccess)
+TEST_F(GatewayWatchTest, CachedReplyCountsAsAFailureThoughItIsASuccess)
 {
-    m_watch->Take(Kept());
+    m_watch->HandleReport(ServedFromCache());
     ASSERT_EQ(m_lost->count(), 1);
     EXPECT_EQ(m_lost->at(0).at(0).toString(), QStringLiteral("connection refused"));
     EXPECT_TRUE(m_lost->at(0).at(1).toBool());
 }
 
-TEST_F(GatewayWatchTest, KeptReplyAfterAFailureIsSaid)
+TEST_F(GatewayWatchTest, CachedReplyAfterAFailureIsSaid)
 {
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
     EXPECT_FALSE(m_lost->at(0).at(1).toBool());
-    m_watch->Take(Kept());
+    m_watch->HandleReport(ServedFromCache());
     ASSERT_EQ(m_lost->count(), 2);
     EXPECT_TRUE(m_lost->at(1).at(1).toBool());
 }
 
 TEST_F(GatewayWatchTest, RefusalIsAnAnswer)
 {
-    m_watch->Take(Failed("-1"));
-    m_watch->Take(Answered("2003"));
+    m_watch->HandleReport(Failed("-1"));
+    m_watch->HandleReport(Answered("2003"));
     EXPECT_EQ(m_found->count(), 1);
 }
 
 TEST_F(GatewayWatchTest, ServerErrorAndUnreadableReplyAreNoAnswers)
 {
     for (const char* code : {"5001", "5003", "parse", "-2", "-5"}) {
-        m_watch->Take(Answered("0"));
-        m_watch->Take(Failed(code));
+        m_watch->HandleReport(Answered("0"));
+        m_watch->HandleReport(Failed(code));
         EXPECT_TRUE(m_watch->IsLost()) << code;
     }
 }
@@ -132,18 +132,18 @@ TEST_F(GatewayWatchTest, AskNowDoesNotWaitAndOnlyAsksWhileLost)
 {
     m_watch->AskNow();
     EXPECT_EQ(m_asked, 0);
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
     m_watch->AskNow();
     EXPECT_EQ(m_asked, 1);
     EXPECT_EQ(m_delay->GetPause(), -1);
-    m_watch->Take(Failed());
+    m_watch->HandleReport(Failed());
     EXPECT_EQ(m_delay->GetPause(), 10000);
 }
 
 TEST_F(GatewayWatchTest, SuccessesInARowAreNoNews)
 {
-    m_watch->Take(Answered("0"));
-    m_watch->Take(Answered("1009"));
+    m_watch->HandleReport(Answered("0"));
+    m_watch->HandleReport(Answered("1009"));
     EXPECT_EQ(m_found->count(), 0);
     EXPECT_EQ(m_lost->count(), 0);
     EXPECT_EQ(m_delay->GetPause(), -1);

@@ -14,11 +14,11 @@
 
 namespace {
 
-const QByteArray twoApps = R"json({"plugins":[
+const QByteArray TwoApps = R"json({"plugins":[
 {"address":"https://a","availability":0,"iconUrl":"","name":"Orders","serviceCode":"orders"},
 {"address":"https://b","availability":1,"iconUrl":"","name":"Stock","serviceCode":"stock"}]})json";
-const QByteArray oneSwitch = R"json({"functions":[{"display":true,"number":8,"valid":true}]})json";
-constexpr int longTime = 600000; // [ms]
+const QByteArray OneSwitch = R"json({"functions":[{"display":true,"number":8,"valid":true}]})json";
+constexpr int LongTime = 600000; // [ms]
 
 } // namespace
 
@@ -36,14 +36,14 @@ protected:
 
 TEST_F(UserInformationTest, BothAnswersFillTheListsAndFinish)
 {
-    m_information.Read(longTime);
+    m_information.Read(LongTime);
     ASSERT_EQ(m_http.GetCallCount(), 2);
     EXPECT_EQ(m_http.GetCall(0).request->GetMethodName(), QByteArray("dsm.tl.pc.plugin.list"));
     EXPECT_EQ(m_http.GetCall(1).request->GetMethodName(), QByteArray("dsm.tl.pc.function.list"));
-    EXPECT_LT(m_http.GetCall(0).timeout, longTime);
-    m_http.Answer(0, twoApps);
+    EXPECT_LT(m_http.GetCall(0).timeout, LongTime);
+    m_http.Answer(0, TwoApps);
     EXPECT_EQ(m_finished.count(), 0);
-    m_http.Answer(1, oneSwitch);
+    m_http.Answer(1, OneSwitch);
     EXPECT_EQ(m_finished.count(), 1);
     ASSERT_EQ(m_plugins.GetPlugins().size(), 2);
     EXPECT_EQ(m_plugins.GetPlugins().at(0)->GetServiceCode(), QStringLiteral("orders"));
@@ -54,20 +54,20 @@ TEST_F(UserInformationTest, BothAnswersFillTheListsAndFinish)
 
 TEST_F(UserInformationTest, FailuresFinishToo)
 {
-    m_information.Read(longTime);
+    m_information.Read(LongTime);
     m_http.Fail(0);
     m_http.Fail(1);
     EXPECT_EQ(m_finished.count(), 1);
     EXPECT_TRUE(m_plugins.GetPlugins().isEmpty());
 }
 
-TEST_F(UserInformationTest, LimitFinishesAndALateAnswerIsStillTaken)
+TEST_F(UserInformationTest, LimitFinishesAndALateAnswerStillFillsTheList)
 {
     m_information.Read(1);
     ASSERT_TRUE(WaitUntil([this] { return m_finished.count() == 1; }));
     QSignalSpy changed(&m_plugins, &TLPluginBaseManager::SigPluginsChanged);
-    m_http.Answer(0, twoApps);
-    m_http.Answer(1, oneSwitch);
+    m_http.Answer(0, TwoApps);
+    m_http.Answer(1, OneSwitch);
     EXPECT_EQ(changed.count(), 1);
     EXPECT_EQ(m_plugins.GetPlugins().size(), 2);
     EXPECT_EQ(m_finished.count(), 1);
@@ -75,9 +75,9 @@ TEST_F(UserInformationTest, LimitFinishesAndALateAnswerIsStillTaken)
 
 TEST_F(UserInformationTest, FailedReadKeepsTheListOfBefore)
 {
-    m_information.Read(longTime);
-    m_http.Answer(0, twoApps);
-    m_http.Answer(1, oneSwitch);
+    m_information.Read(LongTime);
+    m_http.Answer(0, TwoApps);
+    m_http.Answer(1, OneSwitch);
     m_information.RefreshPlugins();
     m_http.Fail(2);
     EXPECT_EQ(m_plugins.GetPlugins().size(), 2);
@@ -86,7 +86,7 @@ TEST_F(UserInformationTest, FailedReadKeepsTheListOfBefore)
 
 TEST_F(UserInformationTest, AppThatCannotBeUnderstoodDoesNotHideTheOthers)
 {
-    m_information.Read(longTime);
+    m_information.Read(LongTime);
     m_http.Answer(0, R"json({"plugins":[7,{"name":"No code"},{"serviceCode":"stock","name":"Stock"}]})json");
     ASSERT_EQ(m_plugins.GetPlugins().size(), 1);
     EXPECT_EQ(m_plugins.GetPlugins().at(0)->GetServiceCode(), QStringLiteral("stock"));
@@ -94,9 +94,9 @@ TEST_F(UserInformationTest, AppThatCannotBeUnderstoodDoesNotHideTheOthers)
 
 TEST_F(UserInformationTest, AnswerOfTheWrongShapeDoesNotEmptyTheList)
 {
-    m_information.Read(longTime);
-    m_http.Answer(0, twoApps);
-    m_http.Answer(1, oneSwitch);
+    m_information.Read(LongTime);
+    m_http.Answer(0, TwoApps);
+    m_http.Answer(1, OneSwitch);
     int call = 2;
     for (const char* data : {"{}", "[]", "{\"plugins\":{}}", "7"}) {
         m_information.RefreshPlugins();
@@ -110,10 +110,10 @@ TEST_F(UserInformationTest, AnswerOfTheWrongShapeDoesNotEmptyTheList)
     }
 }
 
-TEST_F(UserInformationTest, EmptyListFromTheGatewayIsTaken)
+TEST_F(UserInformationTest, EmptyListFromTheGatewayEmptiesTheList)
 {
-    m_information.Read(longTime);
-    m_http.Answer(0, twoApps);
+    m_information.Read(LongTime);
+    m_http.Answer(0, TwoApps);
     m_information.RefreshPlugins();
     m_http.Answer(2, "{\"plugins\":[]}");
     EXPECT_TRUE(m_plugins.GetPlugins().isEmpty());
@@ -121,9 +121,9 @@ TEST_F(UserInformationTest, EmptyListFromTheGatewayIsTaken)
 
 TEST_F(UserInformationTest, StoppedReadDoesNotFinish)
 {
-    m_information.Read(longTime);
+    m_information.Read(LongTime);
     m_information.Stop();
-    m_http.Answer(0, twoApps);
-    m_http.Answer(1, oneSwitch);
+    m_http.Answer(0, TwoApps);
+    m_http.Answer(1, OneSwitch);
     EXPECT_EQ(m_finished.count(), 0);
 }

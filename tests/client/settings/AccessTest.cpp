@@ -91,14 +91,16 @@ TEST_F(AccessTest, TabReachesEverythingInReadingOrderAndComesRound)
         QWidget* const focus = QApplication::focusWidget();
         ASSERT_NE(focus, nullptr);
         EXPECT_TRUE(focus->isVisible());
-        if (!reached.isEmpty() && focus == reached.first())
+        if (!reached.isEmpty() && focus == reached.first()) {
             break;
+        }
         reached.append(focus);
         Press(Qt::Key_Tab);
     }
     QList<QWidget*> wanted{dialog->findChild<QWidget*>(QStringLiteral("settings_search")), List()};
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         wanted << Page()->GetRow(i)->box << Page()->GetRow(i)->remove;
+    }
     wanted << Page()->addLabel;
     EXPECT_EQ(reached, wanted);
 }
@@ -129,8 +131,9 @@ TEST_F(AccessTest, EverythingThatTakesTheFocusHasANameOnEveryPage)
         QCoreApplication::processEvents();
         const QList<QWidget*> parts = dialog->findChildren<QWidget*>();
         for (QWidget* const part : parts) {
-            if (!part->isVisible() || (part->focusPolicy() & Qt::TabFocus) == 0)
+            if (!part->isVisible() || (part->focusPolicy() & Qt::TabFocus) == 0) {
                 continue;
+            }
             EXPECT_FALSE(NameOf(part).isEmpty())
                 << qPrintable(title) << part->metaObject()->className() << qPrintable(part->objectName());
         }

@@ -5,7 +5,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
-/// Takes `{"code":…,"value":…}`. A read's reply may be kept.
+/// Takes `{"code":…,"value":…}`. A read's reply may be cached.
 class FakePageResponse final : public IHttpResponseBase
 {
 public:

@@ -16,8 +16,9 @@ public:
     }
     SettingItemBaseWidget* CreateSettingWidget(SettingWidgetId id) override
     {
-        if (id != SettingWidgetId(10, 60))
+        if (id != SettingWidgetId(10, 60)) {
             return nullptr;
+        }
         page = new FakeSettingsPage;
         ++made;
         return page;

@@ -43,8 +43,9 @@ void FakeSettingsPage::AdjustForDpi()
 QString FakeSettingsPage::GetContent() const
 {
     QStringList lines;
-    for (const FakeSettingsRow* const row : m_rows)
+    for (const FakeSettingsRow* const row : m_rows) {
         lines.append(row->entry + (row->box->isChecked() ? QStringLiteral("\t1") : QStringLiteral("\t0")));
+    }
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -75,8 +76,9 @@ void FakeSettingsPage::Read()
     IHttpManager::Instance()->Send(
         request, response,
         [self = QPointer<FakeSettingsPage>(this), response] {
-            if (!self)
+            if (!self) {
                 return;
+            }
             self->m_busy = false;
             if (response->IsSuccess()) {
                 self->m_cache = response->value;
@@ -91,8 +93,9 @@ void FakeSettingsPage::Build(const QString& content)
     qDeleteAll(m_rows);
     m_rows.clear();
     const QStringList lines = content.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString& line : lines)
+    for (const QString& line : lines) {
         AddRow(line.section(QLatin1Char('\t'), 0, 0), line.endsWith(QLatin1Char('1')));
+    }
 }
 
 void FakeSettingsPage::AddRow(const QString& text, bool checked)
@@ -106,8 +109,9 @@ void FakeSettingsPage::AddRow(const QString& text, bool checked)
         delete gone; // inside its own button's signal, as pages do
         Save();
     });
-    if (!keyword.isEmpty())
+    if (!keyword.isEmpty()) {
         row->SetKeyword(keyword);
+    }
 }
 
 void FakeSettingsPage::Save()
@@ -122,13 +126,15 @@ void FakeSettingsPage::Save()
     IHttpManager::Instance()->Send(
         request, response,
         [self = QPointer<FakeSettingsPage>(this), response] {
-            if (!self)
+            if (!self) {
                 return;
+            }
             self->m_busy = false;
-            if (response->IsSuccess())
+            if (response->IsSuccess()) {
                 Q_EMIT self->SigSaveSucceed();
-            else
+            } else {
                 Q_EMIT self->SigSaveFailed();
+            }
         },
         0, 1);
 }

@@ -12,8 +12,8 @@
 class QVBoxLayout;
 
 /// A page with all that pages leave to the dialog: writes the whole list with every change, skips a write
-/// while a call of its own is outstanding, tells rows of the search word only when it makes them, and after a
-/// change of the scale shows what it read last.
+/// while a call of its own is outstanding, passes the search word to rows only when it makes them, and after
+/// a change of the scale shows what it read last.
 class FakeSettingsPage final : public SettingItemBaseWidget, public IDpiAdapter
 {
     Q_OBJECT

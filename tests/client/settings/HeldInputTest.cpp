@@ -19,14 +19,14 @@
 
 namespace {
 
-constexpr int slow = 800; // [ms]
+constexpr int Slow = 800; // [ms]
 
 using HeldInputTest = SettingsDialogTest;
 
 TEST_F(HeldInputTest, AQuickSecondClickIsSavedAfterTheFirst)
 {
     Open();
-    gateway.delay = slow;
+    gateway.delay = Slow;
     Tick(0);
     Tick(1);
     EXPECT_EQ(gateway.writes, 1);
@@ -96,7 +96,7 @@ TEST_F(HeldInputTest, AReadHoldsNothingBack)
 TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
 {
     Open();
-    gateway.delay = slow;
+    gateway.delay = Slow;
     Tick(0);
     Tick(1);
     const QPointer<FakeSettingsPage> before = Page();
@@ -111,7 +111,7 @@ TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
 TEST_F(HeldInputTest, AChangeOfTheScaleDoesNotForgetARowJustAdded)
 {
     Open();
-    gateway.delay = slow;
+    gateway.delay = Slow;
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
     DpiTool::SetScale(2.0);
     ASSERT_EQ(Page()->GetRowCount(), 3) << "the page itself shows what it read last";
@@ -182,7 +182,7 @@ TEST_F(HeldInputTest, WhatADialogOfThePageWritesHoldsBackTheNextClick)
     EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t0\nbeta\t1\ngamma\t0\nadded 1\t0"));
 }
 
-TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
+TEST_F(HeldInputTest, ThePageIsNotRebuiltUnderItsOwnDialog)
 {
     Open();
     Page()->addsByDialog = true;
@@ -193,8 +193,9 @@ TEST_F(HeldInputTest, ThePageIsNotMadeAnewUnderItsOwnDialog)
         ASSERT_NE(open, nullptr);
         int attempts = 0;
         const QList<QTimer*> timers = Area()->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
-        for (QTimer* const timer : timers)
+        for (QTimer* const timer : timers) {
             QObject::connect(timer, &QTimer::timeout, open, [&attempts] { ++attempts; });
+        }
         DpiTool::SetScale(1.25);
         stood = WaitUntil([&attempts] { return attempts >= 3; }) && !before.isNull();
         open->accept();
@@ -384,8 +385,9 @@ void PressTwice(QWidget* first, const std::function<QWidget*()>& second)
 TEST_F(HeldInputTest, ADoubleClickOnDeleteDeletesOneRow)
 {
     Open();
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         Page()->GetRow(i)->remove->show();
+    }
     PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });
     AnswerAll();
     EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
@@ -401,8 +403,9 @@ TEST_F(HeldInputTest, ADoubleClickOnDeleteDeletesOneRow)
 TEST_F(HeldInputTest, ADoubleClickOnDeleteThatWaitedDeletesOneRow)
 {
     Open();
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         Page()->GetRow(i)->remove->show();
+    }
     Tick(2);
     // While this is on its way no row goes, so the second press is on the same one.
     PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });

@@ -36,7 +36,7 @@
 
 namespace {
 
-constexpr int slow = 800; // [ms]
+constexpr int Slow = 800; // [ms]
 
 /// The dialog with the page of the module that is delivered with the client, and a gateway that takes its
 /// time.
@@ -60,8 +60,9 @@ protected:
     ~ModulePageTest() override
     {
         dialog.reset();
-        if (module != nullptr)
+        if (module != nullptr) {
             module->UninitModule();
+        }
         loader.unload();
         TLGlobalData::Instance()->ClearUser();
         DpiTool::SetScale(1.0);
@@ -90,12 +91,15 @@ protected:
     QVector<QWidget*> Rows() const
     {
         QVector<QWidget*> rows;
-        if (Page() == nullptr)
+        if (Page() == nullptr) {
             return rows;
+        }
         const QVector<QWidget*> order = KeyboardAccess::GetReadingOrder(Page());
         for (QWidget* const part : order) {
-            if (part != Page() && qobject_cast<SettingItemBaseWidget*>(part) != nullptr && part->isVisible())
+            if (part != Page() && qobject_cast<SettingItemBaseWidget*>(part) != nullptr &&
+                part->isVisible()) {
                 rows.append(part);
+            }
         }
         return rows;
     }
@@ -141,7 +145,7 @@ protected:
 
 TEST_F(ModulePageTest, AQuickSecondClickIsSavedAfterTheFirst)
 {
-    gateway.writeDelay = slow;
+    gateway.writeDelay = Slow;
     Tick(2);
     Tick(4);
     Tick(7);
@@ -153,7 +157,7 @@ TEST_F(ModulePageTest, AQuickSecondClickIsSavedAfterTheFirst)
 
 TEST_F(ModulePageTest, AChangeOfTheScaleLosesNeitherARowThatWentNorTheClickThatWaits)
 {
-    gateway.writeDelay = slow;
+    gateway.writeDelay = Slow;
     In<QPushButton>(5, "delete_button")->window()->activateWindow();
     QTest::mouseClick(In(5, "delete_button"), Qt::LeftButton);
     ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 7; }));
@@ -171,8 +175,9 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
     themes.Apply(Theme::Light);
     auto* const add = Page()->findChild<QLabel*>(QStringLiteral("add_label"));
     In(5, "checkBox")->setFocus(Qt::TabFocusReason);
-    for (int i = 0; i < 6 && !add->hasFocus(); ++i)
+    for (int i = 0; i < 6 && !add->hasFocus(); ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
     ASSERT_TRUE(add->hasFocus());
     TLUrlUtils::SetVXDomains({QStringLiteral("shop.example")});
     QTimer::singleShot(0, dialog.get(), [] {
@@ -250,7 +255,7 @@ TEST_F(ModulePageTest, TabComesIntoTheRowOfTheHomePageFromAbove)
 
 TEST_F(ModulePageTest, WhatAScreenReaderTogglesIsSavedInItsTurn)
 {
-    gateway.writeDelay = slow;
+    gateway.writeDelay = Slow;
     for (const int row : {2, 4}) {
         QAccessible::queryAccessibleInterface(In(row, "checkBox"))
             ->actionInterface()
@@ -281,8 +286,9 @@ TEST_F(ModulePageTest, ThePageOfTheLastKnownListTakesNoChange)
     EXPECT_FALSE(Page()->isEnabled());
     EXPECT_FALSE(In(2, "checkBox")->isEnabled());
     EXPECT_TRUE(dialog->findChild<QWidget*>(QStringLiteral("settings_notice"))->isVisible());
-    for (const char* const name : {"add_label", "add_plugin_label"})
+    for (const char* const name : {"add_label", "add_plugin_label"}) {
         QTest::mousePress(Page()->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
+    }
     QTest::mousePress(In(2, "text_label"), Qt::LeftButton);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_FALSE(In(2, "checkBox")->property("checked").toBool());

@@ -81,7 +81,7 @@ TEST_F(PagesTest, APageOfLastTimeThatIsGoneGivesTheFirst)
     EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Appearance"));
 }
 
-TEST_F(PagesTest, TheSizeOfLastTimeIsKept)
+TEST_F(PagesTest, TheSizeOfLastTimeIsRestored)
 {
     Open();
     dialog->resize(700, 500);
@@ -92,7 +92,7 @@ TEST_F(PagesTest, TheSizeOfLastTimeIsKept)
     EXPECT_EQ(dialog->size(), QSize(700, 500));
 }
 
-TEST_F(PagesTest, AGeometryThatIsNoneGivesTheUsualSize)
+TEST_F(PagesTest, AnInvalidGeometryGivesTheUsualSize)
 {
     rememberedGeometry = QByteArray("nonsense");
     Make();
@@ -100,7 +100,7 @@ TEST_F(PagesTest, AGeometryThatIsNoneGivesTheUsualSize)
     EXPECT_GE(dialog->width(), 600);
 }
 
-TEST_F(PagesTest, GoingFromPageToPageKeepsWhatWasDone)
+TEST_F(PagesTest, GoingFromPageToPageLosesNothing)
 {
     Open();
     const FakeSettingsPage* const before = Page();
@@ -135,7 +135,7 @@ TEST_F(PagesTest, AChoiceMadeElsewhereShows)
     EXPECT_TRUE(choices.isEmpty());
 }
 
-TEST_F(PagesTest, TheDialogFollowsTheLanguageAndMakesTheModulesPageAnew)
+TEST_F(PagesTest, TheDialogFollowsTheLanguageAndRebuildsTheModulesPage)
 {
     Open();
     LanguageManager languages(QStringLiteral(TL_TRANSLATIONS_DIR));
@@ -237,9 +237,9 @@ TEST_F(PagesTest, SessionAndRepliesAreForgotten)
     EXPECT_EQ(choices, (QStringList{QStringLiteral("session"), QStringLiteral("replies")}));
 }
 
-TEST_F(PagesTest, WithoutAKeptSessionThereIsNothingToForget)
+TEST_F(PagesTest, WithoutASavedSessionThereIsNothingToForget)
 {
-    services.hasKeptSession = [] { return false; };
+    services.hasSavedSession = [] { return false; };
     Open();
     Choose(QStringLiteral("Privacy"));
     EXPECT_FALSE(Find<QPushButton>("forget_session_button")->isEnabled());
@@ -249,7 +249,7 @@ TEST_F(PagesTest, WhatTheClientCannotDoIsNotOffered)
 {
     services.clearBrowsingData = {};
     services.forgetSession = {};
-    services.clearKeptReplies = {};
+    services.clearCachedReplies = {};
     services.loadEvents = {};
     Open();
     EXPECT_EQ(Titles(), (QStringList{QStringLiteral("Appearance"), QStringLiteral("Language"),
@@ -280,8 +280,9 @@ TEST_F(PagesTest, ANewEventShowsAtOnceAndABunchIsReadOnce)
     Choose(QStringLiteral("Monitoring"));
     reads = 0;
     events.append({QDateTime::currentDateTimeUtc(), QStringLiteral("New"), QStringLiteral("Home"), {}});
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         dialog->UpdateEvents();
+    }
     const QAbstractItemModel* const model = Find<QAbstractItemView>("monitor_table")->model();
     EXPECT_TRUE(WaitUntil([model] { return model->rowCount() == 1; }));
     EXPECT_EQ(reads, 1);
@@ -338,11 +339,13 @@ TEST_F(PagesTest, OpeningEditingAndClosingLeavesNothingBehind)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     };
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         cycle();
+    }
     const int before = QApplication::allWidgets().size();
-    for (int i = 0; i < 200; ++i)
+    for (int i = 0; i < 200; ++i) {
         cycle();
+    }
     EXPECT_EQ(QApplication::allWidgets().size(), before);
     EXPECT_TRUE(factory.page.isNull());
 }
@@ -352,8 +355,9 @@ TEST_F(PagesTest, TheLicencesAreThere)
     Open();
     Choose(QStringLiteral("About"));
     const QString text = Find<QPlainTextEdit>("licences_text")->toPlainText();
-    for (const char* part : {"Qt WebEngine", "QtKeychain", "GNU LESSER GENERAL PUBLIC LICENSE"})
+    for (const char* part : {"Qt WebEngine", "QtKeychain", "GNU LESSER GENERAL PUBLIC LICENSE"}) {
         EXPECT_TRUE(text.contains(QLatin1String(part))) << part;
+    }
 }
 
 } // namespace

@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr int usual = 30;   // [ms]
-constexpr int slow = 60000; // [ms]
+constexpr int UsualDelay = 30;   // [ms]
+constexpr int SlowDelay = 60000; // [ms]
 
 QJsonObject Entry(const QString& id, const QString& name, const QString& url, int type, bool system,
                   bool checked, bool active)
@@ -64,11 +64,13 @@ void FillUp(QJsonObject* configuration)
 
 PreviewGateway::PreviewGateway(const QString& list) : stale(list == QLatin1String("stale")), m_list(list)
 {
-    if (list == QLatin1String("empty"))
+    if (list == QLatin1String("empty")) {
         return;
+    }
     m_configuration = Full();
-    if (list == QLatin1String("many"))
+    if (list == QLatin1String("many")) {
         FillUp(&m_configuration);
+    }
 }
 
 PreviewGateway::~PreviewGateway() = default;
@@ -77,15 +79,17 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
                           const QSharedPointer<IHttpResponse>& response, std::function<void()> finished, int,
                           int)
 {
-    if (m_list == QLatin1String("loading"))
+    if (m_list == QLatin1String("loading")) {
         return;
+    }
     const bool isWrite = request->GetMethodName() == "dsm.tl.pc.auto.run.set";
     writes += isWrite ? 1 : 0;
-    int delay = usual;
-    if (isWrite && writeDelay > 0)
+    int delay = UsualDelay;
+    if (isWrite && writeDelay > 0) {
         delay = writeDelay;
-    else if (isWrite && m_list == QLatin1String("slow"))
-        delay = slow;
+    } else if (isWrite && m_list == QLatin1String("slow")) {
+        delay = SlowDelay;
+    }
     QTimer::singleShot(delay, this, [this, request, response, finished, isWrite] {
         const bool fails = isWrite ? failures-- > 0 : m_list == QLatin1String("failed");
         if (fails) {
@@ -102,10 +106,11 @@ void PreviewGateway::Send(const QSharedPointer<IHttpRequest>& request,
                 {QStringLiteral("message"), QString()},
                 {QStringLiteral("requestId"), QStringLiteral("preview")},
                 {QStringLiteral("data"), isWrite ? QJsonValue(true) : QJsonValue(m_configuration)}};
-            if (!isWrite && stale)
+            if (!isWrite && stale) {
                 dynamic_cast<IResponseCacheMethod&>(*response).SetCacheData(QJsonDocument(reply).toJson());
-            else
+            } else {
                 response->SetData(QJsonDocument(reply).toJson());
+            }
         }
         finished();
     });

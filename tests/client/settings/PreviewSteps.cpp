@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int between = 350; // [ms], for what is animated
+constexpr int Between = 350; // [ms], for what is animated
 
 } // namespace
 
@@ -29,7 +29,7 @@ PreviewSteps::PreviewSteps(SettingsDialog* dialog, PreviewGateway* gateway, cons
 {
     const QRect screen = QApplication::primaryScreen()->geometry();
     QCursor::setPos(screen.bottomRight()); // out of the way
-    QTimer::singleShot(2 * between, this, &PreviewSteps::Next);
+    QTimer::singleShot(2 * Between, this, &PreviewSteps::Next);
 }
 
 PreviewSteps::~PreviewSteps() = default;
@@ -37,17 +37,18 @@ PreviewSteps::~PreviewSteps() = default;
 void PreviewSteps::Next()
 {
     if (!m_dialog->windowHandle()->isExposed()) {
-        QTimer::singleShot(between, this, &PreviewSteps::Next);
+        QTimer::singleShot(Between, this, &PreviewSteps::Next);
         return;
     }
     if (m_steps.isEmpty()) {
-        if (!m_picture.isEmpty())
+        if (!m_picture.isEmpty()) {
             Finish();
+        }
         return;
     }
     const QString step = m_steps.takeFirst();
     // First, as a step may open a dialog that waits in an event loop of its own.
-    const int wait = step.startsWith(QLatin1String("wait:")) ? step.mid(5).toInt() : between;
+    const int wait = step.startsWith(QLatin1String("wait:")) ? step.mid(5).toInt() : Between;
     QTimer::singleShot(wait, this, &PreviewSteps::Next);
     Do(step.section(QLatin1Char(':'), 0, 0), step.section(QLatin1Char(':'), 1));
 }
@@ -55,8 +56,9 @@ void PreviewSteps::Next()
 void PreviewSteps::Do(const QString& action, const QString& argument)
 {
     if (action == QLatin1String("hover")) {
-        if (QWidget* const row = Row(argument.toInt()))
+        if (QWidget* const row = Row(argument.toInt())) {
             QCursor::setPos(row->mapToGlobal(QPoint(row->width() / 2, row->height() / 2)));
+        }
     } else if (action == QLatin1String("tick")) {
         if (QWidget* const row = Row(argument.toInt())) {
             QWidget* const box = row->findChild<QWidget*>(QStringLiteral("checkBox"));
@@ -64,29 +66,35 @@ void PreviewSteps::Do(const QString& action, const QString& argument)
                               QPoint(box->width() / 2, box->height() / 2));
         }
     } else if (action == QLatin1String("click")) {
-        if (QWidget* const widget = Find(argument))
+        if (QWidget* const widget = Find(argument)) {
             QTest::mouseClick(widget, Qt::LeftButton);
+        }
     } else if (action == QLatin1String("edit")) {
         if (QWidget* const row = Row(argument.toInt())) {
             QCursor::setPos(row->mapToGlobal(QPoint(row->width() / 2, row->height() / 2)));
-            if (QWidget* const button = row->findChild<QWidget*>(QStringLiteral("edit_button")))
+            if (QWidget* const button = row->findChild<QWidget*>(QStringLiteral("edit_button"))) {
                 QTest::mouseClick(button, Qt::LeftButton);
+            }
         }
     } else if (action == QLatin1String("type")) {
-        if (QWidget* const focus = QApplication::focusWidget())
+        if (QWidget* const focus = QApplication::focusWidget()) {
             QTest::keyClicks(focus, argument);
+        }
     } else if (action == QLatin1String("tab")) {
-        for (int i = argument.toInt(); i > 0 && QApplication::focusWidget() != nullptr; --i)
+        for (int i = argument.toInt(); i > 0 && QApplication::focusWidget() != nullptr; --i) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
     } else if (action == QLatin1String("key")) {
         QWidget* const popup = QApplication::activePopupWidget();
         QWidget* const target = popup != nullptr ? popup : QApplication::focusWidget();
         const int key = QKeySequence(argument)[0];
-        if (target != nullptr)
+        if (target != nullptr) {
             QTest::keyClick(target, static_cast<Qt::Key>(key));
+        }
     } else if (action == QLatin1String("focus")) {
-        if (QWidget* const widget = Find(argument))
+        if (QWidget* const widget = Find(argument)) {
             widget->setFocus(Qt::TabFocusReason);
+        }
     } else if (action == QLatin1String("fail")) {
         m_gateway->failures = 1;
     }
@@ -98,8 +106,9 @@ QWidget* PreviewSteps::Find(const QString& name) const
     QWidget* const in = modal != nullptr ? modal : m_dialog;
     const QList<QWidget*> found = in->findChildren<QWidget*>(name);
     for (QWidget* const widget : found) {
-        if (widget->isVisible())
+        if (widget->isVisible()) {
             return widget;
+        }
     }
     return nullptr;
 }
@@ -111,8 +120,9 @@ QWidget* PreviewSteps::Row(int index) const
         KeyboardAccess::GetReadingOrder(m_dialog->findChild<QStackedWidget*>()->currentWidget());
     for (QWidget* const widget : order) {
         const auto* const part = qobject_cast<SettingItemBaseWidget*>(widget);
-        if (part != nullptr && part->findChild<SettingItemBaseWidget*>() == nullptr && part->isVisible())
+        if (part != nullptr && part->findChild<SettingItemBaseWidget*>() == nullptr && part->isVisible()) {
             rows.append(widget);
+        }
     }
     return rows.value(index);
 }
@@ -121,8 +131,9 @@ void PreviewSteps::Finish()
 {
     const QPixmap screen = QApplication::primaryScreen()->grabWindow(0);
     const QRect part = m_dialog->frameGeometry().intersected(screen.rect());
-    if (!screen.copy(part).save(m_picture))
+    if (!screen.copy(part).save(m_picture)) {
         qFatal("The picture %s could not be written", qPrintable(m_picture));
+    }
     // A dialog of the page may stand in an event loop of its own.
     std::_Exit(0);
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-const QString counter =
+const QString Counter =
     QStringLiteral("<font color=\"#999999\">(</font><font color=\"#333333\">88</font><font "
                    "color=\"#999999\">/5)</font>");
 
@@ -19,8 +19,9 @@ double StrongestContrast(QWidget* widget, const QColor& background)
     const QImage picture = widget->grab().toImage();
     double strongest = 1;
     for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
+        for (int x = 0; x < picture.width(); ++x) {
             strongest = std::max(strongest, ReadableLabels::Contrast(picture.pixelColor(x, y), background));
+        }
     }
     return strongest;
 }
@@ -50,10 +51,12 @@ TEST(ReadableLabelsTest, DarkTextOfAPageIsReadableOnADarkPage)
     const QColor background(0x1b, 0x22, 0x2a);
     QWidget page;
     QPalette colors;
-    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base}) {
         colors.setColor(role, background);
-    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText})
+    }
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText}) {
         colors.setColor(role, QColor(0xe4, 0xeb, 0xf0));
+    }
     page.setPalette(colors);
     auto* layout = new QVBoxLayout(&page);
     auto* label = new QLabel(QStringLiteral("<font color=\"#333333\">88888</font>"));
@@ -69,7 +72,7 @@ TEST(ReadableLabelsTest, TheTextStaysInItsPlace)
 {
     QWidget page;
     auto* layout = new QVBoxLayout(&page);
-    auto* label = new QLabel(counter);
+    auto* label = new QLabel(Counter);
     layout->addWidget(label);
     page.resize(200, 60);
     const auto bounds = [&page] {
@@ -77,8 +80,9 @@ TEST(ReadableLabelsTest, TheTextStaysInItsPlace)
         QRect inked;
         for (int y = 0; y < picture.height(); ++y) {
             for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y) != picture.pixelColor(0, 0))
+                if (picture.pixelColor(x, y) != picture.pixelColor(0, 0)) {
                     inked |= QRect(x, y, 1, 1);
+                }
             }
         }
         return inked;

@@ -274,8 +274,9 @@ TEST_F(SaveStatusTest, TheDialogMayGoWhileItAsksAboutAChoice)
     gateway.Answer();
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &gateway, [this] {
-        if (QApplication::activeModalWidget() != nullptr)
+        if (QApplication::activeModalWidget() != nullptr) {
             dialog.reset();
+        }
     });
     timer.start(10);
     EXPECT_TRUE(WaitUntil([this] { return dialog == nullptr; }));

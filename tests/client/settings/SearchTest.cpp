@@ -47,7 +47,7 @@ TEST_F(SearchTest, FindsTheClientsOwnPages)
     EXPECT_EQ(Titles(), QStringList(QStringLiteral("Appearance")));
 }
 
-TEST_F(SearchTest, ThePageIsMadeAnewSoThatItsRowsHearOfTheWord)
+TEST_F(SearchTest, ThePageIsRebuiltSoThatItsRowsLearnTheWord)
 {
     Open();
     Type(QStringLiteral("orders"));

@@ -27,12 +27,12 @@ SettingsDialogTest::SettingsDialogTest()
         choices.append(QStringLiteral("browsing"));
         done(true);
     };
-    services.hasKeptSession = [] { return true; };
+    services.hasSavedSession = [] { return true; };
     services.forgetSession = [this](const std::function<void()>& done) {
         choices.append(QStringLiteral("session"));
         done();
     };
-    services.clearKeptReplies = [this] { choices.append(QStringLiteral("replies")); };
+    services.clearCachedReplies = [this] { choices.append(QStringLiteral("replies")); };
     services.loadEvents = [] {
         const QDateTime time(QDate(2026, 11, 21), QTime(8, 0), Qt::UTC);
         return QVector<MonitorEvent>{{time, QStringLiteral("First"), QStringLiteral("Home"), {}},
@@ -62,8 +62,9 @@ void SettingsDialogTest::Make()
 
 void SettingsDialogTest::OpenWithoutAnswer()
 {
-    if (!dialog)
+    if (!dialog) {
         Make();
+    }
     dialog->show();
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
@@ -81,8 +82,9 @@ void SettingsDialogTest::Open()
 
 void SettingsDialogTest::AnswerAll()
 {
-    while (gateway.GetWaiting() > 0)
+    while (gateway.GetWaiting() > 0) {
         gateway.Answer();
+    }
 }
 
 QListWidget* SettingsDialogTest::List() const
@@ -94,8 +96,9 @@ QStringList SettingsDialogTest::Titles() const
 {
     QStringList titles;
     for (int i = 0; i < List()->count(); ++i) {
-        if (!List()->item(i)->text().isEmpty())
+        if (!List()->item(i)->text().isEmpty()) {
             titles.append(List()->item(i)->text());
+        }
     }
     return titles;
 }
@@ -153,8 +156,9 @@ void SettingsDialogTest::AnswerQuestion(const QString& button)
     auto* timer = new QTimer(dialog.get());
     QObject::connect(timer, &QTimer::timeout, timer, [this, timer, button] {
         QWidget* const question = QApplication::activeModalWidget();
-        if (question == nullptr)
+        if (question == nullptr) {
             return;
+        }
         const QList<QPushButton*> buttons = question->findChildren<QPushButton*>();
         for (QPushButton* const candidate : buttons) {
             if (candidate->text() == button) {

@@ -125,11 +125,13 @@ int main(int argc, char** argv)
     for (const QFileInfo& file : files) {
         QPluginLoader loader(file.filePath());
         auto* const module = qobject_cast<IBusinessModule*>(loader.instance());
-        if (module == nullptr)
+        if (module == nullptr) {
             continue;
+        }
         module->InitModule();
-        if (ISysSettingFactory* const factory = module->GetSysSettingFactory())
+        if (ISysSettingFactory* const factory = module->GetSysSettingFactory()) {
             factories.append(factory);
+        }
     }
 
     SettingsServices services;
@@ -142,9 +144,9 @@ int main(int argc, char** argv)
     services.clearBrowsingData = [&application](const std::function<void(bool)>& done) {
         QTimer::singleShot(500, &application, [done] { done(true); });
     };
-    services.hasKeptSession = [] { return true; };
+    services.hasSavedSession = [] { return true; };
     services.forgetSession = [](const std::function<void()>& done) { done(); };
-    services.clearKeptReplies = [] {};
+    services.clearCachedReplies = [] {};
     services.loadEvents = &SomeEvents;
     services.clearEvents = [] {};
     services.versions = {{QStringLiteral("Workstation"), QStringLiteral("0.1.0")},
@@ -157,10 +159,11 @@ int main(int argc, char** argv)
     dialog.show();
     dialog.activateWindow();
     QStringList steps = value("do").split(QLatin1Char(','), Qt::SkipEmptyParts);
-    if (!value("search").isEmpty())
+    if (!value("search").isEmpty()) {
         steps =
             QStringList{QStringLiteral("focus:settings_search"), QStringLiteral("type:") + value("search")} +
             steps;
+    }
     const PreviewSteps run(&dialog, &gateway, steps, value("picture"));
     return QApplication::exec();
 }

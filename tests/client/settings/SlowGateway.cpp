@@ -33,33 +33,37 @@ void SlowGateway::Send(const QSharedPointer<IHttpRequest>& request,
     const bool isRead = request->GetMethodName() == "read";
     ++(isRead ? reads : writes);
     m_calls.push_back({request, response, std::move(finished), request->GetApiBody()});
-    if (delay > 0)
+    if (delay > 0) {
         QTimer::singleShot(delay, Qt::PreciseTimer, this, &SlowGateway::Answer);
+    }
 }
 
 void SlowGateway::Answer()
 {
     const Call call = std::move(m_calls.front());
     m_calls.pop_front();
-    auto* const keeping = dynamic_cast<IResponseCacheMethod*>(call.response.data());
-    const bool mayKeep = keeping != nullptr && keeping->IsAutoCache();
+    auto* const caching = dynamic_cast<IResponseCacheMethod*>(call.response.data());
+    const bool mayCache = caching != nullptr && caching->IsAutoCache();
     if (failures > 0) {
         --failures;
         if (failureCode.isEmpty()) {
             call.response->SetNetworkError(1, QStringLiteral("connection refused"));
-            if (mayKeep && !kept.isEmpty())
-                keeping->SetCacheData(kept);
+            if (mayCache && !cached.isEmpty()) {
+                caching->SetCacheData(cached);
+            }
         } else {
             call.response->SetData(Reply(failureCode, QString()));
         }
     } else if (call.request->GetMethodName() == "read") {
         call.response->SetData(Reply(QStringLiteral("0"), stored));
-        if (mayKeep && keeping->CanSaveToCache())
-            kept = keeping->GetCacheData();
+        if (mayCache && caching->CanSaveToCache()) {
+            cached = caching->GetCacheData();
+        }
     } else {
         stored = QString::fromUtf8(call.body);
         call.response->SetData(Reply(QStringLiteral("0"), QString()));
     }
-    if (call.finished)
+    if (call.finished) {
         call.finished();
+    }
 }

@@ -9,8 +9,8 @@
 
 #include <deque>
 
-/// Answers reads with what is stored and stores what writes bring, after a while. Keeps replies as the
-/// client's own does: while the network fails, what was last read serves.
+/// Answers reads with what is stored and stores what writes bring, after a while. Caches replies as the
+/// client's own does: while the network fails, the last one serves.
 class SlowGateway final : public QObject, public IHttpManager
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     int delay = 0;       ///< [ms]; 0: until `Answer`
     int failures = 0;    ///< so many calls fail from now on
     QString failureCode; ///< with what; empty: the network fails
-    QByteArray kept;     ///< the last reply to a read that may be kept; empty: none
+    QByteArray cached;   ///< the last reply to a read that may be cached; empty: none
     int reads = 0;
     int writes = 0;
 

@@ -92,3 +92,14 @@ TEST_F(TraceRecorderTest, LogInSaysWhereItCameFrom)
     EXPECT_TRUE(events.at(1).value(QStringLiteral("kept")).toBool());
     EXPECT_FALSE(events.at(1).contains(QStringLiteral("restart")));
 }
+
+TEST_F(TraceRecorderTest, ASettingsPageSaysWhichOneItIsAndWhetherItIsCached)
+{
+    m_recorder.WriteSettingsPage(QStringLiteral("10,60"), false);
+    m_recorder.WriteSettingsPage(QStringLiteral("10,60"), true);
+    const QVector<QJsonObject> events = GetEvents("settings.page");
+    ASSERT_EQ(events.size(), 2);
+    EXPECT_EQ(events.at(0).value(QStringLiteral("page")).toString(), QStringLiteral("10,60"));
+    EXPECT_FALSE(events.at(0).value(QStringLiteral("cached")).toBool(true));
+    EXPECT_TRUE(events.at(1).value(QStringLiteral("cached")).toBool());
+}

@@ -10,11 +10,13 @@ AppearancePage::AppearancePage(const SettingsServices* services)
 {
     m_theme->setObjectName(QStringLiteral("theme_combo"));
     m_scale->setObjectName(QStringLiteral("scale_combo"));
-    for (const Theme theme : {Theme::FollowSystem, Theme::Light, Theme::Dark})
+    for (const Theme theme : {Theme::FollowSystem, Theme::Light, Theme::Dark}) {
         m_theme->addItem(QString(), QVariant::fromValue(theme));
+    }
     const QList<int> scales = ScaleManager::GetScales();
-    for (const int scale : scales)
+    for (const int scale : scales) {
         m_scale->addItem(QStringLiteral("%1 %").arg(scale), scale);
+    }
 
     AddCard();
     AddRow([] { return tr("Theme"); },

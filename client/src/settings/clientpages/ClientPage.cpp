@@ -20,8 +20,9 @@ ClientPage::~ClientPage() = default;
 void ClientPage::SetKeyword(const QString& keyword)
 {
     m_keyword = keyword;
-    for (const Shown& shown : qAsConst(m_labels))
+    for (const Shown& shown : qAsConst(m_labels)) {
         SetLabelHighlighted(shown.label, keyword);
+    }
 }
 
 void ClientPage::AdjustForDpi()
@@ -55,8 +56,9 @@ void ClientPage::AddRow(const Text& name, const Text& explanation, QWidget* cont
     auto* texts = new QVBoxLayout;
     QLabel* const label = AddLabel(QStringLiteral("settings_row_name"), name);
     texts->addWidget(label);
-    if (explanation)
+    if (explanation) {
         texts->addWidget(AddLabel(QStringLiteral("settings_row_text"), explanation));
+    }
     row->addLayout(texts, 1);
     if (control != nullptr) {
         row->addWidget(control, 0, Qt::AlignVCenter);
@@ -99,8 +101,9 @@ void ClientPage::AddTexts(const std::function<void()>& apply)
 
 void ClientPage::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
     SettingItemBaseWidget::changeEvent(event);
 }
 
@@ -119,9 +122,11 @@ void ClientPage::Retranslate()
 {
     for (const Shown& shown : qAsConst(m_labels)) {
         shown.label->setText(shown.text());
-        if (!m_keyword.isEmpty())
+        if (!m_keyword.isEmpty()) {
             SetLabelHighlighted(shown.label, m_keyword);
+        }
     }
-    for (const std::function<void()>& apply : qAsConst(m_texts))
+    for (const std::function<void()>& apply : qAsConst(m_texts)) {
         apply();
+    }
 }

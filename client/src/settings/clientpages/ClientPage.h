@@ -26,11 +26,11 @@ public:
     void SetKeyword(const QString& keyword) override;
     void AdjustForDpi() override;
 
-    /// Shows anew what may have been changed elsewhere. Nothing by default.
+    /// Updates what may have changed elsewhere. Does nothing by default.
     virtual void ShowState();
 
 protected:
-    /// Gives the present text; called again when the language changes.
+    /// Gives the current text; called again when the language changes.
     using Text = std::function<QString()>;
 
     /// A new card at the end of the page.

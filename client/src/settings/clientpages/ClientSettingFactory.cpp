@@ -14,61 +14,72 @@ ClientSettingFactory::~ClientSettingFactory() = default;
 
 QList<SettingWidgetId> ClientSettingFactory::GetSettingWidgetIds()
 {
-    QList<SettingWidgetId> ids{ClientPageIds::appearance, ClientPageIds::language};
-    if (m_services->clearBrowsingData || m_services->forgetSession || m_services->clearKeptReplies)
-        ids.append(ClientPageIds::privacy);
-    if (m_services->loadEvents)
-        ids.append(ClientPageIds::monitoring);
-    ids.append(ClientPageIds::about);
+    QList<SettingWidgetId> ids{ClientPageIds::Appearance, ClientPageIds::Language};
+    if (m_services->clearBrowsingData || m_services->forgetSession || m_services->clearCachedReplies) {
+        ids.append(ClientPageIds::Privacy);
+    }
+    if (m_services->loadEvents) {
+        ids.append(ClientPageIds::Monitoring);
+    }
+    ids.append(ClientPageIds::About);
     return ids;
 }
 
 SettingItemBaseWidget* ClientSettingFactory::CreateSettingWidget(SettingWidgetId id)
 {
     ClientPage* page = nullptr;
-    if (id == ClientPageIds::appearance)
+    if (id == ClientPageIds::Appearance) {
         page = new AppearancePage(m_services);
-    else if (id == ClientPageIds::language)
+    } else if (id == ClientPageIds::Language) {
         page = new LanguagePage(m_services);
-    else if (id == ClientPageIds::privacy)
+    } else if (id == ClientPageIds::Privacy) {
         page = new PrivacyPage(m_services);
-    else if (id == ClientPageIds::monitoring)
+    } else if (id == ClientPageIds::Monitoring) {
         page = new MonitoringPage(m_services);
-    else if (id == ClientPageIds::about)
+    } else if (id == ClientPageIds::About) {
         page = new AboutPage(m_services);
+    }
     m_pages.removeAll(nullptr);
-    if (page != nullptr)
+    if (page != nullptr) {
         m_pages.append(page);
+    }
     return page;
 }
 
 QStringList ClientSettingFactory::GetSearchKeywords(SettingWidgetId id)
 {
-    if (id == ClientPageIds::appearance)
+    if (id == ClientPageIds::Appearance) {
         return AppearancePage::GetKeywords();
-    if (id == ClientPageIds::language)
+    }
+    if (id == ClientPageIds::Language) {
         return LanguagePage::GetKeywords();
-    if (id == ClientPageIds::privacy)
+    }
+    if (id == ClientPageIds::Privacy) {
         return PrivacyPage::GetKeywords();
-    if (id == ClientPageIds::monitoring)
+    }
+    if (id == ClientPageIds::Monitoring) {
         return MonitoringPage::GetKeywords();
-    if (id == ClientPageIds::about)
+    }
+    if (id == ClientPageIds::About) {
         return AboutPage::GetKeywords();
+    }
     return {};
 }
 
 void ClientSettingFactory::ShowChoices()
 {
     for (const QPointer<ClientPage>& page : qAsConst(m_pages)) {
-        if (page && qobject_cast<MonitoringPage*>(page) == nullptr)
+        if (page && qobject_cast<MonitoringPage*>(page) == nullptr) {
             page->ShowState();
+        }
     }
 }
 
 void ClientSettingFactory::ShowEvents()
 {
     for (const QPointer<ClientPage>& page : qAsConst(m_pages)) {
-        if (auto* const monitoring = qobject_cast<MonitoringPage*>(page))
+        if (auto* const monitoring = qobject_cast<MonitoringPage*>(page)) {
             monitoring->ShowState();
+        }
     }
 }

@@ -20,7 +20,7 @@ public:
     SettingItemBaseWidget* CreateSettingWidget(SettingWidgetId id) override;
     QStringList GetSearchKeywords(SettingWidgetId id) override;
 
-    /// The services say something else now: what is shown follows.
+    /// The services have changed: the pages follow.
     void ShowChoices();
     void ShowEvents();
 

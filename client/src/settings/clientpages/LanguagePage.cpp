@@ -6,9 +6,9 @@
 
 namespace {
 
-// Each in its own words, so that whoever got into the wrong one finds the way back.
-const QString english = QStringLiteral("English");
-const QString chinese = QStringLiteral("简体中文");
+// Each in its own words, so that a user in the wrong language finds the way back.
+const QString English = QStringLiteral("English");
+const QString Chinese = QStringLiteral("简体中文");
 
 } // namespace
 
@@ -16,8 +16,8 @@ LanguagePage::LanguagePage(const SettingsServices* services)
     : m_services(services), m_language(new TLComboBox(this))
 {
     m_language->setObjectName(QStringLiteral("language_combo"));
-    m_language->addItem(english, QStringLiteral("en"));
-    m_language->addItem(chinese, QStringLiteral("zh_CN"));
+    m_language->addItem(English, QStringLiteral("en"));
+    m_language->addItem(Chinese, QStringLiteral("zh_CN"));
     AddCard();
     AddRow([] { return tr("Language"); },
            [] { return tr("Of the client and, where they have it, of web pages."); }, m_language);
@@ -32,8 +32,8 @@ LanguagePage::~LanguagePage() = default;
 QStringList LanguagePage::GetKeywords()
 {
     return {tr("Language"),
-            english,
-            chinese,
+            English,
+            Chinese,
             QStringLiteral("Language"),
             QStringLiteral("语言"),
             QStringLiteral("中文"),

@@ -43,8 +43,9 @@ int MonitorEventModel::columnCount(const QModelIndex& parent) const
 
 QVariant MonitorEventModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
         return QVariant();
+    }
     const MonitorEvent& event = m_events.at(m_events.size() - 1 - index.row());
     QString text;
     switch (index.column()) {
@@ -69,12 +70,15 @@ QVariant MonitorEventModel::data(const QModelIndex& index, int role) const
 
 QVariant MonitorEventModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
+    if (orientation != Qt::Horizontal) {
         return QVariant();
-    if (role == Qt::TextAlignmentRole)
+    }
+    if (role == Qt::TextAlignmentRole) {
         return QVariant(static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
-    if (role != Qt::DisplayRole)
+    }
+    if (role != Qt::DisplayRole) {
         return QVariant();
+    }
     switch (section) {
     case Time:
         return tr("Time");

@@ -25,8 +25,9 @@ MonitoringPage::MonitoringPage(const SettingsServices* services)
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    for (const int column : {0, 2})
+    for (const int column : {0, 2}) {
         m_table->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Fixed);
+    }
     m_table->setTextElideMode(Qt::ElideMiddle); // ids differ at their ends
     m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_clear->setObjectName(QStringLiteral("clear_events_button"));
@@ -64,8 +65,9 @@ QStringList MonitoringPage::GetKeywords()
 void MonitoringPage::ShowState()
 {
     // Events come in bunches; each would mean reading everything.
-    if (m_pending)
+    if (m_pending) {
         return;
+    }
     m_pending = true;
     QMetaObject::invokeMethod(this, &MonitoringPage::Update, Qt::QueuedConnection);
 }
@@ -87,6 +89,7 @@ void MonitoringPage::Update()
     m_pending = false;
     m_model->SetEvents(m_services->loadEvents ? m_services->loadEvents() : QVector<MonitorEvent>());
     m_clear->setEnabled(m_model->rowCount() > 0);
-    if (m_model->rowCount() > 0)
+    if (m_model->rowCount() > 0) {
         m_table->setCurrentIndex(m_model->index(0, 0));
+    }
 }

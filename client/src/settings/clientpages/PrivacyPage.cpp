@@ -26,10 +26,7 @@ PrivacyPage::PrivacyPage(const SettingsServices* services)
     AddCard();
     if (services->clearBrowsingData) {
         AddRow([] { return tr("Browsing data"); },
-               [] {
-                   return tr(
-                       "Cookies of pages, now; cache and whatever else they stored, at the next start.");
-               },
+               [] { return tr("Clears cookies now; the cache and other data of pages at the next start."); },
                m_browsing);
         m_browsing->show();
     }
@@ -38,7 +35,7 @@ PrivacyPage::PrivacyPage(const SettingsServices* services)
                [] { return tr("The session that lets you in without a password next time."); }, m_session);
         m_session->show();
     }
-    if (services->clearKeptReplies) {
+    if (services->clearCachedReplies) {
         AddRow([] { return tr("Last known configuration"); },
                [] { return tr("What the client shows while the gateway cannot be reached."); }, m_replies);
         m_replies->show();
@@ -47,7 +44,7 @@ PrivacyPage::PrivacyPage(const SettingsServices* services)
     connect(m_browsing, &QPushButton::clicked, this, &PrivacyPage::ClearBrowsing);
     connect(m_session, &QPushButton::clicked, this, &PrivacyPage::ForgetSession);
     connect(m_replies, &QPushButton::clicked, this, [this] {
-        m_services->clearKeptReplies();
+        m_services->clearCachedReplies();
         m_repliesState = State::Done;
         ShowState();
     });
@@ -70,29 +67,33 @@ void PrivacyPage::ShowState()
                         : m_browsingState == State::Failed ? tr("Try again")
                                                            : tr("Clear"));
     m_replies->setText(m_repliesState == State::Done ? tr("Cleared") : tr("Clear"));
-    const bool kept = m_services->hasKeptSession && m_services->hasKeptSession();
+    const bool saved = m_services->hasSavedSession && m_services->hasSavedSession();
     m_session->setText(m_sessionState == State::Done ? tr("Forgotten") : tr("Forget"));
-    if (m_sessionState == State::Ready)
-        m_session->setEnabled(kept);
+    if (m_sessionState == State::Ready) {
+        m_session->setEnabled(saved);
+    }
 }
 
 void PrivacyPage::ClearBrowsing()
 {
     const QPointer<PrivacyPage> guard(this);
     const auto answer =
-        PackagedMsgBox::question(tr("This signs you out of the pages that you opened. Clear their data?"),
-                                 this, QMessageBox::Yes | QMessageBox::No, {tr("Clear"), tr("Cancel")});
-    if (!guard || answer != QMessageBox::Yes)
+        PackagedMsgBox::question(tr("This signs you out of the pages you opened. Clear their data?"), this,
+                                 QMessageBox::Yes | QMessageBox::No, {tr("Clear"), tr("Cancel")});
+    if (!guard || answer != QMessageBox::Yes) {
         return;
+    }
     m_browsingState = State::Busy;
     ShowState();
     m_services->clearBrowsingData([self = QPointer<PrivacyPage>(this)](bool ok) {
-        if (!self)
+        if (!self) {
             return;
+        }
         self->m_browsingState = ok ? State::Done : State::Failed;
         self->ShowState();
-        if (!ok)
+        if (!ok) {
             TLToast::Show(tr("The data could not be cleared."), ToastType::Error);
+        }
     });
 }
 
@@ -101,8 +102,9 @@ void PrivacyPage::ForgetSession()
     m_sessionState = State::Busy;
     ShowState();
     m_services->forgetSession([self = QPointer<PrivacyPage>(this)] {
-        if (!self)
+        if (!self) {
             return;
+        }
         self->m_sessionState = State::Done;
         self->ShowState();
     });

@@ -5,7 +5,7 @@
 class TLPushButton;
 struct SettingsServices;
 
-/// What the client keeps of the user, and how to be rid of it.
+/// What the client stores about the user, and how to clear it.
 class PrivacyPage final : public ClientPage
 {
     Q_OBJECT

@@ -16,12 +16,12 @@ struct GatewaySettings
 
     /// Reads the first of `files` that exists (keys gateway/address, gateway/app_key, gateway/app_secret, and
     /// gateway/domains, separated by commas); TL_GATEWAY_APP_KEY, TL_GATEWAY_APP_SECRET and
-    /// TL_GATEWAY_DOMAINS of `environment` win over it. An address that is none
-    /// leaves the default and puts a sentence into `problem`.
+    /// TL_GATEWAY_DOMAINS of `environment` win over it. An invalid address keeps the default and puts a
+    /// sentence into `problem`.
     static GatewaySettings Load(const QStringList& files, const QProcessEnvironment& environment,
                                 QString* problem);
 
-    /// The settings files of this installation, the most special one first: `tl-client.ini` beside the
+    /// The settings files of this installation, the most specific one first: `tl-client.ini` beside the
     /// program, then in the configuration folders of the user and the system.
     static QStringList DefaultFiles();
 

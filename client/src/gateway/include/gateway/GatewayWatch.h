@@ -9,28 +9,28 @@
 class IDelay;
 struct HttpCallReport;
 
-/// Knows whether the gateway answers, from how the calls end, and while it does not, asks again: after
-/// 5, 10, 20, 40 and then every 60 seconds. GUI thread.
+/// Knows from how the calls end whether the gateway answers. While it does not, asks again after 5, 10, 20,
+/// 40 and then every 60 seconds. GUI thread.
 class GatewayWatch final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `ask` starts a call whose end comes in through `Take`.
+    /// `ask` starts a call whose end comes in through `HandleReport`.
     GatewayWatch(std::unique_ptr<IDelay> delay, std::function<void()> ask, QObject* parent = nullptr);
     ~GatewayWatch() override;
 
-    /// How a call ended.
-    void Take(const HttpCallReport& report);
+    /// A call has ended.
+    void HandleReport(const HttpCallReport& report);
     bool IsLost() const noexcept { return m_lost; }
-    /// Asks now instead of at the end of the pause; nothing while the gateway answers.
+    /// Asks now instead of at the end of the pause. Does nothing while the gateway answers.
     void AskNow();
 
 Q_SIGNALS:
-    /// A call failed because of the network or the server. `fromCache`: a kept reply stood in for it.
-    /// Comes again when that, or the failure, changes.
+    /// A call failed because of the network or the server. `fromCache`: a cached reply stood in for it.
+    /// Sent again when that, or the failure, changes.
     void SigLost(const QString& failure, bool fromCache);
-    /// The gateway answers again, be it with a refusal.
+    /// The gateway answers again, if only with a refusal.
     void SigFound();
 
 private:

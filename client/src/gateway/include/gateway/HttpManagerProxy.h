@@ -22,18 +22,18 @@ public:
     void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
               std::function<void()> finished, int timeout, int attempts) override;
 
-    /// Inside `SigStarted`: the call is a read whose kept reply shall not stay older than the changes.
-    void KeepUpToDate() noexcept { m_wanted = true; }
-    /// Whether changes are to be expected. Once they are not, kept replies are brought up to date, be it
-    /// after the end of this.
+    /// Inside `SigStarted`: the call is a read whose cached reply must not stay older than the changes. No
+    /// effect on a write.
+    void KeepUpToDate() noexcept { m_keepsUpToDate = true; }
+    /// Whether to expect changes. While there are none to expect, each change brings the cached replies up to
+    /// date at once, even after the end of this object.
     void SetOpen(bool open);
 
 Q_SIGNALS:
-    /// Inside `Send`. `changes`: the call may change something. One whose reply may be kept and served later
-    /// only asks.
-    void SigStarted(quint64 call, bool changes);
-    /// Before `SigAnswered`: a kept reply serves in place of the gateway's.
-    void SigServedFromKept(quint64 call);
+    /// Inside `Send`. `isWrite`: as `HttpCallKind` says.
+    void SigStarted(quint64 call, bool isWrite);
+    /// Before `SigAnswered`: a cached reply serves in place of the gateway's.
+    void SigServedFromCache(quint64 call);
     /// The outcome is there, and the call's own completion has not run yet. `description` says what went
     /// wrong and is empty when it `succeeded`.
     void SigAnswered(quint64 call, bool succeeded, const QString& code, const QString& description);
@@ -45,5 +45,5 @@ private:
     ::Provided<IHttpManager> m_provided; // the interface has an operation of that name
     std::shared_ptr<CachedReads> m_reads;
     quint64 m_lastCall = 0;
-    bool m_wanted = false; ///< the call that starts is to be kept up to date
+    bool m_keepsUpToDate = false; ///< the reply of the call that starts now
 };

@@ -8,22 +8,22 @@ class TLFunctionData;
 class TLPluginBaseManager;
 
 /// Reads what the client needs to know of the signed-in user: the app list and the function switches.
-/// A kept reply stands in when the gateway cannot be reached. GUI thread.
+/// A cached reply stands in when the gateway cannot be reached. GUI thread.
 class UserInformation final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Both are filled here; not owned.
+    /// Fills both, owns neither.
     UserInformation(TLPluginBaseManager* plugins, TLFunctionData* functions, QObject* parent = nullptr);
 
     /// Reads both for the first time. `SigFinished` follows when both reads ended, well or not, and at the
-    /// latest after `limit` [ms]; an answer that comes later is still taken.
+    /// latest after `limit` [ms]; a later answer still fills its list.
     void Read(int limit);
     /// Reads one of them again; nothing waits for the end.
     void RefreshPlugins();
     void RefreshFunctions();
-    /// No `SigFinished` comes for the `Read` that runs.
+    /// Suppresses `SigFinished` for the `Read` that runs.
     void Stop();
 
 Q_SIGNALS:
@@ -33,7 +33,9 @@ Q_SIGNALS:
 private:
     void ReadPlugins(int timeout);
     void ReadFunctions(int timeout);
-    void TakeEnd();
+    template <class Request, class Entity, class List, class Store>
+    void ReadList(List (Entity::*getList)() const, const Store& store, int timeout);
+    void HandleEnd();
 
     TLPluginBaseManager* m_plugins;
     TLFunctionData* m_functions;

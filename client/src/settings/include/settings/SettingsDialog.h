@@ -13,15 +13,13 @@
 
 class ClientSettingFactory;
 class HttpManagerProxy;
-class QLabel;
-class QListWidget;
 class QStackedWidget;
 class SettingsPageArea;
-class TLLineEdit;
+class SettingsPageList;
 
 /// The settings: a list of pages, the client's own and those of the modules, a search over them, and the
-/// chosen page. Asks the factories for their pages each time it is shown. It closes when every change has
-/// been answered; asked a second time, at once. Shown without blocking the window below. GUI thread.
+/// chosen page. Asks the factories for their pages each time it is shown. Closes when all changes are
+/// answered; a second call closes immediately. Does not block the window below. GUI thread.
 class SettingsDialog final : public TLBaseDialog
 {
     Q_OBJECT
@@ -37,21 +35,26 @@ public:
     void SetTheme(Theme theme);
     void SetLanguage(const QString& language);
     void SetScale(int scale);
-    /// Something has been recorded: the page that shows it reads it again.
+    /// Something has been recorded: the page that shows the record reads it again.
     void UpdateEvents();
 
-    /// The gateway answers again: pages that show the last known list only are made anew.
+    /// The gateway answers again: reloads pages that only show cached data.
     void LoadAgain();
 
     /// Shows the page if it exists now.
     void ShowPage(SettingWidgetId id);
 
-    /// For the end of the client: closes when every change has been answered, at once when asked again, and
-    /// asks nothing.
+    /// For the end of the client: closes without a question when all changes are answered; a second call
+    /// closes immediately.
     void CloseAtEnd();
 
     void AdjustForDpi() override;
     void reject() override;
+
+Q_SIGNALS:
+    /// A page shows what it has read and accepts input; also when it was reloaded. `page` names it as
+    /// `SettingsServices::savePage` does. `cached`: a cached reply stood in for the gateway's.
+    void SigPageReady(const QString& page, bool cached);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -60,20 +63,20 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    /// Those that the pages are shown anew for.
+    /// Choices that reload the pages.
     enum class Choice
     {
         Language,
         Scale
     };
 
-    void Receive(TLBaseDialog* opened);
+    void WrapChoices();
+    void HandleOpened(TLBaseDialog* opened);
     void Load();
-    void Search();
-    void SelectPage();
+    void ShowEntry(int entry);
     SettingsPageArea* AreaOf(int entry);
     void ChooseSafely(Choice choice, const std::function<void()>& choose);
-    void TakeSettled();
+    void HandleSettled();
     bool MayDropUnsaved(const QString& question, const QStringList& buttons);
     bool IsBusy() const;
     bool IsUnsaved() const;
@@ -85,12 +88,9 @@ private:
     QVector<ISysSettingFactory*> m_factories;
     std::unique_ptr<ClientSettingFactory> m_own;
     HttpManagerProxy* m_calls;
-    TLLineEdit* m_search;
-    QListWidget* m_list;
-    QLabel* m_nothing;
+    SettingsPageList* m_list;
     QStackedWidget* m_stack;
     QVector<SettingsPageEntry> m_entries;
-    int m_current = -1;                                ///< the entry that is shown
     QVector<SettingsPageArea*> m_areas;                ///< by entry; null until first shown
     std::map<Choice, std::function<void()>> m_choices; ///< wait until everything is settled
     bool m_closing = false;                            ///< as soon as everything is settled

@@ -22,14 +22,14 @@ struct SettingsServices
     QString language = QStringLiteral("en");
     std::function<void(const QString&)> chooseLanguage;
 
-    /// What pages stored: cookies at once, cache and the rest at the next start. `done` is called once, with
-    /// whether it worked.
+    /// Clears what pages stored: cookies at once, cache and the rest at the next start. Calls `done` once,
+    /// with whether it worked.
     std::function<void(const std::function<void(bool)>& done)> clearBrowsingData;
-    /// Whether a session stays when the client ends, and ends that.
-    std::function<bool()> hasKeptSession;
+    /// Whether a session is saved for the next start, and how to delete it.
+    std::function<bool()> hasSavedSession;
     std::function<void(const std::function<void()>& done)> forgetSession;
-    /// The replies of the gateway that serve while it cannot be reached.
-    std::function<void()> clearKeptReplies;
+    /// Clears the replies that serve while the gateway cannot be reached.
+    std::function<void()> clearCachedReplies;
 
     /// What is recorded of the user's actions, the oldest first.
     std::function<QVector<MonitorEvent>()> loadEvents;

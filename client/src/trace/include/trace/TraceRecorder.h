@@ -35,6 +35,8 @@ public:
     void WatchNotifications();
 
     void WriteLogin(const QString& pin, bool ok, LoginFlow::Origin origin);
+    /// A settings page shows what it has read; `cached`: what was read earlier.
+    void WriteSettingsPage(const QString& page, bool cached);
     void WriteExit(EndKind kind);
 
 private:

@@ -4,18 +4,18 @@
 
 #include "base/DpiTool.h"
 
-#include <QtGui/QAccessible>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QPushButton>
 
 namespace {
 
-const QString staleText =
+const QString StaleText =
     QStringLiteral("The gateway cannot be reached. This is the last known configuration; it "
                    "can be changed once the gateway answers.");
 
-/// A gateway that was there once: what it said then is kept.
-class KeptReplyTest : public SettingsDialogTest
+/// A gateway that answered once, and whose replies are cached since.
+class CachedReplyTest : public SettingsDialogTest
 {
 protected:
     QPushButton* Button() const
@@ -41,14 +41,14 @@ protected:
         OpenWithoutAnswer();
         gateway.failures = 1;
         gateway.Answer();
-        ASSERT_EQ(NoticeText(), staleText);
+        ASSERT_EQ(NoticeText(), StaleText);
     }
 };
 
-TEST_F(KeptReplyTest, APageOfTheLastKnownListSaysSoAndTakesNoChange)
+TEST_F(CachedReplyTest, APageOfTheLastKnownListSaysSoAndTakesNoChange)
 {
     OpenStale();
-    EXPECT_EQ(NoticeText(), staleText);
+    EXPECT_EQ(NoticeText(), StaleText);
     EXPECT_EQ(Button()->text(), QStringLiteral("Load again"));
     EXPECT_EQ(Page()->GetContent(), gateway.stored);
     gateway.stored = QStringLiteral("newer\t1");
@@ -67,7 +67,7 @@ TEST_F(KeptReplyTest, APageOfTheLastKnownListSaysSoAndTakesNoChange)
     EXPECT_EQ(gateway.stored, QStringLiteral("newer\t1"));
 }
 
-TEST_F(KeptReplyTest, TheButtonLoadsAgain)
+TEST_F(CachedReplyTest, TheButtonLoadsAgain)
 {
     OpenStale();
     gateway.failures = 1;
@@ -75,10 +75,10 @@ TEST_F(KeptReplyTest, TheButtonLoadsAgain)
     ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
     const int made = factory.made;
     QTest::mouseClick(Button(), Qt::LeftButton); // which is under way
-    EXPECT_EQ(NoticeText(), staleText) << "it stays in place meanwhile";
+    EXPECT_EQ(NoticeText(), StaleText) << "it stays in place meanwhile";
     gateway.Answer();
     EXPECT_FALSE(Page()->isEnabled());
-    EXPECT_EQ(NoticeText(), staleText);
+    EXPECT_EQ(NoticeText(), StaleText);
     EXPECT_EQ(factory.made, made);
 
     gateway.stored = QStringLiteral("newer\t0\nalpha\t0");
@@ -94,7 +94,7 @@ TEST_F(KeptReplyTest, TheButtonLoadsAgain)
     EXPECT_EQ(gateway.stored, QStringLiteral("newer\t0\nalpha\t1"));
 }
 
-TEST_F(KeptReplyTest, WhenTheGatewayAnswersAgainStalePagesAreMadeAnew)
+TEST_F(CachedReplyTest, StalePagesAreRebuiltWhenTheGatewayAnswersAgain)
 {
     OpenStale();
     Choose(QStringLiteral("About"));
@@ -110,7 +110,7 @@ TEST_F(KeptReplyTest, WhenTheGatewayAnswersAgainStalePagesAreMadeAnew)
     EXPECT_TRUE(Page()->isEnabled());
 }
 
-TEST_F(KeptReplyTest, APageThatIsUpToDateStaysWhenTheGatewayAnswersAgain)
+TEST_F(CachedReplyTest, APageThatIsUpToDateStaysWhenTheGatewayAnswersAgain)
 {
     Open();
     gateway.failures = 1;
@@ -122,7 +122,7 @@ TEST_F(KeptReplyTest, APageThatIsUpToDateStaysWhenTheGatewayAnswersAgain)
     EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved.")));
 }
 
-TEST_F(KeptReplyTest, AClickThatWaitedForAPageThatTurnsOutStaleIsToldOf)
+TEST_F(CachedReplyTest, AClickThatWaitedForAPageThatTurnsOutStaleIsToldOf)
 {
     Open();
     Tick(0);
@@ -135,10 +135,10 @@ TEST_F(KeptReplyTest, AClickThatWaitedForAPageThatTurnsOutStaleIsToldOf)
     ASSERT_TRUE(WaitUntil([this] { return NoticeText().contains(QStringLiteral("loaded again")); }));
     EXPECT_EQ(gateway.GetWaiting(), 0);
     QTest::mouseClick(Button(), Qt::LeftButton);
-    EXPECT_EQ(NoticeText(), staleText) << "that comes next";
+    EXPECT_EQ(NoticeText(), StaleText) << "that comes next";
 }
 
-TEST_F(KeptReplyTest, WhatIsKeptIsReadAgainWhenTheDialogClosesAfterAChange)
+TEST_F(CachedReplyTest, TheCacheIsRefreshedWhenTheDialogClosesAfterAChange)
 {
     Open();
     Tick(0);
@@ -150,7 +150,7 @@ TEST_F(KeptReplyTest, WhatIsKeptIsReadAgainWhenTheDialogClosesAfterAChange)
     EXPECT_EQ(Page()->GetContent(), QStringLiteral("alpha\t1\nbeta\t0\ngamma\t0"));
 }
 
-TEST_F(KeptReplyTest, WhatIsKeptIsReadAgainAlsoWhenTheChangeIsAnsweredAfterTheEndOfTheDialog)
+TEST_F(CachedReplyTest, TheCacheIsRefreshedWhenTheChangeIsAnsweredAfterTheEndOfTheDialog)
 {
     Open();
     Tick(0);
@@ -165,7 +165,7 @@ TEST_F(KeptReplyTest, WhatIsKeptIsReadAgainAlsoWhenTheChangeIsAnsweredAfterTheEn
     EXPECT_EQ(Page()->GetContent(), QStringLiteral("alpha\t1\nbeta\t0\ngamma\t0"));
 }
 
-TEST_F(KeptReplyTest, NothingIsReadAgainWithoutAChangeThatSucceeded)
+TEST_F(CachedReplyTest, NothingIsReadAgainWithoutAChangeThatSucceeded)
 {
     Open();
     gateway.failures = 1;
@@ -178,7 +178,7 @@ TEST_F(KeptReplyTest, NothingIsReadAgainWithoutAChangeThatSucceeded)
     EXPECT_EQ(gateway.reads, 1);
 }
 
-TEST_F(KeptReplyTest, NothingIsReadAgainWhenThePageHasReadSinceTheChange)
+TEST_F(CachedReplyTest, NothingIsReadAgainWhenThePageHasReadSinceTheChange)
 {
     Open();
     Tick(0);
@@ -190,6 +190,45 @@ TEST_F(KeptReplyTest, NothingIsReadAgainWhenThePageHasReadSinceTheChange)
     ASSERT_FALSE(dialog->isVisible());
     EXPECT_EQ(gateway.GetWaiting(), 0);
     EXPECT_EQ(gateway.reads, 2);
+}
+
+TEST_F(CachedReplyTest, APageIsReadyWhenItsRowsAreThereAndInputGoesToThem)
+{
+    Make();
+    QSignalSpy ready(dialog.get(), &SettingsDialog::SigPageReady);
+    bool visible = false;
+    QObject::connect(dialog.get(), &SettingsDialog::SigPageReady, dialog.get(), [this, &visible] {
+        visible = Page()->GetRowCount() == 3 && Page()->GetRow(2)->box->isVisible();
+        Tick(0);
+    });
+    OpenWithoutAnswer();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ready.count(), 0) << "the gateway has not answered yet";
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([&ready] { return ready.count() == 1; }));
+    EXPECT_EQ(ready.first().at(0).toString(), QStringLiteral("10,60"));
+    EXPECT_FALSE(ready.first().at(1).toBool());
+    EXPECT_TRUE(visible);
+    EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
+    AnswerAll();
+}
+
+TEST_F(CachedReplyTest, APageThatShowsCachedDataSaysSoWhenItIsReady)
+{
+    Open();
+    dialog.reset();
+    gateway.failures = 1;
+    Make();
+    QSignalSpy ready(dialog.get(), &SettingsDialog::SigPageReady);
+    OpenWithoutAnswer();
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([&ready] { return ready.count() == 1; }));
+    EXPECT_TRUE(ready.first().at(1).toBool());
+    dialog->LoadAgain();
+    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
+    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([&ready] { return ready.count() == 2; }));
+    EXPECT_FALSE(ready.last().at(1).toBool());
 }
 
 } // namespace
