@@ -83,10 +83,11 @@ void PlainTabPage::Load(const QUrl& url)
 
 void PlainTabPage::Reload()
 {
-    if (m_loading)
-        Start(QUrl(m_pending), m_step);
-    else if (m_current >= 0)
+    if (m_request) {
+        Start(QUrl(m_request->url), m_request->step);
+    } else if (m_current >= 0) {
         Start(QUrl(m_history.at(m_current)), Step::Same);
+    }
 }
 
 void PlainTabPage::Stop()
@@ -119,8 +120,9 @@ bool PlainTabPage::CanGoForward() const
 
 QUrl PlainTabPage::GetUrl() const
 {
-    if (m_loading)
-        return m_pending;
+    if (m_request) {
+        return m_request->url;
+    }
     return m_current >= 0 ? m_history.at(m_current) : QUrl();
 }
 
@@ -131,7 +133,7 @@ QString PlainTabPage::GetTitle() const
 
 bool PlainTabPage::IsLoading() const
 {
-    return m_loading;
+    return m_request.has_value();
 }
 
 void PlainTabPage::Find(const QString& text, bool backward)
@@ -154,34 +156,36 @@ void PlainTabPage::LeaveFullScreen() {}
 
 void PlainTabPage::Start(const QUrl& url, Step step)
 {
-    DropReply();
-    Finish(false);
-    m_loading = true;
-    m_step = step;
-    m_redirects = 0;
-    m_retried = false;
-    m_pending = url;
+    Stop();
+    if (m_request) {
+        return; // who was told of the end has asked for another page
+    }
+    m_request = Request();
+    m_request->url = url;
+    m_request->step = step;
     Q_EMIT SigLoadStarted();
-    Send(url);
+    if (m_request && !m_reply) { // neither stopped nor replaced meanwhile
+        Send();
+    }
 }
 
-void PlainTabPage::Send(const QUrl& url)
+void PlainTabPage::Send()
 {
-    m_body.clear();
-    m_reply = m_fetch(url);
+    m_request->body.clear();
+    m_reply = m_fetch(m_request->url);
     m_reply->setParent(this);
     // Beyond the limit nothing more is taken from the connection.
     m_reply->setReadBufferSize(PlainPageContent::Limit + 1);
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, &PlainTabPage::TakeHead);
-    connect(m_reply, &QNetworkReply::readyRead, this, &PlainTabPage::TakeBytes);
-    connect(m_reply, &QNetworkReply::finished, this, &PlainTabPage::TakeEnd);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &PlainTabPage::HandleHead);
+    connect(m_reply, &QNetworkReply::readyRead, this, &PlainTabPage::HandleBytes);
+    connect(m_reply, &QNetworkReply::finished, this, &PlainTabPage::HandleEnd);
     connect(m_reply, &QNetworkReply::downloadProgress, this, [this](qint64 received, qint64 total) {
         if (total > 0)
             Q_EMIT SigProgress(static_cast<int>(qBound<qint64>(0, received * 100 / total, 100)));
     });
 }
 
-void PlainTabPage::TakeHead()
+void PlainTabPage::HandleHead()
 {
     const QByteArray type = m_reply->rawHeader("Content-Type");
     if (type.isEmpty() || PlainPageContent::IsText(type, QByteArray()) || !RedirectOf(*m_reply).isEmpty())
@@ -189,37 +193,40 @@ void PlainTabPage::TakeHead()
     Show(PlainPageView::Note::NotText);
 }
 
-void PlainTabPage::TakeBytes()
+void PlainTabPage::HandleBytes()
 {
     if (!RedirectOf(*m_reply).isEmpty())
         return;
-    m_body += m_reply->read(PlainPageContent::Limit + 1 - m_body.size());
-    if (!PlainPageContent::IsText(m_reply->rawHeader("Content-Type"), m_body))
+    m_request->body += m_reply->read(PlainPageContent::Limit + 1 - m_request->body.size());
+    if (!PlainPageContent::IsText(m_reply->rawHeader("Content-Type"), m_request->body))
         Show(PlainPageView::Note::NotText);
-    else if (m_body.size() > PlainPageContent::Limit)
+    else if (m_request->body.size() > PlainPageContent::Limit)
         Show(PlainPageView::Note::Cut);
 }
 
-void PlainTabPage::TakeEnd()
+void PlainTabPage::HandleEnd()
 {
     const QUrl target = RedirectOf(*m_reply);
     if (!target.isEmpty()) {
         FollowRedirect(target);
         return;
     }
-    TakeBytes();
-    if (!m_reply)
+    const QNetworkReply* const reply = m_reply;
+    HandleBytes();
+    if (m_reply != reply) {
         return;
+    }
     const int status = StatusOf(*m_reply);
     const QNetworkReply::NetworkError error = m_reply->error();
     // A kept connection may be closed by the other side just when it is used again.
-    if (error == QNetworkReply::RemoteHostClosedError && status == 0 && !std::exchange(m_retried, true)) {
+    if (error == QNetworkReply::RemoteHostClosedError && status == 0 &&
+        !std::exchange(m_request->isRetry, true)) {
         DropReply();
-        Send(m_pending);
+        Send();
         return;
     }
     // An error with a page of its own is shown like any page.
-    if (status >= FirstErrorStatus && m_body.isEmpty())
+    if (status >= FirstErrorStatus && m_request->body.isEmpty())
         Fail(PageFailure::Kind::HttpError, QStringLiteral("HTTP %1").arg(status));
     else if (status < FirstErrorStatus && error != QNetworkReply::NoError)
         Fail(KindOf(error), m_reply->errorString());
@@ -229,14 +236,14 @@ void PlainTabPage::TakeEnd()
 
 void PlainTabPage::FollowRedirect(const QUrl& target)
 {
-    if (++m_redirects > MostRedirects) {
+    if (++m_request->redirects > MostRedirects) {
         Fail(PageFailure::Kind::TooManyRedirects, QString());
     } else if (!IsWeb(target)) {
         Fail(PageFailure::Kind::Blocked, target.toDisplayString());
     } else {
         DropReply();
-        m_pending = target;
-        Send(target);
+        m_request->url = target;
+        Send();
     }
 }
 
@@ -247,11 +254,11 @@ void PlainTabPage::Show(PlainPageView::Note note)
     const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
     PlainPageContent content;
     if (note != PlainPageView::Note::NotText)
-        content = PlainPageContent::Read(type, m_body.left(PlainPageContent::Limit));
+        content = PlainPageContent::Read(type, m_request->body.left(PlainPageContent::Limit));
     DropReply();
 
-    const QUrl url = m_pending;
-    switch (m_step) {
+    const QUrl url = m_request->url;
+    switch (m_request->step) {
     case Step::New:
         m_history.resize(m_current + 1); // what was ahead is forgotten
         m_history.append(url);
@@ -272,7 +279,7 @@ void PlainTabPage::Show(PlainPageView::Note note)
                        length.isValid() ? length.toLongLong() : -1);
     Q_EMIT SigUrlChanged(url);
     Q_EMIT SigTitleChanged(m_title);
-    if (std::exchange(m_failed, false))
+    if (std::exchange(m_isFailureShown, false))
         Q_EMIT SigContentArrived();
     Finish(ok);
 }
@@ -280,10 +287,10 @@ void PlainTabPage::Show(PlainPageView::Note note)
 void PlainTabPage::Fail(PageFailure::Kind kind, const QString& detail)
 {
     DropReply();
-    m_failed = true;
+    m_isFailureShown = true;
     PageFailure failure;
     failure.kind = kind;
-    failure.url = m_pending;
+    failure.url = m_request->url;
     failure.detail = detail;
     Q_EMIT SigFailed(failure);
     Finish(false);
@@ -291,10 +298,10 @@ void PlainTabPage::Fail(PageFailure::Kind kind, const QString& detail)
 
 void PlainTabPage::Finish(bool ok)
 {
-    if (!m_loading)
+    if (!m_request) {
         return;
-    m_loading = false;
-    m_pending.clear();
+    }
+    m_request.reset();
     Q_EMIT SigHistoryChanged();
     Q_EMIT SigLoadFinished(ok);
 }

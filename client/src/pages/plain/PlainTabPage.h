@@ -9,6 +9,7 @@
 #include <QtNetwork/QNetworkReply>
 
 #include <functional>
+#include <optional>
 
 /// A tab's page without a web engine: fetches the address and shows what the server answered as text. Runs no
 /// scripts, shows no pictures and follows redirects to http and https only. Fetches at most
@@ -50,11 +51,20 @@ private:
         Forward
     };
 
+    struct Request
+    {
+        QUrl url; // changes with each redirect
+        Step step = Step::New;
+        QByteArray body; // what has come of it
+        int redirects = 0;
+        bool isRetry = false;
+    };
+
     void Start(const QUrl& url, Step step);
-    void Send(const QUrl& url);
-    void TakeHead();
-    void TakeBytes();
-    void TakeEnd();
+    void Send();
+    void HandleHead();
+    void HandleBytes();
+    void HandleEnd();
     void FollowRedirect(const QUrl& target);
     void Show(PlainPageView::Note note);
     void Fail(PageFailure::Kind kind, const QString& detail);
@@ -65,14 +75,9 @@ private:
     QPointer<PlainPageView> m_view;
     QNetworkReply* m_reply = nullptr;
     QVector<QUrl> m_history;
-    int m_current = -1; // in m_history
-    Step m_step = Step::New;
-    QUrl m_pending; // being loaded, not shown yet
-    QByteArray m_body;
+    int m_current = -1;               // in m_history
+    std::optional<Request> m_request; // while a page is being loaded
     QString m_title;
-    int m_redirects = 0;
-    bool m_retried = false;
-    bool m_loading = false;
-    bool m_failed = false; // the last thing announced was a failure
+    bool m_isFailureShown = false;
     double m_zoom = 1.0;
 };

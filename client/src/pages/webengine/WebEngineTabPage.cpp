@@ -13,9 +13,6 @@
 
 namespace {
 
-constexpr int CloseTick = 100; // [ms]
-constexpr int CloseTicks = 10; // for a page to say whether it may be closed
-
 PageFailure::Kind KindOf(const QString& code)
 {
     static const struct
@@ -62,12 +59,6 @@ bool IsAddressAsTitle(const QString& title, const QUrl& url)
            (title.startsWith(url.host()) || title.contains(QLatin1String("://")));
 }
 
-/// Whether the one is a place in the document of the other.
-bool IsPlaceIn(const QUrl& document, const QUrl& url)
-{
-    return url.hasFragment() && url.matches(document, QUrl::RemoveFragment);
-}
-
 } // namespace
 
 WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
@@ -75,64 +66,55 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
     , m_page(std::make_unique<WebEnginePage>(
           profile, [this](QWebEnginePage::WebWindowType type) { return MakeWindow(type); }))
     , m_view(new WebEngineView(parent))
+    , m_closeWait([] { return QApplication::activeModalWidget() != nullptr; })
 {
     m_view->setPage(m_page.get());
     m_view->setObjectName(QStringLiteral("web_view"));
+    ConnectLoad();
+    ConnectLook();
+    ConnectRequests();
+}
 
+WebEngineTabPage::~WebEngineTabPage()
+{
+    m_page->disconnect(this);
+    // The engine answers what is still asked while the page ends: nobody is left to tell.
+    m_load.End();
+    delete m_view;
+    WebEnginePage::End(std::move(m_page));
+}
+
+void WebEngineTabPage::ConnectLoad()
+{
     QWebEnginePage* const page = m_page.get();
-    connect(page, &QWebEnginePage::loadStarted, this, &WebEngineTabPage::OnStarted);
-    connect(page, &QWebEnginePage::loadProgress, this, &WebEngineTabPage::OnProgress);
-    connect(page, &QWebEnginePage::loadFinished, this, &WebEngineTabPage::OnFinished);
-    connect(page, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
-        if (!RequestGate::IsWeb(url) && !url.isEmpty() && url.scheme() != QLatin1String("about") &&
-            url.scheme() != QLatin1String("blob"))
-            return;
-        const bool there = m_announced && IsPlaceIn(m_shown, url) &&
-                           url.fragment(QUrl::FullyEncoded) == m_pending.fragment(QUrl::FullyEncoded);
-        m_shown = url;
-        if (!m_announced || there)
-            m_pending.clear();
-        if (!m_pending.isValid())
-            Q_EMIT SigUrlChanged(url);
-        Q_EMIT SigHistoryChanged();
-        // The engine says neither start nor end of what leads to another place in the same document.
-        if (there)
-            Withdraw(true);
+    connect(page, &QWebEnginePage::loadStarted, this, [this] { Do(m_load.HandleStarted()); });
+    connect(page, &QWebEnginePage::loadProgress, this, [this](int percent) {
+        Q_EMIT SigProgress(percent);
+        Do(m_load.HandleProgress(percent));
     });
+    connect(page, &QWebEnginePage::loadFinished, this, [this](bool ok) { Do(m_load.HandleFinished(ok)); });
+    connect(page, &QWebEnginePage::urlChanged, this, &WebEngineTabPage::OnAddress);
+    connect(page, &QWebEnginePage::renderProcessTerminated, this,
+            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+                if (status != QWebEnginePage::NormalTerminationStatus) {
+                    Do(m_load.HandleRendererDied());
+                }
+            });
+    connect(m_page.get(), &WebEnginePage::SigStays, this, &WebEngineTabPage::OnStays);
+}
+
+void WebEngineTabPage::ConnectLook()
+{
+    QWebEnginePage* const page = m_page.get();
     connect(page, &QWebEnginePage::titleChanged, this, [this](const QString& title) {
         Q_EMIT SigTitleChanged(IsAddressAsTitle(title, m_page->url()) ? QString() : title);
     });
-    const auto icon = [this] { Q_EMIT SigIconChanged(m_page->iconUrl(), m_page->icon()); };
-    connect(page, &QWebEnginePage::iconUrlChanged, this, icon);
-    connect(page, &QWebEnginePage::iconChanged, this, icon);
-    connect(page, &QWebEnginePage::renderProcessTerminated, this,
-            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
-                if (status == QWebEnginePage::NormalTerminationStatus)
-                    return;
-                ++m_loadNumber;
-                m_announced = false;
-                m_staying = false;
-                m_failed = true;
-                Finish(false);
-                Q_EMIT SigRendererDied();
-            });
-    connect(page, &QWebEnginePage::windowCloseRequested, this, [this] {
-        m_closing.stop();
-        Q_EMIT SigCloseRequested();
-    });
-    m_closing.setInterval(CloseTick);
-    connect(&m_closing, &QTimer::timeout, this, [this] {
-        // While the user takes their time, with this page or another, the engine does not hear of any.
-        m_closeTicks = QApplication::activeModalWidget() ? 0 : m_closeTicks + 1;
-        if (m_closeTicks < CloseTicks)
-            return;
-        m_closing.stop();
-        Q_EMIT SigCloseRequested();
-    });
+    const auto tellIcon = [this] { Q_EMIT SigIconChanged(m_page->iconUrl(), m_page->icon()); };
+    connect(page, &QWebEnginePage::iconUrlChanged, this, tellIcon);
+    connect(page, &QWebEnginePage::iconChanged, this, tellIcon);
     connect(page, &QWebEnginePage::linkHovered, this, &ITabPage::SigLinkHovered);
     connect(page, &QWebEnginePage::findTextFinished, this,
             [this](const QWebEngineFindTextResult& result) { Q_EMIT SigFound(result.numberOfMatches()); });
-    connect(page, &QWebEnginePage::featurePermissionRequested, this, &WebEngineTabPage::OnPermission);
     connect(page, &QWebEnginePage::fullScreenRequested, this, [this](QWebEngineFullScreenRequest request) {
         if (request.toggleOn() && !m_view->isVisible()) {
             request.reject();
@@ -141,29 +123,30 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
         request.accept();
         Q_EMIT SigFullScreenRequested(request.toggleOn());
     });
-    connect(m_page.get(), &WebEnginePage::SigExternalRequested, this, &ITabPage::SigExternalRequested);
-    connect(m_page.get(), &WebEnginePage::SigBlocked, this, &ITabPage::SigBlocked);
-    connect(m_page.get(), &WebEnginePage::SigStays, this, &WebEngineTabPage::OnStays);
-    connect(m_page.get(), &WebEnginePage::SigSeveralDownloads, this, &WebEngineTabPage::AskSeveralDownloads);
-    // Later, as the engine is still with the page.
-    connect(
-        m_page.get(), &WebEnginePage::SigDownloadTaken, this,
-        [this] {
-            if (m_opened && m_page->history()->count() == 0)
-                Q_EMIT SigCloseRequested(); // opened for the download alone
-        },
-        Qt::QueuedConnection);
-    connect(m_view, &WebEngineView::SigInput, m_page.get(), &WebEnginePage::NoteInput);
 }
 
-WebEngineTabPage::~WebEngineTabPage()
+void WebEngineTabPage::ConnectRequests()
 {
-    m_page->disconnect(this);
-    // The engine answers what is still asked while the page ends: nobody is left to tell.
-    ++m_loadNumber;
-    m_staying = false;
-    delete m_view;
-    WebEnginePage::End(std::move(m_page));
+    WebEnginePage* const page = m_page.get();
+    connect(page, &QWebEnginePage::windowCloseRequested, this, [this] {
+        m_closeWait.End();
+        Q_EMIT SigCloseRequested();
+    });
+    connect(&m_closeWait, &CloseWait::SigExpired, this, &ITabPage::SigCloseRequested);
+    connect(page, &QWebEnginePage::featurePermissionRequested, this, &WebEngineTabPage::OnPermission);
+    connect(page, &WebEnginePage::SigExternalRequested, this, &ITabPage::SigExternalRequested);
+    connect(page, &WebEnginePage::SigBlocked, this, &ITabPage::SigBlocked);
+    connect(page, &WebEnginePage::SigSeveralDownloads, this, &WebEngineTabPage::AskSeveralDownloads);
+    // Later, as the engine is still with the page.
+    connect(
+        page, &WebEnginePage::SigDownloadTaken, this,
+        [this] {
+            if (m_isPopUp && m_page->history()->count() == 0) {
+                Q_EMIT SigCloseRequested(); // opened for the download alone
+            }
+        },
+        Qt::QueuedConnection);
+    connect(m_view, &WebEngineView::SigInput, page, &WebEnginePage::NoteInput);
 }
 
 QWidget* WebEngineTabPage::GetWidget()
@@ -177,38 +160,33 @@ void WebEngineTabPage::Load(const QUrl& url)
         Q_EMIT SigBlocked(url);
         return;
     }
-    // The engine says that it has started only after a while; to the tab the load starts now.
-    m_announced = false;
-    OnStarted();
-    m_announced = true;
-    m_pending = url;
     m_page->BeginAnew();
     m_page->NoteInput();
-    if (!m_staying)
-        m_page->load(url);
+    // The engine says that it has started only after a while; to the tab the load starts now.
+    Do(m_load.Ask(url));
 }
 
 void WebEngineTabPage::Reload()
 {
-    Withdraw(false);
+    Do(m_load.Withdraw());
     m_page->triggerAction(QWebEnginePage::Reload);
 }
 
 void WebEngineTabPage::Stop()
 {
     m_page->triggerAction(QWebEnginePage::Stop);
-    Withdraw(false);
+    Do(m_load.Withdraw());
 }
 
 void WebEngineTabPage::Back()
 {
-    Withdraw(false);
+    Do(m_load.Withdraw());
     m_page->triggerAction(QWebEnginePage::Back);
 }
 
 void WebEngineTabPage::Forward()
 {
-    Withdraw(false);
+    Do(m_load.Withdraw());
     m_page->triggerAction(QWebEnginePage::Forward);
 }
 
@@ -224,7 +202,7 @@ bool WebEngineTabPage::CanGoForward() const
 
 QUrl WebEngineTabPage::GetUrl() const
 {
-    return m_pending.isValid() ? m_pending : m_page->url();
+    return m_load.GetAsked().isEmpty() ? m_page->url() : m_load.GetAsked();
 }
 
 QString WebEngineTabPage::GetTitle() const
@@ -235,7 +213,7 @@ QString WebEngineTabPage::GetTitle() const
 
 bool WebEngineTabPage::IsLoading() const
 {
-    return m_loading;
+    return m_load.IsLoading();
 }
 
 void WebEngineTabPage::Find(const QString& text, bool backward)
@@ -262,10 +240,10 @@ void WebEngineTabPage::LeaveFullScreen()
 
 void WebEngineTabPage::RequestClose()
 {
-    if (m_closing.isActive())
+    if (m_closeWait.IsRunning()) {
         return;
-    m_closeTicks = 0;
-    m_closing.start();
+    }
+    m_closeWait.Begin();
     m_page->triggerAction(QWebEnginePage::RequestClose);
 }
 
@@ -277,7 +255,7 @@ QWebEnginePage* WebEngineTabPage::GetEnginePage() const noexcept
 QWebEnginePage* WebEngineTabPage::MakeWindow(QWebEnginePage::WebWindowType type)
 {
     auto made = std::make_unique<WebEngineTabPage>(m_profile, nullptr);
-    made->m_opened = true;
+    made->m_isPopUp = true;
     QWebEnginePage* const enginePage = made->GetEnginePage();
     const auto offer = std::make_shared<std::unique_ptr<ITabPage>>(std::move(made));
     Q_EMIT SigNewTabRequested(offer, type == QWebEnginePage::WebBrowserBackgroundTab
@@ -286,111 +264,95 @@ QWebEnginePage* WebEngineTabPage::MakeWindow(QWebEnginePage::WebWindowType type)
     return *offer ? nullptr : enginePage; // taken out of the offer: somebody has it now
 }
 
-void WebEngineTabPage::OnStarted()
+void WebEngineTabPage::Do(const PageLoad::Effects& effects, const QString& errorText)
 {
-    if (m_announced) {
-        m_announced = false;
-        return;
-    }
-    ++m_loadNumber;
-    if (m_loading)
-        Q_EMIT SigLoadFinished(false);
-    m_loading = true;
-    m_page->ForgetCertificateError();
-    Q_EMIT SigLoadStarted();
-}
-
-void WebEngineTabPage::OnProgress(int percent)
-{
-    Q_EMIT SigProgress(percent);
-    if (!m_failed || percent >= 100)
-        return;
-    Probe([this](const QString& errorText) {
-        if (!errorText.isNull() || !m_failed || m_pending.isValid())
-            return;
-        m_failed = false;
-        Q_EMIT SigContentArrived();
-    });
-}
-
-void WebEngineTabPage::OnFinished(bool ok)
-{
-    if (m_announced)
-        return; // the end of the load before
-    if (ok) {
-        m_failed = false;
-        Finish(true);
-        return;
-    }
-    // The engine also says "not ok" of pages that came with an error status, of stopped loads and of
-    // downloads. Only its own error page stands for a page that could not be loaded, and names the reason.
-    Probe([this](const QString& errorText) {
-        if (errorText.isNull()) {
-            if (m_failed) {
-                m_failed = false;
-                Q_EMIT SigContentArrived();
-            }
-            Finish(false);
-            return;
+    const QPointer<WebEngineTabPage> alive(this);
+    for (const PageLoad::Effect effect : effects) {
+        if (alive) {
+            Do(effect, errorText);
         }
-        static const QRegularExpression code(QStringLiteral("ERR_[A-Z0-9_]+|HTTP ERROR \\d+"));
-        PageFailure failure;
-        failure.detail = code.match(errorText).captured(0);
-        failure.url = m_page->url();
-        failure.kind = m_page->HadCertificateError(failure.url) ? PageFailure::Kind::Certificate
-                                                                : KindOf(failure.detail);
-        m_failed = true;
-        m_pending.clear(); // the page from before is gone
-        Q_EMIT SigFailed(failure);
-        Finish(false);
-    });
+    }
 }
 
-void WebEngineTabPage::Finish(bool ok)
+void WebEngineTabPage::Do(PageLoad::Effect effect, const QString& errorText)
 {
-    if (!m_loading)
-        return;
-    m_loading = false;
-    const bool left = !m_pending.isValid();
-    m_pending.clear();
-    if (!left && m_shown.isValid()) {
-        // The page from before stays: of another one only the address had been told.
-        Q_EMIT SigUrlChanged(m_shown);
+    const int number = m_load.GetNumber();
+    switch (effect) {
+    case PageLoad::Effect::GiveToEngine:
+        m_page->load(m_load.GetAsked());
+        break;
+    case PageLoad::Effect::AskReason:
+        // The engine also says "not ok" of pages that came with an error status, of stopped loads and of
+        // downloads. Only its own error page stands for a page that could not be loaded, and names the
+        // reason.
+        AskDocument(
+            [this, number](const QString& text) { Do(m_load.HandleReason(number, !text.isNull()), text); });
+        break;
+    case PageLoad::Effect::LookForContent:
+        AskDocument([this, number](const QString& text) {
+            if (text.isNull()) {
+                Do(m_load.HandleContent(number));
+            }
+        });
+        break;
+    case PageLoad::Effect::TellStarted:
+        m_page->ForgetCertificateError();
+        Q_EMIT SigLoadStarted();
+        break;
+    case PageLoad::Effect::TellFinishedOk:
+        Q_EMIT SigLoadFinished(true);
+        break;
+    case PageLoad::Effect::TellFinishedNotOk:
+        Q_EMIT SigLoadFinished(false);
+        break;
+    case PageLoad::Effect::TellFailed:
+        Q_EMIT SigFailed(ReadFailure(errorText));
+        break;
+    case PageLoad::Effect::TellContent:
+        Q_EMIT SigContentArrived();
+        break;
+    case PageLoad::Effect::TellAddress:
+        Q_EMIT SigUrlChanged(m_load.GetShown());
+        break;
+    case PageLoad::Effect::TellPageBefore:
+        Q_EMIT SigUrlChanged(m_load.GetShown());
         Q_EMIT SigTitleChanged(GetTitle());
         Q_EMIT SigIconChanged(m_page->iconUrl(), m_page->icon());
+        break;
+    case PageLoad::Effect::TellHistory:
+        Q_EMIT SigHistoryChanged();
+        break;
+    case PageLoad::Effect::TellRendererDied:
+        Q_EMIT SigRendererDied();
+        break;
     }
-    Q_EMIT SigHistoryChanged();
-    Q_EMIT SigLoadFinished(ok);
+}
+
+PageFailure WebEngineTabPage::ReadFailure(const QString& errorText) const
+{
+    static const QRegularExpression code(QStringLiteral("ERR_[A-Z0-9_]+|HTTP ERROR \\d+"));
+    PageFailure failure;
+    failure.detail = code.match(errorText).captured(0);
+    failure.url = m_page->url();
+    failure.kind =
+        m_page->HadCertificateError(failure.url) ? PageFailure::Kind::Certificate : KindOf(failure.detail);
+    return failure;
+}
+
+void WebEngineTabPage::OnAddress(const QUrl& url)
+{
+    if (RequestGate::IsWeb(url) || url.isEmpty() || url.scheme() == QLatin1String("about") ||
+        url.scheme() == QLatin1String("blob")) {
+        Do(m_load.HandleAddress(url));
+    }
 }
 
 void WebEngineTabPage::OnStays()
 {
-    // Until the page has taken note of the answer, the engine drops whatever load it is given with the one
-    // that was asked about. What the page runs now, it runs after that.
-    m_staying = true;
-    m_closing.stop();
-    const QPointer<WebEngineTabPage> alive(this);
-    const int loadNumber = m_loadNumber;
-    m_page->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
-                          [alive, loadNumber](const QVariant&) {
-                              if (!alive || !alive->m_staying)
-                                  return;
-                              alive->m_staying = false;
-                              if (!alive->m_announced)
-                                  return;
-                              if (alive->m_loadNumber == loadNumber)
-                                  alive->Withdraw(false);
-                              else
-                                  alive->m_page->load(alive->m_pending);
-                          });
-}
-
-void WebEngineTabPage::Withdraw(bool ok)
-{
-    if (!m_announced)
-        return;
-    m_announced = false;
-    Finish(ok);
+    m_closeWait.End();
+    Do(m_load.HandleStay());
+    // What the page runs now, it runs after it has taken note of the answer.
+    AskDocument([this](const QString&) { Do(m_load.HandleStayNoted()); });
 }
 
 void WebEngineTabPage::AskSeveralDownloads()
@@ -452,17 +414,16 @@ void WebEngineTabPage::OnPermission(const QUrl& origin, QWebEnginePage::Feature 
     Q_EMIT SigPermissionRequested(request);
 }
 
-void WebEngineTabPage::Probe(const std::function<void(const QString& errorText)>& done)
+void WebEngineTabPage::AskDocument(const std::function<void(const QString& errorText)>& handle)
 {
     const QPointer<WebEngineTabPage> alive(this);
-    const int loadNumber = m_loadNumber;
     m_page->runJavaScript(
         QStringLiteral("location.href.startsWith('chrome-error:')"
                        " ? 'error ' + document.documentElement.innerText.slice(0, 4000) : ''"),
-        QWebEngineScript::ApplicationWorld, [alive, loadNumber, done](const QVariant& answer) {
-            if (!alive || alive->m_loadNumber != loadNumber)
-                return;
-            const QString text = answer.toString();
-            done(text.isEmpty() ? QString() : text);
+        QWebEngineScript::ApplicationWorld, [alive, handle](const QVariant& answer) {
+            if (alive) {
+                const QString text = answer.toString();
+                handle(text.isEmpty() ? QString() : text);
+            }
         });
 }

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "pages/CloseWait.h"
 #include "pages/ITabPage.h"
+#include "pages/PageLoad.h"
 
 #include <QtCore/QPointer>
-#include <QtCore/QTimer>
 #include <QtWebEngineWidgets/QWebEnginePage>
 
 #include <functional>
@@ -42,32 +43,27 @@ public:
     QWebEnginePage* GetEnginePage() const noexcept;
 
 private:
+    void ConnectLoad();
+    void ConnectLook();
+    void ConnectRequests();
     QWebEnginePage* MakeWindow(QWebEnginePage::WebWindowType type);
-    void OnStarted();
-    void OnProgress(int percent);
-    void OnFinished(bool ok);
-    void Finish(bool ok);
+
+    /// Does what follows from an event of the load. `errorText` is that of the engine's error page.
+    void Do(const PageLoad::Effects& effects, const QString& errorText = QString());
+    void Do(PageLoad::Effect effect, const QString& errorText);
+    PageFailure ReadFailure(const QString& errorText) const;
+    void OnAddress(const QUrl& url);
     void OnStays();
-    /// Ends a load that was announced, if there is one: the engine will not start it. Should it do so all the
-    /// same, it is a load like those that pages begin by themselves.
-    void Withdraw(bool ok);
-    void AskSeveralDownloads();
     void OnPermission(const QUrl& origin, QWebEnginePage::Feature feature);
-    /// Asks the document whether it is the engine's own error page; `done` gets its text, or a null text
-    /// for any other document. Not called any more once another load has begun or the page ends.
-    void Probe(const std::function<void(const QString& errorText)>& done);
+    void AskSeveralDownloads();
+    /// Asks the document whether it is the engine's own error page; `handle` gets its text, or a null text
+    /// for any other document. Not called once this object is gone.
+    void AskDocument(const std::function<void(const QString& errorText)>& handle);
 
     QWebEngineProfile* m_profile;
     std::unique_ptr<WebEnginePage> m_page;
     QPointer<WebEngineView> m_view;
-    QUrl m_shown;
-    QUrl m_pending;   // being loaded, not shown yet
-    QTimer m_closing; // while the page has not answered whether it may be closed
-    int m_closeTicks = 0;
-    int m_loadNumber = 0;
-    bool m_opened = false; // by another page
-    bool m_loading = false;
-    bool m_announced = false; // a load was announced that the engine has not started, and may never start
-    bool m_staying = false;   // the user does not leave the page, which does not know it yet
-    bool m_failed = false;    // the last thing announced was a failure
+    PageLoad m_load;
+    CloseWait m_closeWait;
+    bool m_isPopUp = false; // another page opened it
 };

@@ -327,6 +327,36 @@ TEST_F(PlainTabPageTest, AnotherLoadTakesThePlaceOfOneThatRuns)
     EXPECT_FALSE(page->CanGoBack());
 }
 
+TEST_F(PlainTabPageTest, StoppedAsSoonAsItStartsItAsksForNothing)
+{
+    LoadPage(QStringLiteral("/1"), "one");
+    const auto stop =
+        QObject::connect(page.get(), &ITabPage::SigLoadStarted, page.get(), [this] { page->Stop(); });
+    page->Load(server.GetUrl(QStringLiteral("/2")));
+    EXPECT_FALSE(page->IsLoading());
+    EXPECT_EQ(page->GetUrl().path(), QStringLiteral("/1"));
+    QObject::disconnect(stop);
+    LoadPage(QStringLiteral("/3"), "three");
+    EXPECT_EQ(server.GetRequestCount(), 2);
+    EXPECT_EQ(Text(), QStringLiteral("three"));
+}
+
+TEST_F(PlainTabPageTest, AReceiverThatAsksForAnotherPageGetsThatOne)
+{
+    QObject::connect(page.get(), &ITabPage::SigLoadStarted, page.get(), [this] {
+        if (page->GetUrl().path() == QStringLiteral("/1")) {
+            page->Load(server.GetUrl(QStringLiteral("/2")));
+        }
+    });
+    QSignalSpy started(page.get(), &ITabPage::SigLoadStarted);
+    QSignalSpy finished(page.get(), &ITabPage::SigLoadFinished);
+    server.SetStanding(ScriptedReply::Html("two"));
+    Load(server.GetUrl(QStringLiteral("/1")));
+    EXPECT_EQ(page->GetUrl().path(), QStringLiteral("/2"));
+    EXPECT_EQ(server.GetRequestCount(), 1);
+    EXPECT_EQ(started.count(), finished.count());
+}
+
 TEST_F(PlainTabPageTest, DestroyedWhileItLoadsItLeavesNothingBehind)
 {
     server.Enqueue(ScriptedReply::Html("late").Held());
