@@ -1,7 +1,22 @@
 #include "ClientTest.h"
 #include "Programs.h"
+#include "TabState.h"
+
+#include "core/TLGlobalData.h"
+#include "settings-store/VXSettingManager.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
 
 #include <algorithm>
+
+namespace {
+
+const QString MissingId = QStringLiteral("tabs-missing");
+const QString CareId = QStringLiteral("tabs-unloaded");
+
+} // namespace
 
 /// A second module beside the list of the start: it opens a page of its own as soon as the window is there.
 class TwoModulesTest : public ClientTest
@@ -17,6 +32,51 @@ protected:
 
     /// The page of the second module and the entries of the list.
     QStringList GetAllUrls() const { return m_expected.urls + QStringList{m_notesPage}; }
+
+    /// A run that opens everything and dies.
+    void RunAndDie()
+    {
+        LogIn();
+        ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), GetAllUrls().size()));
+        ASSERT_TRUE(WaitForKept());
+        m_client->Kill();
+    }
+
+    /// Logs in and answers the question about the tabs with No; then everything opens as at any log-in.
+    void LogInAndDecline()
+    {
+        LogIn();
+        ASSERT_TRUE(AnswerQuestion(QStringLiteral("Escape")));
+        ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), GetAllUrls().size()))
+            << m_client->GetTrace().toStdString();
+    }
+
+    /// Takes the last tab out of the record of the module that keeps tabs, while no client runs.
+    void LoseATab()
+    {
+        const QString section = QStringLiteral("USER_SETTING_RECOVER_SECTION");
+        const QString field = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
+        TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QString());
+        VXSettingManager* const store = VXSettingManager::Instance();
+        ASSERT_TRUE(store->Open(QDir(GetProfile()).filePath(QStringLiteral("settings.sqlite"))));
+        QJsonObject record = QJsonDocument::fromJson(store->GetUserValue(section, field).toUtf8()).object();
+        QJsonArray items = record.value(QStringLiteral("tabRecoverItems")).toArray();
+        ASSERT_EQ(items.size(), GetAllUrls().size());
+        items.removeLast();
+        record.insert(QStringLiteral("tabRecoverItems"), items);
+        ASSERT_TRUE(
+            store->SetUserValueSync(section, field, QString::fromUtf8(QJsonDocument(record).toJson())));
+        store->Close();
+        TLGlobalData::Instance()->ClearUser();
+    }
+
+    int CountDelayed() const
+    {
+        const QVector<QJsonObject> opened = m_client->GetEvents(QStringLiteral("tab.opened"));
+        return static_cast<int>(std::count_if(opened.cbegin(), opened.cend(), [](const QJsonObject& event) {
+            return event.value(QStringLiteral("delayed")).toBool();
+        }));
+    }
 
     /// The addresses of all openings of this run, in order.
     QStringList GetOpenedUrls() const
@@ -64,4 +124,41 @@ TEST_F(TwoModulesTest, PageOfTheOneAndListOfTheOtherOpenOnceEach)
     EXPECT_EQ(opened, m_expected.urls) << opened.join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(m_client->GetEvents(QStringLiteral("module.loaded")).size(), 2);
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty());
+}
+
+TEST_F(TwoModulesTest, AfterANoNoBarSaysThatTabsAreMissing)
+{
+    RunAndDie();
+    LogInAndDecline();
+    ASSERT_TRUE(WaitForKept());
+    EXPECT_FALSE(HasNotice(MissingId)) << "the page of the other module was taken for one that came back";
+    EXPECT_EQ(CountDelayed(), 0);
+    ASSERT_TRUE(m_client->Quit());
+}
+
+TEST_F(TwoModulesTest, TwoEarlyDeathsWithANoEachDoNotHoldTheNextStartBack)
+{
+    RunAndDie();
+    for (int death = 0; death < 2; ++death) {
+        LogInAndDecline();
+        ASSERT_TRUE(WaitForKept());
+        m_client->Kill();
+    }
+    LogInAndDecline();
+    ASSERT_TRUE(WaitForKept());
+    EXPECT_FALSE(HasNotice(CareId)) << "no tab was reopened in any of these runs";
+    EXPECT_EQ(CountDelayed(), 0);
+    ASSERT_TRUE(m_client->Quit());
+}
+
+TEST_F(TwoModulesTest, PageOfTheOtherModuleDoesNotHideATabThatIsLost)
+{
+    RunAndDie();
+    LoseATab();
+    LogIn();
+    ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
+    EXPECT_TRUE(WaitForNotice(
+        QStringLiteral("%1 of the %2 tabs").arg(GetAllUrls().size() - 1).arg(GetAllUrls().size())))
+        << m_client->GetTrace().toStdString();
+    ASSERT_TRUE(m_client->Quit());
 }
