@@ -110,7 +110,7 @@ protected:
         m_asked.clear();
     }
 
-    const QString m_leave = QStringLiteral("Changes that you made there may not be saved.");
+    const QString m_leave = QStringLiteral("Changes you made there may not be saved.");
     std::unique_ptr<ITabPage> m_page;
     int m_started = 0;
     int m_finished = 0;
