@@ -279,7 +279,9 @@ void WebEngineTabPage::Do(PageLoad::Effect effect, const QString& errorText)
     const int number = m_load.GetNumber();
     switch (effect) {
     case PageLoad::Effect::GiveToEngine:
-        m_page->load(m_load.GetAsked());
+        if (m_load.GetStage() == PageLoad::Stage::Asked) { // nobody who was told of it has stopped it
+            m_page->load(m_load.GetAsked());
+        }
         break;
     case PageLoad::Effect::AskReason:
         // The engine also says "not ok" of pages that came with an error status, of stopped loads and of
