@@ -576,7 +576,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>要离开“%1”的页面吗？</translation>
     </message>
     <message>
-        <source>Changes that you made there may not be saved.</source>
+        <source>Changes you made there may not be saved.</source>
         <translation>您在其中所做的更改可能不会保存。</translation>
     </message>
     <message>
@@ -588,11 +588,11 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>留下</translation>
     </message>
     <message>
-        <source>Log-in at a site</source>
+        <source>Log in to a site</source>
         <translation>登录网站</translation>
     </message>
     <message>
-        <source>“%1” asks for a user name and a password.</source>
+        <source>“%1” asks for a user name and password.</source>
         <translation>“%1”要求输入用户名和密码。</translation>
     </message>
     <message>
@@ -628,7 +628,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>回答</translation>
     </message>
     <message>
-        <source>Let this page show no more messages</source>
+        <source>Stop this page from showing messages</source>
         <translation>不再显示此页面的消息</translation>
     </message>
     <message>
@@ -655,7 +655,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>页面文本</translation>
     </message>
     <message>
-        <source>The page is longer. Only the first %1 are shown.</source>
+        <source>The page is longer than this. Only the first %1 are shown.</source>
         <translation>页面内容更长，仅显示前 %1。</translation>
     </message>
     <message>
@@ -663,11 +663,11 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>未知类型</translation>
     </message>
     <message>
-        <source>What the site sent is no text (%1), and is not shown here.</source>
+        <source>The site sent something other than text (%1), which is not shown here.</source>
         <translation>网站发送的内容不是文本（%1），此处不予显示。</translation>
     </message>
     <message>
-        <source>What the site sent is no text (%1, %2), and is not shown here.</source>
+        <source>The site sent something other than text (%1, %2), which is not shown here.</source>
         <translation>网站发送的内容不是文本（%1，%2），此处不予显示。</translation>
     </message>
 </context>
@@ -770,7 +770,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>磁盘已满。</translation>
     </message>
     <message>
-        <source>nothing may be written to this folder.</source>
+        <source>this folder cannot be written to.</source>
         <translation>无法写入该文件夹。</translation>
     </message>
     <message>
@@ -806,7 +806,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>连接已中断。</translation>
     </message>
     <message>
-        <source>it broke off for a reason that is not known.</source>
+        <source>it broke off for an unknown reason.</source>
         <translation>下载中断，原因未知。</translation>
     </message>
 </context>

@@ -13,84 +13,50 @@
 namespace {
 
 constexpr int Width = 440;     // [px]
-constexpr int LongText = 2000; // what a page may say [characters]
+constexpr int MostText = 2000; // that a page may say [characters]
 
 } // namespace
 
 PageDialog::PageDialog(Kind kind, const QUrl& origin, const QString& text, const QString& proposal,
                        bool offerSilence, QWidget* parent)
-    : QDialog(parent)
+    : QDialog(parent), m_column(new QVBoxLayout(this))
 {
     setObjectName(QStringLiteral("page_dialog"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    const bool logIn = kind == Kind::LogIn;
     const QString host = origin.host().isEmpty() ? tr("This page") : AddressInput::ToDisplayHost(origin);
-    const bool leave = kind == Kind::Leave;
-    setWindowTitle(logIn   ? tr("Log-in at a site")
-                   : leave ? tr("Leave the page?")
-                           : tr("Message from a page"));
-
-    auto* head = new QLabel((logIn   ? tr("“%1” asks for a user name and a password.")
-                             : leave ? tr("Leave the page at “%1”?")
-                                     : tr("The page at “%1” says:"))
-                                .arg(host));
-    head->setObjectName(QStringLiteral("page_dialog_head"));
-    auto* body =
-        new QLabel(leave ? tr("Changes that you made there may not be saved.") : text.left(LongText));
-    body->setObjectName(QStringLiteral("page_dialog_text"));
-    for (QLabel* label : {head, body}) {
-        label->setTextFormat(Qt::PlainText);
-        label->setWordWrap(true);
-    }
-    body->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QFont font = head->font();
-    font.setWeight(QFont::DemiBold);
-    head->setFont(font);
-
-    auto* column = new QVBoxLayout(this);
-    column->addWidget(head);
-    column->addWidget(body);
-    body->setVisible(!body->text().isEmpty());
-    if (kind == Kind::Prompt || logIn) {
-        m_input = new QLineEdit(proposal);
-        m_input->setAccessibleName(logIn ? tr("User name") : tr("Answer"));
-        m_input->selectAll();
-        column->addWidget(m_input);
-    }
-    if (logIn) {
-        m_password = new QLineEdit;
-        m_password->setEchoMode(QLineEdit::Password);
-        m_password->setAccessibleName(tr("Password"));
-        for (QLineEdit* field : {m_input, m_password})
-            field->setPlaceholderText(field->accessibleName());
-        column->addWidget(m_password);
-        if (origin.scheme() != QLatin1String("https")) {
-            auto* warning = new QLabel(tr("The connection is not encrypted: others may read what you type."));
-            warning->setObjectName(QStringLiteral("page_dialog_warning"));
-            warning->setWordWrap(true);
-            column->addWidget(warning);
+    switch (kind) {
+    case Kind::LogIn:
+        setWindowTitle(tr("Log in to a site"));
+        AddTexts(tr("“%1” asks for a user name and password.").arg(host), text);
+        AddInput(tr("User name"), proposal);
+        AddPassword(origin.scheme() == QLatin1String("https"));
+        AddButtons(tr("Log in"), tr("Cancel"));
+        break;
+    case Kind::Leave:
+        setWindowTitle(tr("Leave the page?"));
+        AddTexts(tr("Leave the page at “%1”?").arg(host), tr("Changes you made there may not be saved."));
+        AddSilence(offerSilence);
+        AddButtons(tr("Leave"), tr("Stay"));
+        break;
+    case Kind::Alert:
+    case Kind::Confirm:
+    case Kind::Prompt:
+        setWindowTitle(tr("Message from a page"));
+        AddTexts(tr("The page at “%1” says:").arg(host), text);
+        if (kind == Kind::Prompt) {
+            AddInput(tr("Answer"), proposal);
         }
+        AddSilence(offerSilence);
+        AddButtons(tr("OK"), kind == Kind::Alert ? QString() : tr("Cancel"));
+        break;
     }
-    if (offerSilence) {
-        m_silence = new QCheckBox(tr("Let this page show no more messages"));
-        column->addWidget(m_silence);
-    }
-    m_buttons = new QDialogButtonBox(kind == Kind::Alert ? QDialogButtonBox::Ok
-                                                         : QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    m_buttons->button(QDialogButtonBox::Ok)->setText(logIn ? tr("Log in") : leave ? tr("Leave") : tr("OK"));
-    m_buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
-    if (QPushButton* cancel = m_buttons->button(QDialogButtonBox::Cancel))
-        cancel->setText(leave ? tr("Stay") : tr("Cancel"));
-    column->addWidget(m_buttons);
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     PageDialog::AdjustForDpi();
 }
 
 void PageDialog::AdjustForDpi()
 {
-    layout()->setContentsMargins(Scaled(QMargins(24, 24, 24, 16)));
-    layout()->setSpacing(Scaled(12));
+    m_column->setContentsMargins(Scaled(QMargins(24, 24, 24, 16)));
+    m_column->setSpacing(Scaled(12));
     m_buttons->setContentsMargins(0, Scaled(4), 0, 0);
     m_buttons->layout()->setSpacing(Scaled(8));
     setMinimumWidth(Scaled(Width));
@@ -111,4 +77,71 @@ QString PageDialog::GetPassword() const
 bool PageDialog::IsSilenceWanted() const
 {
     return m_silence && m_silence->isChecked();
+}
+
+void PageDialog::AddTexts(const QString& head, const QString& text)
+{
+    auto* const headLabel = new QLabel(head);
+    headLabel->setObjectName(QStringLiteral("page_dialog_head"));
+    QFont font = headLabel->font();
+    font.setWeight(QFont::DemiBold);
+    headLabel->setFont(font);
+
+    auto* const textLabel = new QLabel(text.left(MostText));
+    textLabel->setObjectName(QStringLiteral("page_dialog_text"));
+    textLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    for (QLabel* const label : {headLabel, textLabel}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        m_column->addWidget(label);
+    }
+    textLabel->setVisible(!text.isEmpty());
+}
+
+void PageDialog::AddInput(const QString& name, const QString& proposal)
+{
+    m_input = new QLineEdit(proposal);
+    m_input->setAccessibleName(name);
+    m_input->selectAll();
+    m_column->addWidget(m_input);
+}
+
+void PageDialog::AddPassword(bool isEncrypted)
+{
+    m_password = new QLineEdit;
+    m_password->setEchoMode(QLineEdit::Password);
+    m_password->setAccessibleName(tr("Password"));
+    for (QLineEdit* const field : {m_input, m_password}) {
+        field->setPlaceholderText(field->accessibleName());
+    }
+    m_column->addWidget(m_password);
+    if (isEncrypted) {
+        return;
+    }
+    auto* const warning = new QLabel(tr("The connection is not encrypted: others may read what you type."));
+    warning->setObjectName(QStringLiteral("page_dialog_warning"));
+    warning->setWordWrap(true);
+    m_column->addWidget(warning);
+}
+
+void PageDialog::AddSilence(bool isOffered)
+{
+    if (isOffered) {
+        m_silence = new QCheckBox(tr("Stop this page from showing messages"));
+        m_column->addWidget(m_silence);
+    }
+}
+
+void PageDialog::AddButtons(const QString& accept, const QString& reject)
+{
+    m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    m_buttons->button(QDialogButtonBox::Ok)->setText(accept);
+    m_buttons->button(QDialogButtonBox::Ok)->setProperty("primary", true);
+    if (!reject.isEmpty()) {
+        m_buttons->addButton(QDialogButtonBox::Cancel)->setText(reject);
+    }
+    m_column->addWidget(m_buttons);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }

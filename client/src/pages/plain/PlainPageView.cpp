@@ -125,13 +125,14 @@ void PlainPageView::Retranslate()
     m_text->setAccessibleName(tr("Text of the page"));
     QString note;
     if (m_noteKind == Note::Cut) {
-        note = tr("The page is longer. Only the first %1 are shown.")
+        note = tr("The page is longer than this. Only the first %1 are shown.")
                    .arg(locale.formattedDataSize(PlainPageContent::Limit));
     } else if (m_noteKind == Note::NotText) {
         const QString type = m_type.isEmpty() ? tr("of an unknown kind") : m_type;
-        note = m_size < 0 ? tr("What the site sent is no text (%1), and is not shown here.").arg(type)
-                          : tr("What the site sent is no text (%1, %2), and is not shown here.")
-                                .arg(type, locale.formattedDataSize(m_size));
+        note = m_size < 0
+                   ? tr("The site sent something other than text (%1), which is not shown here.").arg(type)
+                   : tr("The site sent something other than text (%1, %2), which is not shown here.")
+                         .arg(type, locale.formattedDataSize(m_size));
     }
     m_note->setText(note);
     m_note->setVisible(!note.isEmpty());

@@ -3,9 +3,15 @@
 #include <QtCore/QFileInfo>
 #include <QtWebEngineWidgets/QWebEngineDownloadItem>
 
+namespace {
+
+constexpr int ShorterThanAnnounced = 38; // the engine knows it, its enumeration does not
+
+} // namespace
+
 WebEngineDownload::WebEngineDownload(QWebEngineDownloadItem* item, QObject* parent) : IDownload(parent)
 {
-    Take(item);
+    Follow(item);
 }
 
 WebEngineDownload::~WebEngineDownload()
@@ -50,18 +56,18 @@ void WebEngineDownload::GoOn(QWebEngineDownloadItem* item)
 {
     if (m_item)
         m_item->disconnect(this);
-    Take(item);
+    Follow(item);
     Start();
 }
 
-void WebEngineDownload::Take(QWebEngineDownloadItem* item)
+void WebEngineDownload::Follow(QWebEngineDownloadItem* item)
 {
     m_item = item;
     m_items << item;
     connect(item, &QWebEngineDownloadItem::downloadProgress, this, &IDownload::SigProgress);
     connect(item, &QWebEngineDownloadItem::finished, this,
             [this] { End(m_item->state() == QWebEngineDownloadItem::DownloadCompleted, QString()); });
-    // One that broke off is not finished to the engine: it could be resumed.
+    // The engine does not call one finished that broke off: it could be resumed.
     connect(item, &QWebEngineDownloadItem::stateChanged, this,
             [this](QWebEngineDownloadItem::DownloadState state) {
                 if (state == QWebEngineDownloadItem::DownloadInterrupted)
@@ -73,7 +79,7 @@ void WebEngineDownload::End(bool ok, const QString& error)
 {
     m_item->disconnect(this);
     if (!error.isEmpty())
-        m_item->cancel(); // and with it what there is of the file
+        m_item->cancel(); // and remove what there is of the file
     Q_EMIT SigFinished(ok, error);
     deleteLater();
 }
@@ -88,13 +94,12 @@ void WebEngineDownload::Start()
 
 QString WebEngineDownload::GetReason() const
 {
-    constexpr int shorterThanAnnounced = 38; // the engine has it, its enumeration has not
     switch (static_cast<int>(m_item->interruptReason())) {
     case QWebEngineDownloadItem::FileNoSpace:
         return tr("the disk is full.");
     case QWebEngineDownloadItem::FileAccessDenied:
     case QWebEngineDownloadItem::FileBlocked:
-        return tr("nothing may be written to this folder.");
+        return tr("this folder cannot be written to.");
     case QWebEngineDownloadItem::FileNameTooLong:
         return tr("the name is too long.");
     case QWebEngineDownloadItem::FileTooLarge:
@@ -120,9 +125,9 @@ QString WebEngineDownload::GetReason() const
     case QWebEngineDownloadItem::NetworkDisconnected:
     case QWebEngineDownloadItem::NetworkServerDown:
     case QWebEngineDownloadItem::ServerUnreachable:
-    case shorterThanAnnounced:
+    case ShorterThanAnnounced:
         return tr("the connection broke off.");
     default:
-        return tr("it broke off for a reason that is not known.");
+        return tr("it broke off for an unknown reason.");
     }
 }

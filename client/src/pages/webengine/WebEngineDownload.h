@@ -23,18 +23,18 @@ public:
     void Cancel() override;
 
     bool IsAccepted() const noexcept;
-    /// After a connection that broke off the engine asks the server again, as an item of the same number. It
-    /// goes on where the user wanted the first.
+    /// After a connection broke off, the engine asks the server again, as an item of the same number. That
+    /// one is saved where the user wanted the first.
     void GoOn(QWebEngineDownloadItem* item);
 
 private:
-    void Take(QWebEngineDownloadItem* item);
+    void Follow(QWebEngineDownloadItem* item);
     void Start();
     void End(bool ok, const QString& error);
     QString GetReason() const;
 
     QPointer<QWebEngineDownloadItem> m_item;
-    // All until the end: the engine forgets a number with the first item of it that is deleted.
+    // All of them until the end: the engine forgets a number when it deletes the first item of that number.
     QVector<QPointer<QWebEngineDownloadItem>> m_items;
     QString m_path;
 };

@@ -1,7 +1,5 @@
 #include "WebEngineDownloadTurn.h"
 
-#include <utility>
-
 namespace {
 
 constexpr int MostAside = 20; // files
@@ -13,61 +11,68 @@ WebEngineDownloadTurn::WebEngineDownloadTurn(const Fetch& fetch, const Ask& ask)
 
 bool WebEngineDownloadTurn::Begin(const QUrl& url, const QString& name)
 {
-    if (!m_open && !m_declined) {
-        m_open = true;
+    if (!m_isOpen && !m_isDeclined) {
+        m_isOpen = true;
         return true;
     }
-    if (m_refused)
+    if (m_several == Several::Refused) {
         return false;
+    }
     const auto file = qMakePair(url, name);
-    if (m_aside.size() < MostAside && !m_aside.contains(file))
+    if (m_aside.size() < MostAside && !m_aside.contains(file)) {
         m_aside << file;
-    if (!m_allowed && !std::exchange(m_asked, true))
+    }
+    if (m_several == Several::NotAsked) {
+        m_several = Several::Asked;
         m_ask();
+    }
     return false;
 }
 
 void WebEngineDownloadTurn::End(bool accepted)
 {
-    m_open = false;
+    m_isOpen = false;
     if (!accepted) {
-        m_declined = true;
-        if (m_allowed)
+        m_isDeclined = true;
+        if (m_several == Several::Allowed) {
             m_aside.clear();
-        m_allowed = false;
+            m_several = Several::NotAsked;
+        }
     }
     GoOn();
 }
 
 void WebEngineDownloadTurn::Answer(bool allow)
 {
-    m_asked = false;
-    m_allowed = allow;
-    m_refused = !allow;
-    m_declined = m_declined && !allow;
-    if (!allow)
+    m_several = allow ? Several::Allowed : Several::Refused;
+    if (allow) {
+        m_isDeclined = false;
+    } else {
         m_aside.clear();
+    }
     GoOn();
 }
 
 void WebEngineDownloadTurn::NoteInput()
 {
-    m_declined = false;
-    m_refused = false;
+    m_isDeclined = false;
+    if (m_several == Several::Refused) {
+        m_several = Several::NotAsked;
+    }
 }
 
 void WebEngineDownloadTurn::Reset()
 {
-    NoteInput();
-    m_asked = false;
-    m_allowed = false;
+    m_isDeclined = false;
+    m_several = Several::NotAsked;
     m_aside.clear();
 }
 
 void WebEngineDownloadTurn::GoOn()
 {
-    if (!m_allowed || m_open || m_aside.isEmpty())
+    if (m_several != Several::Allowed || m_isOpen || m_aside.isEmpty()) {
         return;
+    }
     const auto file = m_aside.takeFirst();
     m_fetch(file.first, file.second);
 }

@@ -7,9 +7,9 @@
 
 #include <functional>
 
-/// Whose turn it is among the files that one page wants to save: the user is asked about one at a time, and
-/// about none after a No until they do something in the page. The others are put aside until the user allows
-/// several. GUI thread.
+/// Decides which of the files that one page wants to save comes next. The user is asked about one at a time,
+/// and after a No about none until they do something in the page. The others are put aside until the user
+/// allows several. GUI thread.
 class WebEngineDownloadTurn final
 {
 public:
@@ -31,14 +31,21 @@ public:
     void Reset();
 
 private:
+    /// Whether the page may save several files.
+    enum class Several
+    {
+        NotAsked,
+        Asked,
+        Allowed,
+        Refused // and the user has done nothing since
+    };
+
     void GoOn();
 
     Fetch m_fetch;
     Ask m_ask;
     QVector<QPair<QUrl, QString>> m_aside;
-    bool m_open = false;     // the user is being asked about a file
-    bool m_declined = false; // one, and nothing done since
-    bool m_refused = false;  // several, and nothing done since
-    bool m_asked = false;    // whether several may be saved
-    bool m_allowed = false;
+    Several m_several = Several::NotAsked;
+    bool m_isOpen = false;     // the user is being asked about a file
+    bool m_isDeclined = false; // one file was, and the user has done nothing since
 };

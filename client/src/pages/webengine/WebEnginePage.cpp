@@ -35,7 +35,7 @@ WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePag
     connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
         // A page changes its own address as often as it likes.
         if (!IsSameSite(url, m_shown))
-            BeginAnew();
+            ForgetChoices();
         m_shown = url;
     });
     connect(this, &QWebEnginePage::authenticationRequired, this,
@@ -67,7 +67,7 @@ void WebEnginePage::NoteInput()
     m_downloadTurn.NoteInput();
 }
 
-void WebEnginePage::BeginAnew()
+void WebEnginePage::ForgetChoices()
 {
     m_dialogs = 0;
     m_silent = false;
@@ -78,7 +78,7 @@ void WebEnginePage::triggerAction(WebAction action, bool checked)
 {
     NoteInput();
     if (action == Reload || action == ReloadAndBypassCache)
-        BeginAnew();
+        ForgetChoices();
     QWebEnginePage::triggerAction(action, checked);
 }
 
@@ -153,7 +153,7 @@ bool WebEnginePage::javaScriptPrompt(const QUrl& origin, const QString& text, co
 void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
                                              int line, const QString& source)
 {
-    // What pages tell their own developers is not for the client's log.
+    // Pages say this to their own developers, not to the client's log.
     Q_UNUSED(level)
     Q_UNUSED(message)
     Q_UNUSED(line)
@@ -172,11 +172,11 @@ void WebEnginePage::AskLogIn(const QUrl& origin, const QString& name, QAuthentic
 }
 
 bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text,
-                        const QString& proposal, const std::function<void(const PageDialog&)>& take)
+                        const QString& proposal, const std::function<void(const PageDialog&)>& read)
 {
     if (m_ended)
         return false;
-    // Nobody who does nothing leaves: the question that follows nothing is the page's own, or comes of it.
+    // A user who does nothing leaves nothing: such a question is the page's own, or its doing.
     const bool leave = kind == PageDialog::Kind::Leave;
     const bool wanted = kind == PageDialog::Kind::LogIn || (leave && m_touched);
     if (m_silent && !wanted)
@@ -196,8 +196,8 @@ bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString
     if (!wanted)
         ++m_dialogs;
     m_silent = m_silent || dialog->IsSilenceWanted();
-    if (accepted && take)
-        take(*dialog);
+    if (accepted && read)
+        read(*dialog);
     delete dialog;
     return accepted;
 }

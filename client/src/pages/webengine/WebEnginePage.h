@@ -31,12 +31,12 @@ public:
 
     /// The user does something with the page: types or clicks into it, or sends it elsewhere.
     void NoteInput();
-    /// The user loads an address or reloads: what was chosen for the page shown until now no longer holds.
-    void BeginAnew();
+    /// The user loads an address or reloads: what they chose for the page shown until now no longer holds.
+    void ForgetChoices();
     void triggerAction(WebAction action, bool checked = false) override;
     WebEngineDownloadTurn& GetDownloadTurn() noexcept;
 
-    /// Whether the load of this address ended for want of a valid certificate.
+    /// Whether the load of this address ended because it has no valid certificate.
     bool HadCertificateError(const QUrl& url) const;
     void ForgetCertificateError();
 
@@ -46,8 +46,8 @@ Q_SIGNALS:
     void SigStays();
     void SigExternalRequested(const QUrl& url);
     void SigBlocked(const QUrl& url);
-    /// A load turned into a download, about which the user was asked, or is not to be asked.
-    void SigDownloadTaken();
+    /// A load turned into a download. The user has been asked about it, or will not be.
+    void SigBecameDownload();
     /// The page wants to save more files than the user may be asked about. Answered to `GetDownloadTurn`.
     void SigSeveralDownloads();
 
@@ -63,9 +63,9 @@ protected:
                                   const QString& source) override;
 
 private:
-    /// What the user answered is in `take`, called before the dialog goes.
+    /// `read` is called when the user accepts, before the dialog goes.
     bool Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text, const QString& proposal,
-             const std::function<void(const PageDialog& dialog)>& take = {});
+             const std::function<void(const PageDialog& dialog)>& read = {});
     void AskLogIn(const QUrl& origin, const QString& name, QAuthenticator* login);
 
     MakePage m_makePage;
@@ -73,9 +73,9 @@ private:
     QUrl m_certificateError;
     QUrl m_shown;
     int m_dialogs = 0;      // shown since the last load
-    bool m_silent = false;  // of alert, confirm and prompt
+    bool m_silent = false;  // shows no alert, confirm or prompt
     bool m_touched = false; // by the user, since a question about leaving was last shown
     // The innermost last; the engine waits for all of them.
     QVector<QPointer<PageDialog>> m_open;
-    bool m_ended = false; // to go when the last has been answered
+    bool m_ended = false; // deletes itself when the last of them has been answered
 };

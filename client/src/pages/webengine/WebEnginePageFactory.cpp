@@ -15,10 +15,10 @@
 
 namespace {
 
-const QString storageFolder = QStringLiteral("storage");
-const QString cacheFolder = QStringLiteral("cache");
+const QString StorageFolder = QStringLiteral("storage");
+const QString CacheFolder = QStringLiteral("cache");
 /// A file that asks for both to be emptied before they are used.
-const QString clearMark = QStringLiteral("clear-at-start");
+const QString ClearMark = QStringLiteral("clear-at-start");
 
 void Restrict(QWebEngineSettings* settings)
 {
@@ -51,24 +51,24 @@ WebEnginePageFactory::WebEnginePageFactory(const QString& folder, const QString&
     : IPageFactory(parent), m_folder(folder)
 {
     const QDir dir(folder);
-    if (dir.exists(clearMark)) {
-        QDir(dir.filePath(storageFolder)).removeRecursively();
-        QDir(dir.filePath(cacheFolder)).removeRecursively();
-        QFile::remove(dir.filePath(clearMark));
+    if (dir.exists(ClearMark)) {
+        QDir(dir.filePath(StorageFolder)).removeRecursively();
+        QDir(dir.filePath(CacheFolder)).removeRecursively();
+        QFile::remove(dir.filePath(ClearMark));
     }
-    dir.mkpath(storageFolder);
-    dir.mkpath(cacheFolder);
-    // A profile with a name is one that keeps; where, its paths say.
+    dir.mkpath(StorageFolder);
+    dir.mkpath(CacheFolder);
+    // Only a profile with a name keeps anything; its paths say where.
     m_profile = std::make_unique<QWebEngineProfile>(QStringLiteral("tl-client"));
-    m_profile->setPersistentStoragePath(dir.filePath(storageFolder));
-    m_profile->setCachePath(dir.filePath(cacheFolder));
+    m_profile->setPersistentStoragePath(dir.filePath(StorageFolder));
+    m_profile->setCachePath(dir.filePath(CacheFolder));
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
     m_profile->setUrlRequestInterceptor(new RequestGate(m_profile.get()));
     Restrict(m_profile->settings());
     SetLanguage(language);
 
     connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this,
-            &WebEnginePageFactory::TakeDownload);
+            &WebEnginePageFactory::HandleDownload);
     m_profile->setNotificationPresenter([this](std::unique_ptr<QWebEngineNotification> notification) {
         notification->show();
         Q_EMIT SigNotification(notification->origin(), notification->title(), notification->message());
@@ -77,7 +77,7 @@ WebEnginePageFactory::WebEnginePageFactory(const QString& folder, const QString&
 
 WebEnginePageFactory::~WebEnginePageFactory()
 {
-    // While the profile still knows them: those that have just ended wait for the event loop to be deleted.
+    // While the profile still knows them: those that have just ended wait for the event loop to delete them.
     qDeleteAll(findChildren<WebEngineDownload*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -92,11 +92,11 @@ bool WebEnginePageFactory::ClearData()
     m_profile->clearAllVisitedLinks();
     // The rest is in use for as long as the profile lives. The cache could go now, but the engine clears it
     // in the background with pointers into the profile, and has crashed when the user quit meanwhile.
-    QFile mark(QDir(m_folder).filePath(clearMark));
+    QFile mark(QDir(m_folder).filePath(ClearMark));
     return mark.open(QIODevice::WriteOnly);
 }
 
-void WebEnginePageFactory::TakeDownload(QWebEngineDownloadItem* item)
+void WebEnginePageFactory::HandleDownload(QWebEngineDownloadItem* item)
 {
     QPointer<WebEngineDownload>& known = m_downloads[item->id()];
     if (known) {
@@ -119,7 +119,7 @@ void WebEnginePageFactory::TakeDownload(QWebEngineDownloadItem* item)
     if (page && mayAsk)
         page->GetDownloadTurn().End(accepted);
     if (page)
-        Q_EMIT page->SigDownloadTaken();
+        Q_EMIT page->SigBecameDownload();
 }
 
 void WebEnginePageFactory::SetLanguage(const QString& language)

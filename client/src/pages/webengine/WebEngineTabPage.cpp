@@ -51,7 +51,7 @@ PageFailure::Kind KindOf(const QString& code)
     return PageFailure::Kind::Unknown;
 }
 
-/// Until a page says its title, the engine gives its address as one.
+/// Until a page has a title, the engine gives its address as one.
 bool IsAddressAsTitle(const QString& title, const QUrl& url)
 {
     const QUrl asUrl = QUrl::fromUserInput(title);
@@ -78,7 +78,7 @@ WebEngineTabPage::WebEngineTabPage(QWebEngineProfile* profile, QWidget* parent)
 WebEngineTabPage::~WebEngineTabPage()
 {
     m_page->disconnect(this);
-    // The engine answers what is still asked while the page ends: nobody is left to tell.
+    // While it ends, the page still answers what it was asked: nobody is left to tell.
     m_load.End();
     delete m_view;
     WebEnginePage::End(std::move(m_page));
@@ -139,7 +139,7 @@ void WebEngineTabPage::ConnectRequests()
     connect(page, &WebEnginePage::SigSeveralDownloads, this, &WebEngineTabPage::AskSeveralDownloads);
     // Later, as the engine is still with the page.
     connect(
-        page, &WebEnginePage::SigDownloadTaken, this,
+        page, &WebEnginePage::SigBecameDownload, this,
         [this] {
             if (m_isPopUp && m_page->history()->count() == 0) {
                 Q_EMIT SigCloseRequested(); // opened for the download alone
@@ -160,7 +160,7 @@ void WebEngineTabPage::Load(const QUrl& url)
         Q_EMIT SigBlocked(url);
         return;
     }
-    m_page->BeginAnew();
+    m_page->ForgetChoices();
     m_page->NoteInput();
     // The engine says that it has started only after a while; to the tab the load starts now.
     Do(m_load.Ask(url));
@@ -261,7 +261,7 @@ QWebEnginePage* WebEngineTabPage::MakeWindow(QWebEnginePage::WebWindowType type)
     Q_EMIT SigNewTabRequested(offer, type == QWebEnginePage::WebBrowserBackgroundTab
                                          ? NewTabKind::Background
                                          : NewTabKind::Foreground);
-    return *offer ? nullptr : enginePage; // taken out of the offer: somebody has it now
+    return *offer ? nullptr : enginePage; // an empty offer: somebody has taken the page
 }
 
 void WebEngineTabPage::Do(const PageLoad::Effects& effects, const QString& errorText)
@@ -279,11 +279,13 @@ void WebEngineTabPage::Do(PageLoad::Effect effect, const QString& errorText)
     const int number = m_load.GetNumber();
     switch (effect) {
     case PageLoad::Effect::GiveToEngine:
-        m_page->load(m_load.GetAsked());
+        if (m_load.GetStage() == PageLoad::Stage::Asked) { // nobody who was told of it has stopped it
+            m_page->load(m_load.GetAsked());
+        }
         break;
     case PageLoad::Effect::AskReason:
         // The engine also says "not ok" of pages that came with an error status, of stopped loads and of
-        // downloads. Only its own error page stands for a page that could not be loaded, and names the
+        // downloads. Only its own error page means a page that could not be loaded, and names the
         // reason.
         AskDocument(
             [this, number](const QString& text) { Do(m_load.HandleReason(number, !text.isNull()), text); });
@@ -407,8 +409,8 @@ void WebEngineTabPage::OnPermission(const QUrl& origin, QWebEnginePage::Feature 
                                        allow ? QWebEnginePage::PermissionGrantedByUser
                                              : QWebEnginePage::PermissionDeniedByUser);
     };
-    // The engine remembers a refusal of these, which nobody spoke. The others wait in a line, and who does
-    // not get an answer holds up those behind.
+    // Of these the engine would remember a refusal, and the user refused nothing. The others wait in a line,
+    // where one that gets no answer holds up those behind it.
     if (feature != QWebEnginePage::Notifications && feature != QWebEnginePage::Geolocation)
         request.withdraw = [answer = request.answer] { answer(false); };
     Q_EMIT SigPermissionRequested(request);

@@ -59,7 +59,7 @@ TEST_F(WebEngineLogInTest, NameAndPasswordOpenThePage)
     EXPECT_TRUE(OpenAndWait(m_server.GetUrl(QStringLiteral("/orders"))));
     EXPECT_TRUE(WaitForTitle(1, QStringLiteral("Your orders")));
     EXPECT_EQ(m_asked, 1);
-    EXPECT_TRUE(m_texts.contains(QStringLiteral("“127.0.0.1” asks for a user name and a password.")));
+    EXPECT_TRUE(m_texts.contains(QStringLiteral("“127.0.0.1” asks for a user name and password.")));
     EXPECT_TRUE(m_texts.contains(QStringLiteral("Orders")));
     EXPECT_TRUE(m_texts.join(QLatin1Char(' ')).contains(QStringLiteral("not encrypted")));
 }

@@ -65,6 +65,11 @@ protected:
         m_page->Load(url);
         return WaitUntil([&] { return IsAtRest() && GetEngine()->url() == url; });
     }
+    /// Waits until the page is at rest and has told an address with this end.
+    bool ArrivesAt(const QString& end)
+    {
+        return WaitUntil([&] { return IsAtRest() && m_told.toString().endsWith(end); });
+    }
     void ClickHere(const QPoint& place)
     {
         QTest::mouseClick(m_page->GetWidget()->focusProxy(), Qt::LeftButton, {}, place);
@@ -110,7 +115,7 @@ protected:
         m_asked.clear();
     }
 
-    const QString m_leave = QStringLiteral("Changes that you made there may not be saved.");
+    const QString m_leave = QStringLiteral("Changes you made there may not be saved.");
     std::unique_ptr<ITabPage> m_page;
     int m_started = 0;
     int m_finished = 0;
@@ -130,27 +135,39 @@ protected:
 TEST_F(WebEngineNavigationTest, AnotherPlaceInTheSamePageIsThereAtOnce)
 {
     ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
-    const QString address = m_server.GetUrl(QStringLiteral("/page")).toString();
-    const auto arrives = [&](const QString& place) {
-        return WaitUntil([&] { return IsAtRest() && m_told.toString().endsWith(place); });
-    };
-    m_page->Load(QUrl(address + QStringLiteral("#typed")));
-    EXPECT_TRUE(arrives(QStringLiteral("#typed"))) << "the tab seems to load for ever";
-    EXPECT_EQ(m_page->GetUrl().toString(), address + QStringLiteral("#typed"));
+    const QUrl place = m_server.GetUrl(QStringLiteral("/page#typed"));
+    m_page->Load(place);
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("#typed"))) << "the tab seems to load for ever";
+    EXPECT_EQ(m_page->GetUrl(), place);
     EXPECT_EQ(m_page->GetTitle(), QStringLiteral("page"));
-    m_page->Load(QUrl(address + QStringLiteral("#typed {twice} ü")));
-    EXPECT_TRUE(arrives(QStringLiteral("ü")));
-    ClickHere(QPoint(50, 50));
-    EXPECT_TRUE(arrives(QStringLiteral("#there")));
-    RunHere(QStringLiteral("history.pushState(1, '', '#pushed')"));
-    EXPECT_TRUE(arrives(QStringLiteral("#pushed")));
-    RunHere(QStringLiteral("history.replaceState(1, '', '#replaced')"));
-    EXPECT_TRUE(arrives(QStringLiteral("#replaced")));
-    m_page->Back();
-    EXPECT_TRUE(arrives(QStringLiteral("#there")));
     EXPECT_EQ(m_server.GetRequests().count(QStringLiteral("/page")), 1);
     EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok"))) << "what comes next is a load like any other";
     EXPECT_EQ(m_page->GetTitle(), QStringLiteral("All well"));
+}
+
+TEST_F(WebEngineNavigationTest, APlaceThatTheEngineSpellsInAnotherWayIsThereAtOnce)
+{
+    ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
+    m_page->Load(m_server.GetUrl(QStringLiteral("/page#typed {twice} ü")));
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("ü")));
+}
+
+TEST_F(WebEngineNavigationTest, APlaceThatTheUserClicksForIsToldAndCanBeLeft)
+{
+    ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
+    ClickHere(QPoint(50, 50));
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("#there")));
+    m_page->Back();
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("/page")));
+}
+
+TEST_F(WebEngineNavigationTest, AnAddressThatThePageGivesItselfIsTold)
+{
+    ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
+    RunHere(QStringLiteral("history.pushState(1, '', '#pushed')"));
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("#pushed")));
+    RunHere(QStringLiteral("history.replaceState(1, '', '#replaced')"));
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("#replaced")));
 }
 
 TEST_F(WebEngineNavigationTest, WhoStaysKeepsThePageWithItsAddressAndTitle)
@@ -166,14 +183,17 @@ TEST_F(WebEngineNavigationTest, WhoStaysKeepsThePageWithItsAddressAndTitle)
     EXPECT_EQ(m_told, form);
     EXPECT_EQ(m_page->GetUrl(), form);
     EXPECT_EQ(titles.value(0), QVariantList{QStringLiteral("form")});
+}
 
-    // Asked again as often as the user wants to leave, and the next end of a load is one.
+TEST_F(WebEngineNavigationTest, WhoStaysMayLoadAgainBeforeThePageKnowsTheAnswer)
+{
+    FillForm();
+    m_accept = false;
     m_page->Load(m_server.GetUrl(QStringLiteral("/ok")));
-    ASSERT_TRUE(WaitUntil([this] { return m_asked.size() == 2; }));
+    ASSERT_TRUE(WaitUntil([this] { return !m_asked.isEmpty(); }));
     m_accept = true;
-    // At once: the page does not know the answer yet.
     EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
-    EXPECT_EQ(m_asked.size(), 3);
+    EXPECT_EQ(m_asked.size(), 2) << "the page is asked as often as the user wants to leave it";
     EXPECT_EQ(m_page->GetTitle(), QStringLiteral("All well"));
 }
 
@@ -188,22 +208,40 @@ TEST_F(WebEngineNavigationTest, ATabMayGoBeforeItsPageKnowsThatItStays)
     EXPECT_TRUE(WaitUntil([this] { return !m_page; }));
 }
 
-TEST_F(WebEngineNavigationTest, AStoppedLoadLeavesThePageWithItsAddress)
+TEST_F(WebEngineNavigationTest, ALoadStoppedAtOnceLeavesThePageWithItsAddress)
 {
     ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
     m_server.SetReply(QStringLiteral("/never"), "", WebServer::AfterReply::Wait);
-    for (const bool atOnce : {true, false}) {
-        const int before = m_server.GetRequests().size();
-        m_page->Load(m_server.GetUrl(QStringLiteral("/never")));
-        ASSERT_TRUE(atOnce || WaitUntil([&] { return m_server.GetRequests().size() > before; }));
-        m_page->Stop();
-        EXPECT_TRUE(WaitUntil([this] {
-            return IsAtRest() && m_page->GetUrl().path() == QStringLiteral("/page");
-        })) << "stopped at once: "
-            << atOnce << ", shown: " << m_page->GetUrl().path().toStdString();
-        EXPECT_EQ(m_told.path().toStdString(), "/page");
-    }
+    m_page->Load(m_server.GetUrl(QStringLiteral("/never")));
+    m_page->Stop();
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("/page")));
+    EXPECT_EQ(m_page->GetUrl(), m_server.GetUrl(QStringLiteral("/page")));
     EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
+}
+
+TEST_F(WebEngineNavigationTest, ALoadStoppedWhileTheServerIsAskedLeavesThePageWithItsAddress)
+{
+    ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
+    m_server.SetReply(QStringLiteral("/never"), "", WebServer::AfterReply::Wait);
+    m_page->Load(m_server.GetUrl(QStringLiteral("/never")));
+    ASSERT_TRUE(WaitUntil([this] { return m_server.GetRequests().contains(QStringLiteral("/never")); }));
+    m_page->Stop();
+    EXPECT_TRUE(ArrivesAt(QStringLiteral("/page")));
+    EXPECT_EQ(m_page->GetUrl(), m_server.GetUrl(QStringLiteral("/page")));
+    EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
+}
+
+TEST_F(WebEngineNavigationTest, ALoadThatIsStoppedAsSoonAsItIsToldNeverStarts)
+{
+    ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
+    const auto stop =
+        QObject::connect(m_page.get(), &ITabPage::SigLoadStarted, &m_context, [this] { m_page->Stop(); });
+    m_page->Load(m_server.GetUrl(QStringLiteral("/form")));
+    EXPECT_TRUE(IsAtRest());
+    EXPECT_EQ(m_page->GetUrl().path(), QStringLiteral("/page"));
+    QObject::disconnect(stop);
+    EXPECT_TRUE(LoadAndWait(QStringLiteral("/ok")));
+    EXPECT_FALSE(m_server.GetRequests().contains(QStringLiteral("/form")));
 }
 
 TEST_F(WebEngineNavigationTest, AStepBackTakesThePlaceOfALoadThatHasNotBegun)
@@ -314,20 +352,23 @@ TEST_F(WebEngineNavigationTest, APageWaitsToAskUntilAnotherHasBeenAnswered)
     EXPECT_TRUE(otherClosed.isEmpty());
 }
 
-TEST_F(WebEngineNavigationTest, APageWithNothingToLoseOrToSayIsClosed)
+TEST_F(WebEngineNavigationTest, APageWithNothingToLoseIsClosed)
 {
     QSignalSpy closed(m_page.get(), &ITabPage::SigCloseRequested);
     ASSERT_TRUE(LoadAndWait(QStringLiteral("/page")));
     m_page->RequestClose();
     EXPECT_TRUE(WaitUntil([&] { return closed.size() == 1; }));
+    EXPECT_TRUE(m_asked.isEmpty());
+}
 
-    m_page = m_pages->CreatePage(nullptr);
-    QSignalSpy busyClosed(m_page.get(), &ITabPage::SigCloseRequested);
+TEST_F(WebEngineNavigationTest, APageThatHangsIsClosed)
+{
+    QSignalSpy closed(m_page.get(), &ITabPage::SigCloseRequested);
     m_server.SetPage(QStringLiteral("/busy"),
                      "<body onbeforeunload=\"return 'stay'\"><script>for (;;) {}</script>");
     m_page->Load(m_server.GetUrl(QStringLiteral("/busy")));
     ASSERT_TRUE(WaitUntil([this] { return GetEngine()->url().path() == QStringLiteral("/busy"); }));
     m_page->RequestClose();
-    EXPECT_TRUE(WaitUntil([&] { return !busyClosed.isEmpty(); })) << "a page that hangs cannot be closed";
+    EXPECT_TRUE(WaitUntil([&] { return !closed.isEmpty(); }));
     EXPECT_TRUE(m_asked.isEmpty());
 }

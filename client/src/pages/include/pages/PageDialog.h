@@ -8,9 +8,10 @@
 class QCheckBox;
 class QDialogButtonBox;
 class QLineEdit;
+class QVBoxLayout;
 
 /// What a page says or asks through alert, confirm, prompt and when it is left, or a site before it shows
-/// one, clearly said to come from there and never shown as marked-up text.
+/// one. The dialog names the host that it comes from, and shows it as plain text.
 class PageDialog final : public QDialog, public IDpiAdapter
 {
     Q_OBJECT
@@ -21,12 +22,13 @@ public:
         Alert,
         Confirm,
         Prompt,
-        LogIn, // for a user name and a password
-        Leave  // the page for another, although it does not want to be left
+        LogIn, ///< asks for a user name and a password
+        Leave  ///< asks whether to leave a page that may lose something
     };
 
-    /// `text`: for a log-in, what the site calls itself; may be empty, and for `Leave` is not shown.
-    /// `proposal`: for a prompt. `offerSilence`: with a box to tick against more of it.
+    /// `text`: for a log-in, what the site calls itself, which may be empty; `Leave` does not show it.
+    /// `proposal`: for a prompt. `offerSilence`: with a box that stops the page from showing more; a log-in
+    /// has none.
     PageDialog(Kind kind, const QUrl& origin, const QString& text, const QString& proposal, bool offerSilence,
                QWidget* parent = nullptr);
 
@@ -38,8 +40,17 @@ public:
     void AdjustForDpi() override;
 
 private:
+    void AddTexts(const QString& head, const QString& text);
+    void AddInput(const QString& name, const QString& proposal);
+    /// With a warning where the password would not be encrypted.
+    void AddPassword(bool isEncrypted);
+    void AddSilence(bool isOffered);
+    /// Without a second button where `reject` is empty.
+    void AddButtons(const QString& accept, const QString& reject);
+
+    QVBoxLayout* m_column;
     QLineEdit* m_input = nullptr;
     QLineEdit* m_password = nullptr;
     QCheckBox* m_silence = nullptr;
-    QDialogButtonBox* m_buttons;
+    QDialogButtonBox* m_buttons = nullptr;
 };

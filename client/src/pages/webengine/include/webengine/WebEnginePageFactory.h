@@ -20,8 +20,8 @@ class WebEnginePageFactory final : public IPageFactory
     Q_OBJECT
 
 public:
-    /// `folder` is made when it does not exist. `language` is what pages are told that the user reads,
-    /// such as "en" or "zh_CN".
+    /// Makes `folder` if it does not exist. `language` is the one that pages are told the user reads, such as
+    /// "en" or "zh_CN".
     WebEnginePageFactory(const QString& folder, const QString& language, QObject* parent = nullptr);
     ~WebEnginePageFactory() override;
 
@@ -30,7 +30,7 @@ public:
     bool ClearData() override;
 
 private:
-    void TakeDownload(QWebEngineDownloadItem* item);
+    void HandleDownload(QWebEngineDownloadItem* item);
 
     QString m_folder;
     std::unique_ptr<QWebEngineProfile> m_profile;
