@@ -1075,7 +1075,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>许可证</translation>
     </message>
     <message>
-        <source>Of the software that the client is made with.</source>
+        <source>For the software that the client is built with.</source>
         <translation>客户端所用软件的许可证。</translation>
     </message>
     <message>
@@ -1110,7 +1110,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>主题</translation>
     </message>
     <message>
-        <source>The colours of the client, not those of web pages.</source>
+        <source>The colours of the client, but not of web pages.</source>
         <translation>客户端的颜色，不影响网页。</translation>
     </message>
     <message>
@@ -1118,7 +1118,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>大小</translation>
     </message>
     <message>
-        <source>Of texts, buttons and everything else in the client.</source>
+        <source>For text, buttons and everything else in the client.</source>
         <translation>客户端中文字、按钮等所有内容的大小。</translation>
     </message>
     <message>
@@ -1157,7 +1157,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>语言</translation>
     </message>
     <message>
-        <source>Of the client and, where they have it, of web pages.</source>
+        <source>For the client and, where they support it, web pages.</source>
         <translation>客户端的语言；支持该语言的网页也会使用它。</translation>
     </message>
 </context>

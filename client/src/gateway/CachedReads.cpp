@@ -64,7 +64,7 @@ void CachedReads::Refresh()
             continue;
         }
         read.changes = m_changes;
-        // With a response of its own: the first one's content is in use.
+        // With its own response: the content of the first one is in use.
         IHttpManager::Instance()->Send(read.request, QSharedPointer<CachedReplyResponse>::create(), {},
                                        Timeout, Attempts);
     }

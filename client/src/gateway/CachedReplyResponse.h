@@ -2,7 +2,7 @@
 
 #include "http-module/IHttpResponseDsm.h"
 
-/// A reply that only goes into the cache: reads nothing of its content but that there is some.
+/// A reply that only goes into the cache: checks that it has content, and reads none of it.
 class CachedReplyResponse final : public IHttpResponseDsm
 {
     Q_OBJECT

@@ -26,6 +26,6 @@ private:
     QVariantList GetFunctionVariants() const { return {}; }
 
     QHash<int, TLFunctionInfo> m_functions;
-    // Until the list was seen: an answer without it is no empty list.
+    // Until the list is seen: an answer without it is not an empty list.
     QStringList m_errors{QStringLiteral("functions: missing")};
 };

@@ -27,6 +27,6 @@ private:
     QVariantList GetPluginVariants() const { return {}; }
 
     QList<QSharedPointer<TLPluginBaseEntity>> m_plugins;
-    // Until the list was seen: an answer without it is no empty list.
+    // Until the list is seen: an answer without it is not an empty list.
     QStringList m_errors{QStringLiteral("plugins: missing")};
 };

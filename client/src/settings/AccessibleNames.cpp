@@ -28,7 +28,8 @@ const QWidget* RowOf(const QWidget* widget, const QWidget* page)
     return nullptr;
 }
 
-/// What the page itself calls the row's check box, which is whole, or else what its first label shows.
+/// The name that the page itself gives the row's check box, which is never cut off, or else what its first
+/// label shows.
 QString EntryOf(const QWidget* row)
 {
     const QList<QCheckBox*> boxes = row->findChildren<QCheckBox*>();
@@ -124,7 +125,7 @@ void AccessibleNames::Update()
 void AccessibleNames::Name(QWidget* widget, const QVector<QWidget*>& order) const
 {
     const QString present = widget->accessibleName();
-    // The same words as in the tool tip tell no row from another.
+    // A name that repeats the tool tip does not tell the rows apart.
     const bool isGiven =
         present != widget->property(GivenNameProperty).toString() && present != widget->toolTip();
     if (!present.isEmpty() && isGiven) {

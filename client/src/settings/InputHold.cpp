@@ -50,7 +50,7 @@ std::unique_ptr<QEvent> CopyOf(const QEvent& event)
                                          mouse.button(), mouse.buttons(), mouse.modifiers());
 }
 
-/// A click gives the focus when it is made, not when its turn comes: moving the focus is no change.
+/// A click moves the focus at once, not when its turn comes: moving the focus is no change.
 void GiveFocus(QWidget* widget)
 {
     for (QWidget* it = widget; it != nullptr; it = it->parentWidget()) {
@@ -120,7 +120,7 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event)
         return false;
     }
     if (!m_page->isEnabled()) {
-        // What watches a widget sees its input also while it is disabled.
+        // Event filters see the input of a widget even while it is disabled.
         event->accept();
         return true;
     }
@@ -156,7 +156,7 @@ bool InputHold::event(QEvent* event)
         return QObject::event(event);
     }
     if (m_inputLevel >= 0 && m_delivering == 0 && !EndInputIfOver()) {
-        // The page has a dialog open and deals with what comes of it: until its own event loop turns again.
+        // The page has a dialog open, and deals with input until its own event loop turns again.
         QAbstractEventDispatcher* const loop = QAbstractEventDispatcher::instance();
         for (const auto turn : {&QAbstractEventDispatcher::aboutToBlock, &QAbstractEventDispatcher::awake}) {
             connect(loop, turn, this, &InputHold::EndInputIfOver, Qt::UniqueConnection);
@@ -239,7 +239,7 @@ QWidget* InputHold::FindTarget(const Held& held) const
     if (IsPartOfPage(held.target)) {
         return held.target;
     }
-    // In a page that is the same, what looks the same is another entry.
+    // In the same page, a row that looks the same is another entry.
     return held.page != m_pageNumber ? held.place.FindIn(m_page) : nullptr;
 }
 

@@ -2,7 +2,7 @@
 
 #include <QtWidgets/QStyledItemDelegate>
 
-/// Lines of a list whose chosen one has a light background: its icon stays as it is.
+/// Draws lines of a list whose selection has a light background: their icons stay as they are.
 class PageListDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -26,7 +26,7 @@ QString SaveProblem::Describe(const QString& code, const QString& description)
 
 bool SaveProblem::IsOfContent(const QString& code)
 {
-    // Below are key, sign, clock and method, which no entry is to blame for, and 1012 is the address.
+    // Lower codes are about key, sign, clock and method, and 1012 about the address: no entry is to blame.
     const int number = code.toInt();
     return number >= 1008 && number <= 1999 && number != 1012;
 }

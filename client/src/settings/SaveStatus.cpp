@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int PatienceTime = 300; // [ms] in which nobody notices
+constexpr int PatienceTime = 300; // [ms], before which nobody notices
 constexpr int StayTime = 2000;    // [ms]
 constexpr int FadeTime = 400;     // [ms]
 

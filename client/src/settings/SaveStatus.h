@@ -30,8 +30,7 @@ public:
     void SetBusy(bool busy);
     /// All changes are saved.
     void SetSaved();
-    /// The last change is not saved, because of what `code` and `description` say, as the call's response
-    /// has them.
+    /// The last change is not saved. `code` and `description` are those of the call's response.
     void SetFailed(const QString& code, const QString& description);
     /// Changes that were not saved, or not made, are gone with the page as it was.
     void SetLost();

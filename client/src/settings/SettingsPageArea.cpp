@@ -174,7 +174,7 @@ void SettingsPageArea::MakeSoon(Reason reason)
 
 void SettingsPageArea::TryToMake()
 {
-    // Not under the page's own feet: while its code waits for a dialog, or for the answer to a change.
+    // Not while the page's own code waits for a dialog, or for the answer to a change.
     const QWidget* const modal = QApplication::activeModalWidget();
     if (m_hold.IsInFlight() || m_hold.IsPageDealing() || (modal != nullptr && modal != window())) {
         m_makeTimer->start(RetryPause);
@@ -235,7 +235,7 @@ void SettingsPageArea::HandleSaved()
 {
     m_saved = m_hold.HasHeld();
     if (m_saved) {
-        m_status->Reset(); // the outcome of what waits is what counts, if it has one
+        m_status->Reset(); // the outcome of what waits counts, if it has one
     } else {
         m_status->SetSaved();
     }
@@ -285,7 +285,7 @@ void SettingsPageArea::HandleServedFromCache(quint64 call)
     if (!m_reads.contains(call) || m_page == nullptr) {
         return;
     }
-    // The page writes its lists whole, and these are older than what is stored.
+    // The page writes whole lists, and these may be older than what is stored.
     m_stale = true;
     m_page->setEnabled(false);
 }

@@ -14,7 +14,7 @@ class SettingsPageFaces final
 public:
     SettingsPageFaces() = delete;
 
-    /// In the present language. An unknown page is called by its first search word.
+    /// In the current language. An unknown page is called by its first search word.
     static QString GetTitle(const SettingsPageEntry& entry);
     /// As `SymbolicIcon` takes it.
     static QString GetIcon(SettingWidgetId id);

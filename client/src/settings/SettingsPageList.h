@@ -35,7 +35,7 @@ public:
     void Retranslate();
 
 Q_SIGNALS:
-    /// The page at this place of the entries belongs in front, and `GetKeyword` is what it is searched for.
+    /// The page at this place of the entries comes to the front, or the keyword has changed.
     void SigShown(int entry);
     /// The user has chosen this page in the list, not by a search. Comes after `SigShown`.
     void SigChosen(int entry);

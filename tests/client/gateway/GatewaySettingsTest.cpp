@@ -65,7 +65,7 @@ TEST_F(GatewaySettingsTest, DomainsAreAListInFileAndEnvironment)
               QStringList(QStringLiteral("three.example")));
 }
 
-TEST_F(GatewaySettingsTest, AddressInTheFileThatIsNoneIsAProblem)
+TEST_F(GatewaySettingsTest, InvalidAddressInTheFileIsAProblem)
 {
     const QString file = Write("client.ini", "[gateway]\naddress=gopher://old\n");
     GatewaySettings::Load({file}, m_environment, &m_problem);

@@ -69,7 +69,7 @@ TEST_F(HttpManagerProxyTest, AWriteStaysOneWhenItsResponseBecomesCacheableInFlig
     const auto response = Send(false);
     response->SetAutoCache(true);
     m_http.Answer(1, "{}");
-    EXPECT_EQ(m_http.GetCallCount(), 3) << "the read of before the change is sent again";
+    EXPECT_EQ(m_http.GetCallCount(), 3) << "the read from before the change is sent again";
 }
 
 TEST_F(HttpManagerProxyTest, AReadStaysOneWhenItsResponseIsNoLongerCacheable)

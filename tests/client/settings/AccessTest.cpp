@@ -40,11 +40,11 @@ TEST_F(AccessTest, WhatAScreenReaderTogglesTakesItsTurnAsAClickDoes)
     };
     toggle(0);
     toggle(1);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
     EXPECT_EQ(Page()->skipped, 0);
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(Page()->GetRow(0)->box)->state().checked);
     EXPECT_FALSE(QAccessible::queryAccessibleInterface(Page()->GetRow(2)->box)->state().checked);
@@ -56,9 +56,9 @@ TEST_F(AccessTest, WhatAScreenReaderPressesMayGoInsideItsOwnSignal)
     QAccessible::queryAccessibleInterface(Page()->GetRow(0)->remove)
         ->actionInterface()
         ->doAction(QAccessibleActionInterface::pressAction());
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
 }
 
 TEST_F(AccessTest, ANameFollowsTheEntryAndTheHighlightIsNoPartOfIt)
@@ -85,7 +85,7 @@ TEST_F(AccessTest, ANameThatThePageGivesStays)
 TEST_F(AccessTest, TabReachesEverythingInReadingOrderAndComesRound)
 {
     Open();
-    dialog->findChild<QWidget*>(QStringLiteral("settings_search"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QWidget*>(QStringLiteral("settings_search"))->setFocus(Qt::TabFocusReason);
     QList<QWidget*> reached;
     for (int i = 0; i < 40; ++i) {
         QWidget* const focus = QApplication::focusWidget();
@@ -97,7 +97,7 @@ TEST_F(AccessTest, TabReachesEverythingInReadingOrderAndComesRound)
         reached.append(focus);
         Press(Qt::Key_Tab);
     }
-    QList<QWidget*> wanted{dialog->findChild<QWidget*>(QStringLiteral("settings_search")), List()};
+    QList<QWidget*> wanted{m_dialog->findChild<QWidget*>(QStringLiteral("settings_search")), List()};
     for (int i = 0; i < 3; ++i) {
         wanted << Page()->GetRow(i)->box << Page()->GetRow(i)->remove;
     }
@@ -111,15 +111,15 @@ TEST_F(AccessTest, ARowIsDeletedAndOneAddedByTheKeyboardAlone)
     Page()->GetRow(0)->box->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Tab);
     Press(Qt::Key_Space);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
     ASSERT_TRUE(WaitUntil([this] { return Page()->GetRow(0)->box->hasFocus(); })) << "the row in its place";
     Page()->addLabel->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Return);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0\nadded 1\t0"));
-    EXPECT_TRUE(dialog->isVisible()) << "Enter is no default button here";
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("beta\t0\ngamma\t0\nadded 1\t0"));
+    EXPECT_TRUE(m_dialog->isVisible()) << "Enter is no default button here";
 }
 
 TEST_F(AccessTest, EverythingThatTakesTheFocusHasANameOnEveryPage)
@@ -129,7 +129,7 @@ TEST_F(AccessTest, EverythingThatTakesTheFocusHasANameOnEveryPage)
     for (const QString& title : titles) {
         Choose(title);
         QCoreApplication::processEvents();
-        const QList<QWidget*> parts = dialog->findChildren<QWidget*>();
+        const QList<QWidget*> parts = m_dialog->findChildren<QWidget*>();
         for (QWidget* const part : parts) {
             if (!part->isVisible() || (part->focusPolicy() & Qt::TabFocus) == 0) {
                 continue;

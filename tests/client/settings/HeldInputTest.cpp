@@ -26,15 +26,16 @@ using HeldInputTest = SettingsDialogTest;
 TEST_F(HeldInputTest, AQuickSecondClickIsSavedAfterTheFirst)
 {
     Open();
-    gateway.delay = Slow;
+    m_gateway.delay = Slow;
     Tick(0);
     Tick(1);
-    EXPECT_EQ(gateway.writes, 1);
+    EXPECT_EQ(m_gateway.writes, 1);
     EXPECT_FALSE(Page()->GetRow(1)->box->isChecked());
-    ASSERT_TRUE(WaitUntil([this] { return gateway.stored.startsWith(QStringLiteral("alpha\t1\nbeta\t1")); }));
-    EXPECT_EQ(gateway.writes, 2);
+    ASSERT_TRUE(
+        WaitUntil([this] { return m_gateway.stored.startsWith(QStringLiteral("alpha\t1\nbeta\t1")); }));
+    EXPECT_EQ(m_gateway.writes, 2);
     EXPECT_EQ(Page()->skipped, 0);
-    EXPECT_EQ(Page()->GetContent(), gateway.stored);
+    EXPECT_EQ(Page()->GetContent(), m_gateway.stored);
 }
 
 TEST_F(HeldInputTest, ClicksAndKeysKeepTheirOrder)
@@ -44,11 +45,11 @@ TEST_F(HeldInputTest, ClicksAndKeysKeepTheirOrder)
     Tick(1);
     Tick(0);
     Press(Qt::Key_Space); // on the first row again, which the last click gave the focus
-    ASSERT_EQ(gateway.GetWaiting(), 1);
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
     QStringList seen;
-    while (gateway.GetWaiting() > 0) {
-        gateway.Answer();
-        seen.append(gateway.stored.section(QLatin1Char('\n'), 0, 1));
+    while (m_gateway.GetWaiting() > 0) {
+        m_gateway.Answer();
+        seen.append(m_gateway.stored.section(QLatin1Char('\n'), 0, 1));
         QCoreApplication::processEvents();
     }
     EXPECT_EQ(seen, (QStringList{QStringLiteral("alpha\t1\nbeta\t0"), QStringLiteral("alpha\t1\nbeta\t1"),
@@ -64,11 +65,11 @@ TEST_F(HeldInputTest, TabMovesTheFocusInItsTurn)
     Press(Qt::Key_Tab); // to the button that the row shows
     Press(Qt::Key_Tab);
     Press(Qt::Key_Space);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
 }
 
 TEST_F(HeldInputTest, AKeyThatWaitsStaysWithItsPageWhenTheUserGoesOnToAnother)
@@ -78,17 +79,17 @@ TEST_F(HeldInputTest, AKeyThatWaitsStaysWithItsPageWhenTheUserGoesOnToAnother)
     Page()->GetRow(1)->box->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Space);
     Choose(QStringLiteral("About"));
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
     EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("About"));
 }
 
 TEST_F(HeldInputTest, AReadHoldsNothingBack)
 {
     OpenWithoutAnswer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
     EXPECT_EQ(Page()->presses, 1);
 }
@@ -96,14 +97,15 @@ TEST_F(HeldInputTest, AReadHoldsNothingBack)
 TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
 {
     Open();
-    gateway.delay = Slow;
+    m_gateway.delay = Slow;
     Tick(0);
     Tick(1);
     const QPointer<FakeSettingsPage> before = Page();
     DpiTool::SetScale(1.5);
-    ASSERT_TRUE(WaitUntil([this] { return gateway.stored.startsWith(QStringLiteral("alpha\t1\nbeta\t1")); }));
+    ASSERT_TRUE(
+        WaitUntil([this] { return m_gateway.stored.startsWith(QStringLiteral("alpha\t1\nbeta\t1")); }));
     EXPECT_TRUE(before.isNull());
-    EXPECT_EQ(factory.made, 2);
+    EXPECT_EQ(m_factory.made, 2);
     EXPECT_EQ(Page()->GetContent(), QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
     EXPECT_TRUE(NoticeText().isEmpty());
 }
@@ -111,12 +113,12 @@ TEST_F(HeldInputTest, AChangeOfTheScaleLosesNeitherTheWriteNorTheClickThatWaits)
 TEST_F(HeldInputTest, AChangeOfTheScaleDoesNotForgetARowJustAdded)
 {
     Open();
-    gateway.delay = Slow;
+    m_gateway.delay = Slow;
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
     DpiTool::SetScale(2.0);
     ASSERT_EQ(Page()->GetRowCount(), 3) << "the page itself shows what it read last";
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && Page()->GetRowCount() == 4; }));
-    EXPECT_EQ(Page()->GetContent(), gateway.stored);
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && Page()->GetRowCount() == 4; }));
+    EXPECT_EQ(Page()->GetContent(), m_gateway.stored);
 }
 
 TEST_F(HeldInputTest, AScaleChangedTwiceMakesThePageOnce)
@@ -125,11 +127,11 @@ TEST_F(HeldInputTest, AScaleChangedTwiceMakesThePageOnce)
     Tick(0);
     DpiTool::SetScale(1.5);
     DpiTool::SetScale(2.0);
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
     QCoreApplication::processEvents();
-    EXPECT_EQ(factory.made, 2);
+    EXPECT_EQ(m_factory.made, 2);
     EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
 }
 
@@ -139,13 +141,13 @@ TEST_F(HeldInputTest, AClickThatWaitedForARowThatIsGoneIsToldOf)
     Tick(0);
     Tick(2);
     DpiTool::SetScale(1.5);
-    gateway.Answer();
-    gateway.stored = QStringLiteral("alpha\t1\nbeta\t0"); // another machine has removed it
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
+    m_gateway.Answer();
+    m_gateway.stored = QStringLiteral("alpha\t1\nbeta\t0"); // another machine has removed it
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
     EXPECT_TRUE(WaitUntil([this] { return NoticeText().contains(QStringLiteral("loaded again")); }));
-    EXPECT_EQ(gateway.GetWaiting(), 0);
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
+    EXPECT_EQ(m_gateway.GetWaiting(), 0);
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
 }
 
 TEST_F(HeldInputTest, AClickThatWaitedFindsItsRowInAnotherPlace)
@@ -154,32 +156,32 @@ TEST_F(HeldInputTest, AClickThatWaitedFindsItsRowInAnotherPlace)
     Tick(0);
     Tick(2);
     DpiTool::SetScale(1.5);
-    gateway.Answer();
-    gateway.stored = QStringLiteral("gamma\t0\nalpha\t1"); // another machine has moved it
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("gamma\t1\nalpha\t1"));
+    m_gateway.Answer();
+    m_gateway.stored = QStringLiteral("gamma\t0\nalpha\t1"); // another machine has moved it
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("gamma\t1\nalpha\t1"));
 }
 
 TEST_F(HeldInputTest, WhatADialogOfThePageWritesHoldsBackTheNextClick)
 {
     Open();
     Page()->addsByDialog = true;
-    QTimer::singleShot(0, dialog.get(), [this] {
+    QTimer::singleShot(0, m_dialog.get(), [this] {
         auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(open, nullptr);
         open->accept();
     });
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
     Tick(1);
     EXPECT_FALSE(Page()->GetRow(1)->box->isChecked());
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t0\nbeta\t1\ngamma\t0\nadded 1\t0"));
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t0\nbeta\t1\ngamma\t0\nadded 1\t0"));
 }
 
 TEST_F(HeldInputTest, ThePageIsNotRebuiltUnderItsOwnDialog)
@@ -188,7 +190,7 @@ TEST_F(HeldInputTest, ThePageIsNotRebuiltUnderItsOwnDialog)
     Page()->addsByDialog = true;
     const QPointer<FakeSettingsPage> before = Page();
     bool stood = false;
-    QTimer::singleShot(0, dialog.get(), [&] {
+    QTimer::singleShot(0, m_dialog.get(), [&] {
         auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(open, nullptr);
         int attempts = 0;
@@ -202,12 +204,12 @@ TEST_F(HeldInputTest, ThePageIsNotRebuiltUnderItsOwnDialog)
     });
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
     EXPECT_TRUE(stood);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
-    EXPECT_TRUE(gateway.stored.contains(QStringLiteral("added 1")));
-    EXPECT_EQ(Page()->GetContent(), gateway.stored);
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
+    EXPECT_TRUE(m_gateway.stored.contains(QStringLiteral("added 1")));
+    EXPECT_EQ(Page()->GetContent(), m_gateway.stored);
 }
 
 TEST_F(HeldInputTest, ADialogOfThePageStandsOverTheSettingsAndDimsThem)
@@ -220,34 +222,34 @@ TEST_F(HeldInputTest, ADialogOfThePageStandsOverTheSettingsAndDimsThem)
     Page()->dialogParent = &client;
     bool dimmed = false;
     QPoint off;
-    QTimer::singleShot(0, dialog.get(), [&] {
+    QTimer::singleShot(0, m_dialog.get(), [&] {
         auto* const open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(open, nullptr);
-        off = open->geometry().center() - dialog->geometry().center();
-        const auto* const mask = dialog->findChild<TLMaskWidget*>();
+        off = open->geometry().center() - m_dialog->geometry().center();
+        const auto* const mask = m_dialog->findChild<TLMaskWidget*>();
         dimmed = mask != nullptr && mask->isVisible();
         open->reject();
     });
     QTest::mouseClick(Page()->addLabel, Qt::LeftButton);
     EXPECT_TRUE(dimmed);
     EXPECT_LE(off.manhattanLength(), 2);
-    EXPECT_FALSE(dialog->findChild<TLMaskWidget*>()->isVisible());
+    EXPECT_FALSE(m_dialog->findChild<TLMaskWidget*>()->isVisible());
 }
 
 TEST_F(HeldInputTest, CallsOfOthersHoldNothingBack)
 {
     Open();
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     QCoreApplication::processEvents();
     // Not on account of input to the page.
-    QTimer::singleShot(0, dialog.get(), [] {
+    QTimer::singleShot(0, m_dialog.get(), [] {
         IHttpManager::Instance()->Send(QSharedPointer<FakePageRequest>::create("other", QByteArray()),
                                        QSharedPointer<FakePageResponse>::create(false), {}, 0, 1);
     });
-    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
+    ASSERT_TRUE(WaitUntil([this] { return m_gateway.GetWaiting() == 1; }));
     Tick(1);
-    EXPECT_EQ(gateway.GetWaiting(), 2);
+    EXPECT_EQ(m_gateway.GetWaiting(), 2);
     EXPECT_TRUE(Page()->GetRow(1)->box->isChecked());
 }
 
@@ -256,12 +258,12 @@ TEST_F(HeldInputTest, ARowMayGoInsideItsOwnButtonsSignalWhileMoreInputWaits)
     Open();
     Page()->GetRow(0)->remove->show();
     QTest::mouseClick(Page()->GetRow(0)->remove, Qt::LeftButton);
-    ASSERT_EQ(gateway.GetWaiting(), 1);
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
     Tick(1); // what is now the second row
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t1"));
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("beta\t0\ngamma\t1"));
 }
 
 TEST_F(HeldInputTest, AScaleChosenInTheDialogWaitsForTheWrite)
@@ -270,17 +272,17 @@ TEST_F(HeldInputTest, AScaleChosenInTheDialogWaitsForTheWrite)
     Tick(0);
     Tick(1);
     Choose(QStringLiteral("Appearance"));
-    auto* const scale = dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
+    auto* const scale = m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
     scale->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
-    EXPECT_TRUE(choices.isEmpty());
-    gateway.Answer();
+    EXPECT_TRUE(m_choices.isEmpty());
+    m_gateway.Answer();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(choices.isEmpty()) << "the second click has its own write";
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return !choices.isEmpty(); }));
-    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    EXPECT_TRUE(m_choices.isEmpty()) << "the second click has its own write";
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !m_choices.isEmpty(); }));
+    EXPECT_EQ(m_choices, QStringList(QStringLiteral("scale 125")));
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
 }
 
 TEST_F(HeldInputTest, ClosingWaitsForTheAnswerAndForWhatWaits)
@@ -288,14 +290,14 @@ TEST_F(HeldInputTest, ClosingWaitsForTheAnswerAndForWhatWaits)
     Open();
     Tick(0);
     Tick(1);
-    dialog->close();
-    EXPECT_TRUE(dialog->isVisible());
-    gateway.Answer();
+    m_dialog->close();
+    EXPECT_TRUE(m_dialog->isVisible());
+    m_gateway.Answer();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(dialog->isVisible());
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    EXPECT_TRUE(m_dialog->isVisible());
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !m_dialog->isVisible(); }));
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
 }
 
 TEST_F(HeldInputTest, ClosingTwiceWaitsForNothing)
@@ -303,11 +305,11 @@ TEST_F(HeldInputTest, ClosingTwiceWaitsForNothing)
     Open();
     Tick(0);
     Press(Qt::Key_Escape);
-    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(m_dialog->isVisible());
     Press(Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0\ngamma\t0"));
+    EXPECT_FALSE(m_dialog->isVisible());
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t0\ngamma\t0"));
 }
 
 TEST_F(HeldInputTest, AClickThatWaitedForARowThatAnEarlierClickDeletesIsDroppedWithoutANotice)
@@ -317,27 +319,27 @@ TEST_F(HeldInputTest, AClickThatWaitedForARowThatAnEarlierClickDeletesIsDroppedW
     Page()->GetRow(2)->remove->show();
     QTest::mouseClick(Page()->GetRow(2)->remove, Qt::LeftButton);
     Tick(2);
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1) << "the row is deleted";
-    gateway.Answer();
-    EXPECT_EQ(gateway.GetWaiting(), 0);
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1) << "the row is deleted";
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.GetWaiting(), 0);
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
     EXPECT_TRUE(NoticeText().isEmpty()) << qPrintable(NoticeText());
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
 }
 
 TEST_F(HeldInputTest, AClickThatWaitedForADeletedRowDoesNotGoToAnotherOfTheSameContent)
 {
-    gateway.stored = QStringLiteral("alpha\t0\nbeta\t0\nbeta\t0");
+    m_gateway.stored = QStringLiteral("alpha\t0\nbeta\t0\nbeta\t0");
     Open();
     Tick(0);
     Page()->GetRow(2)->remove->show();
     QTest::mouseClick(Page()->GetRow(2)->remove, Qt::LeftButton);
     Tick(2);
-    gateway.Answer();
-    gateway.Answer();
-    EXPECT_EQ(gateway.GetWaiting(), 0);
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
+    m_gateway.Answer();
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.GetWaiting(), 0);
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t0"));
 }
 
 TEST_F(HeldInputTest, WhatIsDroppedAfterAFailureLeavesTheFailureInSight)
@@ -347,14 +349,14 @@ TEST_F(HeldInputTest, WhatIsDroppedAfterAFailureLeavesTheFailureInSight)
     Page()->GetRow(2)->remove->show();
     QTest::mouseClick(Page()->GetRow(2)->remove, Qt::LeftButton);
     Tick(2);
-    gateway.Answer();
-    gateway.failures = 1;
-    gateway.Answer();
+    m_gateway.Answer();
+    m_gateway.failures = 1;
+    m_gateway.Answer();
     EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved."))) << qPrintable(NoticeText());
     AnswerQuestion(QStringLiteral("Keep open"));
-    dialog->close();
-    EXPECT_EQ(questions, 1);
-    EXPECT_TRUE(dialog->isVisible());
+    m_dialog->close();
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_TRUE(m_dialog->isVisible());
 }
 
 TEST_F(HeldInputTest, WhatIsLostWithThePageLeavesALaterFailureInSight)
@@ -364,13 +366,13 @@ TEST_F(HeldInputTest, WhatIsLostWithThePageLeavesALaterFailureInSight)
     Tick(1);
     Tick(2);
     DpiTool::SetScale(1.5);
-    gateway.Answer();
-    gateway.stored = QStringLiteral("alpha\t1\nbeta\t0"); // another machine has removed the last row
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return gateway.GetWaiting() == 1; }));
-    gateway.failures = 1;
-    gateway.Answer();
+    m_gateway.Answer();
+    m_gateway.stored = QStringLiteral("alpha\t1\nbeta\t0"); // another machine has removed the last row
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_gateway.GetWaiting() == 1; }));
+    m_gateway.failures = 1;
+    m_gateway.Answer();
     EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved."))) << qPrintable(NoticeText());
 }
 
@@ -390,14 +392,14 @@ TEST_F(HeldInputTest, ADoubleClickOnDeleteDeletesOneRow)
     }
     PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });
     AnswerAll();
-    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
-    EXPECT_EQ(gateway.writes, 1);
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("beta\t0\ngamma\t0"));
+    EXPECT_EQ(m_gateway.writes, 1);
     EXPECT_TRUE(NoticeText().isEmpty());
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
     // The next click is one again.
     QTest::mouseClick(Page()->GetRow(0)->remove, Qt::LeftButton);
     AnswerAll();
-    EXPECT_EQ(gateway.stored, QStringLiteral("gamma\t0"));
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("gamma\t0"));
 }
 
 TEST_F(HeldInputTest, ADoubleClickOnDeleteThatWaitedDeletesOneRow)
@@ -410,8 +412,8 @@ TEST_F(HeldInputTest, ADoubleClickOnDeleteThatWaitedDeletesOneRow)
     // While this is on its way no row goes, so the second press is on the same one.
     PressTwice(Page()->GetRow(0)->remove, [this] { return Page()->GetRow(0)->remove; });
     AnswerAll();
-    EXPECT_EQ(gateway.stored, QStringLiteral("beta\t0\ngamma\t1"));
-    EXPECT_EQ(gateway.writes, 2);
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("beta\t0\ngamma\t1"));
+    EXPECT_EQ(m_gateway.writes, 2);
     EXPECT_TRUE(NoticeText().isEmpty()) << qPrintable(NoticeText());
 }
 
@@ -419,7 +421,7 @@ TEST_F(HeldInputTest, ADoubleClickThatMeetsAnotherRowWithNothingOnItsWayDoesNoth
 {
     Open();
     PressTwice(Page()->GetRow(0)->label, [this] { return Page()->GetRow(1)->box; });
-    EXPECT_EQ(gateway.GetWaiting(), 0);
+    EXPECT_EQ(m_gateway.GetWaiting(), 0);
     EXPECT_FALSE(Page()->GetRow(1)->box->isChecked());
 }
 
@@ -431,11 +433,11 @@ TEST_F(HeldInputTest, ADoubleClickOnABoxTicksAndUnticksIt)
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, place);
     QTest::mouseDClick(box, Qt::LeftButton, Qt::NoModifier, place);
     QTest::mouseRelease(box, Qt::LeftButton, Qt::NoModifier, place);
-    EXPECT_EQ(gateway.writes, 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.writes, 2);
+    EXPECT_EQ(m_gateway.writes, 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.writes, 2);
     AnswerAll();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t0\nbeta\t0\ngamma\t0"));
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t0\nbeta\t0\ngamma\t0"));
 }
 
 } // namespace

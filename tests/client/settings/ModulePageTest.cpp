@@ -44,47 +44,47 @@ class ModulePageTest : public ::testing::Test
 {
 protected:
     ModulePageTest()
-        : gateway(QStringLiteral("full"))
-        , gatewayProvided(&gateway)
-        , generalProvided(&general)
-        , routerProvided(&router)
-        , browserProvided(&browser)
-        , loader(QStringLiteral(TL_MODULE_FILE))
+        : m_gateway(QStringLiteral("full"))
+        , m_gatewayProvided(&m_gateway)
+        , m_generalProvided(&m_general)
+        , m_routerProvided(&m_router)
+        , m_browserProvided(&m_browser)
+        , m_loader(QStringLiteral(TL_MODULE_FILE))
     {
         TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QStringLiteral("merchant"));
-        functions.SetFunctions({{8, TLFunctionInfo(true, true)}});
-        router.SetRouteObject(QStringLiteral("tl://plugins/object"), &apps);
-        router.SetRouteObject(QStringLiteral("tl://funcdynamic/object"), &functions);
-        services.loadPage = [] { return QStringLiteral("10,60"); };
+        m_functions.SetFunctions({{8, TLFunctionInfo(true, true)}});
+        m_router.SetRouteObject(QStringLiteral("tl://plugins/object"), &m_apps);
+        m_router.SetRouteObject(QStringLiteral("tl://funcdynamic/object"), &m_functions);
+        m_services.loadPage = [] { return QStringLiteral("10,60"); };
     }
     ~ModulePageTest() override
     {
-        dialog.reset();
-        if (module != nullptr) {
-            module->UninitModule();
+        m_dialog.reset();
+        if (m_module != nullptr) {
+            m_module->UninitModule();
         }
-        loader.unload();
+        m_loader.unload();
         TLGlobalData::Instance()->ClearUser();
         DpiTool::SetScale(1.0);
     }
 
     void SetUp() override
     {
-        module = qobject_cast<IBusinessModule*>(loader.instance());
-        ASSERT_NE(module, nullptr) << qPrintable(loader.errorString());
-        module->InitModule();
-        dialog = std::make_unique<SettingsDialog>(
-            services, QVector<ISysSettingFactory*>{module->GetSysSettingFactory()});
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        dialog->move(200, 150); // not where the mouse is
+        m_module = qobject_cast<IBusinessModule*>(m_loader.instance());
+        ASSERT_NE(m_module, nullptr) << qPrintable(m_loader.errorString());
+        m_module->InitModule();
+        m_dialog = std::make_unique<SettingsDialog>(
+            m_services, QVector<ISysSettingFactory*>{m_module->GetSysSettingFactory()});
+        m_dialog->show();
+        m_dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
+        m_dialog->move(200, 150); // not where the mouse is
         ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 8; }));
     }
 
     SettingItemBaseWidget* Page() const
     {
-        return dialog->findChild<SettingItemBaseWidget*>(QStringLiteral("AutoRunSettingWidget"));
+        return m_dialog->findChild<SettingItemBaseWidget*>(QStringLiteral("AutoRunSettingWidget"));
     }
 
     /// Those in sight, from the top down.
@@ -118,7 +118,7 @@ protected:
 
     bool IsChecked(const char* list, int index) const
     {
-        return gateway.GetConfiguration()
+        return m_gateway.GetConfiguration()
             .value(QLatin1String(list))
             .toArray()
             .at(index)
@@ -127,46 +127,46 @@ protected:
             .toBool();
     }
 
-    PreviewGateway gateway;
-    FakeGeneralData general;
-    FakeRouteExecutor router;
-    PreviewBrowser browser;
-    Provided<IHttpManager> gatewayProvided;
-    Provided<IGeneralData> generalProvided;
-    Provided<IRouteExecutor> routerProvided;
-    Provided<IBrowserMain> browserProvided;
-    TLPluginBaseManager apps;
-    TLFunctionData functions;
-    QPluginLoader loader;
-    IBusinessModule* module = nullptr;
-    SettingsServices services;
-    std::unique_ptr<SettingsDialog> dialog;
+    PreviewGateway m_gateway;
+    FakeGeneralData m_general;
+    FakeRouteExecutor m_router;
+    PreviewBrowser m_browser;
+    Provided<IHttpManager> m_gatewayProvided;
+    Provided<IGeneralData> m_generalProvided;
+    Provided<IRouteExecutor> m_routerProvided;
+    Provided<IBrowserMain> m_browserProvided;
+    TLPluginBaseManager m_apps;
+    TLFunctionData m_functions;
+    QPluginLoader m_loader;
+    IBusinessModule* m_module = nullptr;
+    SettingsServices m_services;
+    std::unique_ptr<SettingsDialog> m_dialog;
 };
 
 TEST_F(ModulePageTest, AQuickSecondClickIsSavedAfterTheFirst)
 {
-    gateway.writeDelay = Slow;
+    m_gateway.writeDelay = Slow;
     Tick(2);
     Tick(4);
     Tick(7);
     ASSERT_TRUE(WaitUntil([this] { return IsChecked("pluginItems", 1); }));
     EXPECT_TRUE(IsChecked("systemItems", 1));
     EXPECT_TRUE(IsChecked("customItems", 1));
-    EXPECT_EQ(gateway.writes, 3);
+    EXPECT_EQ(m_gateway.writes, 3);
 }
 
 TEST_F(ModulePageTest, AChangeOfTheScaleLosesNeitherARowThatWentNorTheClickThatWaits)
 {
-    gateway.writeDelay = Slow;
+    m_gateway.writeDelay = Slow;
     In<QPushButton>(5, "delete_button")->window()->activateWindow();
     QTest::mouseClick(In(5, "delete_button"), Qt::LeftButton);
     ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 7; }));
     Tick(2);
     DpiTool::SetScale(1.5);
     ASSERT_TRUE(WaitUntil([this] { return IsChecked("systemItems", 1); }));
-    EXPECT_EQ(gateway.GetConfiguration().value(QLatin1String("customItems")).toArray().size(), 2);
+    EXPECT_EQ(m_gateway.GetConfiguration().value(QLatin1String("customItems")).toArray().size(), 2);
     EXPECT_TRUE(WaitUntil([this] { return Rows().size() == 7; })) << Rows().size();
-    EXPECT_EQ(gateway.writes, 2);
+    EXPECT_EQ(m_gateway.writes, 2);
 }
 
 TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
@@ -180,7 +180,7 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
     }
     ASSERT_TRUE(add->hasFocus());
     TLUrlUtils::SetVXDomains({QStringLiteral("shop.example")});
-    QTimer::singleShot(0, dialog.get(), [] {
+    QTimer::singleShot(0, m_dialog.get(), [] {
         QWidget* const form = QApplication::activeModalWidget();
         ASSERT_NE(form, nullptr);
         auto* const field = form->findChild<QLineEdit*>(QStringLiteral("content_edit"));
@@ -189,13 +189,13 @@ TEST_F(ModulePageTest, TheKeyboardAloneAddsAnAddressAndTicksIt)
         QTest::keyClick(field, Qt::Key_Return);
     });
     QTest::keyClick(add, Qt::Key_Return);
-    ASSERT_TRUE(WaitUntil([this] { return gateway.writes == 1 && Rows().size() == 9; }));
+    ASSERT_TRUE(WaitUntil([this] { return m_gateway.writes == 1 && Rows().size() == 9; }));
     ASSERT_TRUE(WaitUntil([this] {
-        return gateway.GetConfiguration().value(QLatin1String("customItems")).toArray().size() == 4;
+        return m_gateway.GetConfiguration().value(QLatin1String("customItems")).toArray().size() == 4;
     }));
     // The row is reached and ticked in the same way.
-    dialog->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    m_dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
     In(6, "checkBox")->setFocus(Qt::TabFocusReason);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     EXPECT_TRUE(WaitUntil([this] { return IsChecked("customItems", 3); }));
@@ -209,7 +209,7 @@ TEST_F(ModulePageTest, AfterAnEditByKeyboardTheFocusIsOnTheSameButton)
     In(4, "checkBox")->setFocus(Qt::TabFocusReason);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     ASSERT_TRUE(In(4, "edit_button")->hasFocus());
-    QTimer::singleShot(0, dialog.get(), [] {
+    QTimer::singleShot(0, m_dialog.get(), [] {
         QWidget* const form = QApplication::activeModalWidget();
         ASSERT_NE(form, nullptr);
         auto* const field = form->findChild<QLineEdit*>(QStringLiteral("content_edit"));
@@ -217,13 +217,13 @@ TEST_F(ModulePageTest, AfterAnEditByKeyboardTheFocusIsOnTheSameButton)
         QTest::keyClick(field, Qt::Key_Return);
     });
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    dialog->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    m_dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
     EXPECT_TRUE(WaitUntil([this] {
         return In(4, "edit_button")->hasFocus() && In(4, "edit_button")->isVisible();
     })) << qPrintable(QApplication::focusWidget()->objectName());
     EXPECT_TRUE(In(4, "delete_button")->isVisible());
-    EXPECT_TRUE(WaitUntil([this] { return gateway.writes == 1; }));
+    EXPECT_TRUE(WaitUntil([this] { return m_gateway.writes == 1; }));
     TLUrlUtils::SetVXDomains({});
 }
 
@@ -236,7 +236,7 @@ TEST_F(ModulePageTest, TheKeyboardAlonePutsTheHomePageFirst)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     EXPECT_TRUE(In(0, "active_widget")->isVisible());
     EXPECT_FALSE(In(3, "active_widget")->isVisible());
-    EXPECT_TRUE(WaitUntil([this] { return gateway.writes == 1; }));
+    EXPECT_TRUE(WaitUntil([this] { return m_gateway.writes == 1; }));
     // As first it has nothing left to press, and Tab passes it.
     EXPECT_TRUE(Page()->isAncestorOf(QApplication::focusWidget()));
     In(1, "checkBox")->setFocus(Qt::TabFocusReason);
@@ -246,7 +246,7 @@ TEST_F(ModulePageTest, TheKeyboardAlonePutsTheHomePageFirst)
 
 TEST_F(ModulePageTest, TabComesIntoTheRowOfTheHomePageFromAbove)
 {
-    QWidget* const list = dialog->findChild<QWidget*>(QStringLiteral("settings_list"));
+    QWidget* const list = m_dialog->findChild<QWidget*>(QStringLiteral("settings_list"));
     ASSERT_NE(list, nullptr);
     list->setFocus(Qt::TabFocusReason);
     QTest::keyClick(list, Qt::Key_Tab);
@@ -255,7 +255,7 @@ TEST_F(ModulePageTest, TabComesIntoTheRowOfTheHomePageFromAbove)
 
 TEST_F(ModulePageTest, WhatAScreenReaderTogglesIsSavedInItsTurn)
 {
-    gateway.writeDelay = Slow;
+    m_gateway.writeDelay = Slow;
     for (const int row : {2, 4}) {
         QAccessible::queryAccessibleInterface(In(row, "checkBox"))
             ->actionInterface()
@@ -263,7 +263,7 @@ TEST_F(ModulePageTest, WhatAScreenReaderTogglesIsSavedInItsTurn)
     }
     ASSERT_TRUE(WaitUntil([this] { return IsChecked("customItems", 1); }));
     EXPECT_TRUE(IsChecked("systemItems", 1));
-    EXPECT_EQ(gateway.writes, 2);
+    EXPECT_EQ(m_gateway.writes, 2);
 }
 
 TEST_F(ModulePageTest, CheckBoxesAreNamedByTheirEntries)
@@ -279,13 +279,13 @@ TEST_F(ModulePageTest, CheckBoxesAreNamedByTheirEntries)
 
 TEST_F(ModulePageTest, ThePageOfTheLastKnownListTakesNoChange)
 {
-    dialog->close();
-    gateway.stale = true;
-    dialog->show();
+    m_dialog->close();
+    m_gateway.stale = true;
+    m_dialog->show();
     ASSERT_TRUE(WaitUntil([this] { return Rows().size() == 8; }));
     EXPECT_FALSE(Page()->isEnabled());
     EXPECT_FALSE(In(2, "checkBox")->isEnabled());
-    EXPECT_TRUE(dialog->findChild<QWidget*>(QStringLiteral("settings_notice"))->isVisible());
+    EXPECT_TRUE(m_dialog->findChild<QWidget*>(QStringLiteral("settings_notice"))->isVisible());
     for (const char* const name : {"add_label", "add_plugin_label"}) {
         QTest::mousePress(Page()->findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
     }
@@ -293,12 +293,12 @@ TEST_F(ModulePageTest, ThePageOfTheLastKnownListTakesNoChange)
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_FALSE(In(2, "checkBox")->property("checked").toBool());
 
-    gateway.stale = false;
-    dialog->LoadAgain();
+    m_gateway.stale = false;
+    m_dialog->LoadAgain();
     ASSERT_TRUE(WaitUntil([this] { return Page() != nullptr && Page()->isEnabled() && Rows().size() == 8; }));
     Tick(2);
     EXPECT_TRUE(WaitUntil([this] { return IsChecked("systemItems", 1); }));
-    EXPECT_EQ(gateway.writes, 1);
+    EXPECT_EQ(m_gateway.writes, 1);
 }
 
 TEST_F(ModulePageTest, ButtonsAreNamedByWhatTheyDoToWhichEntry)

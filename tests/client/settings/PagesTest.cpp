@@ -13,6 +13,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
@@ -28,7 +29,7 @@ protected:
     template <class Widget>
     Widget* Find(const char* name) const
     {
-        return dialog->findChild<Widget*>(QLatin1String(name));
+        return m_dialog->findChild<Widget*>(QLatin1String(name));
     }
 };
 
@@ -42,20 +43,20 @@ TEST_F(PagesTest, StandInTheOrderOfTheirGroups)
 
 TEST_F(PagesTest, ASwitchedOffPageIsNotListedAndComesBackWithTheSwitch)
 {
-    factory.displayed = false;
+    m_factory.displayed = false;
     Make();
     OpenWithoutAnswer();
     EXPECT_FALSE(Titles().contains(QStringLiteral("Opening at start")));
-    EXPECT_EQ(factory.made, 0);
-    dialog->close();
-    factory.displayed = true;
+    EXPECT_EQ(m_factory.made, 0);
+    m_dialog->close();
+    m_factory.displayed = true;
     Open();
     EXPECT_TRUE(Titles().contains(QStringLiteral("Opening at start")));
 }
 
 TEST_F(PagesTest, APageWithoutSearchWordsIsListedAndNotFoundByThem)
 {
-    factory.keywords.clear();
+    m_factory.keywords.clear();
     Open();
     EXPECT_TRUE(Titles().contains(QStringLiteral("Opening at start")));
     Type(QStringLiteral("orders"));
@@ -66,8 +67,8 @@ TEST_F(PagesTest, ThePageOfLastTimeIsTheFirstOneShown)
 {
     Open();
     Choose(QStringLiteral("Privacy"));
-    dialog->close();
-    dialog.reset();
+    m_dialog->close();
+    m_dialog.reset();
     Make();
     OpenWithoutAnswer();
     EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Privacy"));
@@ -75,7 +76,7 @@ TEST_F(PagesTest, ThePageOfLastTimeIsTheFirstOneShown)
 
 TEST_F(PagesTest, APageOfLastTimeThatIsGoneGivesTheFirst)
 {
-    factory.displayed = false;
+    m_factory.displayed = false;
     Make();
     OpenWithoutAnswer();
     EXPECT_EQ(List()->currentItem()->text(), QStringLiteral("Appearance"));
@@ -84,20 +85,20 @@ TEST_F(PagesTest, APageOfLastTimeThatIsGoneGivesTheFirst)
 TEST_F(PagesTest, TheSizeOfLastTimeIsRestored)
 {
     Open();
-    dialog->resize(700, 500);
-    dialog->close();
-    dialog.reset();
+    m_dialog->resize(700, 500);
+    m_dialog->close();
+    m_dialog.reset();
     Make();
     OpenWithoutAnswer();
-    EXPECT_EQ(dialog->size(), QSize(700, 500));
+    EXPECT_EQ(m_dialog->size(), QSize(700, 500));
 }
 
 TEST_F(PagesTest, AnInvalidGeometryGivesTheUsualSize)
 {
-    rememberedGeometry = QByteArray("nonsense");
+    m_rememberedGeometry = QByteArray("nonsense");
     Make();
     OpenWithoutAnswer();
-    EXPECT_GE(dialog->width(), 600);
+    EXPECT_GE(m_dialog->width(), 600);
 }
 
 TEST_F(PagesTest, GoingFromPageToPageLosesNothing)
@@ -107,7 +108,28 @@ TEST_F(PagesTest, GoingFromPageToPageLosesNothing)
     Choose(QStringLiteral("About"));
     Choose(QStringLiteral("Opening at start"));
     EXPECT_EQ(Page(), before);
-    EXPECT_EQ(factory.made, 1);
+    EXPECT_EQ(m_factory.made, 1);
+}
+
+TEST_F(PagesTest, APageIsReadyWhenItsRowsAreThereAndInputGoesToThem)
+{
+    Make();
+    QSignalSpy ready(m_dialog.get(), &SettingsDialog::SigPageReady);
+    bool visible = false;
+    QObject::connect(m_dialog.get(), &SettingsDialog::SigPageReady, m_dialog.get(), [this, &visible] {
+        visible = Page()->GetRowCount() == 3 && Page()->GetRow(2)->box->isVisible();
+        Tick(0);
+    });
+    OpenWithoutAnswer();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ready.count(), 0) << "the gateway has not answered yet";
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([&ready] { return ready.count() == 1; }));
+    EXPECT_EQ(ready.first().at(0).toString(), QStringLiteral("10,60"));
+    EXPECT_FALSE(ready.first().at(1).toBool());
+    EXPECT_TRUE(visible);
+    EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
+    AnswerAll();
 }
 
 TEST_F(PagesTest, ThemeAndLanguageAreChosenWithTheKeyboard)
@@ -120,19 +142,19 @@ TEST_F(PagesTest, ThemeAndLanguageAreChosenWithTheKeyboard)
     Choose(QStringLiteral("Language"));
     Find<QComboBox>("language_combo")->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
-    EXPECT_EQ(choices, (QStringList{QStringLiteral("theme 1"), QStringLiteral("theme 2"),
-                                    QStringLiteral("language zh_CN")}));
+    EXPECT_EQ(m_choices, (QStringList{QStringLiteral("theme 1"), QStringLiteral("theme 2"),
+                                      QStringLiteral("language zh_CN")}));
 }
 
 TEST_F(PagesTest, AChoiceMadeElsewhereShows)
 {
     Open();
     Choose(QStringLiteral("Appearance"));
-    dialog->SetTheme(Theme::Dark);
-    dialog->SetScale(150);
+    m_dialog->SetTheme(Theme::Dark);
+    m_dialog->SetScale(150);
     EXPECT_EQ(Find<QComboBox>("theme_combo")->currentText(), QStringLiteral("Dark"));
     EXPECT_EQ(Find<QComboBox>("scale_combo")->currentText(), QStringLiteral("150 %"));
-    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_TRUE(m_choices.isEmpty());
 }
 
 TEST_F(PagesTest, TheDialogFollowsTheLanguageAndRebuildsTheModulesPage)
@@ -141,10 +163,10 @@ TEST_F(PagesTest, TheDialogFollowsTheLanguageAndRebuildsTheModulesPage)
     LanguageManager languages(QStringLiteral(TL_TRANSLATIONS_DIR));
     languages.Apply(QStringLiteral("zh_CN"));
     ASSERT_TRUE(WaitUntil([this] { return Titles().contains(QStringLiteral("启动时打开")); }));
-    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("设置"));
+    EXPECT_EQ(m_dialog->windowTitle(), QStringLiteral("设置"));
     EXPECT_EQ(Area()->findChild<QLabel*>(QStringLiteral("settings_page_title"))->text(),
               QStringLiteral("启动时打开"));
-    EXPECT_TRUE(WaitUntil([this] { return factory.made == 2; }));
+    EXPECT_TRUE(WaitUntil([this] { return m_factory.made == 2; }));
     languages.Apply(QStringLiteral("en"));
     EXPECT_TRUE(WaitUntil([this] { return Titles().contains(QStringLiteral("Opening at start")); }));
 }
@@ -196,17 +218,17 @@ TEST_F(PagesTest, BrowsingDataIsClearedAfterAQuestion)
     Choose(QStringLiteral("Privacy"));
     AnswerQuestion(QStringLiteral("Cancel"));
     QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
-    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_TRUE(m_choices.isEmpty());
     AnswerQuestion(QStringLiteral("Clear"));
     QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
-    EXPECT_EQ(choices, QStringList(QStringLiteral("browsing")));
+    EXPECT_EQ(m_choices, QStringList(QStringLiteral("browsing")));
     EXPECT_FALSE(Find<QPushButton>("clear_browsing_button")->isEnabled());
     EXPECT_EQ(Find<QPushButton>("clear_browsing_button")->text(), QStringLiteral("Cleared"));
 }
 
 TEST_F(PagesTest, DataThatCouldNotBeClearedCanBeTriedAgain)
 {
-    services.clearBrowsingData = [](const std::function<void(bool)>& done) { done(false); };
+    m_services.clearBrowsingData = [](const std::function<void(bool)>& done) { done(false); };
     Open();
     Choose(QStringLiteral("Privacy"));
     AnswerQuestion(QStringLiteral("Clear"));
@@ -218,12 +240,12 @@ TEST_F(PagesTest, DataThatCouldNotBeClearedCanBeTriedAgain)
 TEST_F(PagesTest, AnAnswerThatComesAfterTheDialogIsGoneDoesNoHarm)
 {
     std::function<void(bool)> later;
-    services.clearBrowsingData = [&later](const std::function<void(bool)>& done) { later = done; };
+    m_services.clearBrowsingData = [&later](const std::function<void(bool)>& done) { later = done; };
     Open();
     Choose(QStringLiteral("Privacy"));
     AnswerQuestion(QStringLiteral("Clear"));
     QTest::mouseClick(Find<QPushButton>("clear_browsing_button"), Qt::LeftButton);
-    dialog.reset();
+    m_dialog.reset();
     ASSERT_TRUE(later);
     later(true);
 }
@@ -234,12 +256,12 @@ TEST_F(PagesTest, SessionAndRepliesAreForgotten)
     Choose(QStringLiteral("Privacy"));
     QTest::mouseClick(Find<QPushButton>("forget_session_button"), Qt::LeftButton);
     QTest::mouseClick(Find<QPushButton>("clear_replies_button"), Qt::LeftButton);
-    EXPECT_EQ(choices, (QStringList{QStringLiteral("session"), QStringLiteral("replies")}));
+    EXPECT_EQ(m_choices, (QStringList{QStringLiteral("session"), QStringLiteral("replies")}));
 }
 
 TEST_F(PagesTest, WithoutASavedSessionThereIsNothingToForget)
 {
-    services.hasSavedSession = [] { return false; };
+    m_services.hasSavedSession = [] { return false; };
     Open();
     Choose(QStringLiteral("Privacy"));
     EXPECT_FALSE(Find<QPushButton>("forget_session_button")->isEnabled());
@@ -247,10 +269,10 @@ TEST_F(PagesTest, WithoutASavedSessionThereIsNothingToForget)
 
 TEST_F(PagesTest, WhatTheClientCannotDoIsNotOffered)
 {
-    services.clearBrowsingData = {};
-    services.forgetSession = {};
-    services.clearCachedReplies = {};
-    services.loadEvents = {};
+    m_services.clearBrowsingData = {};
+    m_services.forgetSession = {};
+    m_services.clearCachedReplies = {};
+    m_services.loadEvents = {};
     Open();
     EXPECT_EQ(Titles(), (QStringList{QStringLiteral("Appearance"), QStringLiteral("Language"),
                                      QStringLiteral("Opening at start"), QStringLiteral("About")}));
@@ -272,7 +294,7 @@ TEST_F(PagesTest, ANewEventShowsAtOnceAndABunchIsReadOnce)
 {
     QVector<MonitorEvent> events;
     int reads = 0;
-    services.loadEvents = [&] {
+    m_services.loadEvents = [&] {
         ++reads;
         return events;
     };
@@ -281,7 +303,7 @@ TEST_F(PagesTest, ANewEventShowsAtOnceAndABunchIsReadOnce)
     reads = 0;
     events.append({QDateTime::currentDateTimeUtc(), QStringLiteral("New"), QStringLiteral("Home"), {}});
     for (int i = 0; i < 10; ++i) {
-        dialog->UpdateEvents();
+        m_dialog->UpdateEvents();
     }
     const QAbstractItemModel* const model = Find<QAbstractItemView>("monitor_table")->model();
     EXPECT_TRUE(WaitUntil([model] { return model->rowCount() == 1; }));
@@ -316,7 +338,7 @@ TEST_F(PagesTest, EventsAreReadFromFilesPastDamagedLines)
 
 TEST_F(PagesTest, TheArrowsStepOverTheGapsBetweenGroups)
 {
-    rememberedPage = QStringLiteral("1,20");
+    m_rememberedPage = QStringLiteral("1,20");
     Make();
     OpenWithoutAnswer();
     List()->setFocus(Qt::TabFocusReason);
@@ -329,13 +351,13 @@ TEST_F(PagesTest, TheArrowsStepOverTheGapsBetweenGroups)
 TEST_F(PagesTest, OpeningEditingAndClosingLeavesNothingBehind)
 {
     const auto cycle = [this] {
-        rememberedPage = QStringLiteral("10,60");
+        m_rememberedPage = QStringLiteral("10,60");
         Open();
         Tick(0);
         AnswerAll();
         Choose(QStringLiteral("Monitoring"));
-        dialog->close();
-        EXPECT_FALSE(dialog->isVisible());
+        m_dialog->close();
+        EXPECT_FALSE(m_dialog->isVisible());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
     };
@@ -347,7 +369,7 @@ TEST_F(PagesTest, OpeningEditingAndClosingLeavesNothingBehind)
         cycle();
     }
     EXPECT_EQ(QApplication::allWidgets().size(), before);
-    EXPECT_TRUE(factory.page.isNull());
+    EXPECT_TRUE(m_factory.page.isNull());
 }
 
 TEST_F(PagesTest, TheLicencesAreThere)

@@ -14,14 +14,25 @@
 
 namespace {
 
-using SaveStatusTest = SettingsDialogTest;
+class SaveStatusTest : public SettingsDialogTest
+{
+protected:
+    /// Makes a change that the gateway refuses with this code.
+    void FailWith(const QString& code)
+    {
+        m_gateway.failures = 1;
+        m_gateway.failureCode = code;
+        Tick(0);
+        m_gateway.Answer();
+    }
+};
 
 TEST_F(SaveStatusTest, AQuickSaveSaysSavedAndFadesWithoutEverSayingSaving)
 {
     Open();
     Tick(0);
     EXPECT_EQ(SaveLine()->text(), QString());
-    gateway.Answer();
+    m_gateway.Answer();
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
     ASSERT_TRUE(WaitUntil([this] { return SaveLine()->text().isEmpty(); }));
     EXPECT_FALSE(Notice()->isVisible());
@@ -36,7 +47,7 @@ TEST_F(SaveStatusTest, ASlowSaveSaysSavingAfter300Milliseconds)
     ASSERT_TRUE(WaitUntil([this] { return !SaveLine()->text().isEmpty(); }));
     EXPECT_GE(clock.elapsed(), 290);
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saving…"));
-    gateway.Answer();
+    m_gateway.Answer();
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
 }
 
@@ -46,54 +57,61 @@ TEST_F(SaveStatusTest, SavingStaysUntilTheLastOfAQuickSeriesIsSaved)
     Tick(0);
     Tick(1);
     ASSERT_TRUE(WaitUntil([this] { return SaveLine()->text() == QStringLiteral("Saving…"); }));
-    gateway.Answer();
+    m_gateway.Answer();
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saving…"));
-    gateway.Answer();
+    m_gateway.Answer();
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
 }
 
 TEST_F(SaveStatusTest, AFailureSaysWhyAndStaysUntilTheNextChangeTakesItAlong)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     EXPECT_EQ(NoticeText(),
               QStringLiteral("Not saved. The gateway cannot be reached. The change stays on this "
                              "page and goes out with your next one."));
     EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
     EXPECT_EQ(SaveLine()->text(), QString());
     Tick(1);
-    gateway.Answer();
+    m_gateway.Answer();
     EXPECT_TRUE(NoticeText().isEmpty());
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t0"));
 }
 
-TEST_F(SaveStatusTest, TheReasonIsThatOfTheGateway)
+TEST_F(SaveStatusTest, AGatewayThatCannotStoreAChangeIsTheReason)
 {
     Open();
-    gateway.failures = 3;
-    gateway.failureCode = QStringLiteral("5002");
-    Tick(0);
-    gateway.Answer();
+    FailWith(QStringLiteral("5002"));
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("could not store it"))) << qPrintable(NoticeText());
-    gateway.failureCode = QStringLiteral("1010");
-    Tick(0);
-    gateway.Answer();
+}
+
+TEST_F(SaveStatusTest, ARefusedEntryKeepsThePageFromBeingSavedUntilItIsChanged)
+{
+    Open();
+    FailWith(QStringLiteral("1010"));
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("refused it: said no"))) << qPrintable(NoticeText());
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("until you change or delete that entry")));
     EXPECT_FALSE(NoticeText().contains(QStringLiteral("goes out with your next one")));
-    gateway.failureCode = QStringLiteral("2003");
-    Tick(0);
-    gateway.Answer();
+}
+
+TEST_F(SaveStatusTest, AFailureThatIsNotTheEntrysFaultLetsTheChangeGoOutWithTheNextOne)
+{
+    Open();
+    // The session is over; the clocks differ.
+    for (const QString& code : {QStringLiteral("2003"), QStringLiteral("1006")}) {
+        FailWith(code);
+        EXPECT_TRUE(NoticeText().contains(QStringLiteral("goes out with your next one"))) << qPrintable(code);
+    }
+}
+
+TEST_F(SaveStatusTest, ASessionThatIsOverIsTheReason)
+{
+    Open();
+    FailWith(QStringLiteral("2003"));
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("session"))) << qPrintable(NoticeText());
-    EXPECT_TRUE(NoticeText().contains(QStringLiteral("goes out with your next one")));
-    gateway.failures = 1;
-    gateway.failureCode = QStringLiteral("1006"); // the clocks differ, which is not the entry's fault
-    Tick(0);
-    gateway.Answer();
-    EXPECT_TRUE(NoticeText().contains(QStringLiteral("goes out with your next one")));
 }
 
 TEST_F(SaveStatusTest, AFailureHalfwayThroughAQuickSeriesIsMadeUpForByTheRest)
@@ -102,40 +120,40 @@ TEST_F(SaveStatusTest, AFailureHalfwayThroughAQuickSeriesIsMadeUpForByTheRest)
     Tick(0);
     Tick(1);
     Tick(2);
-    gateway.Answer();
-    gateway.failures = 1;
-    gateway.Answer();
-    ASSERT_EQ(gateway.GetWaiting(), 1);
-    gateway.Answer();
-    EXPECT_EQ(gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t1"));
+    m_gateway.Answer();
+    m_gateway.failures = 1;
+    m_gateway.Answer();
+    ASSERT_EQ(m_gateway.GetWaiting(), 1);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.stored, QStringLiteral("alpha\t1\nbeta\t1\ngamma\t1"));
     EXPECT_TRUE(NoticeText().isEmpty());
 }
 
 TEST_F(SaveStatusTest, LoadAgainDropsTheChangeAndShowsWhatIsStored)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     auto* const again = Area()->findChild<QPushButton*>(QStringLiteral("settings_load_again"));
     ASSERT_TRUE(again->isVisible());
     QTest::mouseClick(again, Qt::LeftButton);
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
     EXPECT_FALSE(Page()->GetRow(0)->box->isChecked());
     EXPECT_TRUE(NoticeText().isEmpty());
-    EXPECT_EQ(gateway.writes, 1);
+    EXPECT_EQ(m_gateway.writes, 1);
 }
 
 TEST_F(SaveStatusTest, AScreenThatChangesTheScaleOverAnUnsavedChangeIsToldOf)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     DpiTool::SetScale(1.5);
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
-    gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
+    m_gateway.Answer();
     EXPECT_TRUE(NoticeText().contains(QStringLiteral("loaded again"))) << qPrintable(NoticeText());
     EXPECT_TRUE(WaitUntil([this] { return Page()->GetRowCount() == 3; }));
 }
@@ -143,74 +161,74 @@ TEST_F(SaveStatusTest, AScreenThatChangesTheScaleOverAnUnsavedChangeIsToldOf)
 TEST_F(SaveStatusTest, AChosenScaleAsksBeforeItDropsAnUnsavedChange)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     Choose(QStringLiteral("Appearance"));
-    auto* const scale = dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
+    auto* const scale = m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
     scale->setFocus(Qt::TabFocusReason);
     AnswerQuestion(QStringLiteral("Cancel"));
     Press(Qt::Key_Down);
-    EXPECT_EQ(questions, 1);
-    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_TRUE(m_choices.isEmpty());
     EXPECT_EQ(scale->currentText(), QStringLiteral("100 %"));
-    dialog->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    m_dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
     scale->setFocus(Qt::TabFocusReason);
     AnswerQuestion(QStringLiteral("Continue"));
     Press(Qt::Key_Down);
-    EXPECT_EQ(questions, 2);
-    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+    EXPECT_EQ(m_questions, 2);
+    EXPECT_EQ(m_choices, QStringList(QStringLiteral("scale 125")));
 }
 
 TEST_F(SaveStatusTest, TheEndOfTheClientAsksNothing)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
-    dialog->CloseAtEnd();
-    EXPECT_FALSE(dialog->isVisible());
+    m_gateway.Answer();
+    m_dialog->CloseAtEnd();
+    EXPECT_FALSE(m_dialog->isVisible());
 }
 
 TEST_F(SaveStatusTest, TheEndOfTheClientWaitsForTheAnswer)
 {
     Open();
     Tick(0);
-    dialog->CloseAtEnd();
-    EXPECT_TRUE(dialog->isVisible());
-    gateway.failures = 1;
-    gateway.Answer();
-    EXPECT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
+    m_dialog->CloseAtEnd();
+    EXPECT_TRUE(m_dialog->isVisible());
+    m_gateway.failures = 1;
+    m_gateway.Answer();
+    EXPECT_TRUE(WaitUntil([this] { return !m_dialog->isVisible(); }));
 }
 
 TEST_F(SaveStatusTest, TheDialogMayGoWhileItsQuestionIsOpen)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
-    QTimer::singleShot(0, &gateway, [this] {
+    m_gateway.Answer();
+    QTimer::singleShot(0, &m_gateway, [this] {
         ASSERT_NE(QApplication::activeModalWidget(), nullptr);
-        dialog.reset();
+        m_dialog.reset();
     });
-    dialog->reject();
-    EXPECT_EQ(dialog, nullptr);
+    m_dialog->reject();
+    EXPECT_EQ(m_dialog, nullptr);
 }
 
 TEST_F(SaveStatusTest, ClosingAsksBeforeItDropsAnUnsavedChange)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     AnswerQuestion(QStringLiteral("Keep open"));
     Press(Qt::Key_Escape);
-    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(m_dialog->isVisible());
     AnswerQuestion(QStringLiteral("Close anyway"));
     Press(Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(questions, 2);
+    EXPECT_FALSE(m_dialog->isVisible());
+    EXPECT_EQ(m_questions, 2);
 }
 
 TEST_F(SaveStatusTest, AChosenScaleThatWaitsForAWriteThatFailsAsksBeforeItDropsTheChange)
@@ -218,17 +236,17 @@ TEST_F(SaveStatusTest, AChosenScaleThatWaitsForAWriteThatFailsAsksBeforeItDropsT
     Open();
     Tick(0);
     Choose(QStringLiteral("Appearance"));
-    auto* const scale = dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
+    auto* const scale = m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"));
     scale->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
     AnswerQuestion(QStringLiteral("Cancel"));
-    gateway.failures = 1;
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return questions == 1; }));
+    m_gateway.failures = 1;
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_questions == 1; }));
     ASSERT_TRUE(WaitUntil([scale] { return scale->currentText() == QStringLiteral("100 %"); }));
-    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_TRUE(m_choices.isEmpty());
     EXPECT_TRUE(Page()->GetRow(0)->box->isChecked());
-    EXPECT_EQ(factory.made, 1);
+    EXPECT_EQ(m_factory.made, 1);
     Choose(QStringLiteral("Opening at start"));
     EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved.")));
 }
@@ -238,14 +256,14 @@ TEST_F(SaveStatusTest, AChosenScaleThatWaitsForAWriteThatFailsIsAppliedWhenTheUs
     Open();
     Tick(0);
     Choose(QStringLiteral("Appearance"));
-    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
     AnswerQuestion(QStringLiteral("Continue"));
-    gateway.failures = 1;
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return !choices.isEmpty(); }));
-    EXPECT_EQ(questions, 1);
-    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+    m_gateway.failures = 1;
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !m_choices.isEmpty(); }));
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_EQ(m_choices, QStringList(QStringLiteral("scale 125")));
 }
 
 TEST_F(SaveStatusTest, AScaleAndALanguageThatWaitAreBothApplied)
@@ -253,14 +271,14 @@ TEST_F(SaveStatusTest, AScaleAndALanguageThatWaitAreBothApplied)
     Open();
     Tick(0);
     Choose(QStringLiteral("Appearance"));
-    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
     Choose(QStringLiteral("Language"));
-    dialog->findChild<QComboBox*>(QStringLiteral("language_combo"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QComboBox*>(QStringLiteral("language_combo"))->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
-    EXPECT_TRUE(choices.isEmpty());
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return choices.size() == 2; })) << qPrintable(choices.join(u' '));
+    EXPECT_TRUE(m_choices.isEmpty());
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return m_choices.size() == 2; })) << qPrintable(m_choices.join(u' '));
 }
 
 TEST_F(SaveStatusTest, TheDialogMayGoWhileItAsksAboutAChoice)
@@ -268,19 +286,19 @@ TEST_F(SaveStatusTest, TheDialogMayGoWhileItAsksAboutAChoice)
     Open();
     Tick(0);
     Choose(QStringLiteral("Appearance"));
-    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
-    gateway.failures = 1;
-    gateway.Answer();
+    m_gateway.failures = 1;
+    m_gateway.Answer();
     QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &gateway, [this] {
+    QObject::connect(&timer, &QTimer::timeout, &m_gateway, [this] {
         if (QApplication::activeModalWidget() != nullptr) {
-            dialog.reset();
+            m_dialog.reset();
         }
     });
     timer.start(10);
-    EXPECT_TRUE(WaitUntil([this] { return dialog == nullptr; }));
-    EXPECT_TRUE(choices.isEmpty());
+    EXPECT_TRUE(WaitUntil([this] { return m_dialog == nullptr; }));
+    EXPECT_TRUE(m_choices.isEmpty());
 }
 
 TEST_F(SaveStatusTest, ClosingOverAWriteThatFailsAsksOnceAndAppliesTheChoiceThatWaits)
@@ -288,15 +306,15 @@ TEST_F(SaveStatusTest, ClosingOverAWriteThatFailsAsksOnceAndAppliesTheChoiceThat
     Open();
     Tick(0);
     Choose(QStringLiteral("Appearance"));
-    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
-    dialog->close();
+    m_dialog->close();
     AnswerQuestion(QStringLiteral("Close anyway"));
-    gateway.failures = 1;
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
-    EXPECT_EQ(questions, 1);
-    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+    m_gateway.failures = 1;
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !m_dialog->isVisible(); }));
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_EQ(m_choices, QStringList(QStringLiteral("scale 125")));
 }
 
 TEST_F(SaveStatusTest, TheEndOfTheClientAsksNothingForAChoiceThatWaits)
@@ -304,15 +322,15 @@ TEST_F(SaveStatusTest, TheEndOfTheClientAsksNothingForAChoiceThatWaits)
     Open();
     Tick(0);
     Choose(QStringLiteral("Appearance"));
-    dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
+    m_dialog->findChild<QComboBox*>(QStringLiteral("scale_combo"))->setFocus(Qt::TabFocusReason);
     Press(Qt::Key_Down);
-    dialog->CloseAtEnd();
-    gateway.failures = 1;
+    m_dialog->CloseAtEnd();
+    m_gateway.failures = 1;
     AnswerQuestion(QStringLiteral("Cancel"));
-    gateway.Answer();
-    ASSERT_TRUE(WaitUntil([this] { return !dialog->isVisible(); }));
-    EXPECT_EQ(questions, 0);
-    EXPECT_EQ(choices, QStringList(QStringLiteral("scale 125")));
+    m_gateway.Answer();
+    ASSERT_TRUE(WaitUntil([this] { return !m_dialog->isVisible(); }));
+    EXPECT_EQ(m_questions, 0);
+    EXPECT_EQ(m_choices, QStringList(QStringLiteral("scale 125")));
 }
 
 TEST_F(SaveStatusTest, SavedShowsAlsoWhenWhatWaitedWasNoChange)
@@ -320,8 +338,8 @@ TEST_F(SaveStatusTest, SavedShowsAlsoWhenWhatWaitedWasNoChange)
     Open();
     Tick(0);
     Press(Qt::Key_Tab);
-    gateway.Answer();
-    EXPECT_EQ(gateway.GetWaiting(), 0);
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.GetWaiting(), 0);
     EXPECT_EQ(SaveLine()->text(), QStringLiteral("Saved"));
 }
 
@@ -331,10 +349,10 @@ TEST_F(SaveStatusTest, SavedDoesNotShowWhenWhatWaitedCouldNotBeSaved)
     Tick(0);
     Tick(1);
     Press(Qt::Key_Tab);
-    gateway.Answer();
-    gateway.failures = 1;
-    gateway.Answer();
-    EXPECT_EQ(gateway.GetWaiting(), 0);
+    m_gateway.Answer();
+    m_gateway.failures = 1;
+    m_gateway.Answer();
+    EXPECT_EQ(m_gateway.GetWaiting(), 0);
     EXPECT_EQ(SaveLine()->text(), QString());
     EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved.")));
 }

@@ -25,10 +25,10 @@ protected:
 
 TEST_F(SearchTest, FindsAPageByTheSearchWordsOfItsModule)
 {
-    rememberedPage = QStringLiteral("1,10");
+    m_rememberedPage = QStringLiteral("1,10");
     Make();
     OpenWithoutAnswer();
-    EXPECT_EQ(factory.made, 0);
+    EXPECT_EQ(m_factory.made, 0);
     Type(QStringLiteral("ORDERS"));
     EXPECT_EQ(Titles(), QStringList(QStringLiteral("Opening at start")));
     ASSERT_NE(Page(), nullptr) << "the page found is shown at once";
@@ -41,7 +41,7 @@ TEST_F(SearchTest, FindsTheClientsOwnPages)
     Type(QStringLiteral("cookie"));
     EXPECT_EQ(Titles(), QStringList(QStringLiteral("Privacy")));
     Press(Qt::Key_Escape);
-    EXPECT_TRUE(dialog->isVisible()) << "the first Escape empties the search";
+    EXPECT_TRUE(m_dialog->isVisible()) << "the first Escape empties the search";
     EXPECT_EQ(Titles().size(), 6);
     Type(QStringLiteral("dark"));
     EXPECT_EQ(Titles(), QStringList(QStringLiteral("Appearance")));
@@ -51,7 +51,7 @@ TEST_F(SearchTest, ThePageIsRebuiltSoThatItsRowsLearnTheWord)
 {
     Open();
     Type(QStringLiteral("orders"));
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
     AnswerAll();
     EXPECT_EQ(Page()->GetRow(0)->keyword, QStringLiteral("orders"));
 }
@@ -60,10 +60,10 @@ TEST_F(SearchTest, TypingMakesThePageOnceNotWithEveryLetter)
 {
     Open();
     Type(QStringLiteral("orders.ex"));
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2; }));
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2; }));
     AnswerAll();
     ASSERT_TRUE(WaitUntil([this] { return IsQuiet(); }));
-    EXPECT_EQ(factory.made, 2);
+    EXPECT_EQ(m_factory.made, 2);
     EXPECT_EQ(Page()->keyword, QStringLiteral("orders.ex"));
 }
 
@@ -71,11 +71,11 @@ TEST_F(SearchTest, AnEmptiedSearchTakesTheWordAway)
 {
     Open();
     Type(QStringLiteral("orders"));
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 2 && gateway.GetWaiting() == 1; }));
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 2 && m_gateway.GetWaiting() == 1; }));
     AnswerAll();
     Press(Qt::Key_Escape);
     EXPECT_EQ(Page()->keyword, QString());
-    ASSERT_TRUE(WaitUntil([this] { return factory.made == 3 && gateway.GetWaiting() == 1; }));
+    ASSERT_TRUE(WaitUntil([this] { return m_factory.made == 3 && m_gateway.GetWaiting() == 1; }));
     AnswerAll();
     EXPECT_EQ(Page()->GetRow(0)->keyword, QString());
 }
@@ -83,12 +83,12 @@ TEST_F(SearchTest, AnEmptiedSearchTakesTheWordAway)
 TEST_F(SearchTest, AChangeThatIsNotSavedIsNotDroppedForASearch)
 {
     Open();
-    gateway.failures = 1;
+    m_gateway.failures = 1;
     Tick(0);
-    gateway.Answer();
+    m_gateway.Answer();
     Type(QStringLiteral("orders"));
     ASSERT_TRUE(WaitUntil([this] { return IsQuiet(); }));
-    EXPECT_EQ(factory.made, 1);
+    EXPECT_EQ(m_factory.made, 1);
     EXPECT_EQ(Page()->keyword, QStringLiteral("orders"));
     EXPECT_TRUE(NoticeText().startsWith(QStringLiteral("Not saved.")));
 }
@@ -98,7 +98,7 @@ TEST_F(SearchTest, SaysThatNothingIsFoundAndKeepsThePageInFront)
     Open();
     Type(QStringLiteral("zzz"));
     EXPECT_TRUE(Titles().isEmpty());
-    EXPECT_TRUE(dialog->findChild<QWidget*>(QStringLiteral("settings_nothing"))->isVisible());
+    EXPECT_TRUE(m_dialog->findChild<QWidget*>(QStringLiteral("settings_nothing"))->isVisible());
     EXPECT_NE(Page(), nullptr);
     Press(Qt::Key_Escape);
     EXPECT_EQ(Titles().size(), 6);
@@ -125,7 +125,7 @@ TEST_F(SearchTest, EnterAndDownGoOnToThePagesFound)
     Type(QStringLiteral("cookie"));
     Press(Qt::Key_Return);
     EXPECT_TRUE(List()->hasFocus());
-    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(m_dialog->isVisible());
 }
 
 } // namespace

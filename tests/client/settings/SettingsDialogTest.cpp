@@ -12,28 +12,28 @@
 
 SettingsDialogTest::SettingsDialogTest()
 {
-    gateway.stored = QStringLiteral("alpha\t0\nbeta\t0\ngamma\t0");
-    services.chooseTheme = [this](Theme theme) {
-        choices.append(QStringLiteral("theme %1").arg(static_cast<int>(theme)));
+    m_gateway.stored = QStringLiteral("alpha\t0\nbeta\t0\ngamma\t0");
+    m_services.chooseTheme = [this](Theme theme) {
+        m_choices.append(QStringLiteral("theme %1").arg(static_cast<int>(theme)));
     };
-    services.chooseScale = [this](int scale) {
-        choices.append(QStringLiteral("scale %1").arg(scale));
+    m_services.chooseScale = [this](int scale) {
+        m_choices.append(QStringLiteral("scale %1").arg(scale));
         DpiTool::SetScale(scale / 100.0);
     };
-    services.chooseLanguage = [this](const QString& language) {
-        choices.append(QStringLiteral("language ") + language);
+    m_services.chooseLanguage = [this](const QString& language) {
+        m_choices.append(QStringLiteral("language ") + language);
     };
-    services.clearBrowsingData = [this](const std::function<void(bool)>& done) {
-        choices.append(QStringLiteral("browsing"));
+    m_services.clearBrowsingData = [this](const std::function<void(bool)>& done) {
+        m_choices.append(QStringLiteral("browsing"));
         done(true);
     };
-    services.hasSavedSession = [] { return true; };
-    services.forgetSession = [this](const std::function<void()>& done) {
-        choices.append(QStringLiteral("session"));
+    m_services.hasSavedSession = [] { return true; };
+    m_services.forgetSession = [this](const std::function<void()>& done) {
+        m_choices.append(QStringLiteral("session"));
         done();
     };
-    services.clearCachedReplies = [this] { choices.append(QStringLiteral("replies")); };
-    services.loadEvents = [] {
+    m_services.clearCachedReplies = [this] { m_choices.append(QStringLiteral("replies")); };
+    m_services.loadEvents = [] {
         const QDateTime time(QDate(2026, 11, 21), QTime(8, 0), Qt::UTC);
         return QVector<MonitorEvent>{{time, QStringLiteral("First"), QStringLiteral("Home"), {}},
                                      {time.addSecs(60),
@@ -41,34 +41,34 @@ SettingsDialogTest::SettingsDialogTest()
                                       QStringLiteral("Home"),
                                       {QStringLiteral("<b>x</b>")}}};
     };
-    services.clearEvents = [this] { choices.append(QStringLiteral("events")); };
-    services.versions = {{QStringLiteral("Client"), QStringLiteral("0.1.0")}};
-    services.loadPage = [this] { return rememberedPage; };
-    services.savePage = [this](const QString& page) { rememberedPage = page; };
-    services.loadGeometry = [this] { return rememberedGeometry; };
-    services.saveGeometry = [this](const QByteArray& geometry) { rememberedGeometry = geometry; };
+    m_services.clearEvents = [this] { m_choices.append(QStringLiteral("events")); };
+    m_services.versions = {{QStringLiteral("Client"), QStringLiteral("0.1.0")}};
+    m_services.loadPage = [this] { return m_rememberedPage; };
+    m_services.savePage = [this](const QString& page) { m_rememberedPage = page; };
+    m_services.loadGeometry = [this] { return m_rememberedGeometry; };
+    m_services.saveGeometry = [this](const QByteArray& geometry) { m_rememberedGeometry = geometry; };
 }
 
 SettingsDialogTest::~SettingsDialogTest()
 {
-    dialog.reset();
+    m_dialog.reset();
     DpiTool::SetScale(1.0);
 }
 
 void SettingsDialogTest::Make()
 {
-    dialog = std::make_unique<SettingsDialog>(services, QVector<ISysSettingFactory*>{&factory});
+    m_dialog = std::make_unique<SettingsDialog>(m_services, QVector<ISysSettingFactory*>{&m_factory});
 }
 
 void SettingsDialogTest::OpenWithoutAnswer()
 {
-    if (!dialog) {
+    if (!m_dialog) {
         Make();
     }
-    dialog->show();
-    dialog->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-    dialog->move(200, 150); // not where the mouse is
+    m_dialog->show();
+    m_dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
+    m_dialog->move(200, 150); // not where the mouse is
 }
 
 void SettingsDialogTest::Open()
@@ -82,14 +82,14 @@ void SettingsDialogTest::Open()
 
 void SettingsDialogTest::AnswerAll()
 {
-    while (gateway.GetWaiting() > 0) {
-        gateway.Answer();
+    while (m_gateway.GetWaiting() > 0) {
+        m_gateway.Answer();
     }
 }
 
 QListWidget* SettingsDialogTest::List() const
 {
-    return dialog->findChild<QListWidget*>(QStringLiteral("settings_list"));
+    return m_dialog->findChild<QListWidget*>(QStringLiteral("settings_list"));
 }
 
 QStringList SettingsDialogTest::Titles() const
@@ -113,7 +113,7 @@ void SettingsDialogTest::Choose(const QString& title)
 
 QWidget* SettingsDialogTest::Area() const
 {
-    return dialog->findChild<QStackedWidget*>(QStringLiteral("settings_stack"))->currentWidget();
+    return m_dialog->findChild<QStackedWidget*>(QStringLiteral("settings_stack"))->currentWidget();
 }
 
 QLabel* SettingsDialogTest::SaveLine() const
@@ -140,7 +140,7 @@ void SettingsDialogTest::Tick(int row)
 
 void SettingsDialogTest::Type(const QString& text)
 {
-    QWidget* const search = dialog->findChild<QWidget*>(QStringLiteral("settings_search"));
+    QWidget* const search = m_dialog->findChild<QWidget*>(QStringLiteral("settings_search"));
     search->setFocus(Qt::OtherFocusReason);
     QTest::keyClicks(search, text);
 }
@@ -148,12 +148,12 @@ void SettingsDialogTest::Type(const QString& text)
 void SettingsDialogTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     QWidget* const focus = QApplication::focusWidget();
-    QTest::keyClick(focus != nullptr ? focus : dialog.get(), key, modifiers);
+    QTest::keyClick(focus != nullptr ? focus : m_dialog.get(), key, modifiers);
 }
 
 void SettingsDialogTest::AnswerQuestion(const QString& button)
 {
-    auto* timer = new QTimer(dialog.get());
+    auto* timer = new QTimer(m_dialog.get());
     QObject::connect(timer, &QTimer::timeout, timer, [this, timer, button] {
         QWidget* const question = QApplication::activeModalWidget();
         if (question == nullptr) {
@@ -164,7 +164,7 @@ void SettingsDialogTest::AnswerQuestion(const QString& button)
             if (candidate->text() == button) {
                 timer->deleteLater();
                 timer->stop();
-                ++questions;
+                ++m_questions;
                 QTest::mouseClick(candidate, Qt::LeftButton);
                 return;
             }

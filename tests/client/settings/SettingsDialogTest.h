@@ -28,7 +28,7 @@ protected:
     void Make();
     void AnswerAll();
 
-    FakeSettingsPage* Page() const { return factory.page; }
+    FakeSettingsPage* Page() const { return m_factory.page; }
     QListWidget* List() const;
     QStringList Titles() const;
     /// Selects the page of that title with the mouse.
@@ -45,12 +45,12 @@ protected:
     /// Once a question is open, presses the button with that text.
     void AnswerQuestion(const QString& button);
 
-    SlowGateway gateway;
-    FakeSettingFactory factory;
-    SettingsServices services;
-    std::unique_ptr<SettingsDialog> dialog;
-    QStringList choices; ///< what was chosen, in order
-    int questions = 0;
-    QString rememberedPage = QStringLiteral("10,60");
-    QByteArray rememberedGeometry;
+    SlowGateway m_gateway;
+    FakeSettingFactory m_factory;
+    SettingsServices m_services;
+    std::unique_ptr<SettingsDialog> m_dialog;
+    QStringList m_choices; ///< what was chosen, in order
+    int m_questions = 0;
+    QString m_rememberedPage = QStringLiteral("10,60");
+    QByteArray m_rememberedGeometry;
 };

@@ -30,8 +30,8 @@ AboutPage::AboutPage(const SettingsServices* services) : m_licences(new QPlainTe
         AddRow([name = entry.name] { return name; }, {}, version);
     }
     AddCard();
-    AddRow([] { return tr("Licences"); }, [] { return tr("Of the software that the client is made with."); },
-           nullptr);
+    AddRow([] { return tr("Licences"); },
+           [] { return tr("For the software that the client is built with."); }, nullptr);
     m_licences->setObjectName(QStringLiteral("licences_text"));
     m_licences->setReadOnly(true);
     m_licences->setPlainText(ReadLicences());

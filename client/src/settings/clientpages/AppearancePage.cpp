@@ -19,10 +19,10 @@ AppearancePage::AppearancePage(const SettingsServices* services)
     }
 
     AddCard();
-    AddRow([] { return tr("Theme"); },
-           [] { return tr("The colours of the client, not those of web pages."); }, m_theme);
+    AddRow([] { return tr("Theme"); }, [] { return tr("The colours of the client, but not of web pages."); },
+           m_theme);
     AddRow([] { return tr("Size"); },
-           [] { return tr("Of texts, buttons and everything else in the client."); }, m_scale);
+           [] { return tr("For text, buttons and everything else in the client."); }, m_scale);
     AddTexts([this] {
         m_theme->setItemText(0, tr("Follow the system"));
         m_theme->setItemText(1, tr("Light"));

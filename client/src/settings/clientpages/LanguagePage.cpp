@@ -20,7 +20,7 @@ LanguagePage::LanguagePage(const SettingsServices* services)
     m_language->addItem(Chinese, QStringLiteral("zh_CN"));
     AddCard();
     AddRow([] { return tr("Language"); },
-           [] { return tr("Of the client and, where they have it, of web pages."); }, m_language);
+           [] { return tr("For the client and, where they support it, web pages."); }, m_language);
     ShowState();
     m_language->setEnabled(static_cast<bool>(services->chooseLanguage));
     connect(m_language, QOverload<int>::of(&QComboBox::activated), this,

@@ -41,7 +41,7 @@ Q_SIGNALS:
     void SigEnded(quint64 call);
 
 private:
-    IHttpManager* m_next;                // before it stands in its place
+    IHttpManager* m_next;                // the manager that was provided before
     ::Provided<IHttpManager> m_provided; // the interface has an operation of that name
     std::shared_ptr<CachedReads> m_reads;
     quint64 m_lastCall = 0;

@@ -17,10 +17,10 @@ public:
     /// Fills both, owns neither.
     UserInformation(TLPluginBaseManager* plugins, TLFunctionData* functions, QObject* parent = nullptr);
 
-    /// Reads both for the first time. `SigFinished` follows when both reads ended, well or not, and at the
-    /// latest after `limit` [ms]; a later answer still fills its list.
+    /// Reads both for the first time. `SigFinished` follows when both reads have ended, well or not, and at
+    /// the latest after `limit` [ms]; a later answer still fills its list.
     void Read(int limit);
-    /// Reads one of them again; nothing waits for the end.
+    /// Reads one of them again; sends no `SigFinished`.
     void RefreshPlugins();
     void RefreshFunctions();
     /// Suppresses `SigFinished` for the `Read` that runs.

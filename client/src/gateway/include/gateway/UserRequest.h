@@ -10,7 +10,7 @@ class UserRequest : public IHttpRequestDsm
     Q_OBJECT
 
 public:
-    /// `dsmMethod` is the gateway method; the signed-in user of this moment asks.
+    /// `dsmMethod` is the gateway method; the user who is signed in now asks.
     explicit UserRequest(const QString& dsmMethod, QObject* parent = nullptr);
     /// The same for a named user.
     UserRequest(const QString& dsmMethod, const QString& pin, const QString& belongType,
