@@ -75,7 +75,7 @@ QWidget* Title(QWidget* parent, const QString& text)
     return title;
 }
 
-/// A list of rows; `rows` is the column for them.
+/// A list of rows; returns the layout for them in `rows`.
 QWidget* List(QWidget* parent, const QString& link, QVBoxLayout*& rows)
 {
     auto* const list = new QWidget(parent);
@@ -106,7 +106,7 @@ QWidget* MakeBareSettingsPage(int systemRows, int customRows, int appRows)
     outer->addWidget(status);
     outer->addItem(new QSpacerItem(20, 40, QSizePolicy::Minimum, QSizePolicy::Expanding));
 
-    // What the status area shows while it loads, and after a failure.
+    // What the status area shows while loading and after a failure.
     auto* const loading = new QWidget(status);
     auto* const loadingColumn = Column(loading);
     loadingColumn->addWidget(new QWidget(loading));

@@ -1,5 +1,5 @@
-// A bare window with a tab widget and one web view per address: what opening the same pages costs at the
-// least. The counterpart of a log-in reply is the start of the opening, with the window on the screen.
+// A bare window with a tab widget and one web view per address: the least that opening the same pages can
+// cost. Its clock starts when it begins to open them, with the window already on the screen.
 //
 // usage: BareTenViews PROFILE URL...          prints two numbers [ms]: last view made, last page loaded
 

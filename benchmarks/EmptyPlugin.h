@@ -3,7 +3,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QtPlugin>
 
-/// A Qt plug-in that does nothing: what loading costs at the least.
+/// A Qt plug-in that does nothing: the least that loading one costs.
 class EmptyPlugin final : public QObject
 {
     Q_OBJECT

@@ -4,8 +4,8 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
-/// The same configuration as the module's records, read and written by hand with Qt's JSON classes: what
-/// the records are measured against.
+/// The same configuration as the module's records, read and written by hand with Qt's JSON classes, for
+/// comparison.
 struct HandWrittenConfiguration
 {
     struct Entry
@@ -23,7 +23,7 @@ struct HandWrittenConfiguration
     QVector<Entry> customItems;
     QVector<Entry> pluginItems;
 
-    /// False when the text is no JSON object.
+    /// False when the text is not a JSON object.
     bool Parse(const QByteArray& json);
     QByteArray ToJson() const;
 };

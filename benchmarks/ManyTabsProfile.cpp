@@ -13,10 +13,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Makes the settings file of a killed client into that of one that had many tabs open:
+// Changes the settings file of a killed client as if it had had many tabs open:
 //   ManyTabsProfile settings.sqlite pin count address
-// `count` tabs with pages at address0, address1 and so on, the last of them in front. The client must have
-// had a tab open, whose record is the pattern of the others.
+// `count` tabs with pages at address0, address1 and so on, the last one in front. The client must have had a
+// tab open, whose record is the pattern for the others.
 
 namespace {
 
@@ -32,15 +32,17 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 5)
+    if (arguments.size() != 5) {
         Fail("ManyTabsProfile settings.sqlite pin count address");
+    }
     const int count = arguments.at(3).toInt();
     const QString address = arguments.at(4);
 
     TLGlobalData::Instance()->SetUser(arguments.at(2), QString());
     VXSettingManager* const store = VXSettingManager::Instance();
-    if (!store->Open(arguments.at(1)))
+    if (!store->Open(arguments.at(1))) {
         Fail("The settings cannot be opened.");
+    }
 
     const QString section = QStringLiteral("USER_SETTING_RECOVER_SECTION");
     const QString field = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
@@ -69,7 +71,8 @@ int main(int argc, char** argv)
     const QString text = QString::fromUtf8(QJsonDocument(record).toJson(QJsonDocument::Compact));
     if (!store->SetUserValueSync(section, field, text) ||
         !store->SetUserValueSync(QStringLiteral("CLIENT"), QStringLiteral("RUNNING_TABS"),
-                                 TabSetText::Write(tabs)))
+                                 TabSetText::Write(tabs))) {
         Fail("The settings cannot be written.");
+    }
     store->Close();
 }

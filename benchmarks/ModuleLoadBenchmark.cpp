@@ -1,5 +1,5 @@
-// From dlopen to the end of InitModule, beside an empty Qt plug-in. Each sample is a process of its own,
-// since a library that was loaded once is never as cold again; the two kinds take turns.
+// From dlopen to the end of InitModule, compared with an empty Qt plug-in. Each sample runs in its own
+// process, because a library is only cold the first time; module and plug-in take turns.
 //
 // usage: ModuleLoadBenchmark [samples]        prints the medians and their ratio
 

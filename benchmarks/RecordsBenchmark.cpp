@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A configuration of 12 entries, as the gateway answers it.
+/// A configuration of 12 entries, as the gateway sends it.
 QByteArray TwelveEntries()
 {
     HandWrittenConfiguration configuration;

@@ -1,6 +1,6 @@
-// The settings page with 5 system, 5 custom and 5 app rows: making it, beside plain Qt widgets of the same
-// number and layout, and the way from a click on a check box to the request at the gateway. Without theme.
-// Needs no screen: QT_QPA_PLATFORM=offscreen build/release/benchmarks/SettingsPageBenchmark
+// The settings page with 5 system, 5 custom and 5 app rows: making it, compared with plain Qt widgets of the
+// same number and layout, and the way from a click on a check box to the request at the gateway. Without a
+// theme. Needs no screen: QT_QPA_PLATFORM=offscreen build/release/benchmarks/SettingsPageBenchmark
 
 #include "AutoRunCollectionEntity.h"
 #include "AutoRunInfoEntity.h"
@@ -74,7 +74,7 @@ double Seconds(const QElapsedTimer& clock)
     return double(clock.nsecsElapsed()) / 1e9;
 }
 
-/// Keeps one call until it is told to answer.
+/// Holds one call until told to answer it.
 class HoldingHttpManager final : public IHttpManager
 {
 public:
@@ -97,7 +97,7 @@ private:
     std::function<void()> m_finished;
 };
 
-/// Gives out an app list.
+/// Provides an app list.
 class Router final : public IRouteExecutor
 {
 public:
@@ -115,14 +115,14 @@ std::unique_ptr<QWidget> MakePage(HoldingHttpManager& http, const QByteArray& co
     return page;
 }
 
-/// Repeats making a page: until it exists, until it is laid out and could be painted, of which plain widgets
-/// leave more for then, or until it is painted.
+/// Makes a page repeatedly: until it exists, until it is laid out (where plain widgets postpone more work),
+/// or until it is painted.
 template <class Make>
 void Measure(benchmark::State& state, Until until, const Make& make)
 {
     int widgets = 0;
     for ([[maybe_unused]] auto _ : state) {
-        const std::clock_t start = std::clock(); // what the processor did, on machines with more to do
+        const std::clock_t start = std::clock(); // processor time, because the machine may be busy
         const std::unique_ptr<QWidget> page = make();
         if (until != Until::Made) {
             page->setAttribute(Qt::WA_DontShowOnScreen);
@@ -160,8 +160,8 @@ BENCHMARK_CAPTURE(Bare, laid_out, Until::LaidOut)->UseManualTime()->Unit(benchma
 BENCHMARK_CAPTURE(Page, painted, Until::Painted)->UseManualTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(Bare, painted, Until::Painted)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
-/// A gateway in this process that answers whole requests at once. It counts a request with its first byte:
-/// unlike the real gateway it does not acknowledge a head at once, for which Qt waits with the body.
+/// A gateway in this process that answers whole requests immediately. It counts a request at its first byte:
+/// unlike the real gateway, it does not acknowledge the head at once, and Qt sends the body only after that.
 class LoopbackGateway final : public IDsmGateway
 {
 public:
@@ -174,7 +174,7 @@ public:
         });
     }
 
-    int requests = 0; ///< that have begun to arrive
+    int requests = 0; ///< whose first byte has arrived
 
     DsmGatewayConfig GetConfig() const override
     {
@@ -215,12 +215,12 @@ private:
     QByteArray m_received;
 };
 
-/// Sends, and knows when the page handed its request over.
+/// Sends calls and records when the page handed its request over.
 class WatchedHttpManager final : public IHttpManager
 {
 public:
     QElapsedTimer clock;
-    double handedOver = 0; ///< [s] on the clock, when `Send` was done
+    double handedOver = 0; ///< [s] on the clock, when `Send` returned
 
     void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
               std::function<void()> finished, int timeout, int attempts) override
@@ -261,7 +261,7 @@ void ClickToRequest(benchmark::State& state)
     QVector<double> arrived;
     int row = 0;
     for ([[maybe_unused]] auto _ : state) {
-        row = row % (rows.size() - 1) + 1; // the first one is locked
+        row = row % (rows.size() - 1) + 1; // the first row is locked
         answered = false;
         const int before = gateway.requests;
         http.clock.restart();

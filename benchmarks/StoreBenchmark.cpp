@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-// The gateway's two stores beside each other, each on the disk of the temporary folder.
+// Compares the gateway's two stores, both on the disk of the temporary folder.
 namespace TLGateway {
 
 namespace {
@@ -26,7 +26,7 @@ std::shared_ptr<spdlog::logger> Silent()
     return std::make_shared<spdlog::logger>("silent");
 }
 
-// All of them queued at once; returns when the last is answered.
+// Queues all of them at once and returns when the last is answered.
 void RunWrites(int count, const std::function<void(int number, IStore::WriteDone done)>& start)
 {
     std::vector<std::promise<bool>> answers(static_cast<std::size_t>(count));
@@ -126,7 +126,7 @@ void OneEdit(benchmark::State& state, IStore& (*store)())
     }
 }
 
-// As from two gateways, half of the users each.
+// As from two gateways with half of the users each.
 void HundredEditsThroughTwoStores(benchmark::State& state)
 {
     IStore& first = Postgres();

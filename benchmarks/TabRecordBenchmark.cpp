@@ -91,8 +91,8 @@ public:
     }
     ~Client() { VXSettingManager::Instance()->Close(); }
 
-    /// Between two measurements: a tab gets another title, as the store skips what has not changed, and
-    /// the store's own thread comes to rest.
+    /// Call between two measurements: gives a tab another title, because the store skips unchanged values,
+    /// and waits until the store's own thread is idle.
     void ChangeATitle()
     {
         m_browser.GetTab(1)->GetTabData()->SetTitle(QString::number(++m_titles));
@@ -110,7 +110,8 @@ private:
     int m_titles = 0;
 };
 
-/// The same record from the same tabs to the same store, with Qt's JSON classes and no record classes.
+/// The same record from the same tabs to the same store, with Qt's JSON classes instead of the record
+/// classes.
 void SaveTabsByHandOnce()
 {
     const IBrowserMain* browser = IBrowserMain::GetBrowser();
@@ -135,7 +136,7 @@ void SaveTabsByHandOnce()
         QString::fromUtf8(QJsonDocument(record).toJson(QJsonDocument::Compact)));
 }
 
-/// Times `saveTabs` alone, with the store's own thread at rest, and notes the slowest call [us].
+/// Times `saveTabs` alone, while the store's own thread is idle, and records the slowest call [us].
 template <class Operation>
 void Measure(benchmark::State& state, Operation saveTabs)
 {

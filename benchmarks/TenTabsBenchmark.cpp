@@ -1,6 +1,6 @@
-// From the log-in reply to the tenth tab, beside a bare program that makes the same ten web views. The
-// built client and gateway run as processes; the two kinds take turns, each run with a fresh profile.
-// Needs a screen: xvfb-run -a build/release/benchmarks/TenTabsBenchmark
+// From the log-in reply to the tenth tab, compared with a bare program that makes the same ten web views. The
+// built client and gateway run as processes; client and bare program take turns, each run with a fresh
+// profile. Needs a screen: xvfb-run -a build/release/benchmarks/TenTabsBenchmark
 //
 // usage: TenTabsBenchmark [runs]
 
@@ -26,8 +26,8 @@ const QStringList Pages{QStringLiteral("today"),    QStringLiteral("messages"), 
 
 struct Times
 {
-    qint64 made = 0;   // [ms] from the log-in reply until the tenth tab stands
-    qint64 loaded = 0; // [ms] until its page, and all others, are loaded
+    qint64 made = 0;   ///< [ms] from the log-in reply to the tenth tab
+    qint64 loaded = 0; ///< [ms] from the log-in reply until all ten pages have loaded
 };
 
 bool RunGateway(const QString& database, const QStringList& arguments, const QByteArray& input = QByteArray())
@@ -41,8 +41,14 @@ bool RunGateway(const QString& database, const QStringList& arguments, const QBy
     return process.waitForFinished() && process.exitCode() == 0;
 }
 
-/// Ten entries: five of the operator's and five of the user's own, all web pages, so that both programs
-/// open the very same addresses.
+bool Write(const QString& name, const QByteArray& content)
+{
+    QFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/// Ten web pages, five from the operator and five of the user's own, so that both programs open the same
+/// addresses.
 QByteArray Configuration(const QStringList& urls)
 {
     QJsonArray lists[2];
@@ -123,6 +129,49 @@ double Median(QVector<double> values)
     return values.isEmpty() ? 0.0 : values[values.size() / 2];
 }
 
+/// Fills the gateway's database with the demo data and a user of the ten pages, whose password goes to
+/// `passwordFile`.
+bool SetUpGateway(const QString& database, const QString& address, const QStringList& urls,
+                  const QString& folder, const QString& passwordFile)
+{
+    const QByteArray password = "bench-password\n";
+    const QString configuration = folder + QStringLiteral("/configuration.json");
+    return Write(configuration, Configuration(urls)) && Write(passwordFile, password) &&
+           RunGateway(database, {QStringLiteral("demo"), QStringLiteral("--pages"), address}) &&
+           RunGateway(database,
+                      {QStringLiteral("user"), QStringLiteral("add"), QStringLiteral("bench"),
+                       QStringLiteral("--belong-type"), QStringLiteral("merchant")},
+                      password) &&
+           RunGateway(database, {QStringLiteral("config"), QStringLiteral("import"), QStringLiteral("bench"),
+                                 configuration});
+}
+
+/// Runs both programs in turn and prints the times and the median ratios.
+bool Compare(int runs, const QString& address, const QStringList& urls, const QString& passwordFile)
+{
+    QVector<double> made;
+    QVector<double> loaded;
+    for (int run = 0; run < runs; ++run) {
+        const QTemporaryDir clientFolder;
+        const QTemporaryDir bareFolder;
+        Times client;
+        Times bare;
+        if (!RunClient(address, clientFolder.path(), passwordFile, client) ||
+            !RunBare(urls, bareFolder.path(), bare)) {
+            std::fprintf(stderr, "run %d did not finish\n", run);
+            return false;
+        }
+        std::printf("client: tenth tab %5lld ms, all loaded %5lld ms   bare: %5lld ms, %5lld ms\n",
+                    static_cast<long long>(client.made), static_cast<long long>(client.loaded),
+                    static_cast<long long>(bare.made), static_cast<long long>(bare.loaded));
+        std::fflush(stdout);
+        made.append(double(client.made) / double(std::max<qint64>(bare.made, 1)));
+        loaded.append(double(client.loaded) / double(std::max<qint64>(bare.loaded, 1)));
+    }
+    std::printf("ratio, median of %d: tenth tab %.2f, all loaded %.2f\n", runs, Median(made), Median(loaded));
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -130,7 +179,7 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     const int runs = QCoreApplication::arguments().size() > 1 ? QCoreApplication::arguments()[1].toInt() : 7;
 
-    QTemporaryDir folder;
+    const QTemporaryDir folder;
     const QString database = QStringLiteral("sqlite:%1/gateway.sqlite").arg(folder.path());
     QProcess gateway;
     gateway.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -146,49 +195,10 @@ int main(int argc, char** argv)
     for (const QString& page : Pages) {
         urls.append(QStringLiteral("%1/demo/%2").arg(address, page));
     }
-
-    const QString configuration = folder.filePath(QStringLiteral("configuration.json"));
-    const QString password = folder.filePath(QStringLiteral("password"));
-    QFile configurationFile(configuration);
-    QFile passwordFile(password);
-    if (!configurationFile.open(QIODevice::WriteOnly) || !passwordFile.open(QIODevice::WriteOnly)) {
-        return 1;
-    }
-    configurationFile.write(Configuration(urls));
-    configurationFile.close();
-    passwordFile.write("bench-password\n");
-    passwordFile.close();
-    if (!RunGateway(database, {QStringLiteral("demo"), QStringLiteral("--pages"), address}) ||
-        !RunGateway(database,
-                    {QStringLiteral("user"), QStringLiteral("add"), QStringLiteral("bench"),
-                     QStringLiteral("--belong-type"), QStringLiteral("merchant")},
-                    "bench-password\n") ||
-        !RunGateway(database, {QStringLiteral("config"), QStringLiteral("import"), QStringLiteral("bench"),
-                               configuration})) {
-        return 1;
-    }
-
-    QVector<double> made;
-    QVector<double> loaded;
-    for (int run = 0; run < runs; ++run) {
-        QTemporaryDir clientFolder;
-        QTemporaryDir bareFolder;
-        Times client;
-        Times bare;
-        if (!RunClient(address, clientFolder.path(), password, client) ||
-            !RunBare(urls, bareFolder.path(), bare)) {
-            std::fprintf(stderr, "run %d did not finish\n", run);
-            return 1;
-        }
-        std::printf("client: tenth tab %5lld ms, all loaded %5lld ms   bare: %5lld ms, %5lld ms\n",
-                    static_cast<long long>(client.made), static_cast<long long>(client.loaded),
-                    static_cast<long long>(bare.made), static_cast<long long>(bare.loaded));
-        std::fflush(stdout);
-        made.append(double(client.made) / double(std::max<qint64>(bare.made, 1)));
-        loaded.append(double(client.loaded) / double(std::max<qint64>(bare.loaded, 1)));
-    }
-    std::printf("ratio, median of %d: tenth tab %.2f, all loaded %.2f\n", runs, Median(made), Median(loaded));
+    const QString passwordFile = folder.filePath(QStringLiteral("password"));
+    const bool ok = SetUpGateway(database, address, urls, folder.path(), passwordFile) &&
+                    Compare(runs, address, urls, passwordFile);
     gateway.terminate();
     gateway.waitForFinished();
-    return 0;
+    return ok ? 0 : 1;
 }

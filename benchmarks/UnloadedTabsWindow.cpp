@@ -1,5 +1,5 @@
-// The client's window with a number of tabs that were never selected, and one in front that loads. For
-// thousand_tabs.py, which looks on from outside; runs until it is ended.
+// The client's window with a number of unloaded tabs and one in front that loads. thousand_tabs.py watches it
+// from outside; it runs until it is killed.
 //
 // usage: UnloadedTabsWindow FOLDER COUNT ADDRESS
 

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """From the launch of a program to a loaded tab in front, with many unloaded tabs beside it.
 
-The page in front reports its own load event to a server on the loopback, so that every program is measured
-by the same clock. Wall time, the CPU time of the program's main process until then, and its memory (PSS)
-once it has come to rest. The programs and the numbers of tabs take turns, each run with a fresh profile.
+The page in front reports its load event to a loopback server, so that the same clock measures every program. Measures
+wall time, the CPU time of the program's main process until then, and its memory (PSS) at rest. The programs and
+the numbers of tabs take turns, each run with a fresh profile.
 
-With --falkon also for Falkon, whose sessions are made by opening the pages in it once; it must be set to
-load restored tabs when they are selected.
+With --falkon, also measures Falkon, after opening the pages in it once to make its sessions; it must be set to load
+restored tabs when they are selected.
 
 Needs a screen:  xvfb-run -a benchmarks/thousand_tabs.py --build build/release --runs 7
 """
@@ -52,7 +52,7 @@ class Server(http.server.ThreadingHTTPServer):
         threading.Thread(target=self.serve_forever, daemon=True).start()
 
     def handle_error(self, *_):
-        pass  # a program that is ended breaks off its connections
+        pass  # a killed program drops its connections
 
     def url(self, path):
         return "http://127.0.0.1:%d%s" % (self.server_port, path)
@@ -67,8 +67,7 @@ class Server(http.server.ThreadingHTTPServer):
             self.loaded.clear()
 
     def wait(self, count, page=""):
-        """The moment when so many pages, or this one so many times, had loaded; None when they have not by
-        the deadline."""
+        """The time when this many pages, or this page this many times, had loaded; None after the deadline."""
         def hits():
             return [moment for path, moment in self.loaded if page in ("", path)]
 
@@ -114,7 +113,7 @@ def pss_kib(pid):
 
 
 def come_to_rest(pid):
-    """Until the process has used less than 2 % of a second in one second."""
+    """Waits until the process uses less than 2 % of the processor for a second."""
     before = cpu_seconds(pid)
     for _ in range(30):
         time.sleep(1)
@@ -134,7 +133,7 @@ def end(process):
 
 
 def run(server, command, environment, memory, page=""):
-    """One launch; `page` is the one in front, the first to load when empty. None when the page in front did not load by the deadline."""
+    """One launch; `page` is the page in front, or the first to load if empty. None if it does not load by the deadline."""
     server.forget()
     start = time.monotonic()
     process = subprocess.Popen(command, env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -206,7 +205,7 @@ class Client:
         process = subprocess.Popen(self.command(profile, trace), stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL)
         wait_for_event(trace, "ready")
-        time.sleep(3)  # what is open is on disk a second later at the latest
+        time.sleep(3)  # the client writes its tabs to disk within a second
         process.kill()
         process.wait()
         subprocess.run([os.path.join(self.build, "benchmarks", "ManyTabsProfile"),
@@ -225,7 +224,7 @@ class Client:
     def say_yes(self, trace):
         if not wait_for_event(trace, "question.asked"):
             return
-        # Again when it was not heard: the question may not have had the focus yet.
+        # Press it again if nothing happens: the question may not have had the focus yet.
         for _ in range(500):
             subprocess.run(["xdotool", "key", "Return"], check=False)
             if wait_for_event(trace, "question", 0.03):
@@ -233,7 +232,7 @@ class Client:
 
 
 def wait_for_event(trace, event, patience=DEADLINE):
-    """Whether the client has written the event to its trace by then [s]."""
+    """Whether the client writes the event to its trace by then [s]."""
     until = time.monotonic() + patience
     while time.monotonic() < until:
         try:
@@ -260,7 +259,7 @@ class Falkon:
             file.write(FALKON_SETTINGS)
 
     def prepare(self, server, count, folder):
-        """A session of a start page and `count` pages, the last of them in front."""
+        """Makes a session of a start page and `count` pages, the last one in front."""
         home = self.home(folder, count)
         os.makedirs(self.profile(home))
         self.write_settings(home)
@@ -271,9 +270,9 @@ class Falkon:
         if server.wait(count) is None:
             raise SystemExit("Falkon did not open %d pages" % count)
         come_to_rest(process.pid)
-        time.sleep(10)  # it saves its session every so often
+        time.sleep(10)  # it saves its session from time to time
         end(process)
-        self.write_settings(home)  # without its note that it did not end in good order
+        self.write_settings(home)  # without its note that it was killed
 
     def launch(self, server, count, folder, memory):
         with tempfile.TemporaryDirectory(dir=folder) as home:
@@ -304,7 +303,7 @@ def main():
         for turn in range(arguments.runs):
             for kind, counts in plans:
                 for count in counts:
-                    # Memory in the first three runs only: coming to rest takes its time.
+                    # Memory in the first three runs only, because coming to rest takes a while.
                     result = kind.launch(server, count, folder, turn < 3)
                     if result:
                         results.setdefault((kind.name, count), []).append(result)

@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// What a fuzzing engine, or the replay of a corpus, calls with bytes of any kind. Each target defines it;
-/// it returns 0 and keeps no state between calls. A reader that breaks a promise ends the process.
+/// A fuzzing engine or the replay of a corpus calls this with arbitrary bytes. Each target defines it; it
+/// returns 0 and has no state between calls. A reader that breaks a promise aborts the process.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
-/// Ends the process when `promise` does not hold.
+/// Aborts the process unless `promise` holds.
 inline void Require(bool promise, const char* text)
 {
     if (!promise) {

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Drawings may have text in them, which needs fonts.
+// Drawings may contain text, which needs fonts.
 void EnsureApplication()
 {
     static int count = 1;

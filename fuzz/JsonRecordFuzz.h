@@ -4,8 +4,8 @@
 
 #include <QtCore/QByteArray>
 
-/// Reads the bytes as a JSON record of class `Record`: what was read must be writable, and the same when it
-/// is read again.
+/// Reads the bytes as a JSON record of class `Record`: writing the record and reading it again must give the
+/// same record.
 template <class Record>
 void FuzzJsonRecord(const uint8_t* data, size_t size)
 {
@@ -15,7 +15,7 @@ void FuzzJsonRecord(const uint8_t* data, size_t size)
     const QByteArray written = first.ToJson();
     Record second;
     Require(second.Parse(written), "what was read can be written and read again");
-    // Qt takes a U+FEFF at the beginning of a text for a byte order mark and leaves it out.
+    // Qt treats a U+FEFF at the beginning of a text as a byte order mark and drops it.
     const auto withoutMarks = [](QByteArray json) { return json.replace("\xEF\xBB\xBF", ""); };
     Require(withoutMarks(second.ToJson()) == withoutMarks(written), "and is the same then");
 }

@@ -29,7 +29,7 @@ int Replay(const std::filesystem::path& folder)
     }
     std::sort(files.begin(), files.end());
     for (const std::filesystem::path& file : files) {
-        std::cout << file.filename().string() << std::endl; // written out before the bytes can do harm
+        std::cout << file.filename().string() << std::endl; // flushed before the bytes can crash the reader
         const std::vector<uint8_t> bytes = ReadFile(file);
         LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
     }
@@ -38,7 +38,7 @@ int Replay(const std::filesystem::path& folder)
 
 } // namespace
 
-/// Feeds the target every file of the folders that are named on the command line.
+/// Feeds every file in the folders on the command line to the target.
 int main(int argc, char** argv)
 {
     try {

@@ -18,7 +18,7 @@ void RequireSameAgain(const TLRestartRecord& record)
 
 void RequireAsTheStreamReads(const TLRestartRecord& record, const QByteArray& bytes)
 {
-    // The stream's own reading of a list takes the memory for all that the count promises.
+    // QDataStream reserves memory for as many elements as the count promises.
     constexpr quint32 mostUrls = 100000;
     if (bytes.size() < 4 || qFromBigEndian<quint32>(bytes.constData()) > mostUrls) {
         return;

@@ -17,8 +17,7 @@
 
 namespace {
 
-/// For what takes no time unless the machine has none.
-constexpr int patience = 60000; // [ms]
+constexpr int Patience = 60000; // [ms]; for what is quick on an idle machine
 
 QByteArray ReadAll(const QString& name)
 {
@@ -26,7 +25,7 @@ QByteArray ReadAll(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Also one that is nobody's child: what is left of it has no command line.
+/// Also for a process that is not our child: a dead one has no command line.
 bool IsGone(qint64 processId)
 {
     return ReadAll(QStringLiteral("/proc/%1/cmdline").arg(processId)).isEmpty();
@@ -92,8 +91,7 @@ void ClientProcess::Start(const QStringList& arguments, const QByteArray& input)
     QFile::remove(m_trace);
     m_killed = false;
     m_process.setProcessEnvironment(m_environment);
-    // Into files, not pipes: these would close with the first process, under the hands of the one that takes
-    // its place.
+    // Files, not pipes: pipes would close with the first process while the one in its place still uses them.
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setStandardErrorFile(m_errors);
     m_process.start(Programs::Client(),
@@ -123,14 +121,14 @@ void ClientProcess::StartWithLogin(const QString& gateway, const QString& pin, c
 bool ClientProcess::Stop()
 {
     Signal(false);
-    return WaitForEnd(patience);
+    return WaitForEnd(Patience);
 }
 
 bool ClientProcess::Quit()
 {
     const Desktop desktop(m_display);
     return desktop.WaitForWindow(GetProcessId()) && desktop.Press({QStringLiteral("ctrl+q")}) &&
-           WaitForEnd(patience);
+           WaitForEnd(Patience);
 }
 
 void ClientProcess::Kill()
@@ -138,9 +136,9 @@ void ClientProcess::Kill()
     const qint64 processId = GetProcessId();
     Signal(true);
     m_killed = true;
-    m_process.waitForFinished(patience);
-    // The next one wants the profile for itself.
-    static_cast<void>(QTest::qWaitFor([processId] { return IsGone(processId); }, patience));
+    m_process.waitForFinished(Patience);
+    // The next client needs the profile for itself.
+    static_cast<void>(QTest::qWaitFor([processId] { return IsGone(processId); }, Patience));
 }
 
 bool ClientProcess::IsRunning() const
@@ -148,7 +146,7 @@ bool ClientProcess::IsRunning() const
     if (IsFirstProcessRunning() || m_killed) {
         return !m_killed;
     }
-    // What was started in its place is nobody's child that could be asked: its trace tells.
+    // A process that the client started in its place is not our child, so read its trace.
     bool running = false;
     for (const QJsonObject& event : GetEvents()) {
         const QString name = event.value(QStringLiteral("event")).toString();
@@ -171,7 +169,7 @@ qint64 ClientProcess::GetProcessId() const
 
 void ClientProcess::Signal(bool kill)
 {
-    // Of two, such as at a restart, it is the one that came last that counts; the other is about to end.
+    // During a restart there are two processes; the first is about to end, so signal the second.
     const qint64 processId = GetProcessId();
     if (processId == m_firstProcess) {
         kill ? m_process.kill() : m_process.terminate();

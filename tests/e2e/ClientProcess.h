@@ -8,56 +8,57 @@
 
 #include <functional>
 
-/// The built client in a real window, told by its trace. Ends with the object, by force if need be.
+/// The built client in a real window, watched through its trace. The destructor ends it, by force if
+/// necessary.
 class ClientProcess final
 {
 public:
-    /// `display` is the value for DISPLAY; profile, trace and password file live in `folder`.
+    /// `display` is the value for DISPLAY; `folder` holds profile, trace and password file.
     ClientProcess(const QString& display, const QString& folder);
     ~ClientProcess();
 
     ClientProcess(const ClientProcess&) = delete;
     ClientProcess& operator=(const ClientProcess&) = delete;
 
-    /// Another variable of the client's environment.
+    /// Sets a variable in the environment of every later start.
     void SetEnvironment(const QString& name, const QString& value);
-    /// Has every later start load the files in `folder`, too: from then on the client gets copies of the
-    /// built modules and of these, in a folder below its own. False when a copy fails.
+    /// Makes every later start load the modules in `folder` as well: copies them and the built modules into a
+    /// folder of this client and passes that as --modules. False when a copy fails.
     [[nodiscard]] bool AddModule(const QString& folder);
     /// Starts the client with its modules, a trace of its own and `arguments`. Its standard input gives
     /// `input` and then ends.
     void Start(const QStringList& arguments, const QByteArray& input = QByteArray());
-    /// Starts it with a log-in by pin and password.
+    /// Starts the client and logs in by pin and password.
     void StartWithLogin(const QString& gateway, const QString& pin, const QByteArray& password,
                         const QStringList& arguments = {});
 
-    /// Ends the client as the end of the system's session does (SIGTERM); false when it does not end within
-    /// a minute.
+    /// Ends the client as the end of the system's session does (SIGTERM). False when it does not end within a
+    /// minute.
     bool Stop();
-    /// Ends it as a person does who quits (Ctrl+Q); false when it does not end within a minute.
+    /// Quits as a user does (Ctrl+Q). False when the client does not end within a minute.
     bool Quit();
-    /// Ends it at once, wherever it is.
+    /// Kills the client immediately.
     void Kill();
-    /// The client, or the one that it started in its place.
+    /// Whether the client runs, or the process that it started in its place.
     bool IsRunning() const;
-    /// Waits for the client to end by itself [ms]; false when it still runs.
+    /// Waits until the client ends by itself; false when it still runs after `timeout` [ms].
     bool WaitForEnd(int timeout);
     int GetExitCode() const { return m_process.exitCode(); }
-    /// Of the process that runs now, or ran last.
+    /// The process that runs now, or ran last.
     qint64 GetProcessId() const;
 
-    /// All events that the trace has by now, in order.
+    /// All events in the trace so far, in order.
     QVector<QJsonObject> GetEvents() const;
-    /// Those with this name.
+    /// The events with this name.
     QVector<QJsonObject> GetEvents(const QString& event) const;
-    /// Waits until `condition` holds for the events [ms]; false when it never does or the client ends first
-    /// without it.
+    /// Waits until `condition` holds for the events; false when it does not within `timeout` [ms] or before
+    /// the client ends.
     bool WaitFor(const std::function<bool(const QVector<QJsonObject>&)>& condition,
                  int timeout = 60000) const;
     /// Waits until there are `count` events with this name.
     bool WaitForEvents(const QString& event, int count, int timeout = 60000) const;
 
-    /// What there is to look at when something went wrong.
+    /// For the message of a failed test.
     QByteArray GetErrorOutput() const;
     QByteArray GetTrace() const;
 

@@ -42,7 +42,7 @@ void ClientTest::LogInAndOpen()
     ASSERT_TRUE(WaitForTabInFront(m_expected.openFirst));
 }
 
-bool ClientTest::WaitForKept()
+bool ClientTest::WaitForRecord()
 {
     constexpr int patience = 60000; // [ms]
     return QTest::qWaitFor(
@@ -59,16 +59,16 @@ bool ClientTest::WaitForKept()
                 }
             }
             const QStringList tabs = TabState::After(events);
-            const KeptRecord clients = ReadClientsRecord();
+            const TabsRecord clients = ReadClientsRecord();
             return clients.when > start && clients.routerUrls == tabs && clients.current == selected - 1 &&
                    ReadModulesRecord().routerUrls == tabs;
         },
         patience);
 }
 
-ClientTest::KeptRecord ClientTest::ReadModulesRecord() const
+ClientTest::TabsRecord ClientTest::ReadModulesRecord() const
 {
-    KeptRecord record;
+    TabsRecord record;
     const QString text =
         StoredSettings(GetProfile())
             .GetUserValue(QStringLiteral("demo"), QStringLiteral("USER_SETTING_RECOVER_SECTION"),
@@ -81,9 +81,9 @@ ClientTest::KeptRecord ClientTest::ReadModulesRecord() const
     return record;
 }
 
-ClientTest::KeptRecord ClientTest::ReadClientsRecord() const
+ClientTest::TabsRecord ClientTest::ReadClientsRecord() const
 {
-    KeptRecord record;
+    TabsRecord record;
     const QString text =
         StoredSettings(GetProfile())
             .GetUserValue(QStringLiteral("demo"), QStringLiteral("CLIENT"), QStringLiteral("RUNNING_TABS"));
@@ -117,7 +117,7 @@ bool ClientTest::AnswerQuestion(const QString& key)
     if (!m_client->WaitForEvents(QStringLiteral("question.asked"), 1)) {
         return false;
     }
-    // The window behind the question may have the keyboard for a moment longer; it takes no key.
+    // The window behind the question may keep the focus for another moment, but ignores the key.
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (desktop.WaitForWindow(m_client->GetProcessId()) && desktop.Press({key}) &&
             m_client->WaitForEvents(QStringLiteral("question"), 1, pause)) {

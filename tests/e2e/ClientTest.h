@@ -15,22 +15,22 @@
 
 #include <memory>
 
-/// The name of an event of the trace.
+/// The name of an event in the trace.
 QString EventName(const QJsonObject& event);
 
-/// The built client, the built gateway with the demo merchant, and between them a gateway that can be made
-/// to fail.
+/// The built client, the built gateway with the demo merchant, and between them a gateway that a test can
+/// make fail.
 class ClientTest : public ::testing::Test
 {
 protected:
-    /// What the merchant chose, as the gateway's own command shows it.
+    /// The merchant's configuration, as the gateway's own command shows it.
     struct Expected
     {
-        QStringList urls; ///< of the tabs that open, in order
+        QStringList urls; ///< the tabs that open, in order
         int openFirst = 0;
     };
 
-    struct KeptRecord
+    struct TabsRecord
     {
         QStringList routerUrls;
         int current = -1;
@@ -40,20 +40,20 @@ protected:
     void SetUp() override;
 
     void LogIn(const QStringList& arguments = {});
-    /// Logs in and waits until the configured entries stand as tabs.
+    /// Logs in and waits until the configured entries have opened as tabs.
     void LogInAndOpen();
     bool WaitForTabInFront(int index);
-    /// Waits until all that a kill may cost is over: what stands now, in this order and with this tab in
-    /// front, is on the disk as this run of the client leaves it.
-    bool WaitForKept();
-    /// The records of the tabs on the disk: the module's, and the client's own.
-    [[nodiscard]] KeptRecord ReadModulesRecord() const;
-    [[nodiscard]] KeptRecord ReadClientsRecord() const;
-    /// The session that the gateway gave at the last log-in; empty for none.
+    /// Waits until a kill would lose nothing: this run of the client has written the current tabs, their
+    /// order and the tab in front to disk.
+    bool WaitForRecord();
+    /// The records of the tabs on disk: the module's and the client's own.
+    [[nodiscard]] TabsRecord ReadModulesRecord() const;
+    [[nodiscard]] TabsRecord ReadClientsRecord() const;
+    /// The gateway's reply to the last log-in; empty when there is none.
     [[nodiscard]] QJsonObject GetLoginReply() const;
-    /// Waits for the question that a module puts before the user, and answers it with a key.
+    /// Waits for a module's question and answers it with a key.
     bool AnswerQuestion(const QString& key);
-    /// Waits for a bar whose text has this part.
+    /// Waits for a notice whose text contains `part`.
     bool WaitForNotice(const QString& part);
     bool HasNotice(const QString& id) const;
 

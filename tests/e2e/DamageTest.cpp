@@ -19,13 +19,13 @@
 
 namespace {
 
-constexpr int thousand = 1000;
+constexpr int Thousand = 1000;
 
-const QString recoverSection = QStringLiteral("USER_SETTING_RECOVER_SECTION");
-const QString recoverField = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
-const QString restartSection = QStringLiteral("USER_SETTING_RESTART_SECTION");
-const QString restartField = QStringLiteral("USER_SETTING_RESTART_FIELD");
-const QString clientSection = QStringLiteral("CLIENT");
+const QString RecoverSection = QStringLiteral("USER_SETTING_RECOVER_SECTION");
+const QString RecoverField = QStringLiteral("USER_SETTING_RECOVER_FIELD1");
+const QString RestartSection = QStringLiteral("USER_SETTING_RESTART_SECTION");
+const QString RestartField = QStringLiteral("USER_SETTING_RESTART_FIELD");
+const QString ClientSection = QStringLiteral("CLIENT");
 
 struct StoredValue
 {
@@ -35,20 +35,20 @@ struct StoredValue
 
 QVector<StoredValue> AllValues()
 {
-    return {{recoverSection, recoverField},
-            {restartSection, restartField},
-            {clientSection, QStringLiteral("RUNNING_TABS")},
-            {clientSection, QStringLiteral("EARLIER_TABS")},
-            {clientSection, QStringLiteral("EARLIER_TABS_0")},
-            {clientSection, QStringLiteral("REOPEN_DEATHS")}};
+    return {{RecoverSection, RecoverField},
+            {RestartSection, RestartField},
+            {ClientSection, QStringLiteral("RUNNING_TABS")},
+            {ClientSection, QStringLiteral("EARLIER_TABS")},
+            {ClientSection, QStringLiteral("EARLIER_TABS_0")},
+            {ClientSection, QStringLiteral("REOPEN_DEATHS")}};
 }
 
-/// A way to damage a text or the bytes of a file.
+/// A way to damage a text or a file.
 struct Damage
 {
     const char* name;
     std::function<QByteArray(QByteArray)> apply;
-    std::optional<bool> told; ///< whether the user hears of it; open when it depends on what was hit
+    std::optional<bool> told; ///< whether the client tells the user; empty when it depends on the place
 };
 
 QByteArray FlipBytes(QByteArray bytes)
@@ -63,23 +63,23 @@ QByteArray FlipBytes(QByteArray bytes)
     return bytes;
 }
 
-const Damage damages[] = {
+const Damage Damages[] = {
     {"CutInHalf", [](const QByteArray& bytes) { return bytes.left(bytes.size() / 2); }, true},
-    {"Emptied", [](const QByteArray&) { return QByteArray(); }, false}, // as if nothing had been kept
+    {"Emptied", [](const QByteArray&) { return QByteArray(); }, false}, // as if there were no record
     {"BytesFlipped", FlipBytes, std::nullopt},
     {"NoiseInstead", [](const QByteArray& bytes) { return FlipBytes(QByteArray(bytes.size() + 100, '7')); },
      true},
     {"Doubled", [](const QByteArray& bytes) { return bytes + bytes; }, true},
     {"HugeCounts",
      [](QByteArray bytes) {
-         // In the client's lines, in JSON and, as base64, at the head of a stream.
+         // In the client's lines, in JSON, and at the head of a stream, in base64.
          bytes.replace("\"count\":", "\"count\":99999999");
          return bytes.startsWith('{') ? bytes : QByteArray::fromHex("7fffffff00000040").toBase64();
      },
      true},
 };
 
-/// The record of a restart as the module writes it.
+/// A restart record as the module writes it.
 QString MakeRestartRecord(const QStringList& routerUrls, const QString& belongType)
 {
     QByteArray bytes;
@@ -95,13 +95,13 @@ std::string NameOfDamage(const ::testing::TestParamInfo<Damage>& parameter)
 
 } // namespace
 
-/// Between two runs of the client something happens to what it stored.
+/// Damages what the client stored between two runs.
 class DamageTest : public ClientTest, public ::testing::WithParamInterface<Damage>
 {
 protected:
     QString GetStoreFile() const { return m_folder.filePath(QStringLiteral("profile/settings.sqlite")); }
 
-    /// Works on the stored values of the demo merchant while no client runs.
+    /// Calls `work` with the stored values of the demo merchant while no client runs.
     void WithStore(const std::function<void(VXSettingManager&)>& work)
     {
         TLGlobalData::Instance()->SetUser(QStringLiteral("demo"), QString());
@@ -114,31 +114,31 @@ protected:
     void RunUntilKilled()
     {
         LogInAndOpen();
-        ASSERT_TRUE(WaitForKept());
+        ASSERT_TRUE(WaitForRecord());
         m_tabs = TabState::After(m_client->GetEvents());
         m_belongType = GetLoginReply().value(QStringLiteral("belongType")).toString();
         ASSERT_FALSE(m_belongType.isEmpty());
         m_client->Kill();
     }
 
-    /// Beside what lies there after a kill: the record of a restart, an earlier set of tabs, and a client
-    /// that died after it reopened tabs.
+    /// Adds to the values that a kill leaves: a restart record, an earlier set of tabs, and the count of
+    /// crashes after reopening.
     void FillAllValues()
     {
         WithStore([this](VXSettingManager& store) {
-            const QString running = store.GetUserValue(clientSection, QStringLiteral("RUNNING_TABS"));
+            const QString running = store.GetUserValue(ClientSection, QStringLiteral("RUNNING_TABS"));
             const QVector<QPair<StoredValue, QString>> values{
-                {{restartSection, restartField}, MakeRestartRecord(m_tabs, m_belongType)},
-                {{clientSection, QStringLiteral("EARLIER_TABS")}, QStringLiteral(R"([{"fate":1,"slot":0}])")},
-                {{clientSection, QStringLiteral("EARLIER_TABS_0")}, running},
-                {{clientSection, QStringLiteral("REOPEN_DEATHS")}, QStringLiteral("1")}};
+                {{RestartSection, RestartField}, MakeRestartRecord(m_tabs, m_belongType)},
+                {{ClientSection, QStringLiteral("EARLIER_TABS")}, QStringLiteral(R"([{"fate":1,"slot":0}])")},
+                {{ClientSection, QStringLiteral("EARLIER_TABS_0")}, running},
+                {{ClientSection, QStringLiteral("REOPEN_DEATHS")}, QStringLiteral("1")}};
             for (const auto& [value, text] : values) {
                 ASSERT_TRUE(store.SetUserValueSync(value.section, value.field, text));
             }
         });
     }
 
-    /// Starts the client as one that restarts itself does, with the session of the log-in before.
+    /// Starts the client as a restart does, with the session of the previous log-in.
     void StartAsAfterRestart()
     {
         const QDateTime now = QDateTime::currentDateTimeUtc();
@@ -161,7 +161,7 @@ protected:
             [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; });
     }
 
-    /// The client comes up, with or without a question, and goes on to work.
+    /// Expects the client to start, with or without a question, and to work.
     void ExpectUsable()
     {
         LogIn();
@@ -181,13 +181,13 @@ protected:
         ASSERT_TRUE(m_client->Quit());
     }
 
-    QStringList m_tabs; ///< that stood when the client was killed
-    QStringList m_back; ///< that stood when the next one was ready
+    QStringList m_tabs; ///< open when the client was killed
+    QStringList m_back; ///< open when the next one was ready
     QString m_belongType;
     bool m_asked = false;
 };
 
-TEST_P(DamageTest, ClientStandsDamageToEveryStoredValueAtOnce)
+TEST_P(DamageTest, ClientSurvivesDamageToEveryStoredValue)
 {
     ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
     ASSERT_NO_FATAL_FAILURE(FillAllValues());
@@ -201,7 +201,7 @@ TEST_P(DamageTest, ClientStandsDamageToEveryStoredValueAtOnce)
     });
     const QStringList readable = ReadModulesRecord().routerUrls;
     ASSERT_NO_FATAL_FAILURE(ExpectUsable());
-    EXPECT_EQ(m_asked, !readable.isEmpty()) << "what can be read is offered";
+    EXPECT_EQ(m_asked, !readable.isEmpty()) << "the client offers what it can read";
     if (readable == m_tabs) {
         EXPECT_EQ(m_back, m_tabs);
     }
@@ -210,20 +210,21 @@ TEST_P(DamageTest, ClientStandsDamageToEveryStoredValueAtOnce)
     }
 }
 
-TEST_P(DamageTest, ClientStandsADamagedRecordOfARestartAndTheTabsAreNotLost)
+TEST_P(DamageTest, ClientSurvivesADamagedRestartRecordAndLosesNoTabs)
 {
     ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
     const QByteArray whole = MakeRestartRecord(m_tabs, m_belongType).toUtf8();
     WithStore([&whole](VXSettingManager& store) {
         ASSERT_TRUE(
-            store.SetUserValueSync(restartSection, restartField, QString::fromUtf8(GetParam().apply(whole))));
+            store.SetUserValueSync(RestartSection, RestartField, QString::fromUtf8(GetParam().apply(whole))));
     });
     StartAsAfterRestart();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1))
         << m_client->GetErrorOutput().toStdString();
     const QVector<QJsonObject> logins = m_client->GetEvents(QStringLiteral("login"));
     ASSERT_EQ(logins.size(), 1);
-    EXPECT_TRUE(logins.first().value(QStringLiteral("restart")).toBool()) << "the record was not read";
+    EXPECT_TRUE(logins.first().value(QStringLiteral("restart")).toBool())
+        << "the client did not use the session";
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty());
 
     const QStringList back = TabState::After(m_client->GetEvents());
@@ -233,7 +234,7 @@ TEST_P(DamageTest, ClientStandsADamagedRecordOfARestartAndTheTabsAreNotLost)
         EXPECT_TRUE(m_client->Quit());
         return;
     }
-    // What did not come back is found under the earlier tabs.
+    // Tabs that did not come back are among the earlier ones.
     const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
@@ -245,10 +246,10 @@ TEST_P(DamageTest, ClientStandsADamagedRecordOfARestartAndTheTabsAreNotLost)
     EXPECT_TRUE(m_client->Quit());
 }
 
-TEST_P(DamageTest, ClientStandsDamageToTheStoreFileAndKeepsTheOriginal)
+TEST_P(DamageTest, ClientSurvivesDamageToTheStoreFileAndSetsItAside)
 {
     ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
-    // The log beside the file would make good for what happens to it.
+    // The write-ahead log beside the file would repair it: close the store, which removes the log.
     WithStore([](VXSettingManager&) {});
     QFile file(GetStoreFile());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
@@ -263,14 +264,14 @@ TEST_P(DamageTest, ClientStandsDamageToTheStoreFileAndKeepsTheOriginal)
         QFileInfo(GetStoreFile()).dir().entryList({QStringLiteral("settings.sqlite.damaged-*")}, QDir::Files);
     const bool told =
         HasNotice(QStringLiteral("store-set-aside")) || HasNotice(QStringLiteral("store-values-damaged"));
-    // What does no harm to the database is no damage: bytes behind its end, or none at all.
-    EXPECT_EQ(!kept.isEmpty() || m_asked, true) << "neither kept aside nor read";
-    EXPECT_EQ(kept.isEmpty(), !told) << "whoever sets something aside says so";
+    // Some changes do not harm the database: bytes after its end, or an empty file.
+    EXPECT_EQ(!kept.isEmpty() || m_asked, true) << "neither set aside nor read";
+    EXPECT_EQ(kept.isEmpty(), !told) << "the client says when it sets a file aside";
 }
 
-INSTANTIATE_TEST_SUITE_P(Damages, DamageTest, ::testing::ValuesIn(damages), NameOfDamage);
+INSTANTIATE_TEST_SUITE_P(Damages, DamageTest, ::testing::ValuesIn(Damages), NameOfDamage);
 
-/// A person who never closes a tab.
+/// A user who never closes a tab.
 class ManyTabsTest : public DamageTest
 {};
 
@@ -279,13 +280,13 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
     ASSERT_NO_FATAL_FAILURE(RunUntilKilled());
     QJsonObject record;
     WithStore([this, &record](VXSettingManager& store) {
-        record = QJsonDocument::fromJson(store.GetUserValue(recoverSection, recoverField).toUtf8()).object();
+        record = QJsonDocument::fromJson(store.GetUserValue(RecoverSection, RecoverField).toUtf8()).object();
         ASSERT_FALSE(record.isEmpty());
         const QString list = QStringLiteral("tabRecoverItems");
         const QJsonArray items = record.value(list).toArray();
         ASSERT_FALSE(items.isEmpty());
         QJsonArray many;
-        for (int i = 0; i < thousand; ++i) {
+        for (int i = 0; i < Thousand; ++i) {
             QJsonObject item = items.at(0).toObject();
             const QString page =
                 QStringLiteral("%1/demo/today?%2").arg(m_gateway->GetAddress().toString()).arg(i);
@@ -295,7 +296,7 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
         }
         record.insert(list, many);
         ASSERT_TRUE(
-            store.SetUserValueSync(recoverSection, recoverField,
+            store.SetUserValueSync(RecoverSection, RecoverField,
                                    QString::fromUtf8(QJsonDocument(record).toJson(QJsonDocument::Compact))));
     });
 
@@ -303,12 +304,12 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
     ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("ready"), 1));
     QStringList tabs = TabState::After(m_client->GetEvents());
-    ASSERT_EQ(tabs.size(), thousand);
+    ASSERT_EQ(tabs.size(), Thousand);
 
     const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
-    ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+9")})); // the last one loads when it is selected
-    const QString last = QStringLiteral("today?%1").arg(thousand - 1);
+    ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+9")})); // selects the last one, which makes it load
+    const QString last = QStringLiteral("today?%1").arg(Thousand - 1);
     EXPECT_TRUE(m_client->WaitFor([&last](const QVector<QJsonObject>& events) {
         return std::any_of(events.begin(), events.end(), [&last](const QJsonObject& event) {
             return EventName(event) == QLatin1String("page.loaded") &&
@@ -318,8 +319,8 @@ TEST_F(ManyTabsTest, ThousandTabsComeBackAndCanBeUsedClosedAndKilledAgain)
     ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+w")}));
     tabs.removeLast();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.closed"), 1));
-    ASSERT_TRUE(WaitForKept());
-    EXPECT_LT(m_client->GetEvents(QStringLiteral("page.loaded")).size(), 20) << "most of them never loaded";
+    ASSERT_TRUE(WaitForRecord());
+    EXPECT_LT(m_client->GetEvents(QStringLiteral("page.loaded")).size(), 20) << "most tabs have never loaded";
     m_client->Kill();
 
     LogIn();

@@ -17,11 +17,11 @@ bool Desktop::WaitForTitle(const QString& title, int timeout) const
 
 bool Desktop::WaitForKeyboard(const QString& property, const QByteArray& wanted, int timeout) const
 {
-    // The window manager names a window active a moment before the X server sends the keys there, and a
-    // window may have the keys that is not active yet: keys are safe once both say the same.
+    // The window manager and the X server change the active window and the focus one after the other: wait
+    // until both name the same window.
     return QTest::qWaitFor(
         [this, &property, &wanted] {
-            // No window at all is an error of the tool, and nothing to talk about while it is waited for.
+            // The tool fails while there is no window at all, which is expected.
             for (const QString& window :
                  {QStringLiteral("getactivewindow"), QStringLiteral("getwindowfocus")}) {
                 QByteArray found;

@@ -4,20 +4,20 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// Keys on a virtual screen, as a person would press them, through the xdotool program.
+/// Presses keys on a virtual screen as a user would, through the xdotool program.
 class Desktop final
 {
 public:
     explicit Desktop(const QString& display);
 
-    /// Waits until a window of the process has the keyboard; false when that does not happen within a minute.
+    /// Waits until a window of the process has the focus; false when none has within a minute.
     [[nodiscard]] bool WaitForWindow(qint64 processId) const;
-    /// Waits until the window with the keyboard has this title [ms].
+    /// Waits until the window with the focus has this title; false after `timeout` [ms].
     [[nodiscard]] bool WaitForTitle(const QString& title, int timeout = 60000) const;
     [[nodiscard]] bool Type(const QString& text) const;
-    /// The same as fast as the client takes it.
+    /// The same as fast as the client can read.
     [[nodiscard]] bool TypeFast(const QString& text) const;
-    /// Keys in xdotool's names, such as "alt+s".
+    /// Presses keys, by xdotool's names such as "alt+s".
     [[nodiscard]] bool Press(const QStringList& keys) const;
 
 private:

@@ -8,7 +8,7 @@
 #include <QtCore/QSaveFile>
 #include <QtCore/QUrlQuery>
 
-/// Ends that nobody at the screen chose, and ends that are overtaken by another.
+/// Ends that the user did not choose, and ends that another one interrupts.
 class EndTest : public ClientTest
 {
 protected:
@@ -24,7 +24,7 @@ protected:
             [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; });
     }
 
-    /// Logs in with a further module, which does what `Execute` wants.
+    /// Logs in with an additional module that executes what `Execute` says.
     void LogInWithExecutingModule()
     {
         ASSERT_TRUE(m_client->AddModule(Programs::FixtureModule(QStringLiteral("ExecutingModule"))));
@@ -32,15 +32,15 @@ protected:
         m_client->SetEnvironment(QStringLiteral("TL_FIXTURE_LOG"), GetLogFile());
         LogInAndOpen();
     }
-    /// Has a module execute a router URL.
+    /// Makes the module execute a router URL.
     void Execute(const QString& url) const
     {
-        QSaveFile file(GetExecuteFile()); // there as a whole or not at all
+        QSaveFile file(GetExecuteFile()); // appears complete or not at all
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(url.toUtf8());
         ASSERT_TRUE(file.commit());
     }
-    /// What was executed, each once the call had returned.
+    /// The executed URLs, each written after its call returned.
     QString GetExecuted() const
     {
         QFile file(GetLogFile());
@@ -62,7 +62,7 @@ TEST_F(EndTest, SessionThatTheGatewayRefusesAsksForThePasswordAndThenOffersTheTa
                      .isNull());
     const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
-    // The module's page in the settings reads what is stored.
+    // The module's settings page reads the configuration, which the gateway now refuses.
     ASSERT_TRUE(desktop.Press({QStringLiteral("ctrl+comma")}));
     ASSERT_TRUE(desktop.WaitForTitle(QStringLiteral("Settings")));
     ASSERT_TRUE(desktop.Press({QStringLiteral("Down"), QStringLiteral("Down")}));
@@ -105,7 +105,7 @@ TEST_F(EndTest, ModuleMayAskForARestartThatLeavesOneTabOut)
     Execute(url);
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
     EXPECT_TRUE(WaitForTabs(tabs)) << GetTabs().join(QLatin1Char('\n')).toStdString();
-    EXPECT_EQ(GetExecuted(), url + QLatin1Char('\n')) << "it happened before the call returned";
+    EXPECT_EQ(GetExecuted(), url + QLatin1Char('\n')) << "the restart waited for the call to return";
     EXPECT_EQ(GetKindOfLastEnd(), QStringLiteral("restart"));
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty());
     ASSERT_TRUE(m_client->Quit());
@@ -120,7 +120,7 @@ TEST_F(EndTest, ModuleMayAskForARestartThatBringsNoTabsBack)
     ASSERT_TRUE(m_client->Quit());
     LogInAndOpen();
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty())
-        << "it left something to offer";
+        << "the restart left tabs to offer";
     ASSERT_TRUE(m_client->Quit());
 }
 

@@ -8,7 +8,7 @@
 FaultyGateway::FaultyGateway(const QUrl& gateway) : m_gateway(gateway)
 {
     m_gateway.setPath(QStringLiteral("/gateway"));
-    connect(&m_server, &QTcpServer::newConnection, this, &FaultyGateway::TakeConnection);
+    connect(&m_server, &QTcpServer::newConnection, this, &FaultyGateway::HandleConnection);
     m_server.listen(QHostAddress::LocalHost);
     m_port = m_server.serverPort();
 }
@@ -42,11 +42,11 @@ bool FaultyGateway::Reopen()
     return m_server.listen(QHostAddress::LocalHost, m_port);
 }
 
-void FaultyGateway::TakeConnection()
+void FaultyGateway::HandleConnection()
 {
     while (QTcpSocket* socket = m_server.nextPendingConnection()) {
         m_received.insert(socket, QByteArray());
-        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { TakeBytes(socket); });
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { HandleBytes(socket); });
         connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
             m_received.remove(socket);
             socket->deleteLater();
@@ -54,7 +54,7 @@ void FaultyGateway::TakeConnection()
     }
 }
 
-void FaultyGateway::TakeBytes(QTcpSocket* socket)
+void FaultyGateway::HandleBytes(QTcpSocket* socket)
 {
     QByteArray& received = m_received[socket];
     received += socket->readAll();

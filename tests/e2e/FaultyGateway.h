@@ -7,8 +7,8 @@
 
 class QTcpSocket;
 
-/// Stands before the real gateway and passes calls on, but for those methods that a test wants to go
-/// wrong. Its address stays the same over its life.
+/// Stands in front of the real gateway and passes calls on, except for the methods that a test makes fail.
+/// Its address never changes.
 class FaultyGateway final : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     {
         None,    ///< pass the call on
         Close,   ///< close the connection without an answer
-        Garbage, ///< answer with bytes that are no JSON
+        Garbage, ///< answer with bytes that are not JSON
         Html,    ///< answer as a proxy would, with an error page
         Huge,    ///< answer with 5 MB
         Silence, ///< never answer
@@ -26,24 +26,24 @@ public:
     };
 
     explicit FaultyGateway(const QUrl& gateway);
-    /// Drops its connections while the members that their signals use still stand.
+    /// Drops its connections before the members that their signals use.
     ~FaultyGateway() override;
 
     QString GetAddress() const;
-    /// From the next call of `method` on; an empty method means all calls.
+    /// Applies from the next call of `method`; an empty method stands for all.
     void SetFault(const QString& method, Fault fault);
     void SetAnswer(const QByteArray& answer) { m_answer = answer; }
-    /// No longer takes connections, as when the gateway's machine is down; and takes them again.
+    /// Refuses connections, as if the gateway's machine were down, until `Reopen`.
     void Shut();
     [[nodiscard]] bool Reopen();
-    /// How often a method was called, faults included.
+    /// How often a method was called, including faults.
     int GetCallCount(const QString& method) const { return m_calls.value(method); }
-    /// What the gateway itself last answered to a method.
+    /// The last reply of the real gateway to a method.
     QByteArray GetLastReply(const QString& method) const { return m_replies.value(method); }
 
 private:
-    void TakeConnection();
-    void TakeBytes(QTcpSocket* socket);
+    void HandleConnection();
+    void HandleBytes(QTcpSocket* socket);
     void Handle(QTcpSocket* socket, const QByteArray& body);
     void PassOn(QTcpSocket* socket, const QString& method, const QByteArray& body);
     static void Reply(QTcpSocket* socket, int status, const QByteArray& type, const QByteArray& body);

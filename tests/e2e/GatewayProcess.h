@@ -6,8 +6,7 @@
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
 
-/// The built gateway on a free port of the loopback interface, with a database file of its own.
-/// Ends with the object.
+/// The built gateway on a free loopback port, with its own database file. The destructor ends it.
 class GatewayProcess final
 {
 public:
@@ -17,9 +16,9 @@ public:
     GatewayProcess(const GatewayProcess&) = delete;
     GatewayProcess& operator=(const GatewayProcess&) = delete;
 
-    /// False when the gateway did not say in time that it is ready.
+    /// False when the gateway does not report in time that it is ready.
     [[nodiscard]] bool Start();
-    /// Ends the gateway in order; false when it does not end, or not with 0.
+    /// Ends the gateway in order; false when it does not end, or not with exit code 0.
     bool Stop();
 
     /// Its address, without a path; empty before `Start`.

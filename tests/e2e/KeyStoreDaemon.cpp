@@ -46,7 +46,7 @@ KeyStoreDaemon::KeyStoreDaemon(const QString& folder)
     m_store.write("test");
     m_store.closeWriteChannel();
 
-    // The key store is there once its name is taken on the bus.
+    // The key store is ready when its name has an owner on the bus.
     const bool ready = QTest::qWaitFor(
         [&environment] {
             QProcess question;
@@ -79,7 +79,7 @@ bool KeyStoreDaemon::WaitForAnswers()
 bool KeyStoreDaemon::StartMonitor(const QString& address)
 {
     m_monitor.start(QStringLiteral("dbus-monitor"), {QStringLiteral("--address"), address});
-    // It has lost its name on the bus once it is nothing but a monitor.
+    // A connection that becomes a monitor loses its name on the bus.
     return QTest::qWaitFor(
         [this] {
             m_seen += m_monitor.readAllStandardOutput();

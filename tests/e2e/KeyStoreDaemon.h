@@ -3,21 +3,21 @@
 #include <QtCore/QProcess>
 #include <QtCore/QString>
 
-/// A session bus with an unlocked key store of the test's own on it. Ends with the object.
+/// A session bus of the test's own with an unlocked key store. The destructor ends both.
 class KeyStoreDaemon final
 {
 public:
-    /// The key store's files go to `folder`.
+    /// `folder` receives the key store's files.
     explicit KeyStoreDaemon(const QString& folder);
     ~KeyStoreDaemon();
 
     KeyStoreDaemon(const KeyStoreDaemon&) = delete;
     KeyStoreDaemon& operator=(const KeyStoreDaemon&) = delete;
 
-    /// The value for DBUS_SESSION_BUS_ADDRESS; empty when bus or key store did not start.
+    /// The value for DBUS_SESSION_BUS_ADDRESS; empty when the bus or the key store did not start.
     QString GetBusAddress() const { return m_address; }
-    /// Waits until somebody has looked for a secret, and has an answer to all that was asked; false when that
-    /// does not happen within a minute.
+    /// Waits until a program has searched for a secret and all calls have been answered; false after a
+    /// minute.
     [[nodiscard]] bool WaitForAnswers();
 
 private:
@@ -27,6 +27,6 @@ private:
     QProcess m_bus;
     QProcess m_store;
     QProcess m_monitor;
-    QByteArray m_seen; ///< by the monitor: all that went over the bus
+    QByteArray m_seen; ///< the monitor's output: all messages on the bus
     QString m_address;
 };

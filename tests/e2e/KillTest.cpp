@@ -16,12 +16,12 @@
 
 namespace {
 
-/// What a kill may cost at most.
-constexpr int promise = 1000; // [ms]
-constexpr int defaultRounds = 25;
-constexpr int mostTabs = 12;
+/// How old the changes that a kill loses may be.
+constexpr int Promise = 1000; // [ms]
+constexpr int DefaultRounds = 25;
+constexpr int MostTabs = 12;
 
-/// The tabs from a moment on.
+/// The tabs from a certain moment on.
 struct Standing
 {
     qint64 since; // [ms] of the epoch
@@ -39,11 +39,11 @@ QVector<Standing> ReadStandings(const QVector<QJsonObject>& events)
             const QString time = event.value(QStringLiteral("time")).toString();
             start = QDateTime::fromString(time, Qt::ISODateWithMs).toMSecsSinceEpoch() - elapsed;
         }
-        if (!state.Take(event)) {
+        if (!state.Apply(event)) {
             continue;
         }
         QStringList tabs = state.GetRouterUrls();
-        tabs.removeAll(QString()); // a start tab holds no page that could be kept
+        tabs.removeAll(QString()); // a start tab has no page to record
         if (standings.isEmpty() || standings.last().tabs != tabs) {
             standings.append({start + elapsed, tabs});
         }
@@ -51,7 +51,7 @@ QVector<Standing> ReadStandings(const QVector<QJsonObject>& events)
     return standings;
 }
 
-/// How old the oldest change is that `found` does not have [ms]: 0 for none, -1 when it is nothing that stood
+/// The age of the oldest change that `found` lacks [ms]; 0 when it lacks none, -1 when it matches no state
 /// within the promised time before the kill.
 qint64 GetMissing(const QVector<Standing>& standings, qint64 killed, const QStringList& found)
 {
@@ -61,7 +61,7 @@ qint64 GetMissing(const QVector<Standing>& standings, qint64 killed, const QStri
             return killed - until;
         }
         until = standing->since;
-        if (killed - until > promise) {
+        if (killed - until > Promise) {
             return -1;
         }
     }
@@ -70,8 +70,8 @@ qint64 GetMissing(const QVector<Standing>& standings, qint64 killed, const QStri
 
 } // namespace
 
-/// The client dies at a random moment of a random day's work; the next log-in has to bring everything back.
-/// TL_KILL_ROUNDS says how often, TL_KILL_SEED repeats a run.
+/// Kills the client at a random moment of random work; the next log-in has to bring everything back.
+/// TL_KILL_ROUNDS is the number of rounds, TL_KILL_SEED repeats a run.
 class KillTest : public ClientTest
 {
 protected:
@@ -80,13 +80,13 @@ protected:
         ClientTest::SetUp();
         bool given = false;
         const int rounds = qEnvironmentVariableIntValue("TL_KILL_ROUNDS", &given);
-        m_rounds = given ? rounds : defaultRounds;
+        m_rounds = given ? rounds : DefaultRounds;
         const int seed = qEnvironmentVariableIntValue("TL_KILL_SEED", &given);
         m_seed = given ? quint32(seed) : QRandomGenerator::global()->generate();
         m_random.seed(m_seed);
     }
 
-    /// One thing that a person does with tabs.
+    /// Does one thing that a user does with tabs.
     void Act(const Desktop& desktop)
     {
         const int count = TabState::After(m_client->GetEvents()).size();
@@ -96,11 +96,11 @@ protected:
                 .arg(m_gateway->GetAddress().port())
                 .arg(m_random.bounded(2) ? QStringLiteral("orders") : QStringLiteral("today"))
                 .arg(++m_visits);
-        // A key that comes too late finds no client any more, and that is as it may be.
+        // A key may come after the kill, which does not matter.
         switch (m_random.bounded(6)) {
         case 0:
         case 1:
-            if (count < mostTabs) {
+            if (count < MostTabs) {
                 static_cast<void>(desktop.Press({QStringLiteral("ctrl+t")}) && desktop.TypeFast(address) &&
                                   desktop.Press({QStringLiteral("Return")}));
                 break;
@@ -125,7 +125,7 @@ protected:
         }
     }
 
-    /// Works until it is killed; the moment of the kill [ms of the epoch].
+    /// Works until the kill; returns its time [ms of the epoch].
     qint64 WorkUntilKilled()
     {
         const auto life = std::chrono::milliseconds(m_random.bounded(300, 3000));
@@ -145,7 +145,7 @@ protected:
         return killed;
     }
 
-    /// The tabs that come back after Yes.
+    /// Logs in and answers Yes; returns the tabs that come back.
     QStringList Recover()
     {
         LogIn();
@@ -163,7 +163,7 @@ protected:
         return TabState::After(events);
     }
 
-    int m_rounds = defaultRounds;
+    int m_rounds = DefaultRounds;
     quint32 m_seed = 0;
     QRandomGenerator m_random;
     int m_visits = 0;
@@ -188,7 +188,7 @@ TEST_F(KillTest, WhatStoodOneSecondBeforeTheKillComesBack)
                           << m_client->GetTrace().toStdString() << m_client->GetErrorOutput().toStdString();
             if (found.isEmpty()) {
                 m_client->Kill();
-                LogInAndOpen(); // from the beginning
+                LogInAndOpen(); // start over
             }
         } else {
             missing.push_back(age);

@@ -2,7 +2,7 @@
 
 #include <QtCore/QString>
 
-/// Where the built programs are; set by CMake.
+/// The paths of the built programs, from CMake.
 namespace Programs {
 inline QString Client()
 {
@@ -16,7 +16,7 @@ inline QString Modules()
 {
     return QStringLiteral(TL_MODULES_FOLDER);
 }
-/// The folder of one of the modules that exist for tests alone.
+/// The folder of a module that exists only for tests.
 inline QString FixtureModule(const QString& name)
 {
     return QStringLiteral(TL_FIXTURE_MODULE_DIR "/") + name;

@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr int patience = 60000; // [ms]
+constexpr int Patience = 60000; // [ms]
 
 } // namespace
 
-/// What becomes of the tabs when the client ends in one way or another.
+/// What happens to the tabs when the client ends in different ways.
 class RecoveryTest : public ClientTest
 {
 protected:
@@ -27,9 +27,9 @@ protected:
     {
         return m_client->WaitFor(
             [&tabs](const QVector<QJsonObject>& events) { return TabState::After(events) == tabs; },
-            patience);
+            Patience);
     }
-    /// Waits until a value of the client on the disk meets `condition`.
+    /// Waits until a value that the client has written to disk meets `condition`.
     bool WaitForStored(const QString& field, const std::function<bool(const QString&)>& condition)
     {
         const StoredSettings stored(GetProfile());
@@ -38,7 +38,7 @@ protected:
                 return condition(
                     stored.GetUserValue(QStringLiteral("demo"), QStringLiteral("CLIENT"), field));
             },
-            patience);
+            Patience);
     }
     int CountDelayed() const
     {
@@ -48,7 +48,7 @@ protected:
         }
         return count;
     }
-    /// Whether the log-in opens the configured entries without a question before.
+    /// Expects the log-in to open the configured entries without a question.
     void ExpectNoQuestion()
     {
         LogInAndOpen();
@@ -56,32 +56,32 @@ protected:
     }
 };
 
-TEST_F(RecoveryTest, AfterAKillTheTabsAreOfferedAndComeBackInTheirOrder)
+TEST_F(RecoveryTest, AfterAKillTheTabsAreOfferedAndReopenInOrder)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     const QStringList tabs = GetTabs();
     m_client->Kill();
 
     LogIn();
     ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
-    EXPECT_EQ(GetAnswer(), QStringLiteral("Yes")) << "Enter is the way to the tabs";
+    EXPECT_EQ(GetAnswer(), QStringLiteral("Yes")) << "Enter reopens the tabs";
     EXPECT_TRUE(WaitForTabs(tabs));
-    EXPECT_TRUE(WaitForTabInFront(m_expected.openFirst)) << "the tab that was in front is again";
+    EXPECT_TRUE(WaitForTabInFront(m_expected.openFirst)) << "the same tab is in front";
     EXPECT_EQ(CountDelayed(), tabs.size()) << "the tab in front goes first";
     EXPECT_TRUE(m_client->WaitForEvents(QStringLiteral("page.loaded"), tabs.size() - 2));
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     ASSERT_TRUE(m_client->Quit());
     EXPECT_EQ(m_client->GetEvents(QStringLiteral("page.loaded")).size(), tabs.size() - 2)
-        << "the apps that are not in front load when they are selected";
+        << "apps behind the tab in front load only when they are selected";
     EXPECT_EQ(m_client->GetEvents(QStringLiteral("tab.opened")).size(), tabs.size())
-        << "the configured entries stay away";
+        << "the configured entries do not open as well";
 }
 
 TEST_F(RecoveryTest, AnsweredNoOpensTheConfiguredEntriesAndTheNextLogInAsksNothing)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     m_client->Kill();
 
     LogIn();
@@ -95,7 +95,7 @@ TEST_F(RecoveryTest, AnsweredNoOpensTheConfiguredEntriesAndTheNextLogInAsksNothi
 TEST_F(RecoveryTest, AfterAQuitByHandNothingIsOffered)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     ASSERT_TRUE(m_client->Quit());
     ExpectNoQuestion();
 }
@@ -103,13 +103,14 @@ TEST_F(RecoveryTest, AfterAQuitByHandNothingIsOffered)
 TEST_F(RecoveryTest, AfterALogOutTheDialogComesAndNothingIsOffered)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
     ASSERT_TRUE(desktop.Press({QStringLiteral("o")}));
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("start"), 2));
-    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId())) << "the fresh process asks who is there";
+    ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()))
+        << "the fresh process shows the log-in dialog";
     EXPECT_EQ(m_client->GetEvents(QStringLiteral("login")).size(), 1);
     ASSERT_TRUE(m_client->Stop());
     ExpectNoQuestion();
@@ -118,7 +119,7 @@ TEST_F(RecoveryTest, AfterALogOutTheDialogComesAndNothingIsOffered)
 TEST_F(RecoveryTest, AfterTheSystemEndedTheSessionTheTabsAreOffered)
 {
     LogInAndOpen();
-    // Without a pause: what stands at the end is what is offered.
+    // No waiting: the client has to write the record on its way out.
     const QStringList tabs = GetTabs();
     ASSERT_TRUE(m_client->Stop());
     const QVector<QJsonObject> exits = m_client->GetEvents(QStringLiteral("exit"));
@@ -133,21 +134,21 @@ TEST_F(RecoveryTest, AfterTheSystemEndedTheSessionTheTabsAreOffered)
 TEST_F(RecoveryTest, TabsThatWereNeverSelectedSurviveASecondKill)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     const QStringList tabs = GetTabs();
     for (int round = 0; round < 2; ++round) {
         m_client->Kill();
         LogIn();
         ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
         ASSERT_TRUE(WaitForTabs(tabs)) << "round " << round;
-        ASSERT_TRUE(WaitForKept());
+        ASSERT_TRUE(WaitForRecord());
     }
 }
 
-TEST_F(RecoveryTest, AfterTwoDeathsSoonAfterReopeningNothingLoadsByItself)
+TEST_F(RecoveryTest, AfterTwoCrashesSoonAfterReopeningNothingLoadsByItself)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     const QStringList tabs = GetTabs();
     for (int round = 0; round < 3; ++round) {
         m_client->Kill();
@@ -155,8 +156,8 @@ TEST_F(RecoveryTest, AfterTwoDeathsSoonAfterReopeningNothingLoadsByItself)
         ASSERT_TRUE(AnswerQuestion(QStringLiteral("Return")));
         ASSERT_TRUE(WaitForTabs(tabs)) << "round " << round;
         EXPECT_EQ(HasNotice(QStringLiteral("tabs-unloaded")), round == 2) << "round " << round;
-        ASSERT_TRUE(WaitForKept());
-        // So is how often this went wrong.
+        ASSERT_TRUE(WaitForRecord());
+        // The count of failed attempts is on disk as well.
         ASSERT_TRUE(WaitForStored(QStringLiteral("REOPEN_DEATHS"), [round](const QString& deaths) {
             return deaths.toInt() == qMin(round + 1, 2);
         }));
@@ -168,7 +169,7 @@ TEST_F(RecoveryTest, AfterTwoDeathsSoonAfterReopeningNothingLoadsByItself)
 TEST_F(RecoveryTest, DeclinedTabsAreFoundUnderEarlierTabsAndCanBeOpenedAgain)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     const QStringList tabs = GetTabs();
     m_client->Kill();
     LogIn();
@@ -176,7 +177,7 @@ TEST_F(RecoveryTest, DeclinedTabsAreFoundUnderEarlierTabsAndCanBeOpenedAgain)
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), tabs.size()));
 
     const Desktop desktop(m_screen.GetDisplay());
-    // The menu, in it the dialog, and there the newest set.
+    // Opens the dialog from the menu, and in it the newest set.
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
     ASSERT_TRUE(desktop.Press({QStringLiteral("F10")}));
     ASSERT_TRUE(desktop.Press({QStringLiteral("e")}));
@@ -186,24 +187,24 @@ TEST_F(RecoveryTest, DeclinedTabsAreFoundUnderEarlierTabsAndCanBeOpenedAgain)
     EXPECT_TRUE(WaitForTabs(tabs + tabs));
 }
 
-TEST_F(RecoveryTest, AnsweringIsNotNeededForTheTabsToBeKept)
+TEST_F(RecoveryTest, KillDuringTheQuestionLeavesTheTabsAmongTheEarlierOnes)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     const QStringList tabs = GetTabs();
     m_client->Kill();
     LogIn();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
-    // Until the offer is no more, and its tabs are among the earlier ones.
+    // Wait until the client has moved the offered tabs to the earlier ones.
     ASSERT_TRUE(WaitForStored(QStringLiteral("EARLIER_TABS_0"), [&tabs](const QString& text) {
         return text.count(QStringLiteral("\"url\"")) == tabs.size();
     }));
     ASSERT_TRUE(WaitForStored(QStringLiteral("EARLIER_TABS"),
                               [](const QString& list) { return list.contains(QStringLiteral("slot")); }));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return ReadModulesRecord().routerUrls.isEmpty(); }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return ReadModulesRecord().routerUrls.isEmpty(); }, Patience));
     m_client->Kill(); // while the user is being asked
 
-    LogInAndOpen(); // the offer was made; it is not made twice
+    LogInAndOpen(); // the client does not offer the tabs twice
     EXPECT_TRUE(m_client->GetEvents(QStringLiteral("question.asked")).isEmpty());
     const Desktop desktop(m_screen.GetDisplay());
     ASSERT_TRUE(desktop.WaitForWindow(m_client->GetProcessId()));
@@ -215,16 +216,16 @@ TEST_F(RecoveryTest, AnsweringIsNotNeededForTheTabsToBeKept)
     EXPECT_TRUE(WaitForTabs(tabs + tabs));
 }
 
-TEST_F(RecoveryTest, EndOfTheSystemsSessionDuringTheQuestionIsNoAnswer)
+TEST_F(RecoveryTest, EndOfTheSystemsSessionDuringTheQuestionDoesNotCountAsAnAnswer)
 {
     LogInAndOpen();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     m_client->Kill();
     LogIn();
     ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("question.asked"), 1));
     ASSERT_TRUE(m_client->Stop());
 
     LogInAndOpen();
-    EXPECT_TRUE(HasNotice(QStringLiteral("tabs-missing"))) << "the next start says where they are";
+    EXPECT_TRUE(HasNotice(QStringLiteral("tabs-missing"))) << "the next start says where the tabs are";
     EXPECT_TRUE(m_client->Quit());
 }

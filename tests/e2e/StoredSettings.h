@@ -2,8 +2,8 @@
 
 #include <QtCore/QString>
 
-/// Reads the settings of a profile from the disk, also while a client has them open, and is in nobody's way.
-/// What it finds outlives a kill of the client.
+/// Reads the settings of a profile from disk without disturbing a client that has them open. What it finds
+/// survives a kill of the client.
 class StoredSettings final
 {
 public:

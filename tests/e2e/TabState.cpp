@@ -1,6 +1,6 @@
 #include "TabState.h"
 
-bool TabState::Take(const QJsonObject& event)
+bool TabState::Apply(const QJsonObject& event)
 {
     const QStringList before = m_routerUrls;
     const QString name = event.value(QStringLiteral("event")).toString();
@@ -26,7 +26,7 @@ QStringList TabState::After(const QVector<QJsonObject>& events)
 {
     TabState state;
     for (const QJsonObject& event : events) {
-        state.Take(event);
+        state.Apply(event);
     }
     return state.GetRouterUrls();
 }

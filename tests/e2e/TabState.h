@@ -4,12 +4,12 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
 
-/// The tabs of the client, told by its trace: router URLs in the order of the window, without the home tab.
+/// The client's tabs according to its trace: router URLs in the order of the window, without the home tab.
 class TabState final
 {
 public:
-    /// Takes the next event of the trace; whether it changed the tabs.
-    bool Take(const QJsonObject& event);
+    /// Applies the next event of the trace; returns whether it changed the tabs.
+    bool Apply(const QJsonObject& event);
 
     const QStringList& GetRouterUrls() const noexcept { return m_routerUrls; }
 

@@ -18,7 +18,7 @@ const QString CareId = QStringLiteral("tabs-unloaded");
 
 } // namespace
 
-/// A second module beside the list of the start: it opens a page of its own as soon as the window is there.
+/// A second module beside the one with the start list; it opens its own page when the main window is shown.
 class TwoModulesTest : public ClientTest
 {
 protected:
@@ -30,7 +30,7 @@ protected:
         m_client->SetEnvironment(QStringLiteral("TL_FIXTURE_PAGE"), m_notesPage);
     }
 
-    /// The page of the second module and the entries of the list.
+    /// The entries of the start list, then the page of the second module.
     QStringList GetAllUrls() const { return m_expected.urls + QStringList{m_notesPage}; }
 
     /// A run that opens everything and dies.
@@ -78,7 +78,7 @@ protected:
         }));
     }
 
-    /// The addresses of all openings of this run, in order.
+    /// The addresses that this run has opened, in order.
     QStringList GetOpenedUrls() const
     {
         QStringList urls;
@@ -88,7 +88,7 @@ protected:
         return urls;
     }
 
-    /// Waits until this address stands in the tab in front.
+    /// Waits until the tab that opened with this address is in front.
     bool WaitForUrlInFront(const QString& url)
     {
         return m_client->WaitFor([&url](const QVector<QJsonObject>& events) {

@@ -4,8 +4,8 @@
 
 VirtualScreen::VirtualScreen()
 {
-    // The X server picks a free number and writes it to the descriptor once it takes connections. It repeats
-    // no key (-r): on a busy machine a key seems to be held for long.
+    // The X server picks a free number and writes it to the descriptor when it accepts connections. Key
+    // repeat is off (-r), because on a busy machine keys seem to be held for long.
     m_server.start(QStringLiteral("Xvfb"),
                    {QStringLiteral("-r"), QStringLiteral("-displayfd"), QStringLiteral("1"),
                     QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1440x900x24"),

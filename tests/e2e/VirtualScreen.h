@@ -3,8 +3,8 @@
 #include <QtCore/QProcess>
 #include <QtCore/QString>
 
-/// An X server of the test's own, without a display behind it, and a window manager, which gives the keyboard
-/// to whom a person would expect. Ends with the object.
+/// An X server of the test's own without a physical display, and a window manager that gives the focus to the
+/// window that a user would expect. The destructor ends both.
 class VirtualScreen final
 {
 public:

@@ -2,24 +2,24 @@
 
 #include <gtest/gtest.h>
 
-// A list of variables is a list of lists on its way to a test, and has lost all but its first before.
+// CMake passes the variables on as a list within a list, which once lost all but the first.
 
-TEST(TestEnvironment, HasAHomeOfItsOwn)
+TEST(EnvironmentTest, HasAHomeOfItsOwn)
 {
     const QByteArray home = "/tests/home/TLTestEnvironmentTests";
     EXPECT_TRUE(qgetenv("XDG_CONFIG_HOME").endsWith(home + "/.config"));
-#ifndef Q_OS_WIN // where Wine keeps it to itself
+#ifndef Q_OS_WIN // Wine does not pass it on
     EXPECT_TRUE(qgetenv("HOME").endsWith(home)) << qgetenv("HOME").constData();
 #endif
 }
 
-TEST(TestEnvironment, IsTheSameEverywhere)
+TEST(EnvironmentTest, IsTheSameEverywhere)
 {
     EXPECT_EQ(qgetenv("LC_ALL"), "C.UTF-8");
     EXPECT_EQ(qgetenv("TZ"), "UTC");
 }
 
-TEST(TestEnvironment, TakesWhatAProgramAddsToIt)
+TEST(EnvironmentTest, HasWhatAProgramAddsToIt)
 {
     EXPECT_EQ(qgetenv("TL_ADDED"), "yes");
 }

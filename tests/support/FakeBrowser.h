@@ -13,8 +13,8 @@
 #include <memory>
 #include <vector>
 
-/// A browser without a window of its own. Every opening appends one tab at once, as the real one does, and
-/// every call is written down in order.
+/// A browser without a window. Every opening appends one tab immediately, as the real one does, and records
+/// the call in order.
 class FakeBrowser final : public IBrowserMain, public ITabOpener
 {
 public:
@@ -29,14 +29,14 @@ public:
         int index;
     };
 
-    /// Stands with `tabCount` tabs that have neither data nor a router URL.
+    /// Begins with `tabCount` tabs that have neither data nor a router URL.
     explicit FakeBrowser(int tabCount = 1);
     ~FakeBrowser() override;
 
-    /// A tab that was there before anybody opened something; not written down.
+    /// Adds a tab without recording a call.
     void AddTab(const QSharedPointer<TabData>& data, const QString& routerUrl);
 
-    /// What stands for the browser's window; not owned.
+    /// Sets the widget that stands for the browser's window; does not own it.
     void SetMainWidget(QWidget* widget) noexcept { m_mainWidget = widget; }
 
     /// `url <address>`, `plugin <service code>`, `select <index>`, in call order.
@@ -47,7 +47,7 @@ public:
     int GetTabCount() const override;
     void SelectTab(int index) override;
     IBrowserTab* GetTab(int index) const override;
-    /// Null until the test gave one.
+    /// Null until `SetMainWidget`.
     QWidget* GetMainWidget() const override;
 
     void OpenPlugin(const PluginOpenInfo& info, int index) override;

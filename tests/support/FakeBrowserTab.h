@@ -2,7 +2,7 @@
 
 #include "frame-core/IBrowserTab.h"
 
-/// A tab that is what the test says.
+/// A tab with the values that the test gives.
 class FakeBrowserTab final : public IBrowserTab
 {
 public:

@@ -4,7 +4,7 @@
 #include "frame-data/IGeneralData.h"
 #include "frame-data/TLUserData.h"
 
-/// A log-in as the test sets it through the two objects; a normal log-in of nobody to begin with.
+/// A log-in that the test sets through the two objects; begins as a normal log-in without a user.
 class FakeGeneralData final : public IGeneralData
 {
 public:

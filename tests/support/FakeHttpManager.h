@@ -9,8 +9,8 @@
 #include <functional>
 #include <vector>
 
-/// Sends nothing: keeps every call until the test says how it ends. Calls are counted from 0 in the order
-/// of sending. Asking for a call that does not exist, or ending one twice, throws std::logic_error.
+/// Sends nothing: holds every call until the test says how it ends. Calls are numbered from 0 in the order of
+/// sending. Throws std::logic_error for a call that does not exist or has already ended.
 class FakeHttpManager final : public IHttpManager
 {
 public:
@@ -30,20 +30,20 @@ public:
     /// A call that has not ended yet.
     const Call& GetCall(int index) const;
 
-    /// Ends the call with a reply of the gateway: code "0" and `data`, given as JSON.
+    /// Ends the call with a successful reply of the gateway; `data` is JSON.
     void Answer(int index, const QByteArray& data);
     /// Ends the call with these bytes as the whole reply.
     void AnswerRaw(int index, const QByteArray& reply);
-    /// Ends the call with an error of the network.
+    /// Ends the call with a network error.
     void Fail(int index, int error = 1, const QString& description = QStringLiteral("connection refused"));
-    /// Drops all calls that have not ended, without running their completions.
+    /// Drops all open calls without calling back.
     void DropCalls();
 
     void Send(const QSharedPointer<IHttpRequest>& request, const QSharedPointer<IHttpResponse>& response,
               std::function<void()> finished, int timeout, int attempts) override;
 
 private:
-    /// Takes the call off the list of those that have not ended.
+    /// Removes the call from the open ones.
     Call Take(int index);
 
     std::vector<Call> m_calls; // one that has ended is empty

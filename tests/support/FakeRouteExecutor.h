@@ -6,15 +6,14 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// A router that knows every URL, writes down what it is asked to do, and has the objects that the test
-/// gave it.
+/// A router that accepts and records every URL, and has the objects that the test gives it.
 class FakeRouteExecutor final : public IRouteExecutor
 {
 public:
     FakeRouteExecutor();
     ~FakeRouteExecutor() override;
 
-    /// Not owned.
+    /// Does not own the object.
     void SetRouteObject(const QString& url, QObject* object);
     /// The executed URLs with their parameters, in call order.
     QStringList GetExecuted() const;

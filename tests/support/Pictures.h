@@ -50,8 +50,9 @@ inline quint32 Crc32(const QByteArray& bytes)
     quint32 crc = 0xffffffffU;
     for (const char byte : bytes) {
         crc ^= static_cast<quint8>(byte);
-        for (int bit = 0; bit < 8; ++bit)
+        for (int bit = 0; bit < 8; ++bit) {
             crc = (crc >> 1) ^ ((crc & 1U) != 0 ? 0xedb88320U : 0U);
+        }
     }
     return ~crc;
 }
@@ -61,9 +62,9 @@ inline QByteArray PngChunk(const QByteArray& type, const QByteArray& data)
     return BigEndian(quint32(data.size())) + type + data + BigEndian(Crc32(type + data));
 }
 
-constexpr int PngHeadEnd = 33; // the signature and the chunk with the size
+constexpr int PngHeadEnd = 33; // after the signature and the chunk with the size
 
-/// A PNG file whose head promises another size than its rows have.
+/// A PNG file whose header gives a different size than its rows have.
 inline QByteArray PngThatPromises(QSize size)
 {
     QByteArray file = Png();
@@ -72,7 +73,7 @@ inline QByteArray PngThatPromises(QSize size)
     return file.left(8) + PngChunk("IHDR", head) + file.mid(PngHeadEnd);
 }
 
-/// An ICO file with one entry, which promises `width` by `height`.
+/// An ICO file with one entry, which claims to be `width` by `height`.
 inline QByteArray Ico(const QByteArray& picture, quint8 width, quint8 height)
 {
     return QByteArray("\0\0\1\0\1\0", 6) + QByteArray(1, char(width)) + QByteArray(1, char(height)) +

@@ -5,7 +5,7 @@
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleMock(&argc, argv);
-    // CTest asks for the list of tests without the environment that it runs them in.
+    // CTest lists the tests without the environment that it runs them in.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }

@@ -10,23 +10,23 @@
 
 class QWidget;
 
-/// The user in front of the client: as soon as a modal dialog stands on the screen, they answer it, by the
-/// mouse or by the keyboard. Made before the call that asks; one object answers every question of its life.
+/// Stands in for the user: answers every modal dialog that opens during its life, by mouse or keyboard. Make
+/// one before the call that asks.
 class QuestionAnswer final : public QObject
 {
 public:
-    /// Clicks the button of that object name.
+    /// Clicks the button with this object name.
     explicit QuestionAnswer(const QString& buttonName);
     /// Presses the key.
     explicit QuestionAnswer(Qt::Key key);
     ~QuestionAnswer() override;
 
-    /// The labels' texts of each dialog that was answered, in order.
+    /// The texts of the labels in each answered dialog, in order.
     QStringList GetQuestions() const;
-    /// The texts of the last dialog's push buttons, in the order in which they stand.
+    /// The texts of the last dialog's push buttons, in their order on the screen.
     QStringList GetButtonTexts() const;
 
-    /// Called when a dialog stands, before it is answered.
+    /// Calls `before` when a dialog is open, before answering it.
     void SetBefore(std::function<void()> before);
 
 private:

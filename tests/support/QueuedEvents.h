@@ -1,5 +1,5 @@
 #pragma once
 
-/// Returns when everything that was queued on this thread's event loop before the call has run: posted
-/// events and timers without a delay.
+/// Runs everything that is queued on this thread's event loop before the call: posted events and timers
+/// without a delay.
 void RunQueuedEvents();

@@ -3,7 +3,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QMap>
 
-/// What a `ScriptedHttpServer` was asked.
+/// A request to a `ScriptedHttpServer`.
 struct RecordedRequest
 {
     QByteArray method;

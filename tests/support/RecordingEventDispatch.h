@@ -7,8 +7,8 @@
 
 #include <vector>
 
-/// Writes down every module event. With a journal, also `event <name>` at its end, so that a test sees
-/// the order among several recorders.
+/// Records every module event. Also appends `event <name>` to the journal, if there is one, so that a test
+/// sees the order across several recorders.
 class RecordingEventDispatch final : public IModuleEventDispatch
 {
 public:

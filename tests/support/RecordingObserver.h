@@ -8,8 +8,8 @@
 
 #include <vector>
 
-/// Writes down every notification with these ids. With a journal, also `notify <id>` at its end, so that
-/// a test sees the order among several recorders.
+/// Records every notification with these ids. Also appends `notify <id>` to the journal, if there is one, so
+/// that a test sees the order across several recorders.
 class RecordingObserver final : public HttpObserverBase
 {
 public:

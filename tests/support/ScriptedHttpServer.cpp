@@ -6,7 +6,7 @@
 
 namespace {
 
-// One request from the front of `bytes`, which loses it. False while it is not there in whole.
+// Takes one request off the front of `bytes`. False while it is incomplete.
 bool TakeRequest(QByteArray& bytes, RecordedRequest& request)
 {
     const int headEnd = bytes.indexOf("\r\n\r\n");
@@ -149,7 +149,7 @@ void ScriptedHttpServer::Answer(QTcpSocket* socket, const ScriptedReply& reply)
         break;
     case ScriptedReply::Kind::Endless:
         socket->write(HeadOf(reply, false));
-        // In its turn among the thread's events: on Windows, writing in the signal leaves no turn to others.
+        // Queued, because on Windows writing in the signal handler would starve the other events.
         connect(
             socket, &QTcpSocket::bytesWritten, socket, [this, socket] { Feed(socket); },
             Qt::QueuedConnection);

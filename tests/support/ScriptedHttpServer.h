@@ -13,8 +13,8 @@
 
 class QTcpSocket;
 
-/// A tiny HTTP server on a free loopback port that answers as a test tells it to: the queued replies in
-/// order, then the standing one (HTTP 500 without a body unless set). Runs in the event loop of the test.
+/// A tiny HTTP server on a free loopback port that answers with the test's queued replies in order, then with
+/// the standing one (HTTP 500 without a body unless set). Runs in the test's event loop.
 class ScriptedHttpServer final : public QObject
 {
     Q_OBJECT
@@ -29,15 +29,15 @@ public:
 
     void Enqueue(const ScriptedReply& reply);
     void SetStanding(const ScriptedReply& reply);
-    /// Sends what was held back so far.
+    /// Sends all held replies.
     void Release();
 
     const QVector<RecordedRequest>& GetRequests() const { return m_requests; }
     int GetRequestCount() const { return m_requests.size(); }
     int GetConnectionCount() const { return m_connectionCount; }
-    /// Connections open at this moment.
+    /// The number of open connections.
     int GetOpenCount() const { return m_incoming.size(); }
-    /// Sent to all clients, heads included.
+    /// Bytes sent to all clients, including heads.
     qint64 GetBytesSent() const { return m_bytesSent; }
 
 Q_SIGNALS:
@@ -51,7 +51,7 @@ private:
 
     QTcpServer m_server;
     QElapsedTimer m_clock;
-    QHash<QTcpSocket*, QByteArray> m_incoming; // what came in and is no whole request yet
+    QHash<QTcpSocket*, QByteArray> m_incoming; // received bytes of incomplete requests
     QVector<RecordedRequest> m_requests;
     QVector<ScriptedReply> m_replies;
     QVector<QPair<QPointer<QTcpSocket>, ScriptedReply>> m_held;

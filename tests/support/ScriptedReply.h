@@ -4,24 +4,24 @@
 #include <QtCore/QList>
 #include <QtCore/QPair>
 
-/// What a `ScriptedHttpServer` does when a request has come in.
+/// How a `ScriptedHttpServer` answers a request.
 struct ScriptedReply
 {
     enum class Kind
     {
-        Whole,    ///< head and body, and the connection stays open
-        NoLength, ///< head and body, whose end is the end of the connection
+        Whole,    ///< head and body; the connection stays open
+        NoLength, ///< head and body, which ends with the connection
         Cut,      ///< announces the whole body, sends half of it and closes
-        Raw,      ///< `body` is all that is sent, head included if there is one; then closes
-        Endless,  ///< a body without end, until the client closes
-        Close,    ///< closes without a word
-        Never     ///< nothing at all, the connection stays open
+        Raw,      ///< sends exactly `body`, which may begin with a head, then closes
+        Endless,  ///< an endless body, until the client closes
+        Close,    ///< closes without an answer
+        Never     ///< no answer; the connection stays open
     };
 
     Kind kind = Kind::Whole;
     int status = 200;
     QByteArray body;
-    QList<QPair<QByteArray, QByteArray>> headers; ///< beside Content-Length and Connection
+    QList<QPair<QByteArray, QByteArray>> headers; ///< in addition to Content-Length and Connection
     bool held = false;                            ///< waits for `ScriptedHttpServer::Release`
 
     static ScriptedReply Json(const QByteArray& body, int status = 200)

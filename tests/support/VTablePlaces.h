@@ -5,19 +5,19 @@
 #include <vector>
 
 #if !defined(__GXX_ABI_VERSION)
-#error "reads vtables as the Itanium C++ ABI lays them out (GCC and Clang, but not for MSVC)"
+#error "reads vtables in the layout of the Itanium C++ ABI (GCC and Clang, but not for MSVC)"
 #endif
 
-/// Reads the order of virtual operations from what the compiler built. Places are counted from 0 in the
-/// vtable, where a virtual destructor takes two places; contracts count it as one slot. An operation that
-/// overrides one of a second base class has a place of its own in the first base's vtable as well, which
-/// other ABIs do not give it; so compare the order, not the numbers, for classes with several bases.
+/// Reads the order of virtual operations from the built vtables. Counts places in the vtable from 0, where a
+/// virtual destructor has two places; contracts count it as one slot. An operation that overrides one of a
+/// second base class also has a place in the first base's vtable, but only in this ABI; so compare the order,
+/// not the numbers, for classes with several bases.
 namespace VTablePlaces {
 
 /// How many places a virtual destructor takes.
 inline constexpr int DestructorPlaces = 2;
 
-/// The place of a virtual operation in the vtable of the class that declares it; -1: it is not virtual.
+/// The place of a virtual operation in the vtable of the class that declares it; -1 if it is not virtual.
 template <class Operation>
 int PlaceOf(Operation operation)
 {
@@ -45,15 +45,15 @@ int SlotOf(Operation operation)
     return PlaceOf(operation) - DestructorPlaces + 1;
 }
 
-/// Where a call through `entry` arrives. Windows: what another library exports is reached through a jump of
-/// one's own, which may stand in the vtable in its place.
+/// Where a call through `entry` arrives. On Windows, the vtable may hold the address of a jump to an
+/// operation that another library exports.
 inline const void* Destination(const void* entry)
 {
 #if defined(_WIN64)
     constexpr unsigned char jumpThroughPointer[] = {0xFF, 0x25};
     const auto* const code = static_cast<const unsigned char*>(entry);
     if (code && std::memcmp(code, jumpThroughPointer, sizeof(jumpThroughPointer)) == 0) {
-        constexpr int length = 6; // of the instruction, at the end of which the distance begins to count
+        constexpr int length = 6; // of the instruction; the distance counts from its end
         int distance = 0;
         std::memcpy(&distance, code + sizeof(jumpThroughPointer), sizeof(distance));
         std::memcpy(&entry, code + length + distance, sizeof(entry));
@@ -62,8 +62,8 @@ inline const void* Destination(const void* entry)
     return entry;
 }
 
-/// What stands in the first `count` places of the vtable that `Class` has inside the object; `Class` is
-/// the static type, so pass a reference to the interface that is meant.
+/// The first `count` places of the vtable that `Class` has in the object. `Class` is the static type, so pass
+/// a reference to the interface.
 template <class Class>
 std::vector<const void*> Read(const Class& object, int count)
 {

@@ -1,17 +1,17 @@
 #pragma once
 
 #if !defined(__GXX_ABI_VERSION)
-#error "calls through vtables as the Itanium C++ ABI lays them out (GCC and Clang, but not for MSVC)"
+#error "calls through vtables in the layout of the Itanium C++ ABI (GCC and Clang, but not for MSVC)"
 #endif
 
-/// Calls virtual operations by their place in the built vtable instead of by name, as a module does that
-/// was built elsewhere. Slots are counted as a contract counts them: from 0, the destructor being one.
-/// Nothing checks that `Result` and `Arguments` are those of the operation in that slot.
+/// Calls virtual operations by their place in the built vtable instead of by name, as a module from another
+/// build does. Counts slots as a contract does: from 0, with the destructor as one. The caller has to give
+/// the `Result` and `Arguments` of the operation in that slot.
 template <class Interface>
 class VTableSlots final
 {
 public:
-    /// The object is not deleted here; `CallDeletingDestructor` does it.
+    /// Does not own the object; `CallDeletingDestructor` deletes it.
     explicit VTableSlots(Interface* object, int destructorSlot = 0)
         : m_object(object), m_destructorSlot(destructorSlot)
     {}
@@ -22,11 +22,11 @@ public:
         return CallPlace<Result, Arguments...>(PlaceOf(slot), static_cast<Arguments>(arguments)...);
     }
 
-    /// Deletes the object through its vtable; nothing can be called afterwards.
+    /// Deletes the object through its vtable; make no calls afterwards.
     void CallDeletingDestructor() const { CallPlace<void>(m_destructorSlot + 1); }
 
 private:
-    /// A virtual destructor takes two places: one that destroys, then one that deletes as well.
+    /// A virtual destructor has two places: the first destroys, the second also deletes.
     int PlaceOf(int slot) const { return slot > m_destructorSlot ? slot + 1 : slot; }
 
     template <class Result, class... Arguments>

@@ -8,7 +8,7 @@
 bool WaitUntil(const std::function<bool()>& condition, int patience)
 {
     const QDeadlineTimer deadline(patience);
-    QTimer wake; // for a condition that comes true without an event on this thread
+    QTimer wake; // for conditions that become true without an event on this thread
     wake.start(20);
     while (!condition()) {
         if (deadline.hasExpired()) {

@@ -1,13 +1,13 @@
-// Shows the main window with a made-up app list, to look at it. Not a test and not installed.
+// Shows the main window with a made-up app list, for a look by hand. Not a test and not installed.
 //
 //   BrowserPreview [--theme light|dark] [--language en|zh_CN] [--notices] [--delayed <count>]
 //                  [--scale <percent>[,<percent>...]] [--earlier <sets>] [--question] [--site-log-in]
 //                  [--list] [<address>...]
 //
-// --earlier shows the dialog of earlier tabs over the window, with as many sets, --question what a page
-// asks, --site-log-in what a site asks before it shows one, and --list the list of all tabs. With several
-// scales, each is applied for two seconds and the last one stays. Each address is opened in a tab; the last
-// one comes to the front. As root it needs QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card,
+// --earlier opens the dialog of earlier tabs with this many sets, --question a page's question, --site-log-in
+// a site's request for a log-in, and --list the list of all tabs. With several scales, each applies for two
+// seconds and the last one stays. Opens each address in a tab and selects the last one; "app:<code>" opens an
+// app. As root it needs QTWEBENGINE_DISABLE_SANDBOX=1 and, without a graphics card,
 // QTWEBENGINE_CHROMIUM_FLAGS="--disable-gpu".
 
 #include "EarlierTabsDialog.h"
@@ -42,7 +42,7 @@ QSharedPointer<TLPluginBaseEntity> MakeApp(const QString& name, const QString& c
     return app;
 }
 
-/// A coloured letter, in place of the picture at the address.
+/// A coloured letter in place of the picture at this address.
 QPixmap MakePicture(const QString& url)
 {
     QPixmap picture(128, 128);
@@ -101,46 +101,68 @@ QVector<EarlierTabSet> MakeEarlierSets(int count)
     return sets;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+/// The command line.
+struct Options
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName(QStringLiteral("Workstation"));
+    explicit Options(const QCoreApplication& application);
 
+    QString theme;
+    QString language;
+    QList<int> scales; ///< [%]
+    int delayed = 0;
+    int earlierSets = 0;
+    bool notices = false;
+    bool question = false;
+    bool siteLogIn = false;
+    bool list = false;
+    QStringList addresses;
+};
+
+Options::Options(const QCoreApplication& application)
+{
     QCommandLineParser parser;
-    const QCommandLineOption themeOption(QStringLiteral("theme"), QString(), QStringLiteral("name"));
-    const QCommandLineOption languageOption(QStringLiteral("language"), QString(), QStringLiteral("name"));
-    const QCommandLineOption noticesOption(QStringLiteral("notices"));
-    const QCommandLineOption delayedOption(QStringLiteral("delayed"), QString(), QStringLiteral("count"));
-    const QCommandLineOption earlierOption(QStringLiteral("earlier"), QString(), QStringLiteral("sets"));
-    const QCommandLineOption scaleOption(QStringLiteral("scale"), QString(), QStringLiteral("percents"),
-                                         QStringLiteral("100"));
-    const QCommandLineOption questionOption(QStringLiteral("question"));
-    const QCommandLineOption siteLogInOption(QStringLiteral("site-log-in"));
-    const QCommandLineOption listOption(QStringLiteral("list"));
-    parser.addOptions({themeOption, languageOption, noticesOption, delayedOption, earlierOption, scaleOption,
-                       questionOption, siteLogInOption, listOption});
+    const auto option = [&parser](const QString& name, const QString& value = QString()) {
+        const QCommandLineOption added(name, QString(), value);
+        parser.addOption(added);
+        return added;
+    };
+    const auto themeOption = option(QStringLiteral("theme"), QStringLiteral("name"));
+    const auto languageOption = option(QStringLiteral("language"), QStringLiteral("name"));
+    const auto scaleOption = option(QStringLiteral("scale"), QStringLiteral("percents"));
+    const auto delayedOption = option(QStringLiteral("delayed"), QStringLiteral("count"));
+    const auto earlierOption = option(QStringLiteral("earlier"), QStringLiteral("sets"));
+    const auto noticesOption = option(QStringLiteral("notices"));
+    const auto questionOption = option(QStringLiteral("question"));
+    const auto siteLogInOption = option(QStringLiteral("site-log-in"));
+    const auto listOption = option(QStringLiteral("list"));
     parser.addPositionalArgument(QStringLiteral("address"), QString());
     parser.process(application);
 
-    ScaleManager scales;
-    ThemeManager themes;
+    theme = parser.value(themeOption);
+    language = parser.value(languageOption);
     const QStringList percents = parser.value(scaleOption).split(QLatin1Char(','));
-    scales.Apply(percents.first().toInt());
-    const QString theme = parser.value(themeOption);
-    themes.Apply(theme == QLatin1String("dark")    ? Theme::Dark
-                 : theme == QLatin1String("light") ? Theme::Light
-                                                   : Theme::FollowSystem);
-    LanguageManager languages(QCoreApplication::applicationDirPath() +
-                              QStringLiteral("/../bin/translations"));
-    languages.Apply(parser.value(languageOption));
+    for (const QString& percent : percents) {
+        scales.append(percent.toInt()); // ScaleManager replaces what is not a scale by 100
+    }
+    delayed = parser.value(delayedOption).toInt();
+    earlierSets = parser.value(earlierOption).toInt();
+    notices = parser.isSet(noticesOption);
+    question = parser.isSet(questionOption);
+    siteLogIn = parser.isSet(siteLogInOption);
+    list = parser.isSet(listOption);
+    addresses = parser.positionalArguments();
+}
 
-    TLPluginBaseManager apps;
-    QList<QSharedPointer<TLPluginBaseEntity>> list;
+Theme ToTheme(const QString& name)
+{
+    if (name == QLatin1String("dark")) {
+        return Theme::Dark;
+    }
+    return name == QLatin1String("light") ? Theme::Light : Theme::FollowSystem;
+}
+
+QList<QSharedPointer<TLPluginBaseEntity>> MakeApps()
+{
     const QStringList names = {QStringLiteral("Orders"),
                                QStringLiteral("Stock"),
                                QStringLiteral("Customer service"),
@@ -151,12 +173,100 @@ int main(int argc, char** argv)
                                QStringLiteral("客服工作台"),
                                QStringLiteral("Settings of the shop"),
                                QStringLiteral("Print station")};
+    QList<QSharedPointer<TLPluginBaseEntity>> apps;
     for (const QString& name : names) {
-        list << MakeApp(name, name,
+        apps << MakeApp(name, name,
                         name == QLatin1String("Print station") ? QString()
                                                                : QStringLiteral("http://127.0.0.1:8000/"));
     }
-    apps.SetPlugins(list);
+    return apps;
+}
+
+void OpenTabs(MainWindow& window, const Options& options)
+{
+    for (int i = 0; i < options.delayed; ++i) {
+        TabOpenInfo info;
+        info.address = QStringLiteral("https://shop-%1.example/").arg(i);
+        info.title = QStringLiteral("Shop number %1").arg(i);
+        info.iconUrl = QStringLiteral("https://icons.example/%1").arg(i % 26);
+        info.isDelay = true;
+        window.OpenUrl(info, -1);
+    }
+    for (const QString& address : options.addresses) {
+        if (address.startsWith(QLatin1String("app:"))) {
+            PluginOpenInfo info;
+            info.serviceCode = address.mid(4);
+            window.OpenPlugin(info, -1);
+            continue;
+        }
+        TabOpenInfo info;
+        info.address = address;
+        window.OpenUrl(info, -1);
+    }
+    window.SelectTab(window.GetTabCount() - 1);
+}
+
+void ShowNotices(NoticeBar* bar)
+{
+    bar->Show(QStringLiteral("a"), NoticeKind::Info,
+              QStringLiteral(
+                  "The last known configuration is being shown, because the service cannot be reached."));
+    bar->Show(QStringLiteral("b"), NoticeKind::Warning,
+              QStringLiteral("The settings file could not be read and was set aside."),
+              {{QStringLiteral("Show in folder"), {}}});
+    bar->Show(QStringLiteral("c"), NoticeKind::Error,
+              QStringLiteral("report.pdf could not be saved: the disk is full."));
+    bar->SetProgress(QStringLiteral("a"), 40);
+}
+
+void OpenDialogs(MainWindow& window, const Options& options, const MainWindowServices& services)
+{
+    if (options.earlierSets > 0) {
+        auto* dialog =
+            new EarlierTabsDialog(MakeEarlierSets(options.earlierSets), services.loadPicture, &window);
+        dialog->open();
+    }
+    if (options.question) {
+        auto* dialog = new PageDialog(
+            PageDialog::Kind::Prompt, QUrl(QStringLiteral("https://shop.example/")),
+            QStringLiteral("Which of the orders of today should be sent to the supplier, and to whom should "
+                           "the invoice go?"),
+            QStringLiteral("All of them"), true, &window);
+        dialog->open();
+    }
+    if (options.siteLogIn) {
+        auto* dialog = new PageDialog(PageDialog::Kind::LogIn, QUrl(QStringLiteral("http://stock.example/")),
+                                      QStringLiteral("Stock of the warehouse"), QString(), false, &window);
+        dialog->open();
+    }
+    if (options.list) {
+        constexpr int drawTime = 500; // [ms]
+        QTimer::singleShot(drawTime, &window, [&window] {
+            window.findChild<QToolButton*>(QStringLiteral("strip_list"))->click();
+        });
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Workstation"));
+    const Options options(application);
+
+    ScaleManager scales;
+    ThemeManager themes;
+    scales.Apply(options.scales.first());
+    themes.Apply(ToTheme(options.theme));
+    LanguageManager languages(QCoreApplication::applicationDirPath() +
+                              QStringLiteral("/../bin/translations"));
+    languages.Apply(options.language);
+    TLPluginBaseManager apps;
+    apps.SetPlugins(MakeApps());
 
     QTemporaryDir folder;
     const auto pages = PageEngines::Make(PageEngines::GetBest(), folder.path(), languages.GetLanguage());
@@ -173,67 +283,16 @@ int main(int argc, char** argv)
     QObject::connect(&window, &MainWindow::SigThemeChosen, &themes, &ThemeManager::Apply);
     QObject::connect(&window, &MainWindow::SigLanguageChosen, &languages, &LanguageManager::Apply);
 
-    for (int i = 0; i < parser.value(delayedOption).toInt(); ++i) {
-        TabOpenInfo info;
-        info.address = QStringLiteral("https://shop-%1.example/").arg(i);
-        info.title = QStringLiteral("Shop number %1").arg(i);
-        info.iconUrl = QStringLiteral("https://icons.example/%1").arg(i % 26);
-        info.isDelay = true;
-        window.OpenUrl(info, -1);
-    }
-    const QStringList addresses = parser.positionalArguments();
-    for (const QString& address : addresses) {
-        if (address.startsWith(QLatin1String("app:"))) {
-            PluginOpenInfo info;
-            info.serviceCode = address.mid(4);
-            window.OpenPlugin(info, -1);
-            continue;
-        }
-        TabOpenInfo info;
-        info.address = address;
-        window.OpenUrl(info, -1);
-    }
-    window.SelectTab(window.GetTabCount() - 1);
-    if (parser.isSet(noticesOption)) {
-        NoticeBar* bar = window.GetNoticeBar();
-        bar->Show(QStringLiteral("a"), NoticeKind::Info,
-                  QStringLiteral(
-                      "The last known configuration is being shown, because the service cannot be reached."));
-        bar->Show(QStringLiteral("b"), NoticeKind::Warning,
-                  QStringLiteral("The settings file could not be read and was set aside."),
-                  {{QStringLiteral("Show in folder"), {}}});
-        bar->Show(QStringLiteral("c"), NoticeKind::Error,
-                  QStringLiteral("report.pdf could not be saved: the disk is full."));
-        bar->SetProgress(QStringLiteral("a"), 40);
+    OpenTabs(window, options);
+    if (options.notices) {
+        ShowNotices(window.GetNoticeBar());
     }
     window.show();
-    if (parser.isSet(earlierOption)) {
-        auto* dialog = new EarlierTabsDialog(MakeEarlierSets(parser.value(earlierOption).toInt()),
-                                             services.loadPicture, &window);
-        dialog->open();
-    }
-    if (parser.isSet(questionOption)) {
-        auto* dialog = new PageDialog(
-            PageDialog::Kind::Prompt, QUrl(QStringLiteral("https://shop.example/")),
-            QStringLiteral("Which of the orders of today should be sent to the supplier, and to whom should "
-                           "the invoice go?"),
-            QStringLiteral("All of them"), true, &window);
-        dialog->open();
-    }
-    if (parser.isSet(siteLogInOption)) {
-        auto* dialog = new PageDialog(PageDialog::Kind::LogIn, QUrl(QStringLiteral("http://stock.example/")),
-                                      QStringLiteral("Stock of the warehouse"), QString(), false, &window);
-        dialog->open();
-    }
-    if (parser.isSet(listOption)) {
-        QTimer::singleShot(500, &window, [&window] {
-            window.findChild<QToolButton*>(QStringLiteral("strip_list"))->click();
-        });
-    }
+    OpenDialogs(window, options, services);
     constexpr int shownFor = 2000; // [ms]
-    for (int i = 1; i < percents.size(); ++i) {
+    for (int i = 1; i < options.scales.size(); ++i) {
         QTimer::singleShot(i * shownFor, &scales,
-                           [&scales, &percents, i] { scales.Apply(percents.at(i).toInt()); });
+                           [&scales, &options, i] { scales.Apply(options.scales.at(i)); });
     }
     return QApplication::exec();
 }

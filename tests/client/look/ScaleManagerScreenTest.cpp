@@ -10,7 +10,7 @@
 
 namespace {
 
-// Read by Qt when the application object is made.
+// Qt reads it when the application is created.
 const bool IsSharp = qputenv("QT_FONT_DPI", "144");
 
 class ScaleManagerScreenTest : public ::testing::Test
@@ -37,7 +37,7 @@ protected:
     QWindow m_window;
 };
 
-TEST_F(ScaleManagerScreenTest, TextsAreAsLargeAsTheScreenAsksForAndNotTwice)
+TEST_F(ScaleManagerScreenTest, ScreensScaleAppliesToTheFontOnlyOnce)
 {
     ScaleManager scales;
     scales.Apply(100);
@@ -49,7 +49,7 @@ TEST_F(ScaleManagerScreenTest, TextsAreAsLargeAsTheScreenAsksForAndNotTwice)
     EXPECT_EQ(GetTextSize(), 36);
 }
 
-TEST_F(ScaleManagerScreenTest, AFontGivenInPixelsIsOneOfTheUsualScreen)
+TEST_F(ScaleManagerScreenTest, FontInPixelsIsMeantForAUsualScreen)
 {
     QFont font = QApplication::font();
     font.setPixelSize(13);
