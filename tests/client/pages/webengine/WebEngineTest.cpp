@@ -90,8 +90,9 @@ TEST_F(WebEngineTest, ATabMayGoWhileItsPageWaitsForAnAnswer)
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
         asked = m_window->findChild<PageDialog*>() != nullptr;
-        if (!asked)
+        if (!asked) {
             return;
+        }
         watch.stop();
         m_window->CloseTab(1);
     });
@@ -339,10 +340,12 @@ TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)
 
 TEST_F(WebEngineTest, TenTabsOpenedAtOnceAllLoad)
 {
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         Open(m_server.GetUrl(QStringLiteral("/ok")), false);
+    }
     ASSERT_EQ(m_window->GetTabCount(), 11);
     ASSERT_TRUE(WaitUntil([this] { return !m_window->IsLoading(); }));
-    for (int i = 1; i < m_window->GetTabCount(); ++i)
+    for (int i = 1; i < m_window->GetTabCount(); ++i) {
         EXPECT_TRUE(WaitForTitle(i, QStringLiteral("All well")));
+    }
 }
