@@ -179,6 +179,7 @@ protected:
         }
     }
 
+    /// The user's own pace: nothing is expected to have happened after it.
     static void Wait(int milliseconds)
     {
         QEventLoop loop;
