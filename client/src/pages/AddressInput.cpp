@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Whether the host can be shown with letters beyond ASCII: none of them is from an alphabet that has letters
-/// which look like Latin ones.
+/// Whether the host can be shown with letters beyond ASCII: none is from an alphabet with letters that look
+/// like Latin ones.
 bool IsReadable(const QString& host)
 {
     constexpr uint lastOfLatinExtended = 0x24f; // beyond it are letters that look like plain ones
@@ -45,11 +45,13 @@ QUrl AddressInput::ToUrl(const QString& typed)
 
     // "localhost:8080" and "shop.example:8443/a" begin like a scheme, but a port follows.
     const QRegularExpressionMatch match = scheme.match(text);
-    if (match.hasMatch() && !port.match(match.captured(2)).hasMatch())
+    if (match.hasMatch() && !port.match(match.captured(2)).hasMatch()) {
         return TLUrlUtils::ToWebUrl(text);
+    }
 
-    if (text.isEmpty() || text.contains(space))
+    if (text.isEmpty() || text.contains(space)) {
         return {};
+    }
     return TLUrlUtils::ToWebUrl(QStringLiteral("https://") + text);
 }
 

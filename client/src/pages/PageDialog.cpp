@@ -60,8 +60,9 @@ void PageDialog::AdjustForDpi()
     m_buttons->setContentsMargins(0, Scaled(4), 0, 0);
     m_buttons->layout()->setSpacing(Scaled(8));
     setMinimumWidth(Scaled(Width));
-    if (isVisible())
+    if (isVisible()) {
         adjustSize();
+    }
 }
 
 QString PageDialog::GetInput() const

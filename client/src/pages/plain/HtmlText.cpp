@@ -18,14 +18,15 @@ bool IsBlock(const QString& name)
             "address article aside blockquote body br caption center dd details dialog div dl dt "
             "fieldset figcaption figure footer form h1 h2 h3 h4 h5 h6 head header hr html legend "
             "li main nav ol option p pre section summary table tbody tfoot thead tr ul");
-        for (const QString& word : list.split(QLatin1Char(' ')))
+        for (const QString& word : list.split(QLatin1Char(' '))) {
             names.insert(word);
+        }
         return names;
     }();
     return blocks.contains(name);
 }
 
-/// Elements whose content nobody reads.
+/// Elements whose content is not for a reader.
 bool IsHidden(const QString& name)
 {
     return name == QLatin1String("script") || name == QLatin1String("style") ||
@@ -52,13 +53,15 @@ QString EntityText(const QString& name)
         {QStringLiteral("raquo"), QString(QChar(0x00BB))},
         {QStringLiteral("times"), QString(QChar(0x00D7))},
     };
-    if (!name.startsWith(QLatin1Char('#')))
+    if (!name.startsWith(QLatin1Char('#'))) {
         return known.value(name);
+    }
     const bool hexadecimal = name.midRef(1, 1).compare(QLatin1String("x"), Qt::CaseInsensitive) == 0;
     bool isNumber = false;
     const uint code = name.midRef(hexadecimal ? 2 : 1).toUInt(&isNumber, hexadecimal ? 16 : 10);
-    if (!isNumber || code == 0 || code > QChar::LastValidCodePoint || QChar::isSurrogate(code))
+    if (!isNumber || code == 0 || code > QChar::LastValidCodePoint || QChar::isSurrogate(code)) {
         return {};
+    }
     return QString::fromUcs4(&code, 1);
 }
 
@@ -71,10 +74,12 @@ public:
     {
         while (m_place < m_html.size()) {
             const QChar c = m_html.at(m_place);
-            if (c == QLatin1Char('<') && TakeMarkup())
+            if (c == QLatin1Char('<') && ReadMarkup()) {
                 continue;
-            if (c == QLatin1Char('&') && TakeEntity())
+            }
+            if (c == QLatin1Char('&') && ReadEntity()) {
                 continue;
+            }
             Add(c);
             ++m_place;
         }
@@ -83,7 +88,7 @@ public:
     }
 
 private:
-    bool TakeMarkup()
+    bool ReadMarkup()
     {
         if (m_html.midRef(m_place, 4) == QLatin1String("<!--")) {
             const int end = m_html.indexOf(QLatin1String("-->"), m_place + 4);
@@ -92,35 +97,40 @@ private:
         }
         int name = m_place + 1;
         const bool isEnd = name < m_html.size() && m_html.at(name) == QLatin1Char('/');
-        if (isEnd)
+        if (isEnd) {
             ++name;
-        if (name >= m_html.size())
+        }
+        if (name >= m_html.size()) {
             return false;
+        }
         const QChar first = m_html.at(name);
         if (first == QLatin1Char('!') || first == QLatin1Char('?')) {
             m_place = EndOfTag(name);
             return true;
         }
-        if (!first.isLetter())
+        if (!first.isLetter()) {
             return false; // a bare "<" in the text
+        }
         int end = name;
-        while (end < m_html.size() && m_html.at(end).isLetterOrNumber())
+        while (end < m_html.size() && m_html.at(end).isLetterOrNumber()) {
             ++end;
+        }
         const QString element = m_html.mid(name, end - name).toLower();
         m_place = EndOfTag(end);
-        TakeElement(element, isEnd);
+        ReadElement(element, isEnd);
         return true;
     }
 
-    /// Behind the ">" that ends the tag; one in a quoted attribute does not.
+    /// The place after the ">" that ends the tag; one in a quoted attribute does not end it.
     int EndOfTag(int from) const
     {
         QChar quote;
         for (int i = from; i < m_html.size(); ++i) {
             const QChar c = m_html.at(i);
             if (!quote.isNull()) {
-                if (c == quote)
+                if (c == quote) {
                     quote = QChar();
+                }
             } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
                 quote = c;
             } else if (c == QLatin1Char('>')) {
@@ -130,39 +140,44 @@ private:
         return m_html.size();
     }
 
-    void TakeElement(const QString& element, bool isEnd)
+    void ReadElement(const QString& element, bool isEnd)
     {
         if (IsHidden(element) && !isEnd) {
             SkipTo(element);
             return;
         }
-        if (element == QLatin1String("title"))
+        if (element == QLatin1String("title")) {
             m_inTitle = !isEnd && m_title.isEmpty();
-        else if (element == QLatin1String("pre"))
+        } else if (element == QLatin1String("pre")) {
             m_keepLines = !isEnd;
-        if (IsBlock(element))
+        }
+        if (IsBlock(element)) {
             EndLine();
-        else if (element == QLatin1String("td") || element == QLatin1String("th"))
+        } else if (element == QLatin1String("td") || element == QLatin1String("th")) {
             Add(QLatin1Char(' '));
+        }
     }
 
-    /// Behind the end of a hidden element.
+    /// Moves past the end of a hidden element.
     void SkipTo(const QString& element)
     {
         const int end = m_html.indexOf(QLatin1String("</") + element, m_place, Qt::CaseInsensitive);
         m_place = end < 0 ? m_html.size() : EndOfTag(end + 2);
     }
 
-    bool TakeEntity()
+    bool ReadEntity()
     {
         const int semicolon = m_html.midRef(m_place, LongestEntity).indexOf(QLatin1Char(';'));
-        if (semicolon < 2)
+        if (semicolon < 2) {
             return false;
+        }
         const QString text = EntityText(m_html.mid(m_place + 1, semicolon - 1));
-        if (text.isEmpty())
+        if (text.isEmpty()) {
             return false;
-        for (const QChar c : text)
+        }
+        for (const QChar c : text) {
             Add(c);
+        }
         m_place += semicolon + 1;
         return true;
     }
@@ -172,10 +187,11 @@ private:
         if (m_inTitle) {
             m_title += c;
         } else if (m_keepLines) {
-            if (c == QLatin1Char('\n'))
+            if (c == QLatin1Char('\n')) {
                 EndLine();
-            else
+            } else {
                 m_line += c;
+            }
         } else if (!c.isSpace()) {
             m_line += c;
         } else if (!m_line.isEmpty() && !m_line.endsWith(QLatin1Char(' '))) {
@@ -185,11 +201,13 @@ private:
 
     void EndLine()
     {
-        while (!m_line.isEmpty() && m_line.at(m_line.size() - 1).isSpace())
+        while (!m_line.isEmpty() && m_line.at(m_line.size() - 1).isSpace()) {
             m_line.chop(1);
+        }
         // Nested blocks end many lines at one place.
-        if (!m_line.isEmpty() || (m_keepLines && !m_lines.isEmpty() && !m_lines.constLast().isEmpty()))
+        if (!m_line.isEmpty() || (m_keepLines && !m_lines.isEmpty() && !m_lines.constLast().isEmpty())) {
             m_lines << m_line;
+        }
         m_line.clear();
     }
 

@@ -3,7 +3,7 @@
 #include <QtCore/QString>
 
 /// What a person reads of an HTML document: its title, and its text without markup, scripts and styles.
-/// Takes any text; the time it needs grows with the length alone.
+/// Reads any text, in a time that grows only with its length.
 struct HtmlText
 {
     QString title;

@@ -24,8 +24,9 @@ QTextCodec* CodecFor(const QByteArray& contentType, const QByteArray& body, bool
         codec = QTextCodec::codecForName(name.toLatin1());
     }
     QTextCodec* const standard = QTextCodec::codecForName("UTF-8");
-    if (!codec && html)
+    if (!codec && html) {
         codec = QTextCodec::codecForHtml(body, standard);
+    }
     return codec ? codec : standard;
 }
 
@@ -34,8 +35,9 @@ QTextCodec* CodecFor(const QByteArray& contentType, const QByteArray& body, bool
 bool PlainPageContent::IsText(const QByteArray& contentType, const QByteArray& beginning)
 {
     const QString type = TypeOf(contentType);
-    if (type.isEmpty())
+    if (type.isEmpty()) {
         return !beginning.left(SniffedLength).contains('\0');
+    }
     return type.startsWith(QLatin1String("text/")) || IsHtml(type) || type.endsWith(QLatin1String("+json")) ||
            type.endsWith(QLatin1String("+xml")) || type == QLatin1String("application/json") ||
            type == QLatin1String("application/xml") || type == QLatin1String("application/javascript") ||

@@ -6,17 +6,16 @@
 /// What a plain page shows of an answer. Pure functions, for bytes from anywhere.
 struct PlainPageContent
 {
-    /// How much of an answer is fetched and shown [bytes].
+    /// The most that is fetched and shown of an answer [bytes].
     static constexpr int Limit = 1024 * 1024;
 
-    QString title; ///< empty where the answer says none
+    QString title; ///< empty if the answer has none
     QString text;
 
-    /// Whether an answer of this Content-Type is text. Of an answer without one that depends on how it
-    /// begins.
+    /// Whether an answer of this Content-Type is text. Without a type, the beginning of the answer decides.
     static bool IsText(const QByteArray& contentType, const QByteArray& beginning);
-    /// The answer in its own encoding: that of the byte order mark, of the Content-Type or of the document;
-    /// UTF-8 where none is said.
+    /// Decodes the answer as the byte order mark, the Content-Type or the document says; as UTF-8 if none of
+    /// them does.
     static PlainPageContent Read(const QByteArray& contentType, const QByteArray& body);
     /// The type without its parameters, in lower case; empty when there is none.
     static QString TypeOf(const QByteArray& contentType);

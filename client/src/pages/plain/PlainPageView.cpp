@@ -112,8 +112,9 @@ void PlainPageView::AdjustForDpi()
 
 void PlainPageView::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
     QWidget::changeEvent(event);
 }
 

@@ -24,7 +24,7 @@ public:
     {
         None,
         Cut,    ///< only the first part is shown
-        NotText ///< there is nothing to show as text; needs a type
+        NotText ///< the answer is not text; needs a type
     };
 
     explicit PlainPageView(QWidget* parent = nullptr);
@@ -34,7 +34,7 @@ public:
                     const QString& type = QString(), qint64 size = -1);
 
     QString GetText() const;
-    /// The number of hits, and moves on to the next one.
+    /// Moves on to the next hit; returns how many there are.
     int Find(const QString& text, bool backward);
     void SetZoom(double factor);
 

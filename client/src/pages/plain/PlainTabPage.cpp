@@ -98,14 +98,16 @@ void PlainTabPage::Stop()
 
 void PlainTabPage::Back()
 {
-    if (CanGoBack())
+    if (CanGoBack()) {
         Start(QUrl(m_history.at(m_current - 1)), Step::Back);
+    }
 }
 
 void PlainTabPage::Forward()
 {
-    if (CanGoForward())
+    if (CanGoForward()) {
         Start(QUrl(m_history.at(m_current + 1)), Step::Forward);
+    }
 }
 
 bool PlainTabPage::CanGoBack() const
@@ -180,28 +182,32 @@ void PlainTabPage::Send()
     connect(m_reply, &QNetworkReply::readyRead, this, &PlainTabPage::HandleBytes);
     connect(m_reply, &QNetworkReply::finished, this, &PlainTabPage::HandleEnd);
     connect(m_reply, &QNetworkReply::downloadProgress, this, [this](qint64 received, qint64 total) {
-        if (total > 0)
+        if (total > 0) {
             Q_EMIT SigProgress(static_cast<int>(qBound<qint64>(0, received * 100 / total, 100)));
+        }
     });
 }
 
 void PlainTabPage::HandleHead()
 {
     const QByteArray type = m_reply->rawHeader("Content-Type");
-    if (type.isEmpty() || PlainPageContent::IsText(type, QByteArray()) || !RedirectOf(*m_reply).isEmpty())
+    if (type.isEmpty() || PlainPageContent::IsText(type, QByteArray()) || !RedirectOf(*m_reply).isEmpty()) {
         return;
+    }
     Show(PlainPageView::Note::NotText);
 }
 
 void PlainTabPage::HandleBytes()
 {
-    if (!RedirectOf(*m_reply).isEmpty())
+    if (!RedirectOf(*m_reply).isEmpty()) {
         return;
+    }
     m_request->body += m_reply->read(PlainPageContent::Limit + 1 - m_request->body.size());
-    if (!PlainPageContent::IsText(m_reply->rawHeader("Content-Type"), m_request->body))
+    if (!PlainPageContent::IsText(m_reply->rawHeader("Content-Type"), m_request->body)) {
         Show(PlainPageView::Note::NotText);
-    else if (m_request->body.size() > PlainPageContent::Limit)
+    } else if (m_request->body.size() > PlainPageContent::Limit) {
         Show(PlainPageView::Note::Cut);
+    }
 }
 
 void PlainTabPage::HandleEnd()
@@ -226,12 +232,13 @@ void PlainTabPage::HandleEnd()
         return;
     }
     // An error with a page of its own is shown like any page.
-    if (status >= FirstErrorStatus && m_request->body.isEmpty())
+    if (status >= FirstErrorStatus && m_request->body.isEmpty()) {
         Fail(PageFailure::Kind::HttpError, QStringLiteral("HTTP %1").arg(status));
-    else if (status < FirstErrorStatus && error != QNetworkReply::NoError)
+    } else if (status < FirstErrorStatus && error != QNetworkReply::NoError) {
         Fail(KindOf(error), m_reply->errorString());
-    else
+    } else {
         Show(PlainPageView::Note::None);
+    }
 }
 
 void PlainTabPage::FollowRedirect(const QUrl& target)
@@ -253,8 +260,9 @@ void PlainTabPage::Show(PlainPageView::Note note)
     const bool ok = StatusOf(*m_reply) < FirstErrorStatus;
     const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
     PlainPageContent content;
-    if (note != PlainPageView::Note::NotText)
+    if (note != PlainPageView::Note::NotText) {
         content = PlainPageContent::Read(type, m_request->body.left(PlainPageContent::Limit));
+    }
     DropReply();
 
     const QUrl url = m_request->url;
@@ -279,8 +287,9 @@ void PlainTabPage::Show(PlainPageView::Note note)
                        length.isValid() ? length.toLongLong() : -1);
     Q_EMIT SigUrlChanged(url);
     Q_EMIT SigTitleChanged(m_title);
-    if (std::exchange(m_isFailureShown, false))
+    if (std::exchange(m_isFailureShown, false)) {
         Q_EMIT SigContentArrived();
+    }
     Finish(ok);
 }
 
@@ -308,8 +317,9 @@ void PlainTabPage::Finish(bool ok)
 
 void PlainTabPage::DropReply()
 {
-    if (!m_reply)
+    if (!m_reply) {
         return;
+    }
     QNetworkReply* const reply = std::exchange(m_reply, nullptr);
     reply->disconnect(this);
     // Not within one of its own signals: the connection would be handed on with the rest of the answer in it.

@@ -11,9 +11,9 @@
 #include <functional>
 #include <optional>
 
-/// A tab's page without a web engine: fetches the address and shows what the server answered as text. Runs no
+/// A tab's page without a web engine: fetches the address and shows the server's answer as text. Runs no
 /// scripts, shows no pictures and follows redirects to http and https only. Fetches at most
-/// `PlainPageContent::Limit` of an answer, and nothing of what is no text.
+/// `PlainPageContent::Limit` of an answer, and none of it if it is not text.
 class PlainTabPage final : public ITabPage
 {
     Q_OBJECT

@@ -11,8 +11,9 @@ void RequestGate::interceptRequest(QWebEngineUrlRequestInfo& info)
     static const QStringList open = {QStringLiteral("ws"), QStringLiteral("wss"), QStringLiteral("data"),
                                      QStringLiteral("blob"), QStringLiteral("about")};
     const QUrl url = info.requestUrl();
-    if (!IsWeb(url) && !open.contains(url.scheme()))
+    if (!IsWeb(url) && !open.contains(url.scheme())) {
         info.block(true);
+    }
 }
 
 bool RequestGate::IsWeb(const QUrl& url)

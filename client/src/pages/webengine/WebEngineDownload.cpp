@@ -16,8 +16,9 @@ WebEngineDownload::WebEngineDownload(QWebEngineDownloadItem* item, QObject* pare
 
 WebEngineDownload::~WebEngineDownload()
 {
-    for (const auto& item : qAsConst(m_items))
+    for (const auto& item : qAsConst(m_items)) {
         delete item;
+    }
 }
 
 QString WebEngineDownload::GetFileName() const
@@ -43,8 +44,9 @@ void WebEngineDownload::Accept(const QString& path)
 
 void WebEngineDownload::Cancel()
 {
-    if (m_item)
+    if (m_item) {
         m_item->cancel();
+    }
 }
 
 bool WebEngineDownload::IsAccepted() const noexcept
@@ -54,8 +56,9 @@ bool WebEngineDownload::IsAccepted() const noexcept
 
 void WebEngineDownload::GoOn(QWebEngineDownloadItem* item)
 {
-    if (m_item)
+    if (m_item) {
         m_item->disconnect(this);
+    }
     Follow(item);
     Start();
 }
@@ -70,16 +73,18 @@ void WebEngineDownload::Follow(QWebEngineDownloadItem* item)
     // The engine does not call one finished that broke off: it could be resumed.
     connect(item, &QWebEngineDownloadItem::stateChanged, this,
             [this](QWebEngineDownloadItem::DownloadState state) {
-                if (state == QWebEngineDownloadItem::DownloadInterrupted)
+                if (state == QWebEngineDownloadItem::DownloadInterrupted) {
                     End(false, GetReason());
+                }
             });
 }
 
 void WebEngineDownload::End(bool ok, const QString& error)
 {
     m_item->disconnect(this);
-    if (!error.isEmpty())
+    if (!error.isEmpty()) {
         m_item->cancel(); // and remove what there is of the file
+    }
     Q_EMIT SigFinished(ok, error);
     deleteLater();
 }

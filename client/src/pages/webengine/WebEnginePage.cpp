@@ -34,8 +34,9 @@ WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePag
 {
     connect(this, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) {
         // A page changes its own address as often as it likes.
-        if (!IsSameSite(url, m_shown))
+        if (!IsSameSite(url, m_shown)) {
             ForgetChoices();
+        }
         m_shown = url;
     });
     connect(this, &QWebEnginePage::authenticationRequired, this,
@@ -50,13 +51,15 @@ WebEnginePage::WebEnginePage(QWebEngineProfile* profile, const MakePage& makePag
 
 void WebEnginePage::End(std::unique_ptr<WebEnginePage> page)
 {
-    if (page->m_open.isEmpty())
+    if (page->m_open.isEmpty()) {
         return;
+    }
     page->m_ended = true;
     page->m_makePage = [](WebWindowType) { return nullptr; };
     for (const QPointer<PageDialog>& dialog : qAsConst(page->m_open)) {
-        if (dialog)
+        if (dialog) {
             dialog->reject();
+        }
     }
     page.release(); // deletes itself
 }
@@ -77,8 +80,9 @@ void WebEnginePage::ForgetChoices()
 void WebEnginePage::triggerAction(WebAction action, bool checked)
 {
     NoteInput();
-    if (action == Reload || action == ReloadAndBypassCache)
+    if (action == Reload || action == ReloadAndBypassCache) {
         ForgetChoices();
+    }
     QWebEnginePage::triggerAction(action, checked);
 }
 
@@ -106,14 +110,17 @@ bool WebEnginePage::acceptNavigationRequest(const QUrl& url, NavigationType type
                                               QStringLiteral("sms")};
 
     const QString scheme = url.scheme();
-    if (RequestGate::IsWeb(url) || ownContent.contains(scheme))
+    if (RequestGate::IsWeb(url) || ownContent.contains(scheme)) {
         return true;
-    if (!isMainFrame)
+    }
+    if (!isMainFrame) {
         return scheme == QLatin1String("data");
-    if (otherPrograms.contains(scheme))
+    }
+    if (otherPrograms.contains(scheme)) {
         Q_EMIT SigExternalRequested(url);
-    else
+    } else {
         Q_EMIT SigBlocked(url);
+    }
     return false;
 }
 
@@ -135,11 +142,13 @@ void WebEnginePage::javaScriptAlert(const QUrl& origin, const QString& text)
 
 bool WebEnginePage::javaScriptConfirm(const QUrl& origin, const QString& text)
 {
-    if (text != UnloadText())
+    if (text != UnloadText()) {
         return Ask(PageDialog::Kind::Confirm, origin, text, QString());
+    }
     const bool leaves = Ask(PageDialog::Kind::Leave, url(), QString(), QString());
-    if (!leaves)
+    if (!leaves) {
         Q_EMIT SigStays();
+    }
     return leaves;
 }
 
@@ -167,37 +176,45 @@ void WebEnginePage::AskLogIn(const QUrl& origin, const QString& name, QAuthentic
             login->setUser(dialog.GetInput());
             login->setPassword(dialog.GetPassword());
         });
-    if (!answered)
+    if (!answered) {
         *login = QAuthenticator(); // the engine shows what the site says to strangers
+    }
 }
 
 bool WebEnginePage::Ask(PageDialog::Kind kind, const QUrl& origin, const QString& text,
                         const QString& proposal, const std::function<void(const PageDialog&)>& read)
 {
-    if (m_ended)
+    if (m_ended) {
         return false;
+    }
     // A user who does nothing leaves nothing: such a question is the page's own, or its doing.
     const bool leave = kind == PageDialog::Kind::Leave;
     const bool wanted = kind == PageDialog::Kind::LogIn || (leave && m_touched);
-    if (m_silent && !wanted)
+    if (m_silent && !wanted) {
         return leave;
-    if (leave)
+    }
+    if (leave) {
         m_touched = false;
+    }
     QWidget* const parent = view() ? view()->window() : nullptr;
     const QPointer<PageDialog> dialog(
         new PageDialog(kind, origin, text, proposal, m_dialogs > 0 && !wanted, parent));
     m_open.append(dialog);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     m_open.removeLast();
-    if (m_ended && m_open.isEmpty())
+    if (m_ended && m_open.isEmpty()) {
         deleteLater();
-    if (!dialog)
+    }
+    if (!dialog) {
         return false; // the window went away with it
-    if (!wanted)
+    }
+    if (!wanted) {
         ++m_dialogs;
+    }
     m_silent = m_silent || dialog->IsSilenceWanted();
-    if (accepted && read)
+    if (accepted && read) {
         read(*dialog);
+    }
     delete dialog;
     return accepted;
 }

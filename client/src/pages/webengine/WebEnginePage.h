@@ -13,8 +13,8 @@
 
 class QAuthenticator;
 
-/// A page of the web engine that goes nowhere but to the web, opens no window by itself, overrides no
-/// certificate error and names the host in every dialog.
+/// A page of the web engine that loads only from the web, opens no window by itself, overrides no certificate
+/// error and names the host in every dialog.
 class WebEnginePage final : public QWebEnginePage
 {
     Q_OBJECT
@@ -22,14 +22,14 @@ class WebEnginePage final : public QWebEnginePage
 public:
     using MakePage = std::function<QWebEnginePage*(QWebEnginePage::WebWindowType type)>;
 
-    /// `makePage` gives the page for a window that this page opens; null: none is opened.
+    /// `makePage` gives the page for a window that this page opens; null refuses the window.
     WebEnginePage(QWebEngineProfile* profile, const MakePage& makePage, QObject* parent = nullptr);
 
-    /// Ends the page as its destructor does, but for one whose dialog is open: the engine waits for that
-    /// answer inside the page, which therefore dismisses the dialog and goes once the engine has returned.
+    /// Deletes the page. While a dialog of the page is open, the engine waits inside the page for the answer:
+    /// the page then dismisses the dialog and deletes itself once the engine has returned.
     static void End(std::unique_ptr<WebEnginePage> page);
 
-    /// The user does something with the page: types or clicks into it, or sends it elsewhere.
+    /// The user does something with the page: types, clicks, or loads another address.
     void NoteInput();
     /// The user loads an address or reloads: what they chose for the page shown until now no longer holds.
     void ForgetChoices();
@@ -48,7 +48,8 @@ Q_SIGNALS:
     void SigBlocked(const QUrl& url);
     /// A load turned into a download. The user has been asked about it, or will not be.
     void SigBecameDownload();
-    /// The page wants to save more files than the user may be asked about. Answered to `GetDownloadTurn`.
+    /// The page wants to save more files than the user may be asked about. The answer goes to
+    /// `GetDownloadTurn`.
     void SigSeveralDownloads();
 
 protected:

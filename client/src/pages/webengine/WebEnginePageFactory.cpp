@@ -41,8 +41,8 @@ void Restrict(QWebEngineSettings* settings)
     settings->setAttribute(QWebEngineSettings::FullScreenSupportEnabled, true);
     // What the engine's error page says is how the tab learns the reason; the user sees the tab's own.
     settings->setAttribute(QWebEngineSettings::ErrorPageEnabled, true);
-    // Unknown schemes keep the engine's policy: after a click it asks the page, which says no and lets
-    // the tab ask the user.
+    // Unknown schemes keep the engine's policy: after a click it asks the page, which refuses and has the tab
+    // ask the user.
 }
 
 } // namespace
@@ -109,17 +109,20 @@ void WebEnginePageFactory::HandleDownload(QWebEngineDownloadItem* item)
     // The page may go while the user is asked.
     const QPointer<WebEnginePage> page(qobject_cast<WebEnginePage*>(item->page()));
     const bool mayAsk = !page || page->GetDownloadTurn().Begin(item->url(), item->downloadFileName());
-    if (mayAsk)
+    if (mayAsk) {
         Q_EMIT SigDownloadRequested(download);
+    }
     const bool accepted = download && download->IsAccepted();
     if (download && !accepted) {
         download->Cancel();
         download->deleteLater();
     }
-    if (page && mayAsk)
+    if (page && mayAsk) {
         page->GetDownloadTurn().End(accepted);
-    if (page)
+    }
+    if (page) {
         Q_EMIT page->SigBecameDownload();
+    }
 }
 
 void WebEnginePageFactory::SetLanguage(const QString& language)

@@ -45,8 +45,9 @@ PageFailure::Kind KindOf(const QString& code)
         {"HTTP ERROR", PageFailure::Kind::HttpError},
     };
     for (const auto& entry : kinds) {
-        if (code.startsWith(QLatin1String(entry.prefix)))
+        if (code.startsWith(QLatin1String(entry.prefix))) {
             return entry.kind;
+        }
     }
     return PageFailure::Kind::Unknown;
 }
@@ -364,12 +365,14 @@ void WebEngineTabPage::AskSeveralDownloads()
     request.kind = PermissionRequest::Kind::SeveralDownloads;
     request.origin = m_page->url();
     request.answer = [page](bool allow) {
-        if (page)
+        if (page) {
             page->GetDownloadTurn().Answer(allow);
+        }
     };
     request.withdraw = [page] {
-        if (page)
+        if (page) {
             page->GetDownloadTurn().Reset();
+        }
     };
     Q_EMIT SigPermissionRequested(request);
 }
@@ -404,15 +407,17 @@ void WebEngineTabPage::OnPermission(const QUrl& origin, QWebEnginePage::Feature 
     }
     const QPointer<QWebEnginePage> page(m_page.get());
     request.answer = [page, origin, feature](bool allow) {
-        if (page)
+        if (page) {
             page->setFeaturePermission(origin, feature,
                                        allow ? QWebEnginePage::PermissionGrantedByUser
                                              : QWebEnginePage::PermissionDeniedByUser);
+        }
     };
     // Of these the engine would remember a refusal, and the user refused nothing. The others wait in a line,
     // where one that gets no answer holds up those behind it.
-    if (feature != QWebEnginePage::Notifications && feature != QWebEnginePage::Geolocation)
+    if (feature != QWebEnginePage::Notifications && feature != QWebEnginePage::Geolocation) {
         request.withdraw = [answer = request.answer] { answer(false); };
+    }
     Q_EMIT SigPermissionRequested(request);
 }
 

@@ -13,8 +13,9 @@ WebEngineView::WebEngineView(QWidget* parent) : QWebEngineView(parent) {}
 void WebEngineView::childEvent(QChildEvent* event)
 {
     // The engine's own widget takes the input; each renderer brings another.
-    if (event->added() && event->child()->isWidgetType())
+    if (event->added() && event->child()->isWidgetType()) {
         event->child()->installEventFilter(this);
+    }
     QWebEngineView::childEvent(event);
 }
 

@@ -5,10 +5,12 @@
 TEST(PlainPageContentTest, TextIsWhatTheTypeSays)
 {
     for (const char* const type : {"text/html; charset=utf-8", "TEXT/PLAIN", "application/json",
-                                   "application/problem+json", "image/svg+xml", "application/xhtml+xml"})
+                                   "application/problem+json", "image/svg+xml", "application/xhtml+xml"}) {
         EXPECT_TRUE(PlainPageContent::IsText(type, QByteArray("\0", 1))) << type;
-    for (const char* const type : {"image/png", "application/pdf", "application/octet-stream", "video/mp4"})
+    }
+    for (const char* const type : {"image/png", "application/pdf", "application/octet-stream", "video/mp4"}) {
         EXPECT_FALSE(PlainPageContent::IsText(type, "text")) << type;
+    }
 }
 
 TEST(PlainPageContentTest, WithoutATypeTheBeginningSays)
@@ -51,7 +53,8 @@ TEST(PlainPageContentTest, EncodingIsThatOfTheTypeTheDocumentOrTheByteOrderMark)
 TEST(PlainPageContentTest, BytesThatAreNoTextDoNoHarm)
 {
     QByteArray bytes;
-    for (int i = 0; i < 4096; ++i)
+    for (int i = 0; i < 4096; ++i) {
         bytes.append(static_cast<char>(i * 7));
+    }
     EXPECT_FALSE(PlainPageContent::Read("text/html; charset=utf-16", bytes).text.isEmpty());
 }

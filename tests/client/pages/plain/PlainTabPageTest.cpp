@@ -20,19 +20,19 @@
 
 namespace {
 
-/// Takes the addresses that would open in the system's browser.
+/// Notes the addresses that would open in the system's browser.
 class OpenedAddresses final : public QObject
 {
     Q_OBJECT
 
 public:
-    OpenedAddresses() { QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "Take"); }
+    OpenedAddresses() { QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "Note"); }
     ~OpenedAddresses() override { QDesktopServices::unsetUrlHandler(QStringLiteral("http")); }
 
     QList<QUrl> addresses;
 
 public Q_SLOTS:
-    void Take(const QUrl& url) { addresses << url; }
+    void Note(const QUrl& url) { addresses << url; }
 };
 
 class PlainTabPageTest : public ::testing::Test
@@ -131,8 +131,9 @@ TEST_F(PlainTabPageTest, RefusesEveryAddressThatIsNotOfTheWeb)
 {
     QSignalSpy blocked(page.get(), &ITabPage::SigBlocked);
     for (const char* const address : {"file:///etc/hostname", "ftp://127.0.0.1/", "javascript:alert(1)",
-                                      "data:text/html,x", "qrc:/x", ""})
+                                      "data:text/html,x", "qrc:/x", ""}) {
         page->Load(QUrl(QString::fromLatin1(address)));
+    }
     EXPECT_EQ(blocked.count(), 6);
     EXPECT_FALSE(page->IsLoading());
     EXPECT_EQ(server.GetRequestCount(), 0);

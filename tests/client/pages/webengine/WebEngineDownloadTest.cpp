@@ -79,8 +79,9 @@ protected:
     NoticeBar m_bar;
     DownloadNotices m_notices{&m_bar, [this](const QString& proposal) {
                                   m_proposals << QFileInfo(proposal).fileName();
-                                  if (m_whenAsked)
+                                  if (m_whenAsked) {
                                       m_whenAsked();
+                                  }
                                   return m_answer;
                               }};
     QPointer<IDownload> m_download;
@@ -196,8 +197,9 @@ TEST_F(WebEngineDownloadTest, TheTabThatWasOpenedForItGoes)
     QObject::connect(
         &watch, &QTimer::timeout, &watch,
         [] {
-            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
                 dialog->reject();
+            }
         },
         Qt::QueuedConnection);
     watch.start(5);

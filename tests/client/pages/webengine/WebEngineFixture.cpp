@@ -38,12 +38,14 @@ bool WebEngineFixture::WaitUntil(const std::function<bool()>& condition)
     QEventLoop loop;
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
-        if (condition() || clock.elapsed() > Deadline)
+        if (condition() || clock.elapsed() > Deadline) {
             loop.quit();
+        }
     });
     poll.start(5);
-    if (!condition())
+    if (!condition()) {
         loop.exec();
+    }
     return condition();
 }
 
@@ -100,8 +102,9 @@ QString WebEngineFixture::GetTitle(int index) const
 
 testing::AssertionResult WebEngineFixture::WaitForTitle(int index, const QString& title) const
 {
-    if (WaitUntil([this, index, &title] { return GetTitle(index) == title; }))
+    if (WaitUntil([this, index, &title] { return GetTitle(index) == title; })) {
         return testing::AssertionSuccess();
+    }
     return testing::AssertionFailure() << "the title is " << GetTitle(index).toStdString();
 }
 
@@ -109,8 +112,9 @@ QWebEngineView* WebEngineFixture::GetView() const
 {
     const auto views = m_window->findChildren<QWebEngineView*>();
     for (QWebEngineView* view : views) {
-        if (view->isVisible())
+        if (view->isVisible()) {
             return view;
+        }
     }
     return nullptr;
 }
@@ -119,8 +123,9 @@ QStringList WebEngineFixture::GetMessage() const
 {
     const auto messages = m_window->findChildren<MessagePage*>();
     for (const MessagePage* message : messages) {
-        if (message->isVisible())
+        if (message->isVisible()) {
             return {message->GetHeadline(), message->GetText(), message->GetAddress()};
+        }
     }
     return {};
 }
@@ -129,8 +134,9 @@ void WebEngineFixture::PressMessageButton()
 {
     const auto messages = m_window->findChildren<MessagePage*>();
     for (MessagePage* message : messages) {
-        if (message->isVisible())
+        if (message->isVisible()) {
             QTest::mouseClick(message->GetButton(), Qt::LeftButton);
+        }
     }
 }
 
@@ -138,8 +144,9 @@ QString WebEngineFixture::GetTabNotice(const QString& id) const
 {
     const auto bars = m_window->findChildren<NoticeBar*>();
     for (const NoticeBar* bar : bars) {
-        if (bar->IsShown(id))
+        if (bar->IsShown(id)) {
             return bar->GetText(id);
+        }
     }
     return {};
 }

@@ -27,12 +27,14 @@ protected:
     void Answer()
     {
         auto* dialog = m_window->findChild<PageDialog*>();
-        if (!dialog || !dialog->isVisible())
+        if (!dialog || !dialog->isVisible()) {
             return; // or answered already
+        }
         ++m_asked;
         const auto labels = dialog->findChildren<QLabel*>();
-        for (const QLabel* label : labels)
+        for (const QLabel* label : labels) {
             m_texts << label->text();
+        }
         if (m_answers.isEmpty()) {
             QTest::keyClick(dialog, Qt::Key_Escape);
             return;

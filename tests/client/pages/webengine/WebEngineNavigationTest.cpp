@@ -90,18 +90,22 @@ protected:
         const auto windows = QApplication::topLevelWidgets();
         for (QWidget* window : windows) {
             auto* dialog = qobject_cast<PageDialog*>(window);
-            if (!dialog || !dialog->isVisible())
+            if (!dialog || !dialog->isVisible()) {
                 continue;
-            if (!m_thinking.isValid())
+            }
+            if (!m_thinking.isValid()) {
                 m_thinking.start();
-            if (!m_thinking.hasExpired(m_thinkTime))
+            }
+            if (!m_thinking.hasExpired(m_thinkTime)) {
                 return;
+            }
             m_thinking.invalidate();
             m_asked << dialog->findChild<QLabel*>(QStringLiteral("page_dialog_text"))->text();
             auto* silence = dialog->findChild<QCheckBox*>();
             m_silenceOffered = silence != nullptr;
-            if (silence)
+            if (silence) {
                 silence->setChecked(m_silence);
+            }
             dialog->done(m_accept ? QDialog::Accepted : QDialog::Rejected);
             return;
         }

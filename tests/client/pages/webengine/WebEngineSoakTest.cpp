@@ -86,27 +86,30 @@ protected:
     void MeetDialog()
     {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
+        if (!dialog) {
             return;
+        }
         if (m_atRest) {
             dialog->reject();
             return;
         }
         const int choice = Pick(6);
-        if (choice == 0 && m_window)
+        if (choice == 0 && m_window) {
             m_window->CloseTab(1 + Pick(qMax(1, m_window->GetTabCount() - 1)));
-        else if (choice == 1 && qobject_cast<PageDialog*>(dialog))
+        } else if (choice == 1 && qobject_cast<PageDialog*>(dialog)) {
             EndOrReplaceWindow();
-        else if (choice % 2)
+        } else if (choice % 2) {
             dialog->accept();
-        else
+        } else {
             dialog->reject();
+        }
     }
 
     void EndOrReplaceWindow()
     {
-        if (Pick(2) && m_window)
+        if (Pick(2) && m_window) {
             m_window->CloseAllTabs();
+        }
         m_window.reset();
         MakeWindow();
     }
@@ -155,24 +158,28 @@ protected:
             return Press(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
         case 15:
             Press(Qt::Key_F, Qt::ControlModifier);
-            if (m_window->focusWidget())
+            if (m_window->focusWidget()) {
                 QTest::keyClicks(m_window->focusWidget(), QStringLiteral("fi"));
+            }
             return;
         case 16:
             return Press(Qt::Key_Plus, Qt::ControlModifier);
         case 17:
         case 18:
-            if (GetView() && GetView()->focusProxy())
+            if (GetView() && GetView()->focusProxy()) {
                 Click(QPoint(50, 50));
+            }
             return;
         default:
-            if (GetView() && GetView()->page()->renderProcessPid() > 0 && Pick(3) == 0)
+            if (GetView() && GetView()->page()->renderProcessPid() > 0 && Pick(3) == 0) {
                 EndProcess(GetView()->page()->renderProcessPid());
-            else if (Pick(8) == 0)
+            } else if (Pick(8) == 0) {
                 EndOrReplaceWindow();
+            }
         }
     }
 
+    /// The user's own pace: nothing is expected to have happened after it.
     static void Wait(int milliseconds)
     {
         QEventLoop loop;

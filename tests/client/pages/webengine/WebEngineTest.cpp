@@ -19,6 +19,26 @@ namespace {
 
 using WebEngineTest = WebEngineFixture;
 
+/// Two sites, so that the tabs share no renderer; the second is in front.
+class WebEngineSitesTest : public WebEngineFixture
+{
+protected:
+    void SetUp() override
+    {
+        for (int i = 0; i < 2; ++i) {
+            m_sites[i].SetPage(QStringLiteral("/"), "<title>site</title><body>alive</body>");
+            ASSERT_TRUE(OpenAndWait(m_sites[i].GetUrl(QStringLiteral("/"))));
+            ASSERT_TRUE(WaitForTitle(i + 1, QStringLiteral("site")));
+            m_renderers[i] = GetView()->page()->renderProcessPid();
+        }
+        ASSERT_NE(m_renderers[0], m_renderers[1]);
+    }
+
+    const QString m_body = QStringLiteral("document.body.innerText");
+    WebServer m_sites[2];
+    qint64 m_renderers[2] = {};
+};
+
 } // namespace
 
 TEST_F(WebEngineTest, APageLoadsAndSaysItsTitle)
@@ -90,8 +110,9 @@ TEST_F(WebEngineTest, ATabMayGoWhileItsPageWaitsForAnAnswer)
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
         asked = m_window->findChild<PageDialog*>() != nullptr;
-        if (!asked)
+        if (!asked) {
             return;
+        }
         watch.stop();
         m_window->CloseTab(1);
     });
@@ -179,43 +200,43 @@ TEST_F(WebEngineTest, ADeadRendererIsShownAndReloadBringsThePageBack)
     EXPECT_EQ(Run(QStringLiteral("document.body.innerText")).toString(), QStringLiteral("fine"));
 }
 
-TEST_F(WebEngineTest, ADeadRendererTakesNeitherTheClientNorOtherTabsAlong)
+TEST_F(WebEngineSitesTest, ADeadRendererInTheBackgroundDisturbsNoOtherTab)
 {
-    WebServer servers[3]; // three sites, so that no two tabs share a renderer
-    qint64 renderers[3] = {};
-    for (int i = 0; i < 3; ++i) {
-        servers[i].SetPage(QStringLiteral("/"), "<title>site</title><body>alive</body>");
-        ASSERT_TRUE(OpenAndWait(servers[i].GetUrl(QStringLiteral("/"))));
-        ASSERT_TRUE(WaitForTitle(i + 1, QStringLiteral("site")));
-        renderers[i] = GetView()->page()->renderProcessPid();
-    }
-    ASSERT_NE(renderers[0], renderers[1]);
-    ASSERT_NE(renderers[1], renderers[2]);
-    ASSERT_NE(renderers[0], renderers[2]);
-
-    // In the background, then in front.
     QSignalSpy changed(m_window.get(), &MainWindow::SigTabChanged);
-    EndProcess(renderers[1]);
-    ASSERT_TRUE(WaitUntil([&changed] { return changed.contains(QVariantList({2})); }));
+    EndProcess(m_renderers[0]);
+    ASSERT_TRUE(WaitUntil([&changed] { return changed.contains(QVariantList({1})); }));
     EXPECT_TRUE(GetMessage().isEmpty()) << "the tab in front says that it died";
-    EndProcess(renderers[2]);
+    EXPECT_EQ(Run(m_body).toString(), QStringLiteral("alive"));
+}
+
+TEST_F(WebEngineSitesTest, ADeadRendererInFrontDisturbsNoOtherTab)
+{
+    EndProcess(m_renderers[1]);
     ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
     EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
-
     m_window->SelectTab(1);
     EXPECT_TRUE(GetMessage().isEmpty());
-    EXPECT_EQ(Run(QStringLiteral("document.body.innerText")).toString(), QStringLiteral("alive"));
-    for (const int index : {2, 3}) {
-        m_window->SelectTab(index);
-        ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
-        EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
-        EXPECT_EQ(GetTitle(index), QStringLiteral("site")) << "what is kept of the tab was lost";
-        EXPECT_EQ(m_window->GetTabAddress(index), servers[index - 1].GetUrl(QStringLiteral("/")).toString());
-        QTest::keyClick(m_window.get(), Qt::Key_F5);
-        ASSERT_TRUE(WaitUntil([this] { return GetMessage().isEmpty() && !m_window->IsLoading(); }));
-        EXPECT_EQ(Run(QStringLiteral("document.body.innerText")).toString(), QStringLiteral("alive"));
-        EXPECT_NE(GetView()->page()->renderProcessPid(), renderers[index - 1]);
-    }
+    EXPECT_EQ(Run(m_body).toString(), QStringLiteral("alive"));
+}
+
+TEST_F(WebEngineSitesTest, ATabWhoseRendererDiedInTheBackgroundKeepsWhatItIs)
+{
+    EndProcess(m_renderers[0]);
+    m_window->SelectTab(1);
+    ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
+    EXPECT_EQ(GetMessage().value(0), QStringLiteral("This page has stopped working"));
+    EXPECT_EQ(GetTitle(1), QStringLiteral("site"));
+    EXPECT_EQ(m_window->GetTabAddress(1), m_sites[0].GetUrl(QStringLiteral("/")).toString());
+}
+
+TEST_F(WebEngineSitesTest, ReloadingGivesATabAnotherRenderer)
+{
+    EndProcess(m_renderers[1]);
+    ASSERT_TRUE(WaitUntil([this] { return !GetMessage().isEmpty(); }));
+    QTest::keyClick(m_window.get(), Qt::Key_F5);
+    ASSERT_TRUE(WaitUntil([this] { return GetMessage().isEmpty() && !m_window->IsLoading(); }));
+    EXPECT_EQ(Run(m_body).toString(), QStringLiteral("alive"));
+    EXPECT_NE(GetView()->page()->renderProcessPid(), m_renderers[1]);
 }
 
 TEST_F(WebEngineTest, TheRendererOfAPageThatIsStillLoadingMayDieToo)
@@ -308,7 +329,7 @@ TEST_F(WebEngineTest, APopUpThatNobodyAskedForIsNotOpened)
     EXPECT_EQ(m_window->GetTabCount(), 2);
 }
 
-TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)
+TEST_F(WebEngineTest, ClearedCookiesAreGoneAtOnce)
 {
     m_server.SetPage(QStringLiteral("/keep"),
                      "<script>document.title = document.cookie + '/' + (localStorage.kept || '');"
@@ -320,8 +341,11 @@ TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)
 
     ASSERT_TRUE(m_pages->ClearData());
     ASSERT_TRUE(OpenAndWait(page));
-    EXPECT_TRUE(WaitForTitle(3, QStringLiteral("/yes"))) << "cookies go at once, the rest is in use";
+    EXPECT_TRUE(WaitForTitle(3, QStringLiteral("/yes"))) << "the rest is in use";
+}
 
+TEST_F(WebEngineTest, ClearedStorageIsGoneFromTheDiskAtTheNextStart)
+{
     const QString folder = MakeFolder();
     const QString kept = QDir(folder).filePath(QStringLiteral("storage/kept"));
     QDir(folder).mkpath(QStringLiteral("storage"));
@@ -339,10 +363,12 @@ TEST_F(WebEngineTest, ClearedDataIsGoneForThePageAndFromTheDisk)
 
 TEST_F(WebEngineTest, TenTabsOpenedAtOnceAllLoad)
 {
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         Open(m_server.GetUrl(QStringLiteral("/ok")), false);
+    }
     ASSERT_EQ(m_window->GetTabCount(), 11);
     ASSERT_TRUE(WaitUntil([this] { return !m_window->IsLoading(); }));
-    for (int i = 1; i < m_window->GetTabCount(); ++i)
+    for (int i = 1; i < m_window->GetTabCount(); ++i) {
         EXPECT_TRUE(WaitForTitle(i, QStringLiteral("All well")));
+    }
 }

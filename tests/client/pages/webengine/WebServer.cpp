@@ -48,8 +48,9 @@ void WebServer::SetPage(const QString& path, const QByteArray& body, const QByte
 void WebServer::SetReply(const QString& path, const QByteArray& reply, AfterReply after)
 {
     m_answers.insert(path, reply);
-    if (after == AfterReply::Wait)
+    if (after == AfterReply::Wait) {
         m_waiting.insert(path);
+    }
 }
 
 void WebServer::Protect(const QString& path, const QByteArray& nameAndPassword)
@@ -67,8 +68,9 @@ QUrl WebServer::GetUrl(const QString& path) const
 
 void WebServer::Answer(QTcpSocket* socket)
 {
-    if (!socket->canReadLine())
+    if (!socket->canReadLine()) {
         return;
+    }
     const QString path = QString::fromLatin1(socket->readLine().split(' ').value(1));
     const QByteArray headers = socket->readAll();
     m_requests << path;
@@ -81,6 +83,7 @@ void WebServer::Answer(QTcpSocket* socket)
     }
     socket->write(
         m_answers.value(path, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n"));
-    if (!m_waiting.contains(path))
+    if (!m_waiting.contains(path)) {
         socket->disconnectFromHost();
+    }
 }

@@ -9,12 +9,12 @@ class AddressInput final
 public:
     AddressInput() = delete;
 
-    /// A host without a scheme is given https. Empty when it is nothing that the client opens.
+    /// Adds https to a host without a scheme. Empty if the client does not open such an address.
     static QUrl ToUrl(const QString& typed);
 
-    /// The address as it is shown to the user: without user info. An internationalised host is readable where
-    /// its letters cannot be taken for others; such as in Cyrillic or Greek it stands in its ASCII form (RFC
-    /// 5890).
+    /// The address as the user sees it, without user info. An internationalised host is readable if its
+    /// letters cannot be mistaken for others; a host in Cyrillic or Greek, say, is shown in its ASCII form
+    /// (RFC 5890).
     static QString ToDisplay(const QUrl& url);
     /// The same for the host alone; empty when there is none.
     static QString ToDisplayHost(const QUrl& url);

@@ -24,14 +24,14 @@ public:
     /// The language that pages are told the user reads, such as "en" or "zh_CN"; from the next request on.
     virtual void SetLanguage(const QString& language) = 0;
 
-    /// Forgets cookies and visited links at once, and cache and whatever else pages stored before the first
-    /// page of the next start. False when the latter cannot be promised.
+    /// Forgets cookies and visited links at once; the cache and whatever else pages stored, before the first
+    /// page of the next start. False if the latter cannot be promised.
     [[nodiscard]] virtual bool ClearData() = 0;
 
 Q_SIGNALS:
-    /// A page wants to save a file. A download that nobody accepts during the signal is cancelled.
+    /// A page wants to save a file. If no receiver accepts the download during the signal, it is cancelled.
     void SigDownloadRequested(IDownload* download);
-    /// A page that was allowed to shows a notification. Texts are plain text.
+    /// A page shows a notification, as the user has allowed it to. Texts are plain text.
     void SigNotification(const QUrl& origin, const QString& title, const QString& text);
 
 protected:

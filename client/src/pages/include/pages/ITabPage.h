@@ -12,8 +12,8 @@
 
 class QWidget;
 
-/// What shows a web page in a tab. The tab owns it and deletes it with its widget. It loads http and
-/// https only, whatever it is asked for, and opens no window of its own. GUI thread.
+/// Shows a web page in a tab. The tab owns it and deletes it with its widget. It loads only http and https,
+/// whatever it is asked for, and opens no window of its own. GUI thread.
 class ITabPage : public QObject
 {
     Q_OBJECT
@@ -39,9 +39,9 @@ public:
     virtual bool CanGoBack() const = 0;
     virtual bool CanGoForward() const = 0;
 
-    /// The address shown now, or being loaded; empty while there is none.
+    /// The address shown, or being loaded; empty while there is none.
     virtual QUrl GetUrl() const = 0;
-    /// Empty while the page has said none.
+    /// Empty while the page has none.
     virtual QString GetTitle() const = 0;
     virtual bool IsLoading() const = 0;
 
@@ -53,7 +53,7 @@ public:
     virtual void LeaveFullScreen() = 0;
 
     /// The user wants to close the page. Answered by `SigCloseRequested`, at once or when the page, which may
-    /// ask the user, has agreed or is not heard of; by nothing when the user stays.
+    /// ask the user, agrees or does not respond; not answered if the user stays.
     virtual void RequestClose() { Q_EMIT SigCloseRequested(); }
 
 Q_SIGNALS:
@@ -74,8 +74,8 @@ Q_SIGNALS:
     void SigRendererDied();
     /// Whether back and forward are possible may have changed.
     void SigHistoryChanged();
-    /// The page wants a tab of its own for `page`, which already loads there. The receiver takes it; when
-    /// nobody does, it is deleted after the signal.
+    /// The page wants a tab of its own for `page`, which is already loading. A receiver takes it out of the
+    /// pointer; if none does, it is deleted after the signal.
     void SigNewTabRequested(const std::shared_ptr<std::unique_ptr<ITabPage>>& page,
                             ITabPage::NewTabKind kind);
     /// The page asks to be closed (it is one that a page opened), or answers `RequestClose`.

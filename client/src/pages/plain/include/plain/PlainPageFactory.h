@@ -5,8 +5,8 @@
 #include <QtCore/QByteArray>
 #include <QtNetwork/QNetworkAccessManager>
 
-/// Pages of text, for where no web engine is to be had. Cookies last as long as the factory, which is one
-/// user's. Nothing is kept on disk.
+/// Pages as text, where there is no web engine. Cookies last as long as the factory, which belongs to one
+/// user. Nothing is kept on disk.
 class PlainPageFactory final : public IPageFactory
 {
     Q_OBJECT
