@@ -40,8 +40,9 @@ void AddressBar::SetAddress(const QUrl& url, Security security)
     const bool changed = url != m_url;
     m_url = url;
     m_security = security;
-    if (!m_typing || (changed && !hasFocus()))
+    if (!m_typing || (changed && !hasFocus())) {
         ShowAddress();
+    }
     Retranslate();
 }
 
@@ -61,10 +62,11 @@ void AddressBar::AdjustForDpi()
 void AddressBar::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
-    else if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+    } else if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
         PlaceSecurity();
+    }
 }
 
 void AddressBar::focusInEvent(QFocusEvent* event)
@@ -77,8 +79,9 @@ void AddressBar::focusInEvent(QFocusEvent* event)
 void AddressBar::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) {
         return;
+    }
     if (!m_typing) {
         deselect();
         setCursorPosition(0);
@@ -98,8 +101,9 @@ void AddressBar::keyPressEvent(QKeyEvent* event)
 void AddressBar::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);
-    if (m_selectOnRelease && !hasSelectedText())
+    if (m_selectOnRelease && !hasSelectedText()) {
         selectAll();
+    }
     m_selectOnRelease = false;
 }
 
@@ -139,8 +143,9 @@ void AddressBar::Retranslate()
 
 void AddressBar::PlaceSecurity()
 {
-    if (!m_securitySign)
+    if (!m_securitySign) {
         return;
+    }
     const int edge = Scaled(SignEdge);
     const int room = m_security == Security::None ? 0 : m_securitySign->sizeHint().width() + edge;
     m_securitySign->setGeometry(edge, edge, qMax(0, room - edge), height() - 2 * edge);

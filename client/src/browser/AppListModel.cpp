@@ -10,8 +10,9 @@ AppListModel::AppListModel(TLPluginBaseManager* apps, const PictureLoader& loadP
 {
     LookResources::Ensure();
     m_defaultIcon = QPixmap(QStringLiteral(":/images/default.png"));
-    if (m_apps)
+    if (m_apps) {
         connect(m_apps, &TLPluginBaseManager::SigPluginsChanged, this, &AppListModel::Reset);
+    }
     Reset();
 }
 
@@ -22,8 +23,9 @@ int AppListModel::rowCount(const QModelIndex& parent) const
 
 QVariant AppListModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
+    }
     const TLPluginBaseEntity& app = *m_offered.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
@@ -44,8 +46,9 @@ void AppListModel::Reset()
     m_offered.clear();
     const auto apps = m_apps ? m_apps->GetPlugins() : QList<QSharedPointer<TLPluginBaseEntity>>();
     for (const auto& app : apps) {
-        if (app->availability != 1)
+        if (app->availability != 1) {
             m_offered.append(app);
+        }
     }
     endResetModel();
 }
@@ -53,19 +56,22 @@ void AppListModel::Reset()
 QPixmap AppListModel::GetIcon(int row) const
 {
     const QString url = m_offered.at(row)->GetIconUrl();
-    if (url.isEmpty() || !m_loadPicture)
+    if (url.isEmpty() || !m_loadPicture) {
         return m_defaultIcon;
+    }
     const auto known = m_icons.constFind(url);
-    if (known != m_icons.constEnd())
+    if (known != m_icons.constEnd()) {
         return known->isNull() ? m_defaultIcon : *known;
+    }
 
     m_icons.insert(url, QPixmap());
     auto* self = const_cast<AppListModel*>(this);
     m_loadPicture(url, self, [self, url](const QPixmap& picture) {
         self->m_icons.insert(url, picture);
         for (int i = 0; i < self->m_offered.size(); ++i) {
-            if (self->m_offered.at(i)->GetIconUrl() == url)
+            if (self->m_offered.at(i)->GetIconUrl() == url) {
                 Q_EMIT self->dataChanged(self->index(i), self->index(i), {Qt::DecorationRole});
+            }
         }
     });
     const QPixmap icon = m_icons.value(url);

@@ -31,8 +31,9 @@ void DrawName(QPainter* painter, const QRect& room, const QString& name)
     layout.beginLayout();
     for (int i = 0; i < Lines; ++i) {
         QTextLine line = layout.createLine();
-        if (!line.isValid())
+        if (!line.isValid()) {
             break;
+        }
         line.setLineWidth(room.width());
         const QRect lineRect(room.x(), room.y() + i * metrics.lineSpacing(), room.width(), metrics.height());
         const QString rest = name.mid(line.textStart());

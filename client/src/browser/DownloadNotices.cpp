@@ -18,20 +18,23 @@ DownloadNotices::DownloadNotices(NoticeBar* bar, const AskPath& askPath, QObject
     , m_folder(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation))
 {
     // Not every system has one; a dialog would then begin in the folder that the client was started in.
-    if (!QDir(m_folder).exists())
+    if (!QDir(m_folder).exists()) {
         m_folder = QDir::homePath();
+    }
 }
 
-void DownloadNotices::Take(IDownload* download)
+void DownloadNotices::HandleDownload(IDownload* download)
 {
     // Only the last part: a name from a server must not lead out of the folder.
     QString name = QFileInfo(download->GetFileName()).fileName();
-    if (name.isEmpty())
+    if (name.isEmpty()) {
         name = QStringLiteral("download");
+    }
     const QPointer<IDownload> alive(download);
     const QString path = m_askPath(QDir(m_folder).filePath(name));
-    if (!alive)
+    if (!alive) {
         return;
+    }
     if (path.isEmpty()) {
         download->Cancel();
         return;
@@ -53,8 +56,9 @@ void DownloadNotices::Take(IDownload* download)
     connect(download, &IDownload::SigFinished, this,
             [this, id, path](bool ok, const QString& error) { ShowFinished(id, path, ok, error); });
     m_bar->Show(id, NoticeKind::Info, tr("Downloading %1").arg(shownName), {{tr("Cancel"), [alive] {
-                                                                                 if (alive)
+                                                                                 if (alive) {
                                                                                      alive->Cancel();
+                                                                                 }
                                                                              }}});
     m_bar->SetProgress(id, 0);
     download->Accept(path);

@@ -48,8 +48,9 @@ FindBar::FindBar(QWidget* parent)
     hide();
 
     connect(m_text, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (text.isEmpty())
+        if (text.isEmpty()) {
             SetFound(-1);
+        }
         Q_EMIT SigFind(text, false);
     });
     connect(m_next, &QToolButton::clicked, this, [this] { Q_EMIT SigFind(m_text->text(), false); });
@@ -64,14 +65,16 @@ void FindBar::Open()
     show();
     m_text->setFocus(Qt::ShortcutFocusReason);
     m_text->selectAll();
-    if (!m_text->text().isEmpty())
+    if (!m_text->text().isEmpty()) {
         Q_EMIT SigFind(m_text->text(), false);
+    }
 }
 
 void FindBar::Close()
 {
-    if (isHidden())
+    if (isHidden()) {
         return;
+    }
     hide();
     Q_EMIT SigFind(QString(), false);
     Q_EMIT SigClosed();
@@ -88,8 +91,9 @@ void FindBar::SetFound(int count)
 void FindBar::AdjustForDpi()
 {
     m_text->setFixedWidth(Scaled(FieldWidth));
-    for (QToolButton* button : {m_previous, m_next, m_close})
+    for (QToolButton* button : {m_previous, m_next, m_close}) {
         button->setIconSize(ScaledSquare(IconSize));
+    }
     m_result->setContentsMargins(Scaled(8), 0, 0, 0);
     layout()->setContentsMargins(Scaled(QMargins(16, 8, 8, 8)));
     layout()->setSpacing(Scaled(4));
@@ -98,18 +102,20 @@ void FindBar::AdjustForDpi()
 void FindBar::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape) {
         Close();
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Q_EMIT SigFind(m_text->text(), (event->modifiers() & Qt::ShiftModifier) != 0);
-    else
+    } else {
         QWidget::keyPressEvent(event);
+    }
 }
 
 void FindBar::Retranslate()

@@ -84,8 +84,9 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
         UpdateEmpty();
     });
     connect(m_search, &QLineEdit::returnPressed, this, [this] {
-        if (!m_search->text().trimmed().isEmpty())
+        if (!m_search->text().trimmed().isEmpty()) {
             Choose(m_filter->index(0, 0));
+        }
     });
     connect(m_grid, &QListView::clicked, this, &HomePage::Choose);
     connect(m_filter, &QAbstractItemModel::modelReset, this, &HomePage::UpdateEmpty);
@@ -108,8 +109,9 @@ void HomePage::AdjustForDpi()
 void HomePage::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
 }
 
 bool HomePage::eventFilter(QObject* watched, QEvent* event)
@@ -118,8 +120,9 @@ bool HomePage::eventFilter(QObject* watched, QEvent* event)
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (watched == m_search && key == Qt::Key_Down && m_filter->rowCount() > 0) {
             m_grid->setFocus(Qt::TabFocusReason);
-            if (!m_grid->currentIndex().isValid())
+            if (!m_grid->currentIndex().isValid()) {
                 m_grid->setCurrentIndex(m_filter->index(0, 0));
+            }
             return true;
         }
         if (watched == m_grid && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)) {
@@ -152,6 +155,7 @@ void HomePage::UpdateEmpty()
 
 void HomePage::Choose(const QModelIndex& index)
 {
-    if (index.isValid())
+    if (index.isValid()) {
         Q_EMIT SigAppChosen(index.data(AppListModel::ServiceCodeRole).toString());
+    }
 }

@@ -62,8 +62,9 @@ void TabButton::SetItem(const TabStripItem& item)
 
 void TabButton::SetTick(int tick)
 {
-    if (!m_item.loading || tick == m_tick)
+    if (!m_item.loading || tick == m_tick) {
         return;
+    }
     m_tick = tick;
     update();
 }
@@ -90,14 +91,16 @@ QSize TabButton::sizeHint() const
 void TabButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
 }
 
 bool TabButton::event(QEvent* event)
 {
-    if (event->type() == QEvent::Polish)
+    if (event->type() == QEvent::Polish) {
         UpdateToolTip();
+    }
     return QPushButton::event(event);
 }
 

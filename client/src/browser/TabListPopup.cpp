@@ -82,8 +82,9 @@ bool TabListPopup::eventFilter(QObject* watched, QEvent* event)
 
 void TabListPopup::Place()
 {
-    if (!m_anchor)
+    if (!m_anchor) {
         return;
+    }
     const QRect screen = m_anchor->screen()->availableGeometry();
     const int rows = qBound(1, m_list->count(), RowsSeen);
     m_list->setFixedHeight(rows * qMax(m_list->sizeHintForRow(0), Scaled(LowestRow)) + Scaled(4));
@@ -102,8 +103,9 @@ void TabListPopup::Narrow(const QString& text)
     for (int row = 0; row < m_list->count(); ++row) {
         const bool fits = m_list->item(row)->text().contains(text.trimmed(), Qt::CaseInsensitive);
         m_list->item(row)->setHidden(!fits);
-        if (fits && first < 0)
+        if (fits && first < 0) {
             first = row;
+        }
     }
     m_list->setCurrentRow(first);
 }
@@ -111,8 +113,9 @@ void TabListPopup::Narrow(const QString& text)
 void TabListPopup::Choose()
 {
     const int row = m_list->currentRow();
-    if (row < 0)
+    if (row < 0) {
         return;
+    }
     close();
     Q_EMIT SigChosen(row);
 }

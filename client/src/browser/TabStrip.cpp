@@ -90,12 +90,15 @@ void TabStrip::Insert(int index, const TabStripItem& item)
     Entry entry;
     entry.item = item;
     m_entries.insert(index, entry);
-    if (m_entries.size() > 1 && index <= m_current)
+    if (m_entries.size() > 1 && index <= m_current) {
         ++m_current;
-    if (index >= 1 && index < m_firstSeen)
+    }
+    if (index >= 1 && index < m_firstSeen) {
         ++m_firstSeen;
-    if (index >= 1 && index <= m_lastSeen)
+    }
+    if (index >= 1 && index <= m_lastSeen) {
         ++m_lastSeen;
+    }
     Arrange();
 }
 
@@ -104,38 +107,48 @@ void TabStrip::Remove(int index)
     EndDrag();
     ReleaseButton(m_entries[index]);
     m_entries.remove(index);
-    if (index < m_current || m_current >= m_entries.size())
+    if (index < m_current || m_current >= m_entries.size()) {
         --m_current;
-    if (index < m_firstSeen)
+    }
+    if (index < m_firstSeen) {
         --m_firstSeen;
-    if (index <= m_lastSeen)
+    }
+    if (index <= m_lastSeen) {
         --m_lastSeen;
+    }
     Arrange();
 }
 
 void TabStrip::Move(int from, int to)
 {
-    if (from == to)
+    if (from == to) {
         return;
+    }
     m_entries.move(from, to);
     const auto follow = [from, to](int index) {
-        if (index == from)
+        if (index == from) {
             return to;
-        if (from < index && index <= to)
+        }
+        if (from < index && index <= to) {
             return index - 1;
-        if (to <= index && index < from)
+        }
+        if (to <= index && index < from) {
             return index + 1;
+        }
         return index;
     };
     m_current = follow(m_current);
-    if (m_dragged >= 0)
+    if (m_dragged >= 0) {
         m_dragged = follow(m_dragged);
-    if (m_pressed >= 0)
+    }
+    if (m_pressed >= 0) {
         m_pressed = follow(m_pressed);
+    }
     // The moved tab may come from far away: look at all of them once.
     for (int i = 1; i < m_entries.size(); ++i) {
-        if (i != m_dragged)
+        if (i != m_dragged) {
             ReleaseButton(m_entries[i]);
+        }
     }
     m_firstSeen = m_dragged > 0 ? m_dragged : 1;
     m_lastSeen = m_dragged > 0 ? m_dragged : 0;
@@ -146,10 +159,12 @@ void TabStrip::SetItem(int index, const TabStripItem& item)
 {
     Entry& entry = m_entries[index];
     entry.item = item;
-    if (entry.button)
+    if (entry.button) {
         entry.button->SetItem(item);
-    if (index == 0)
+    }
+    if (index == 0) {
         Arrange();
+    }
     UpdateTicking();
 }
 
@@ -158,8 +173,9 @@ void TabStrip::SetCurrent(int index)
     m_current = index;
     Reveal(index);
     for (int i = 0; i < m_entries.size(); ++i) {
-        if (i > 0 && (i < m_firstSeen || i > m_lastSeen))
+        if (i > 0 && (i < m_firstSeen || i > m_lastSeen)) {
             continue;
+        }
         if (TabButton* button = m_entries.at(i).button) {
             button->setChecked(i == m_current);
             button->setFocusPolicy(i == m_current ? Qt::TabFocus : Qt::NoFocus);
@@ -186,24 +202,27 @@ void TabStrip::AdjustForDpi()
         button->setFixedSize(ScaledSquare(ButtonSize));
     }
     Arrange();
-    if (m_tabWidth != before)
+    if (m_tabWidth != before) {
         Reveal(m_current);
+    }
 }
 
 void TabStrip::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
-    else if (event->type() == QEvent::FontChange)
+    } else if (event->type() == QEvent::FontChange) {
         Arrange();
+    }
 }
 
 bool TabStrip::eventFilter(QObject* watched, QEvent* event)
 {
     const int index = IndexOf(watched);
-    if (index < 0)
+    if (index < 0) {
         return QWidget::eventFilter(watched, event);
+    }
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -237,26 +256,30 @@ bool TabStrip::HandleMouse(int index, QEvent* event)
         }
         return true;
     case QEvent::MouseMove:
-        if (!(mouse->buttons() & Qt::LeftButton) || m_pressed < 1)
+        if (!(mouse->buttons() & Qt::LeftButton) || m_pressed < 1) {
             return true;
+        }
         if (m_dragged < 0 &&
             (mouse->globalPos() - m_pressPosition).manhattanLength() >= QApplication::startDragDistance()) {
             TabButton* const pressed = GetButton(m_pressed);
-            if (!pressed)
+            if (!pressed) {
                 return true; // scrolled out of sight meanwhile
+            }
             m_dragged = m_pressed;
             pressed->raise();
         }
-        if (m_dragged > 0)
+        if (m_dragged > 0) {
             DragTo(m_viewport->mapFromGlobal(mouse->globalPos()).x() - m_grip);
+        }
         return true;
     case QEvent::MouseButtonRelease: {
         const bool middleClick = mouse->button() == Qt::MiddleButton && m_pressed == index &&
                                  button->rect().contains(mouse->pos());
         m_pressed = -1;
         EndDrag();
-        if (middleClick && m_entries.at(index).item.closable)
+        if (middleClick && m_entries.at(index).item.closable) {
             Q_EMIT SigCloseRequested(index);
+        }
         return true;
     }
     default:
@@ -269,22 +292,24 @@ bool TabStrip::HandleKey(int index, int key)
     const int last = m_entries.size() - 1;
     const bool mirrored = isRightToLeft();
     int target = -1;
-    if (key == Qt::Key_Left)
+    if (key == Qt::Key_Left) {
         target = mirrored ? index + 1 : index - 1;
-    else if (key == Qt::Key_Right)
+    } else if (key == Qt::Key_Right) {
         target = mirrored ? index - 1 : index + 1;
-    else if (key == Qt::Key_Home)
+    } else if (key == Qt::Key_Home) {
         target = 0;
-    else if (key == Qt::Key_End)
+    } else if (key == Qt::Key_End) {
         target = last;
-    else if (key == Qt::Key_Delete && m_entries.at(index).item.closable)
+    } else if (key == Qt::Key_Delete && m_entries.at(index).item.closable) {
         Q_EMIT SigCloseRequested(index);
-    else
+    } else {
         return false;
+    }
     if (target >= 0 && target <= last) {
         Q_EMIT SigSelectRequested(target);
-        if (TabButton* button = GetButton(m_current))
+        if (TabButton* button = GetButton(m_current)) {
             button->setFocus(Qt::TabFocusReason);
+        }
     }
     return true;
 }
@@ -311,21 +336,24 @@ void TabStrip::timerEvent(QTimerEvent* event)
         m_entries.first().button->SetTick(m_tick);
         for (int i = m_firstSeen; i <= m_lastSeen; ++i) {
             loading = loading || m_entries.at(i).item.loading;
-            if (m_entries.at(i).button)
+            if (m_entries.at(i).button) {
                 m_entries.at(i).button->SetTick(m_tick);
+            }
         }
-        if (!loading)
+        if (!loading) {
             m_ticking.stop();
+        }
     } else if (event->timerId() == m_seenChange.timerId()) {
         m_seenChange.stop();
         Q_EMIT SigSeenChanged();
     } else if (event->timerId() == m_edgeScroll.timerId()) {
         const int before = m_offset;
         ScrollTo(m_offset + (m_dragX < 0 ? -Scaled(EdgeStep) : Scaled(EdgeStep)));
-        if (m_offset == before)
+        if (m_offset == before) {
             m_edgeScroll.stop();
-        else
+        } else {
             DragTo(m_dragX);
+        }
     }
 }
 
@@ -339,20 +367,23 @@ void TabStrip::wheelEvent(QWheelEvent* event)
 
 TabButton* TabStrip::TakeButton()
 {
-    if (!m_spare.isEmpty())
+    if (!m_spare.isEmpty()) {
         return m_spare.takeLast();
+    }
     auto* button = new TabButton(m_viewport);
     button->installEventFilter(this);
     connect(button, &TabButton::SigCloseClicked, this, [this, button] {
         const int index = IndexOf(button);
-        if (index >= 0)
+        if (index >= 0) {
             Q_EMIT SigCloseRequested(index);
+        }
     });
     // From the space bar or an accessibility tool; the mouse goes through the event filter.
     connect(button, &TabButton::clicked, this, [this, button] {
         const int index = IndexOf(button);
-        if (index >= 0)
+        if (index >= 0) {
             Q_EMIT SigSelectRequested(index);
+        }
         button->setChecked(index == m_current);
     });
     return button;
@@ -360,8 +391,9 @@ TabButton* TabStrip::TakeButton()
 
 void TabStrip::ReleaseButton(Entry& entry)
 {
-    if (!entry.button)
+    if (!entry.button) {
         return;
+    }
     entry.button->hide();
     m_spare.append(entry.button);
     entry.button = nullptr;
@@ -369,13 +401,16 @@ void TabStrip::ReleaseButton(Entry& entry)
 
 int TabStrip::IndexOf(const QObject* button) const
 {
-    if (!button || m_entries.isEmpty())
+    if (!button || m_entries.isEmpty()) {
         return -1;
-    if (m_entries.first().button == button)
+    }
+    if (m_entries.first().button == button) {
         return 0;
+    }
     for (int i = qMax(1, m_firstSeen); i <= qMin(m_lastSeen, m_entries.size() - 1); ++i) {
-        if (m_entries.at(i).button == button)
+        if (m_entries.at(i).button == button) {
             return i;
+        }
     }
     return -1;
 }
@@ -388,27 +423,31 @@ int TabStrip::GetScrollRange() const
 void TabStrip::ScrollTo(int offset)
 {
     const int bounded = qBound(0, offset, GetScrollRange());
-    if (bounded == m_offset)
+    if (bounded == m_offset) {
         return;
+    }
     m_offset = bounded;
     ArrangeScrolled();
 }
 
 void TabStrip::Reveal(int index)
 {
-    if (index < 1 || m_tabWidth == 0)
+    if (index < 1 || m_tabWidth == 0) {
         return;
+    }
     const int left = (index - 1) * m_tabWidth;
-    if (left < m_offset)
+    if (left < m_offset) {
         ScrollTo(left);
-    else if (left + m_tabWidth > m_offset + m_viewport->width())
+    } else if (left + m_tabWidth > m_offset + m_viewport->width()) {
         ScrollTo(left + m_tabWidth - m_viewport->width());
+    }
 }
 
 void TabStrip::Arrange()
 {
-    if (m_entries.isEmpty() || !isVisible())
+    if (m_entries.isEmpty() || !isVisible()) {
         return;
+    }
 
     Entry& home = m_entries.first();
     if (!home.button) {
@@ -453,15 +492,17 @@ void TabStrip::Arrange()
 
 void TabStrip::ArrangeScrolled()
 {
-    if (m_tabWidth == 0 || !isVisible())
+    if (m_tabWidth == 0 || !isVisible()) {
         return;
+    }
     const int last = m_entries.size() - 1;
     const int first = qMax(1, 1 + m_offset / m_tabWidth);
     const int end = qMin(last, 1 + (m_offset + m_viewport->width() - 1) / m_tabWidth);
 
     for (int i = qMax(1, m_firstSeen); i <= qMin(m_lastSeen, last); ++i) {
-        if ((i < first || i > end) && i != m_dragged)
+        if ((i < first || i > end) && i != m_dragged) {
             ReleaseButton(m_entries[i]);
+        }
     }
     for (int i = first; i <= end; ++i) {
         Entry& entry = m_entries[i];
@@ -480,20 +521,24 @@ void TabStrip::ArrangeScrolled()
     m_lastSeen = m_dragged > 0 ? qMax(end, m_dragged) : end;
     m_left->setEnabled(m_offset > 0);
     m_right->setEnabled(m_offset < GetScrollRange());
-    if (!m_seenChange.isActive())
+    if (!m_seenChange.isActive()) {
         m_seenChange.start(0, this);
+    }
     UpdateTicking();
 }
 
 void TabStrip::UpdateTicking()
 {
-    if (m_ticking.isActive() || !isVisible())
+    if (m_ticking.isActive() || !isVisible()) {
         return;
+    }
     bool loading = m_entries.first().item.loading;
-    for (int i = m_firstSeen; i <= m_lastSeen && !loading; ++i)
+    for (int i = m_firstSeen; i <= m_lastSeen && !loading; ++i) {
         loading = m_entries.at(i).item.loading;
-    if (loading)
+    }
+    if (loading) {
         m_ticking.start(TickTime, this);
+    }
 }
 
 void TabStrip::DragTo(int x)
@@ -501,27 +546,31 @@ void TabStrip::DragTo(int x)
     const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Scaled(Gap)));
     const bool atEdge = GetScrollRange() > 0 && (x < 0 || x > farthest);
     m_dragX = x;
-    if (!atEdge)
+    if (!atEdge) {
         m_edgeScroll.stop();
-    else if (!m_edgeScroll.isActive())
+    } else if (!m_edgeScroll.isActive()) {
         m_edgeScroll.start(EdgeTime, this);
+    }
 
     // The place whose middle the dragged tab covers.
     const int shown = qBound(0, x, farthest);
     const int target = qBound(1, 1 + (shown + m_offset + m_tabWidth / 2) / m_tabWidth, m_entries.size() - 1);
-    if (target != m_dragged)
+    if (target != m_dragged) {
         Q_EMIT SigMoveRequested(m_dragged, target);
+    }
     TabButton* button = GetButton(m_dragged);
-    if (button)
+    if (button) {
         button->move(shown, Scaled(TabTop));
+    }
 }
 
 void TabStrip::EndDrag()
 {
     m_edgeScroll.stop();
     m_pressed = -1;
-    if (m_dragged < 0)
+    if (m_dragged < 0) {
         return;
+    }
     m_dragged = -1;
     ArrangeScrolled();
 }

@@ -81,15 +81,17 @@ protected:
     }
     void OpenMany(int count)
     {
-        for (int i = 1; i <= count; ++i)
+        for (int i = 1; i <= count; ++i) {
             OpenDelayed(QStringLiteral("https://shop-%1.example/").arg(i), QStringLiteral("Shop %1").arg(i),
                         QStringLiteral("https://shop-%1.example/icon.png").arg(i));
+        }
     }
     int CountDelayed() const
     {
         int delayed = 0;
-        for (int i = 0; i < m_window->GetTabCount(); ++i)
+        for (int i = 0; i < m_window->GetTabCount(); ++i) {
             delayed += m_window->IsTabDelayed(i) ? 1 : 0;
+        }
         return delayed;
     }
     /// Triggers an entry of a tab's own menu.
@@ -363,8 +365,9 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 {
     m_window->BeginReopening(&TakeAll);
     OpenDelayed(QStringLiteral("https://later.example/"), QStringLiteral("Later"));
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 1000; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    }
     OpenApp(QStringLiteral("orders"));
     EXPECT_TRUE(m_pages.pages.isEmpty()) << "not before it is known which one is in front";
     m_window->EndReopening();
@@ -389,8 +392,9 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
 {
     m_window->BeginReopening(&TakeAll);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    }
     m_window->EndReopening();
     m_window->SelectTab(3);
     QCoreApplication::processEvents();
@@ -402,8 +406,9 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
     ASSERT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == 4; }));
     EXPECT_EQ(m_pages.pages[1]->loads, QList<QUrl>{QUrl(QStringLiteral("https://shop-0.example/"))});
     EXPECT_TRUE(idle.isEmpty());
-    for (int i = 1; i < 4; ++i)
+    for (int i = 1; i < 4; ++i) {
         m_pages.pages[i]->Finish(true);
+    }
     EXPECT_EQ(idle.count(), 1);
     EXPECT_EQ(m_window->GetCurrentTab(), 3);
 }
@@ -411,8 +416,9 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
 TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
 {
     m_window->BeginReopening(&TakeAll);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    }
     m_window->EndReopening();
     m_window->SelectTab(1);
     QCoreApplication::processEvents();
@@ -424,8 +430,9 @@ TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
 TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
 {
     m_window->BeginReopening(&TakeAll);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    }
     m_window->EndReopening();
     m_window->SelectTab(1);
     EXPECT_TRUE(
@@ -435,8 +442,9 @@ TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
 TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain)
 {
     m_window->BeginReopening(&TakeAll);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
+    }
     m_window->EndReopening();
     m_window->SelectTab(1);
     QCoreApplication::processEvents();
@@ -446,8 +454,9 @@ TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain
     m_pages.pages[1]->Finish(true);
     ASSERT_TRUE(QTest::qWaitFor([this] { return CountDelayed() == 0; }));
     EXPECT_EQ(m_pages.pages.size(), 3);
-    for (const QPointer<FakePage>& page : qAsConst(m_pages.pages))
+    for (const QPointer<FakePage>& page : qAsConst(m_pages.pages)) {
         EXPECT_EQ(page->loads.size(), 1);
+    }
 }
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedOneThatIsToComeToTheFrontLoadsAtOnce)

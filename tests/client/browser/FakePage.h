@@ -47,8 +47,9 @@ public:
     }
     void Finish(bool ok)
     {
-        if (!m_loading)
+        if (!m_loading) {
             return;
+        }
         m_loading = false;
         Q_EMIT SigLoadFinished(ok);
     }

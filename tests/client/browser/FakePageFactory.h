@@ -30,8 +30,9 @@ public:
     int CountAlive() const
     {
         int alive = 0;
-        for (const auto& page : pages)
+        for (const auto& page : pages) {
             alive += page ? 1 : 0;
+        }
         return alive;
     }
 

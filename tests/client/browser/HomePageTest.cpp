@@ -18,8 +18,9 @@ protected:
     QStringList GetNames() const
     {
         QStringList names;
-        for (int i = 0; i < m_grid->model()->rowCount(); ++i)
+        for (int i = 0; i < m_grid->model()->rowCount(); ++i) {
             names << m_grid->model()->index(i, 0).data().toString();
+        }
         return names;
     }
     void Click(int row)

@@ -69,8 +69,9 @@ void MainWindowTest::OpenApp(const QString& code, int index)
 QStringList MainWindowTest::GetTitles() const
 {
     QStringList titles;
-    for (int i = 0; i < m_window->GetTabCount(); ++i)
+    for (int i = 0; i < m_window->GetTabCount(); ++i) {
         titles << GetData(i).GetTitle();
+    }
     return titles;
 }
 
@@ -88,8 +89,9 @@ bool MainWindowTest::DeliverPicture(const QString& url, const QPixmap& picture)
 {
     bool asked = false;
     for (const PictureRequest& request : qAsConst(m_pictures)) {
-        if (request.url != url || !request.context)
+        if (request.url != url || !request.context) {
             continue;
+        }
         asked = true;
         request.done(picture);
     }
@@ -100,8 +102,9 @@ QStringList MainWindowTest::GetMessage() const
 {
     const auto messages = m_window->findChildren<MessagePage*>();
     for (const MessagePage* message : messages) {
-        if (message->isVisible())
+        if (message->isVisible()) {
             return {message->GetHeadline(), message->GetText(), message->GetAddress()};
+        }
     }
     return {};
 }

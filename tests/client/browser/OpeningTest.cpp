@@ -246,8 +246,9 @@ TEST_F(MainWindowTest, AnAppStaysThatAppWhereverItNavigates)
 TEST_F(MainWindowTest, AThousandDelayedTabsStayUsable)
 {
     const std::clock_t before = std::clock(); // other programs do not count
-    for (int i = 1; i <= 1000; ++i)
+    for (int i = 1; i <= 1000; ++i) {
         OpenDelayed(QStringLiteral("https://shop-%1.example/").arg(i), QStringLiteral("Shop %1").arg(i));
+    }
     ASSERT_EQ(m_window->GetTabCount(), 1001);
     EXPECT_TRUE(m_pages.pages.isEmpty());
 

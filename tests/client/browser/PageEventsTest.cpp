@@ -26,8 +26,9 @@ protected:
     {
         const auto messages = m_window->findChildren<MessagePage*>();
         for (MessagePage* message : messages) {
-            if (message->isVisible())
+            if (message->isVisible()) {
                 return message;
+            }
         }
         return nullptr;
     }
@@ -44,8 +45,9 @@ protected:
         QCoreApplication::processEvents(); // buttons that replace others show with the next turn
         const auto buttons = m_window->findChildren<QPushButton*>(QStringLiteral("notice_button"));
         for (QPushButton* button : buttons) {
-            if (button->isVisible() && button->text() == text)
+            if (button->isVisible() && button->text() == text) {
                 return button;
+            }
         }
         return nullptr;
     }
@@ -167,8 +169,9 @@ TEST_F(PageEventsTest, APermissionIsAskedInABarAndDeniedWhenTheBarIsClosed)
     Q_EMIT GetPage().SigPermissionRequested(request);
     const auto closers = m_window->findChildren<QToolButton*>(QStringLiteral("notice_close"));
     for (QToolButton* closer : closers) {
-        if (closer->isVisible())
+        if (closer->isVisible()) {
             QTest::mouseClick(closer, Qt::LeftButton);
+        }
     }
     EXPECT_EQ(answers, QList<bool>({true, false, false}));
 }
@@ -253,9 +256,10 @@ TEST_F(PageEventsTest, ABlockedAddressIsNamedAndThePageStays)
     Q_EMIT GetPage().SigBlocked(QUrl(QStringLiteral("file:///etc/passwd")));
     bool named = false;
     const auto bars = m_window->findChildren<NoticeBar*>();
-    for (const NoticeBar* bar : bars)
+    for (const NoticeBar* bar : bars) {
         named =
             named || bar->GetText(QStringLiteral("blocked")).contains(QStringLiteral("file:///etc/passwd"));
+    }
     EXPECT_TRUE(named);
     EXPECT_TRUE(GetMessage().isEmpty());
 }

@@ -85,8 +85,9 @@ TEST_F(ShortcutTest, FTenOpensTheMenuForTheKeyboard)
 
 TEST_F(ShortcutTest, NumbersSelectAndNineIsTheLast)
 {
-    for (int i = 0; i < 11; ++i)
+    for (int i = 0; i < 11; ++i) {
         OpenDelayed(QStringLiteral("https://a.example/%1").arg(i), QString());
+    }
     Press(Qt::Key_3, Qt::ControlModifier);
     EXPECT_EQ(m_window->GetCurrentTab(), 2);
     Press(Qt::Key_9, Qt::ControlModifier);
@@ -126,8 +127,9 @@ TEST_F(ShortcutTest, ZoomGoesInStepsAndBack)
     Press(Qt::Key_Minus, Qt::ControlModifier);
     Press(Qt::Key_Minus, Qt::ControlModifier);
     EXPECT_DOUBLE_EQ(GetPage(0).zoom, 0.9);
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 40; ++i) {
         Press(Qt::Key_Minus, Qt::ControlModifier);
+    }
     EXPECT_DOUBLE_EQ(GetPage(0).zoom, 0.25);
     Press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_DOUBLE_EQ(GetPage(0).zoom, 1.0);
@@ -140,8 +142,9 @@ TEST_F(ShortcutTest, FindOpensSearchesAndCloses)
     Press(Qt::Key_F, Qt::ControlModifier);
     QLineEdit* bar = nullptr;
     const auto fields = m_window->findChildren<QLineEdit*>(QStringLiteral("find_edit"));
-    for (QLineEdit* field : fields)
+    for (QLineEdit* field : fields) {
         bar = field->isVisible() ? field : bar;
+    }
     ASSERT_NE(bar, nullptr);
     EXPECT_TRUE(bar->hasFocus());
     QTest::keyClicks(bar, QStringLiteral("abc"));

@@ -224,8 +224,9 @@ TEST_F(TabStripTest, ClosingTheCurrentTabSelectsItsNeighbour)
 
 TEST_F(TabStripTest, OnlyTabsInSightHaveWidgets)
 {
-    for (int i = 1; i <= 300; ++i)
+    for (int i = 1; i <= 300; ++i) {
         OpenDelayed(QStringLiteral("https://shop-%1.example/").arg(i), QStringLiteral("Shop %1").arg(i));
+    }
     EXPECT_LT(m_strip->findChildren<TabButton*>().size(), 20);
     EXPECT_EQ(m_strip->GetButton(300), nullptr);
     m_window->SelectTab(300);
@@ -239,23 +240,27 @@ TEST_F(TabStripTest, OnlyTabsInSightHaveWidgets)
 
 TEST_F(TabStripTest, TheScrollButtonsReachBothEnds)
 {
-    for (int i = 1; i <= 30; ++i)
+    for (int i = 1; i <= 30; ++i) {
         OpenDelayed(QStringLiteral("https://shop-%1.example/").arg(i), QStringLiteral("Shop %1").arg(i));
+    }
     auto* right = m_strip->findChild<QToolButton*>(QStringLiteral("strip_right"));
     auto* left = m_strip->findChild<QToolButton*>(QStringLiteral("strip_left"));
     EXPECT_FALSE(left->isEnabled());
-    for (int i = 0; i < 30 && right->isEnabled(); ++i)
+    for (int i = 0; i < 30 && right->isEnabled(); ++i) {
         QTest::mouseClick(right, Qt::LeftButton);
+    }
     EXPECT_NE(m_strip->GetButton(30), nullptr);
-    for (int i = 0; i < 30 && left->isEnabled(); ++i)
+    for (int i = 0; i < 30 && left->isEnabled(); ++i) {
         QTest::mouseClick(left, Qt::LeftButton);
+    }
     EXPECT_NE(m_strip->GetButton(1), nullptr);
 }
 
 TEST_F(TabStripTest, TheListOfAllTabsIsSearchable)
 {
-    for (int i = 1; i <= 50; ++i)
+    for (int i = 1; i <= 50; ++i) {
         OpenDelayed(QStringLiteral("https://shop-%1.example/").arg(i), QStringLiteral("Shop %1").arg(i));
+    }
     QTest::mouseClick(m_strip->findChild<QToolButton*>(QStringLiteral("strip_list")), Qt::LeftButton);
     auto* popup = m_window->findChild<TabListPopup*>();
     ASSERT_NE(popup, nullptr);
@@ -308,8 +313,9 @@ TEST_F(TabStripTest, EveryButtonHasAnAccessibleName)
     m_window->SelectTab(1);
     const auto buttons = m_window->findChildren<QAbstractButton*>();
     for (const QAbstractButton* button : buttons) {
-        if (!button->isVisible())
+        if (!button->isVisible()) {
             continue;
+        }
         EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty())
             << qPrintable(button->objectName());
     }

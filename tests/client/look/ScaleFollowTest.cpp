@@ -1,6 +1,7 @@
 #include "ScaledWindowTest.h"
 
 #include "FindBar.h"
+#include "MessageContent.h"
 #include "MessagePage.h"
 #include "PlainPageView.h"
 #include "TabListPopup.h"
@@ -138,9 +139,9 @@ TEST_F(ScaleFollowTest, MessagePageFollows)
 {
     ExpectToFollow([] {
         auto page = std::make_unique<MessagePage>();
-        page->SetContent(QStringLiteral("warning"), QStringLiteral("headline"), QStringLiteral("text"),
-                         QStringLiteral("https://a.example/"), QStringLiteral("detail"),
-                         QStringLiteral("button"));
+        page->SetContent({QStringLiteral("warning"), QStringLiteral("headline"), QStringLiteral("text"),
+                          QStringLiteral("https://a.example/"), QStringLiteral("detail"),
+                          QStringLiteral("button")});
         return page;
     });
 }
