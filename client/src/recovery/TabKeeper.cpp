@@ -10,9 +10,7 @@
 #include "browser/MainWindow.h"
 
 #include "base/VXRouterProtocol.h"
-#include "frame-core/IBrowserTab.h"
 #include "settings-store/VXSettingManager.h"
-#include "tab-container/TabData.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QUrl>
@@ -203,19 +201,17 @@ TabSet TabKeeper::GetOpenTabs() const
 {
     TabSet tabs;
     tabs.when = QDateTime::currentDateTimeUtc();
-    const int count = m_window->GetTabCount();
-    tabs.tabs.reserve(count);
-    for (int index = 1; index < count; ++index) {
-        const IBrowserTab* const tab = m_window->GetTab(index);
-        const QSharedPointer<TabData> data = tab->GetTabData();
-        const QString routerUrl = tab->GetRouterUrl();
-        if (routerUrl.isEmpty() || !data) {
-            continue;
+    const QVector<TabRecord> open = m_window->GetTabRecords();
+    tabs.tabs.reserve(open.size());
+    for (int index = 1; index < open.size(); ++index) {
+        const TabRecord& tab = open.at(index);
+        if (tab.routerUrl.isEmpty()) {
+            continue; // nothing brings it back
         }
         if (index == m_window->GetCurrentTab()) {
             tabs.current = tabs.tabs.size();
         }
-        tabs.tabs.append({routerUrl, data->GetTitle(), data->GetIconUrl(), data->GetType()});
+        tabs.tabs.append({tab.routerUrl, tab.title, tab.iconUrl, tab.type});
     }
     return tabs;
 }
