@@ -25,8 +25,9 @@ PageEngine PageEngines::GetBest() noexcept
 
 std::optional<PageEngine> PageEngines::FromName(const QString& name)
 {
-    if (!GetNames().contains(name))
+    if (!GetNames().contains(name)) {
         return std::nullopt;
+    }
     return name == WebName ? PageEngine::Web : PageEngine::Plain;
 }
 
@@ -38,8 +39,9 @@ QStringList PageEngines::GetNames()
 QString PageEngines::GetVersion(PageEngine engine)
 {
 #ifdef TL_WITH_WEB_ENGINE
-    if (engine == PageEngine::Web)
+    if (engine == PageEngine::Web) {
         return QStringLiteral(QTWEBENGINECORE_VERSION_STR);
+    }
 #else
     Q_UNUSED(engine)
 #endif
@@ -50,8 +52,9 @@ std::unique_ptr<IPageFactory> PageEngines::Make(PageEngine engine, const QString
                                                 const QString& language)
 {
 #ifdef TL_WITH_WEB_ENGINE
-    if (engine == PageEngine::Web)
+    if (engine == PageEngine::Web) {
         return std::make_unique<WebEnginePageFactory>(folder, language);
+    }
 #else
     Q_UNUSED(engine)
     Q_UNUSED(folder)

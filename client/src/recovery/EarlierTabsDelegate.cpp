@@ -65,8 +65,9 @@ void EarlierTabsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& g
     painter->save();
     const bool isSet = !index.parent().isValid();
     QFont font = option.font;
-    if (isSet)
+    if (isSet) {
         font.setWeight(QFont::DemiBold);
+    }
     const int align = int(QStyle::visualAlignment(option.direction, Qt::AlignLeft)) | Qt::TextSingleLine;
     const QRect upper(room.left(), room.top(), room.width(), option.fontMetrics.height());
     const QRect lower(room.left(), room.bottom() + 1 - option.fontMetrics.height(), room.width(),
@@ -95,24 +96,28 @@ bool EarlierTabsDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
                                       const QStyleOptionViewItem& option, const QModelIndex& index)
 {
     auto* const tabs = qobject_cast<EarlierTabsModel*>(model);
-    if (!tabs)
+    if (!tabs) {
         return false;
+    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key != Qt::Key_Space && key != Qt::Key_Select)
+        if (key != Qt::Key_Space && key != Qt::Key_Select) {
             return false;
+        }
         tabs->Toggle(index);
         return true;
     }
     // A double click is two clicks: the second takes back what the first did, as with any check box.
-    if (event->type() != QEvent::MouseButtonRelease)
+    if (event->type() != QEvent::MouseButtonRelease) {
         return event->type() == QEvent::MouseButtonDblClick && index.parent().isValid();
+    }
     const auto* const mouse = static_cast<QMouseEvent*>(event);
     const bool onBox = GetBoxRect(option)
                            .adjusted(-Scaled(Edge), -Scaled(Pad), Scaled(Gap) / 2, Scaled(Pad))
                            .contains(mouse->pos());
-    if (mouse->button() != Qt::LeftButton || (!onBox && !index.parent().isValid()))
+    if (mouse->button() != Qt::LeftButton || (!onBox && !index.parent().isValid())) {
         return false;
+    }
     tabs->Toggle(index);
     return true;
 }

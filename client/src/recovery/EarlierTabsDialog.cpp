@@ -100,22 +100,25 @@ void EarlierTabsDialog::AdjustForDpi()
 void EarlierTabsDialog::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         Retranslate();
+    }
 }
 
 void EarlierTabsDialog::showEvent(QShowEvent* event)
 {
-    if (!testAttribute(Qt::WA_Resized))
+    if (!testAttribute(Qt::WA_Resized)) {
         resize(ScaledToScreen(this, m_tree->isHidden() ? Smallest : Roomy));
+    }
     QDialog::showEvent(event);
 }
 
 void EarlierTabsDialog::OpenTicked()
 {
     const QVector<TabRecord> tabs = m_model->GetTicked();
-    if (tabs.isEmpty())
+    if (tabs.isEmpty()) {
         return;
+    }
     Q_EMIT SigOpen(tabs);
     accept();
 }

@@ -35,8 +35,9 @@ QString GetCountText(int count)
 QString GetTitle(const TabRecord& tab)
 {
     QString title = tab.title.simplified();
-    if (!title.isEmpty())
+    if (!title.isEmpty()) {
         return title;
+    }
     return tab.address.isEmpty() ? tab.routerUrl : tab.address.toDisplayString();
 }
 
@@ -64,32 +65,37 @@ EarlierTabsModel::EarlierTabsModel(const QVector<EarlierTabSet>& sets, const Pic
     for (const EarlierTabSet& given : sets) {
         Set set{given.when, given.reason, given.incomplete, {}, 0};
         set.rows.reserve(static_cast<std::size_t>(given.tabs.size()));
-        for (const TabRecord& tab : given.tabs)
+        for (const TabRecord& tab : given.tabs) {
             set.rows.push_back({tab, false});
+        }
         m_sets.push_back(std::move(set));
     }
 }
 
 QModelIndex EarlierTabsModel::index(int row, int column, const QModelIndex& parent) const
 {
-    if (!hasIndex(row, column, parent))
+    if (!hasIndex(row, column, parent)) {
         return {};
+    }
     return createIndex(row, column, parent.isValid() ? static_cast<quintptr>(parent.row() + 1) : SetLevel);
 }
 
 QModelIndex EarlierTabsModel::parent(const QModelIndex& child) const
 {
-    if (!child.isValid() || child.internalId() == SetLevel)
+    if (!child.isValid() || child.internalId() == SetLevel) {
         return {};
+    }
     return createIndex(static_cast<int>(child.internalId()) - 1, 0, SetLevel);
 }
 
 int EarlierTabsModel::rowCount(const QModelIndex& parent) const
 {
-    if (!parent.isValid())
+    if (!parent.isValid()) {
         return static_cast<int>(m_sets.size());
-    if (parent.internalId() != SetLevel || parent.column() > 0)
+    }
+    if (parent.internalId() != SetLevel || parent.column() > 0) {
         return 0;
+    }
     return static_cast<int>(GetSet(parent).rows.size());
 }
 
@@ -101,11 +107,13 @@ int EarlierTabsModel::columnCount(const QModelIndex& parent) const
 
 QVariant EarlierTabsModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
+    }
     const Set& set = GetSet(index);
-    if (index.internalId() == SetLevel)
+    if (index.internalId() == SetLevel) {
         return GetSetData(set, role);
+    }
     return GetTabData(set.rows[static_cast<std::size_t>(index.row())], index, role);
 }
 
@@ -132,8 +140,9 @@ QVariant EarlierTabsModel::GetSetData(const Set& set, int role) const
     case Qt::AccessibleDescriptionRole:
         return detail();
     case Qt::CheckStateRole:
-        if (count == 0)
+        if (count == 0) {
             return {};
+        }
         return set.ticked == 0 ? Qt::Unchecked : set.ticked == count ? Qt::Checked : Qt::PartiallyChecked;
     default:
         return {};
@@ -162,28 +171,33 @@ QVariant EarlierTabsModel::GetTabData(const Row& row, const QModelIndex& index, 
 
 bool EarlierTabsModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return false;
+    }
     Tick(index, value.toInt() == Qt::Checked);
     return true;
 }
 
 Qt::ItemFlags EarlierTabsModel::flags(const QModelIndex& index) const
 {
-    if (!index.isValid())
+    if (!index.isValid()) {
         return Qt::NoItemFlags;
+    }
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    if (index.data(Qt::CheckStateRole).isValid())
+    if (index.data(Qt::CheckStateRole).isValid()) {
         flags |= Qt::ItemIsUserCheckable;
-    if (index.internalId() != SetLevel)
+    }
+    if (index.internalId() != SetLevel) {
         flags |= Qt::ItemNeverHasChildren;
+    }
     return flags;
 }
 
 void EarlierTabsModel::Toggle(const QModelIndex& index)
 {
-    if (flags(index) & Qt::ItemIsUserCheckable)
+    if (flags(index) & Qt::ItemIsUserCheckable) {
         Tick(index, index.data(Qt::CheckStateRole).toInt() != Qt::Checked);
+    }
 }
 
 int EarlierTabsModel::GetTickedCount() const noexcept
@@ -197,8 +211,9 @@ QVector<TabRecord> EarlierTabsModel::GetTicked() const
     ticked.reserve(m_ticked);
     for (const Set& set : m_sets) {
         for (const Row& row : set.rows) {
-            if (row.ticked)
+            if (row.ticked) {
                 ticked.append(row.tab);
+            }
         }
     }
     return ticked;
@@ -207,28 +222,33 @@ QVector<TabRecord> EarlierTabsModel::GetTicked() const
 void EarlierTabsModel::Retranslate()
 {
     const int last = rowCount() - 1;
-    if (last < 0)
+    if (last < 0) {
         return;
+    }
     Q_EMIT dataChanged(index(0, 0), index(last, 0));
     for (int i = 0; i <= last; ++i) {
         const QModelIndex set = index(i, 0);
-        if (rowCount(set) > 0)
+        if (rowCount(set) > 0) {
             Q_EMIT dataChanged(index(0, 0, set), index(rowCount(set) - 1, 0, set));
+        }
     }
 }
 
 QString EarlierTabsModel::GetWhenText(const QDateTime& when, const QDateTime& now)
 {
-    if (!when.isValid())
+    if (!when.isValid()) {
         return tr("At an unknown time");
+    }
     const QLocale locale;
     const QDateTime local = when.toLocalTime();
     const QString time = locale.toString(local.time(), QLocale::ShortFormat);
     const qint64 days = local.date().daysTo(now.toLocalTime().date());
-    if (days == 0)
+    if (days == 0) {
         return tr("Today at %1").arg(time);
-    if (days == 1)
+    }
+    if (days == 1) {
         return tr("Yesterday at %1").arg(time);
+    }
     return tr("%1 at %2", "date at time").arg(locale.toString(local.date(), QLocale::ShortFormat), time);
 }
 
@@ -242,24 +262,28 @@ QIcon EarlierTabsModel::GetIcon(const TabRecord& tab, const QModelIndex& index) 
 {
     const bool isPage = tab.type == TabType::WebPage;
     const QIcon& placeholder = isPage ? m_pageIcon : m_appIcon;
-    if (tab.iconUrl.isEmpty() || !m_loadPicture)
+    if (tab.iconUrl.isEmpty() || !m_loadPicture) {
         return placeholder;
+    }
     QIcon known = m_icons.value(tab.iconUrl);
-    if (!known.isNull())
+    if (!known.isNull()) {
         return known;
+    }
 
     const bool asked = m_icons.contains(tab.iconUrl);
     QVector<QPersistentModelIndex>& waiting = m_waiting[tab.iconUrl];
-    if (!waiting.contains(index))
+    if (!waiting.contains(index)) {
         waiting.append(index);
+    }
     if (!asked) {
         m_icons.insert(tab.iconUrl, QIcon());
         auto* self = const_cast<EarlierTabsModel*>(this);
         m_loadPicture(tab.iconUrl, self, [self, url = tab.iconUrl](const QPixmap& picture) {
             self->m_icons.insert(url, QIcon(picture));
             const auto rows = self->m_waiting.take(url);
-            for (const QPersistentModelIndex& row : rows)
+            for (const QPersistentModelIndex& row : rows) {
                 Q_EMIT self->dataChanged(row, row, {Qt::DecorationRole});
+            }
         });
     }
     const QIcon icon = m_icons.value(tab.iconUrl);
@@ -279,8 +303,9 @@ void EarlierTabsModel::Tick(const QModelIndex& index, bool ticked)
         set.ticked += int(ticked) - int(row.ticked);
         row.ticked = ticked;
     }
-    if (set.ticked == before)
+    if (set.ticked == before) {
         return;
+    }
     m_ticked += set.ticked - before;
     Q_EMIT dataChanged(setIndex, setIndex, {Qt::CheckStateRole});
     Q_EMIT dataChanged(this->index(first, 0, setIndex), this->index(last, 0, setIndex), {Qt::CheckStateRole});

@@ -38,7 +38,7 @@ public:
     /// In the order of the rows.
     QVector<TabRecord> GetTicked() const;
 
-    /// All texts anew, in the language of now.
+    /// Retranslates all texts.
     void Retranslate();
 
     /// The moment in words: "Today at 14:05", or date and time of the local format.

@@ -36,16 +36,18 @@ EarlierTabSet MakeSet(EarlierTabSet::Reason reason, const QStringList& names)
     EarlierTabSet set;
     set.when = QDateTime::currentDateTime();
     set.reason = reason;
-    for (const QString& name : names)
+    for (const QString& name : names) {
         set.tabs.append(MakeTab(name));
+    }
     return set;
 }
 
 QStringList GetTitles(const QVector<TabRecord>& tabs)
 {
     QStringList titles;
-    for (const TabRecord& tab : tabs)
+    for (const TabRecord& tab : tabs) {
         titles << tab.title;
+    }
     return titles;
 }
 
@@ -254,14 +256,16 @@ TEST_F(EarlierTabsDialogTest, EveryReasonHasASentenceOfItsOwn)
     QVector<EarlierTabSet> sets;
     for (const auto reason :
          {EarlierTabSet::Reason::Offered, EarlierTabSet::Reason::Declined, EarlierTabSet::Reason::Dropped,
-          EarlierTabSet::Reason::Unreadable, EarlierTabSet::Reason::NotRestored})
+          EarlierTabSet::Reason::Unreadable, EarlierTabSet::Reason::NotRestored}) {
         sets.append(MakeSet(reason, {QStringLiteral("a")}));
+    }
     sets.append(sets.last());
     sets.last().incomplete = true;
     Show(sets);
     QStringList sentences;
-    for (int i = 0; i < sets.size(); ++i)
+    for (int i = 0; i < sets.size(); ++i) {
         sentences << At(i).data(EarlierTabsModel::DetailRole).toString();
+    }
     EXPECT_FALSE(sentences.contains(QString()));
     EXPECT_EQ(sentences.removeDuplicates(), 0);
     EXPECT_TRUE(sentences.last().contains(QStringLiteral("missing"))) << "nothing says that tabs are missing";
@@ -389,8 +393,9 @@ TEST_F(EarlierTabsDialogTest, IconsAreFetchedOnceAndOnlyForRowsInSight)
     QStringList asked;
     QHash<QString, std::function<void(const QPixmap&)>> waiting;
     QStringList names;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 1000; ++i) {
         names << QStringLiteral("shop-%1").arg(i);
+    }
     EarlierTabSet set = MakeSet(EarlierTabSet::Reason::Dropped, names);
     set.tabs[1].iconUrl = set.tabs[0].iconUrl;
     Show({set}, [&](const QString& url, QObject*, const std::function<void(const QPixmap&)>& done) {
@@ -428,8 +433,9 @@ TEST_F(EarlierTabsDialogTest, ScreenReadersAreToldNamesAndTicks)
     for (int i = 0; i < tree->childCount(); ++i) {
         QAccessibleInterface* row = tree->child(i);
         names << row->text(QAccessible::Name);
-        if (row->state().checked)
+        if (row->state().checked) {
             ticked << names.last();
+        }
     }
     EXPECT_TRUE(names.contains(QStringLiteral("b")));
     EXPECT_EQ(ticked, QStringList({QStringLiteral("b")}));
