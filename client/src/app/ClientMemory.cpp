@@ -6,36 +6,36 @@
 
 namespace {
 
-const QString section = QStringLiteral("CLIENT");
-const QString deviceIdField = QStringLiteral("DEVICE_ID");
-const QString lastPinField = QStringLiteral("LAST_PIN");
-const QString themeField = QStringLiteral("THEME");
-const QString languageField = QStringLiteral("LANGUAGE");
-const QString geometryField = QStringLiteral("WINDOW_GEOMETRY");
-const QString scaleField = QStringLiteral("SCALE");
-const QString settingsGeometryField = QStringLiteral("SETTINGS_GEOMETRY");
-const QString settingsPageField = QStringLiteral("SETTINGS_PAGE");
-const QString sessionEndField = QStringLiteral("SESSION_END");
+const QString Section = QStringLiteral("CLIENT");
+const QString DeviceIdField = QStringLiteral("DEVICE_ID");
+const QString LastPinField = QStringLiteral("LAST_PIN");
+const QString ThemeField = QStringLiteral("THEME");
+const QString LanguageField = QStringLiteral("LANGUAGE");
+const QString GeometryField = QStringLiteral("WINDOW_GEOMETRY");
+const QString ScaleField = QStringLiteral("SCALE");
+const QString SettingsGeometryField = QStringLiteral("SETTINGS_GEOMETRY");
+const QString SettingsPageField = QStringLiteral("SETTINGS_PAGE");
+const QString SessionEndField = QStringLiteral("SESSION_END");
 
 QString Get(const QString& field)
 {
-    return VXSettingManager::Instance()->GetGlobalValue(section, field);
+    return VXSettingManager::Instance()->GetGlobalValue(Section, field);
 }
 
 void Set(const QString& field, const QString& value)
 {
-    VXSettingManager::Instance()->SetGlobalValue(section, field, value);
+    VXSettingManager::Instance()->SetGlobalValue(Section, field, value);
 }
 
 } // namespace
 
 QString ClientMemory::GetDeviceId()
 {
-    QString id = Get(deviceIdField);
+    QString id = Get(DeviceIdField);
     if (id.isEmpty()) {
         id = QUuid::createUuid().toString(QUuid::WithoutBraces);
         // Tokens are bound to it: it must not get lost with a client that is killed early.
-        if (!VXSettingManager::Instance()->SetGlobalValueSync(section, deviceIdField, id)) {
+        if (!VXSettingManager::Instance()->SetGlobalValueSync(Section, DeviceIdField, id)) {
             qWarning("the device id could not be stored");
         }
     }
@@ -44,17 +44,17 @@ QString ClientMemory::GetDeviceId()
 
 QString ClientMemory::GetLastPin()
 {
-    return Get(lastPinField);
+    return Get(LastPinField);
 }
 
 void ClientMemory::SetLastPin(const QString& pin)
 {
-    Set(lastPinField, pin);
+    Set(LastPinField, pin);
 }
 
 Theme ClientMemory::GetTheme()
 {
-    switch (Get(themeField).toInt()) {
+    switch (Get(ThemeField).toInt()) {
     case static_cast<int>(Theme::Light):
         return Theme::Light;
     case static_cast<int>(Theme::Dark):
@@ -66,70 +66,70 @@ Theme ClientMemory::GetTheme()
 
 void ClientMemory::SetTheme(Theme theme)
 {
-    Set(themeField, QString::number(static_cast<int>(theme)));
+    Set(ThemeField, QString::number(static_cast<int>(theme)));
 }
 
 QString ClientMemory::GetLanguage()
 {
-    return Get(languageField);
+    return Get(LanguageField);
 }
 
 void ClientMemory::SetLanguage(const QString& language)
 {
-    Set(languageField, language);
+    Set(LanguageField, language);
 }
 
 QByteArray ClientMemory::GetWindowGeometry()
 {
-    return QByteArray::fromBase64(Get(geometryField).toLatin1());
+    return QByteArray::fromBase64(Get(GeometryField).toLatin1());
 }
 
 void ClientMemory::SetWindowGeometry(const QByteArray& geometry)
 {
-    Set(geometryField, QString::fromLatin1(geometry.toBase64()));
+    Set(GeometryField, QString::fromLatin1(geometry.toBase64()));
 }
 
 int ClientMemory::GetScale()
 {
-    const int scale = Get(scaleField).toInt();
+    const int scale = Get(ScaleField).toInt();
     return scale > 0 ? scale : 100;
 }
 
 void ClientMemory::SetScale(int scale)
 {
-    Set(scaleField, QString::number(scale));
+    Set(ScaleField, QString::number(scale));
 }
 
 QByteArray ClientMemory::GetSettingsGeometry()
 {
-    return QByteArray::fromBase64(Get(settingsGeometryField).toLatin1());
+    return QByteArray::fromBase64(Get(SettingsGeometryField).toLatin1());
 }
 
 void ClientMemory::SetSettingsGeometry(const QByteArray& geometry)
 {
-    Set(settingsGeometryField, QString::fromLatin1(geometry.toBase64()));
+    Set(SettingsGeometryField, QString::fromLatin1(geometry.toBase64()));
 }
 
 QString ClientMemory::GetSettingsPage()
 {
-    return Get(settingsPageField);
+    return Get(SettingsPageField);
 }
 
 void ClientMemory::SetSettingsPage(const QString& page)
 {
-    Set(settingsPageField, page);
+    Set(SettingsPageField, page);
 }
 
 void ClientMemory::SetSessionEnd(const QString& code)
 {
-    Set(sessionEndField, code);
+    Set(SessionEndField, code);
 }
 
 QString ClientMemory::TakeSessionEnd()
 {
-    QString code = Get(sessionEndField);
+    QString code = Get(SessionEndField);
     if (!code.isEmpty()) {
-        Set(sessionEndField, QString());
+        Set(SessionEndField, QString());
     }
     return code;
 }

@@ -9,8 +9,8 @@
 
 namespace {
 
-const QString gatewayId = QStringLiteral("gateway");
-const QString startListId = QStringLiteral("start-list");
+const QString GatewayId = QStringLiteral("gateway");
+const QString StartListId = QStringLiteral("start-list");
 
 QString Join(const QString& sentence, const QString& detail)
 {
@@ -23,7 +23,7 @@ TroubleNotices::TroubleNotices(NoticeBoard* notices, GatewayWatch* watch, QObjec
     : QObject(parent), m_notices(notices), m_watch(watch)
 {
     connect(watch, &GatewayWatch::SigLost, this, &TroubleNotices::ShowLost);
-    connect(watch, &GatewayWatch::SigFound, this, [this] { m_notices->Hide(gatewayId); });
+    connect(watch, &GatewayWatch::SigFound, this, [this] { m_notices->Hide(GatewayId); });
 }
 
 void TroubleNotices::HandleReport(const HttpCallReport& report)
@@ -32,10 +32,10 @@ void TroubleNotices::HandleReport(const HttpCallReport& report)
         return;
     }
     if (report.ok) {
-        m_notices->Hide(startListId);
+        m_notices->Hide(StartListId);
         return;
     }
-    m_notices->Show(startListId, NoticeKind::Error, [description = report.description] {
+    m_notices->Show(StartListId, NoticeKind::Error, [description = report.description] {
         return Join(tr("The list of what opens at the start could not be read."), description);
     });
 }
@@ -78,7 +78,7 @@ void TroubleNotices::ShowLost(const QString& failure, bool fromCache)
 {
     const NoticeBoard::Action again{[] { return tr("Try again"); }, [this] { m_watch->AskNow(); }};
     m_notices->Show(
-        gatewayId, NoticeKind::Warning,
+        GatewayId, NoticeKind::Warning,
         [failure, fromCache] {
             return Join(fromCache ? tr("The gateway cannot be reached. You see the last known configuration.")
                                   : tr("The gateway cannot be reached."),

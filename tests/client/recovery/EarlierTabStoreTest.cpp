@@ -13,8 +13,8 @@ using TabSetExamples::MakeTabs;
 
 namespace {
 
-const QString section = QStringLiteral("CLIENT");
-const QString listField = QStringLiteral("EARLIER_TABS");
+const QString Section = QStringLiteral("CLIENT");
+const QString ListField = QStringLiteral("EARLIER_TABS");
 
 QString SlotField(int slot)
 {
@@ -36,12 +36,12 @@ QString TextOf(int number)
 
 void SetValue(const QString& field, const QString& value)
 {
-    VXSettingManager::Instance()->SetUserValue(section, field, value);
+    VXSettingManager::Instance()->SetUserValue(Section, field, value);
 }
 
 QString GetValue(const QString& field)
 {
-    return VXSettingManager::Instance()->GetUserValue(section, field);
+    return VXSettingManager::Instance()->GetUserValue(Section, field);
 }
 
 /// The numbers of the sets that are there.
@@ -120,7 +120,7 @@ TEST_F(EarlierTabStoreTest, DamagedListCostsTheOrderAndTheFatesOnly)
     for (int number = 1; number <= 5; ++number) {
         EarlierTabStore::Add(TextOf(number), Fate::Declined);
     }
-    const QString list = GetValue(listField);
+    const QString list = GetValue(ListField);
     QStringList damaged{QString(),
                         QStringLiteral("null"),
                         QStringLiteral("[]"),
@@ -133,7 +133,7 @@ TEST_F(EarlierTabStoreTest, DamagedListCostsTheOrderAndTheFatesOnly)
         damaged.append(list.left(size));
     }
     for (const QString& text : qAsConst(damaged)) {
-        SetValue(listField, text);
+        SetValue(ListField, text);
         QVector<int> numbers = GetNumbers();
         std::sort(numbers.begin(), numbers.end());
         EXPECT_EQ(numbers, (QVector<int>{1, 2, 3, 4, 5})) << text.left(100).toStdString();
@@ -146,7 +146,7 @@ TEST_F(EarlierTabStoreTest, DamagedListCostsTheOrderAndTheFatesOnly)
 TEST_F(EarlierTabStoreTest, ListThatNamesASlotTwiceShowsItOnce)
 {
     EarlierTabStore::Add(TextOf(1), Fate::Dropped);
-    SetValue(listField, QStringLiteral(R"([{"slot":0,"fate":2},{"slot":0,"fate":1},{"slot":3,"fate":1}])"));
+    SetValue(ListField, QStringLiteral(R"([{"slot":0,"fate":2},{"slot":0,"fate":1},{"slot":3,"fate":1}])"));
     EXPECT_EQ(GetNumbers(), QVector<int>{1});
     EXPECT_EQ(EarlierTabStore::GetSets().constFirst().fate, Fate::Reopened);
 }
@@ -155,7 +155,7 @@ TEST_F(EarlierTabStoreTest, UnknownFateIsThatNobodyWasAsked)
 {
     EarlierTabStore::Add(TextOf(1), Fate::Reopened);
     for (const char* fate : {"4", "-1", "2147483647", "1e300", "\"1\"", "null"}) {
-        SetValue(listField, QStringLiteral(R"([{"slot":0,"fate":%1}])").arg(QLatin1String(fate)));
+        SetValue(ListField, QStringLiteral(R"([{"slot":0,"fate":%1}])").arg(QLatin1String(fate)));
         EXPECT_EQ(EarlierTabStore::GetSets().constFirst().fate, Fate::Dropped) << fate;
     }
 }

@@ -28,10 +28,10 @@ using TabSetExamples::MakeTabs;
 
 namespace {
 
-const QString updateUrl = QStringLiteral("tl://autorun/update");
-const QString cleanUrl = QStringLiteral("tl://autorun/clean");
-const QString missingId = QStringLiteral("tabs-missing");
-const QString careId = QStringLiteral("tabs-unloaded");
+const QString UpdateUrl = QStringLiteral("tl://autorun/update");
+const QString CleanUrl = QStringLiteral("tl://autorun/clean");
+const QString MissingId = QStringLiteral("tabs-missing");
+const QString CareId = QStringLiteral("tabs-unloaded");
 
 /// A language in which everything that the class says ends with a mark.
 class MarkedLanguage final : public QTranslator
@@ -126,7 +126,7 @@ TEST_F(TabKeeperTest, RecordOfTheRunBeforeStandsUntilTheDecisionIsMade)
         EXPECT_EQ(GetKept(), tabs);
     });
     RunQueuedEvents();
-    EXPECT_EQ(m_told, QStringList{updateUrl});
+    EXPECT_EQ(m_told, QStringList{UpdateUrl});
     ASSERT_TRUE(WaitUntil([] { return GetKept().tabs.size() == 1; }));
 }
 
@@ -134,12 +134,12 @@ TEST_F(TabKeeperTest, ChangedTabsAreToldAndKept)
 {
     Show();
     RunQueuedEvents();
-    EXPECT_EQ(m_told, QStringList{updateUrl});
+    EXPECT_EQ(m_told, QStringList{UpdateUrl});
     Reopen(MakeTabs(3).tabs);
     OpenApp(QStringLiteral("orders"));
     m_window->SelectTab(2);
     ASSERT_TRUE(WaitUntil([] { return GetKept().tabs.size() == 4; }));
-    EXPECT_EQ(m_told, (QStringList{updateUrl, updateUrl})) << "several changes are told as one";
+    EXPECT_EQ(m_told, (QStringList{UpdateUrl, UpdateUrl})) << "several changes are told as one";
     EXPECT_EQ(GetKept().tabs, GetOpen());
     EXPECT_EQ(GetKept().current, 1);
     EXPECT_LT(qAbs(GetKept().when.secsTo(QDateTime::currentDateTimeUtc())), 30);
@@ -178,7 +178,7 @@ TEST_F(TabKeeperTest, QuitAndLogOutCleanUpOnceTheModulesAreDone)
         m_tabs->BeforeEnd(kind, QString());
         EXPECT_TRUE(m_told.isEmpty());
         m_tabs->AfterMainFrameQuit(kind);
-        EXPECT_EQ(m_told, QStringList{cleanUrl});
+        EXPECT_EQ(m_told, QStringList{CleanUrl});
         EXPECT_EQ(OpenTabsRecord::GetText(), QString());
         m_window->CloseTab(3);
         m_window->CloseTab(2);
@@ -186,7 +186,7 @@ TEST_F(TabKeeperTest, QuitAndLogOutCleanUpOnceTheModulesAreDone)
         RunQueuedEvents();
         m_tabs.reset();
         RunQueuedEvents();
-        EXPECT_EQ(m_told, QStringList{cleanUrl}) << "the tabs that close at the end are told";
+        EXPECT_EQ(m_told, QStringList{CleanUrl}) << "the tabs that close at the end are told";
         EXPECT_EQ(OpenTabsRecord::GetText(), QString());
     }
 }
@@ -237,7 +237,7 @@ TEST_F(TabKeeperTest, SystemEndBringsTheRecordUpToDateAndOnDisk)
     }
     OpenUrl(QStringLiteral("https://late.example/"));
     m_tabs->BeforeEnd(EndKind::SystemEnd, QString());
-    EXPECT_EQ(m_told, QStringList{updateUrl});
+    EXPECT_EQ(m_told, QStringList{UpdateUrl});
     ASSERT_TRUE(m_store.KillAndReopen());
     EXPECT_EQ(GetKeptUrls(), (QStringList{UrlOf("a"), UrlOf("b"), UrlOf("c"), UrlOf("late")}));
     EXPECT_EQ(GetKept().current, 2);
@@ -245,7 +245,7 @@ TEST_F(TabKeeperTest, SystemEndBringsTheRecordUpToDateAndOnDisk)
     m_window->CloseAllTabs();
     m_tabs.reset();
     RunQueuedEvents();
-    EXPECT_EQ(m_told, QStringList{updateUrl}) << "the tear-down cleans what the next log-in needs";
+    EXPECT_EQ(m_told, QStringList{UpdateUrl}) << "the tear-down cleans what the next log-in needs";
     EXPECT_EQ(GetKept().tabs.size(), 4);
 }
 
@@ -257,7 +257,7 @@ TEST_F(TabKeeperTest, SessionThatTheGatewayRefusesLeavesTheTabsToTheNextLogIn)
     m_window->CloseAllTabs();
     m_tabs.reset();
     RunQueuedEvents();
-    EXPECT_EQ(m_told, QStringList{updateUrl}) << "nobody chose this end, and what is kept is cleaned";
+    EXPECT_EQ(m_told, QStringList{UpdateUrl}) << "nobody chose this end, and what is kept is cleaned";
     EXPECT_EQ(GetKeptUrls(), (QStringList{UrlOf("a"), UrlOf("b"), UrlOf("c"), UrlOf("late")}));
 }
 
@@ -265,7 +265,7 @@ TEST_F(TabKeeperTest, WhatIsBroughtToDiskInBetweenIsKeptOnAfterwards)
 {
     ShowThree();
     m_tabs->KeepOnDisk();
-    EXPECT_EQ(m_told, QStringList{updateUrl});
+    EXPECT_EQ(m_told, QStringList{UpdateUrl});
     ASSERT_TRUE(m_store.KillAndReopen());
     EXPECT_EQ(GetKept().tabs.size(), 3);
     OpenUrl(QStringLiteral("https://late.example/"));
@@ -289,7 +289,7 @@ TEST_F(TabKeeperTest, RestartKeepsTheTabsAndThenCleans)
     EXPECT_EQ(GetKept().current, 2);
     m_tabs->AfterMainFrameQuit(EndKind::Restart);
     EXPECT_EQ(m_told.size(), 2);
-    EXPECT_EQ(m_told.last(), cleanUrl);
+    EXPECT_EQ(m_told.last(), CleanUrl);
     m_window->CloseAllTabs();
     m_tabs.reset();
     RunQueuedEvents();
@@ -383,7 +383,7 @@ TEST_F(TabKeeperTest, MissingTabsAreToldWithAWayToThem)
     LeaveBehind(MakeTabs(3));
     m_tabs->Show(true, [] { Reopen(MakeTabs(2).tabs); });
     EXPECT_EQ(
-        GetNotice(missingId),
+        GetNotice(MissingId),
         QStringLiteral("2 of the 3 tabs of your last session came back. “Earlier tabs…” has all of them."));
     QList<QAbstractButton*> buttons = m_window->GetNoticeBar()->findChildren<QAbstractButton*>();
     const auto way = std::find_if(buttons.cbegin(), buttons.cend(), [](const QAbstractButton* button) {
@@ -401,7 +401,7 @@ TEST_F(TabKeeperTest, RecordThatWasReadInPartIsToldAlsoWhenAllOfThatCameBack)
     LeaveBehind(text.left(text.size() - text.size() / 6)); // without the last one
     ASSERT_EQ(TabSetText::Read(OpenTabsRecord::GetText()).tabs.tabs.size(), 2);
     m_tabs->Show(false, [&tabs] { Reopen(tabs.tabs.mid(0, 2)); });
-    EXPECT_EQ(GetNotice(missingId),
+    EXPECT_EQ(GetNotice(MissingId),
               QStringLiteral("Part of the saved tabs of your last session is damaged. The rest is open again "
                              "(tabs: 2)."));
 }
@@ -419,7 +419,7 @@ TEST_F(TabKeeperTest, RecordThatCannotBeReadIsToldAndHasNoWayToIt)
 {
     LeaveBehind(QStringLiteral("nothing that can be read"));
     Show();
-    EXPECT_EQ(GetNotice(missingId),
+    EXPECT_EQ(GetNotice(MissingId),
               QStringLiteral("The saved tabs of your last session are damaged and cannot be read."));
     const QList<QAbstractButton*> buttons = m_window->GetNoticeBar()->findChildren<QAbstractButton*>();
     for (const QAbstractButton* button : buttons) {
@@ -432,7 +432,7 @@ TEST_F(TabKeeperTest, CareAfterTwoDeathsIsTold)
     DieTwice();
     LeaveBehind(MakeTabs(3, 2));
     m_tabs->Show(false, [] { Reopen(MakeTabs(3).tabs); });
-    EXPECT_TRUE(GetNotice(careId).contains(QStringLiteral("crashed twice")));
+    EXPECT_TRUE(GetNotice(CareId).contains(QStringLiteral("crashed twice")));
     EXPECT_TRUE(m_pages.pages.isEmpty());
     EXPECT_EQ(CountDelayed(), 3);
     ASSERT_TRUE(WaitUntil([] { return GetKept().current == -1 && GetKept().tabs.size() == 3; }));
@@ -451,7 +451,7 @@ TEST_F(TabKeeperTest, OrderlyEndsAreNoDeaths)
     m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
                                          [] { return true; });
     Show();
-    EXPECT_FALSE(m_window->GetNoticeBar()->IsShown(careId));
+    EXPECT_FALSE(m_window->GetNoticeBar()->IsShown(CareId));
 }
 
 TEST_F(TabKeeperTest, KilledTwiceAfterReopeningTheNextStartTakesCare)
@@ -461,12 +461,12 @@ TEST_F(TabKeeperTest, KilledTwiceAfterReopeningTheNextStartTakesCare)
         m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
                                              [] { return true; });
         m_tabs->Show(true, [] { Reopen(MakeTabs(1).tabs); });
-        EXPECT_FALSE(m_window->GetNoticeBar()->IsShown(careId));
+        EXPECT_FALSE(m_window->GetNoticeBar()->IsShown(CareId));
     }
     m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
                                          [] { return true; });
     Show();
-    EXPECT_TRUE(m_window->GetNoticeBar()->IsShown(careId));
+    EXPECT_TRUE(m_window->GetNoticeBar()->IsShown(CareId));
 }
 
 TEST_F(TabKeeperTest, EntryStandsInTheMenuAndOpensOneDialog)
@@ -526,7 +526,7 @@ TEST_F(TabKeeperTest, AnotherLanguageReachesTheEntryAndTheNotices)
     QCoreApplication::installTranslator(&language);
     ASSERT_TRUE(WaitUntil([this] { return GetEntry()->text() == QStringLiteral("&Earlier tabs… ~"); }));
     m_notices.Retranslate();
-    EXPECT_TRUE(GetNotice(missingId).endsWith(QLatin1Char('~')));
+    EXPECT_TRUE(GetNotice(MissingId).endsWith(QLatin1Char('~')));
     QCoreApplication::removeTranslator(&language);
     ASSERT_TRUE(WaitUntil([this] { return GetEntry()->text() == QStringLiteral("&Earlier tabs…"); }));
 }

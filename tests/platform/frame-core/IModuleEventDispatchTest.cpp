@@ -10,9 +10,9 @@ namespace {
 class RecordingDispatch final : public IModuleEventDispatch
 {
 public:
-    void DispatchModuleEvent(const QString& sender, const ModuleEvent& event) override
+    void DispatchModuleEvent(const QString& sender, const ModuleEvent& Event) override
     {
-        events.append(sender + QLatin1Char('|') + event.GetName());
+        events.append(sender + QLatin1Char('|') + Event.GetName());
     }
 
     QStringList events;
@@ -22,23 +22,23 @@ const ModuleEvent event(QStringLiteral("module"), QStringLiteral("name"), {1, QS
 
 TEST(ModuleEventTest, CarriesWhatItWasMadeOf)
 {
-    EXPECT_EQ(event.GetSender(), QStringLiteral("module"));
-    EXPECT_EQ(event.GetName(), QStringLiteral("name"));
-    EXPECT_EQ(event.GetArguments(), QVariantList({1, QStringLiteral("two")}));
+    EXPECT_EQ(Event.GetSender(), QStringLiteral("module"));
+    EXPECT_EQ(Event.GetName(), QStringLiteral("name"));
+    EXPECT_EQ(Event.GetArguments(), QVariantList({1, QStringLiteral("two")}));
 }
 
 TEST(IModuleEventDispatchTest, EventsAreDroppedWhileNothingIsProvided)
 {
     EXPECT_EQ(IModuleEventDispatch::Provided(), nullptr);
     ASSERT_NE(IModuleEventDispatch::GetDispatch(), nullptr);
-    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), event);
+    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), Event);
 }
 
 TEST(IModuleEventDispatchTest, EventsReachTheProvidedOne)
 {
     RecordingDispatch dispatch;
     const Provided<IModuleEventDispatch> provided(&dispatch);
-    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), event);
+    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), Event);
     EXPECT_EQ(dispatch.events, QStringList(QStringLiteral("module|name")));
 }
 
