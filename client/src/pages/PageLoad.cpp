@@ -41,8 +41,9 @@ constexpr Stage Over = Stage::Over;
 // clang-format off
 constexpr Row Steps[] = {
     //   event               Idle     Asked    Dropped  Held     Running  Ending
-    /* Asked             */ {Asked,   Asked,   Asked,   Asked,   Asked,   Asked},
-    /* AskedWhileStaying */ {Held,    Held,    Held,    Held,    Held,    Held},
+    // Nobody stays in `Asked`; in `Dropped` and `Held` the page does not know yet that the user does.
+    /* Asked             */ {Asked,   Asked,   No,      No,      Asked,   Asked},
+    /* AskedWhileStaying */ {Held,    No,      Held,    Held,    Held,    Held},
     /* Withdrawn         */ {No,      Idle,    Idle,    Idle,    No,      No},
     // A load of the page's own may start before the one that was asked for; it takes its place.
     /* Started           */ {Running, Running, Running, Running, Running, Running},

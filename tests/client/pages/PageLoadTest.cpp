@@ -324,6 +324,44 @@ TEST_F(PageLoadTest, APlaceInTheSameDocumentIsThereAtOnce)
     EXPECT_THAT(m_load.HandleAddress(OtherPlace), testing::ElementsAreArray(expected));
 }
 
+TEST_F(PageLoadTest, APlaceIsThereAtOnceWhereTheUserStays)
+{
+    const std::vector<Effect> expected{Effect::TellAddress, Effect::TellHistory, Effect::TellFinishedOk};
+    Show(&m_load, Orders);
+    Ignore(m_load.Ask(Place));
+    Ignore(m_load.HandleStay());
+    EXPECT_THAT(m_load.HandleAddress(Place), testing::ElementsAreArray(expected));
+    Ignore(m_load.Ask(OtherPlace));
+    ASSERT_EQ(m_load.GetStage(), Stage::Held);
+    EXPECT_THAT(m_load.HandleAddress(OtherPlace), testing::ElementsAreArray(expected));
+}
+
+TEST_F(PageLoadTest, APlaceThatTheEngineLoadsIsThereWhenTheLoadEnds)
+{
+    Show(&m_load, Orders);
+    Ignore(m_load.Ask(Place));
+    Ignore(m_load.HandleStarted());
+    EXPECT_THAT(m_load.HandleAddress(Place), ElementsAre(Effect::TellAddress, Effect::TellHistory));
+    EXPECT_EQ(m_load.GetStage(), Stage::Running);
+}
+
+TEST_F(PageLoadTest, APlaceThatIsThereWhileTheReasonIsAskedForEndsNoLoad)
+{
+    Show(&m_load, Orders);
+    Ignore(m_load.Ask(Place));
+    Ignore(m_load.HandleStarted());
+    Ignore(m_load.HandleFinished(false));
+    EXPECT_THAT(m_load.HandleAddress(Place), ElementsAre(Effect::TellAddress, Effect::TellHistory));
+    EXPECT_EQ(m_load.GetStage(), Stage::Ending);
+}
+
+TEST_F(PageLoadTest, APlaceWithoutANameEndsNoLoadWhereThereIsNone)
+{
+    Show(&m_load, Orders);
+    EXPECT_THAT(m_load.HandleAddress(QUrl(Orders.toString() + QLatin1Char('#'))),
+                ElementsAre(Effect::TellAddress, Effect::TellHistory));
+}
+
 TEST_F(PageLoadTest, APlaceMayBeSpelledInAnotherWay)
 {
     Show(&m_load, Orders);
@@ -472,6 +510,24 @@ TEST_F(PageLoadTest, WhoStaysWithoutALoadHasTheNextOneHeld)
     EXPECT_THAT(m_load.Ask(Goods), ElementsAre(Effect::TellStarted));
     EXPECT_THAT(m_load.HandleStayNoted(), ElementsAre(Effect::GiveToEngine));
     EXPECT_EQ(m_load.GetAsked(), Goods);
+}
+
+TEST_F(PageLoadTest, WhoStaysDuringALoadHasTheNextOneHeld)
+{
+    for (const Stage stage : {Stage::Running, Stage::Ending}) {
+        PageLoad load = Reach(stage);
+        Ignore(load.HandleStay());
+        EXPECT_THAT(load.Ask(Prices), ElementsAre(Effect::TellFinishedNotOk, Effect::TellStarted));
+        EXPECT_EQ(load.GetStage(), Stage::Held);
+    }
+}
+
+TEST_F(PageLoadTest, WhoStaysTwiceOverTheSameLoadIsNotedOnce)
+{
+    m_load = Reach(Stage::Dropped);
+    Ignore(m_load.HandleStay());
+    EXPECT_EQ(m_load.HandleStayNoted(), BackToPageBefore);
+    EXPECT_THAT(m_load.HandleStayNoted(), IsEmpty());
 }
 
 TEST_F(PageLoadTest, WhoStaysTwiceIsNotedOnce)
