@@ -29,213 +29,6 @@
     </message>
 </context>
 <context>
-    <name>BrowserTab</name>
-    <message>
-        <source>%1 wants to save several files.</source>
-        <translation>%1 想要保存多个文件。</translation>
-    </message>
-    <message>
-        <source>Home</source>
-        <translation>首页</translation>
-    </message>
-    <message>
-        <source>Address not opened</source>
-        <translation>地址未打开</translation>
-    </message>
-    <message>
-        <source>Unknown app</source>
-        <translation>未知应用</translation>
-    </message>
-    <message>
-        <source>App not opened</source>
-        <translation>应用未打开</translation>
-    </message>
-    <message>
-        <source>New tab</source>
-        <translation>新标签页</translation>
-    </message>
-    <message>
-        <source>The page wanted to go to an address that this client does not open: %1</source>
-        <translation>页面想要前往本客户端不打开的地址：%1</translation>
-    </message>
-    <message>
-        <source>Type a web address above and press Enter.</source>
-        <translation>请在上方输入网址，然后按回车键。</translation>
-    </message>
-    <message>
-        <source>This app is a program of its own and has no web address. This client has no such program.</source>
-        <translation>此应用是一个独立程序，没有网址。本客户端不包含该程序。</translation>
-    </message>
-    <message>
-        <source>App: %1</source>
-        <translation>应用：%1</translation>
-    </message>
-    <message>
-        <source>This page has stopped working</source>
-        <translation>此页面已停止工作</translation>
-    </message>
-    <message>
-        <source>The process that shows the page ended unexpectedly. Other tabs are not affected. What was typed into the page may be lost.</source>
-        <translation>显示此页面的进程意外结束。其他标签页不受影响。页面中已输入的内容可能会丢失。</translation>
-    </message>
-    <message>
-        <source>Reload</source>
-        <translation>重新加载</translation>
-    </message>
-    <message>
-        <source>The list of apps has no app with this key. It may have been taken away from your account.</source>
-        <translation>应用列表中没有使用此标识的应用。它可能已从您的账户中移除。</translation>
-    </message>
-    <message>
-        <source>This app cannot be opened</source>
-        <translation>无法打开此应用</translation>
-    </message>
-    <message>
-        <source>Its address is not one that this client opens. It opens only web addresses that begin with http:// or https://.</source>
-        <translation>该应用的地址不是本客户端可以打开的地址。本客户端只打开以 http:// 或 https:// 开头的网址。</translation>
-    </message>
-    <message>
-        <source>This address was not opened</source>
-        <translation>此地址未打开</translation>
-    </message>
-    <message>
-        <source>The address is empty.</source>
-        <translation>地址为空。</translation>
-    </message>
-    <message>
-        <source>This client opens only web addresses that begin with http:// or https:// and contain no user name or password.</source>
-        <translation>本客户端只打开以 http:// 或 https:// 开头且不含用户名和密码的网址。</translation>
-    </message>
-    <message>
-        <source>This page could not be loaded</source>
-        <translation>无法加载此页面</translation>
-    </message>
-    <message>
-        <source>The site was not found</source>
-        <translation>找不到此网站</translation>
-    </message>
-    <message>
-        <source>There is no site named “%1”. Check the address for typing errors.</source>
-        <translation>没有名为“%1”的网站。请检查网址是否输入有误。</translation>
-    </message>
-    <message>
-        <source>The site refused the connection</source>
-        <translation>网站拒绝了连接</translation>
-    </message>
-    <message>
-        <source>“%1” was reached, but nothing answers there. The site may be down for a while.</source>
-        <translation>已连接到“%1”，但没有响应。该网站可能暂时停止服务。</translation>
-    </message>
-    <message>
-        <source>The site took too long to answer</source>
-        <translation>网站响应超时</translation>
-    </message>
-    <message>
-        <source>“%1” may be busy or out of reach. Try again in a moment.</source>
-        <translation>“%1”可能繁忙或无法访问。请稍后重试。</translation>
-    </message>
-    <message>
-        <source>The connection is not safe</source>
-        <translation>连接不安全</translation>
-    </message>
-    <message>
-        <source>There is no network connection</source>
-        <translation>没有网络连接</translation>
-    </message>
-    <message>
-        <source>Check the network cable or the wireless connection, then try again.</source>
-        <translation>请检查网线或无线连接，然后重试。</translation>
-    </message>
-    <message>
-        <source>The connection broke off</source>
-        <translation>连接已中断</translation>
-    </message>
-    <message>
-        <source>“%1” ended the connection before the page was complete, or sent something that is no web page.</source>
-        <translation>“%1”在页面传输完成之前断开了连接，或者发送的内容不是网页。</translation>
-    </message>
-    <message>
-        <source>The page leads in a circle</source>
-        <translation>页面循环跳转</translation>
-    </message>
-    <message>
-        <source>“%1” sent the client on and on without ever showing a page.</source>
-        <translation>“%1”不断跳转，始终没有显示页面。</translation>
-    </message>
-    <message>
-        <source>The site reported an error</source>
-        <translation>网站报告了错误</translation>
-    </message>
-    <message>
-        <source>“%1” was reached, but cannot show this page.</source>
-        <translation>已连接到“%1”，但它无法显示此页面。</translation>
-    </message>
-    <message>
-        <source>The client does not connect to this address.</source>
-        <translation>客户端不会连接到此地址。</translation>
-    </message>
-    <message>
-        <source>“%1” could not be shown. Try again in a moment.</source>
-        <translation>无法显示“%1”。请稍后重试。</translation>
-    </message>
-    <message>
-        <source>Try again</source>
-        <translation>重试</translation>
-    </message>
-    <message>
-        <source>%1 wants to know where you are.</source>
-        <translation>%1 想要获取您的位置。</translation>
-    </message>
-    <message>
-        <source>%1 wants to show notifications.</source>
-        <translation>%1 想要显示通知。</translation>
-    </message>
-    <message>
-        <source>%1 wants to use the microphone.</source>
-        <translation>%1 想要使用麦克风。</translation>
-    </message>
-    <message>
-        <source>%1 wants to use the camera.</source>
-        <translation>%1 想要使用摄像头。</translation>
-    </message>
-    <message>
-        <source>%1 wants to use camera and microphone.</source>
-        <translation>%1 想要使用摄像头和麦克风。</translation>
-    </message>
-    <message>
-        <source>%1 wants to record the screen.</source>
-        <translation>%1 想要录制屏幕。</translation>
-    </message>
-    <message>
-        <source>%1 wants to hide the mouse pointer.</source>
-        <translation>%1 想要隐藏鼠标指针。</translation>
-    </message>
-    <message>
-        <source>Allow</source>
-        <translation>允许</translation>
-    </message>
-    <message>
-        <source>Do not allow</source>
-        <translation>不允许</translation>
-    </message>
-    <message>
-        <source>The page wants to open another program: %1</source>
-        <translation>页面想要打开其他程序：%1</translation>
-    </message>
-    <message>
-        <source>Open</source>
-        <translation>打开</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>No safe connection to “%1” could be made: its certificate is not valid, or it does not speak the encryption that is needed. The page was not loaded. If this is a site of your company, tell its operator.</source>
-        <translation>无法与“%1”建立安全连接：其证书无效，或者不支持所需的加密方式。页面未加载。如果这是贵公司的网站，请告知其管理员。</translation>
-    </message>
-</context>
-<context>
     <name>DownloadNotices</name>
     <message>
         <source>Downloading %1: %2 of %3</source>
@@ -423,124 +216,16 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>MainWindowPrivate</name>
     <message>
-        <source>Stop</source>
-        <translation>停止</translation>
-    </message>
-    <message>
-        <source>Reload</source>
-        <translation>重新加载</translation>
-    </message>
-    <message>
-        <source>Stop loading (Esc)</source>
-        <translation>停止加载 (Esc)</translation>
-    </message>
-    <message>
-        <source>Reload (F5)</source>
-        <translation>重新加载 (F5)</translation>
+        <source>Loading</source>
+        <translation>正在加载</translation>
     </message>
     <message>
         <source>“%1” was not opened. This client opens only web addresses, such as shop.example or https://shop.example, without user name and password.</source>
         <translation>未打开“%1”。本客户端只打开不含用户名和密码的网址，例如 shop.example 或 https://shop.example。</translation>
     </message>
     <message>
-        <source>Close tab</source>
-        <translation>关闭标签页</translation>
-    </message>
-    <message>
-        <source>Close other tabs</source>
-        <translation>关闭其他标签页</translation>
-    </message>
-    <message>
         <source>Save file</source>
         <translation>保存文件</translation>
-    </message>
-    <message>
-        <source>Back</source>
-        <translation>后退</translation>
-    </message>
-    <message>
-        <source>Back (Alt+Left)</source>
-        <translation>后退 (Alt+←)</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <translation>前进</translation>
-    </message>
-    <message>
-        <source>Forward (Alt+Right)</source>
-        <translation>前进 (Alt+→)</translation>
-    </message>
-    <message>
-        <source>Menu</source>
-        <translation>菜单</translation>
-    </message>
-    <message>
-        <source>Menu (F10)</source>
-        <translation>菜单 (F10)</translation>
-    </message>
-    <message>
-        <source>Loading</source>
-        <translation>正在加载</translation>
-    </message>
-    <message>
-        <source>Page</source>
-        <translation>页面</translation>
-    </message>
-    <message>
-        <source>New &amp;tab</source>
-        <translation>新标签页(&amp;T)</translation>
-    </message>
-    <message>
-        <source>Reopen &amp;closed tab</source>
-        <translation>重新打开关闭的标签页(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Find in page…</source>
-        <translation>在页面中查找(&amp;F)…</translation>
-    </message>
-    <message>
-        <source>&amp;Zoom</source>
-        <translation>缩放(&amp;Z)</translation>
-    </message>
-    <message>
-        <source>Zoom in</source>
-        <translation>放大</translation>
-    </message>
-    <message>
-        <source>Zoom out</source>
-        <translation>缩小</translation>
-    </message>
-    <message>
-        <source>Actual size</source>
-        <translation>实际大小</translation>
-    </message>
-    <message>
-        <source>&amp;Appearance</source>
-        <translation>外观(&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Language</source>
-        <translation>语言(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Log &amp;out</source>
-        <translation>退出登录(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Quit</source>
-        <translation>退出(&amp;Q)</translation>
-    </message>
-    <message>
-        <source>Like the system</source>
-        <translation>跟随系统</translation>
-    </message>
-    <message>
-        <source>Light</source>
-        <translation>浅色</translation>
-    </message>
-    <message>
-        <source>Dark</source>
-        <translation>深色</translation>
     </message>
 </context>
 <context>
@@ -641,6 +326,72 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     </message>
 </context>
 <context>
+    <name>PageQuestions</name>
+    <message>
+        <source>%1 wants to know where you are.</source>
+        <translation>%1 想要获取您的位置。</translation>
+    </message>
+    <message>
+        <source>%1 wants to show notifications.</source>
+        <translation>%1 想要显示通知。</translation>
+    </message>
+    <message>
+        <source>%1 wants to use the microphone.</source>
+        <translation>%1 想要使用麦克风。</translation>
+    </message>
+    <message>
+        <source>%1 wants to use the camera.</source>
+        <translation>%1 想要使用摄像头。</translation>
+    </message>
+    <message>
+        <source>%1 wants to use camera and microphone.</source>
+        <translation>%1 想要使用摄像头和麦克风。</translation>
+    </message>
+    <message>
+        <source>%1 wants to record the screen.</source>
+        <translation>%1 想要录制屏幕。</translation>
+    </message>
+    <message>
+        <source>%1 wants to hide the mouse pointer.</source>
+        <translation>%1 想要隐藏鼠标指针。</translation>
+    </message>
+    <message>
+        <source>%1 wants to save several files.</source>
+        <translation>%1 想要保存多个文件。</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>允许</translation>
+    </message>
+    <message>
+        <source>Do not allow</source>
+        <translation>不允许</translation>
+    </message>
+    <message>
+        <source>The page wants to open another program: %1</source>
+        <translation>页面想要打开其他程序：%1</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>The page wanted to go to an address that this client does not open: %1</source>
+        <translation>页面想要前往本客户端不打开的地址：%1</translation>
+    </message>
+</context>
+<context>
+    <name>PageStack</name>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+</context>
+<context>
     <name>PlainPageView</name>
     <message>
         <source>Open in the system browser</source>
@@ -679,6 +430,29 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     </message>
 </context>
 <context>
+    <name>TabFace</name>
+    <message>
+        <source>Home</source>
+        <translation>首页</translation>
+    </message>
+    <message>
+        <source>Address not opened</source>
+        <translation>地址未打开</translation>
+    </message>
+    <message>
+        <source>Unknown app</source>
+        <translation>未知应用</translation>
+    </message>
+    <message>
+        <source>App not opened</source>
+        <translation>应用未打开</translation>
+    </message>
+    <message>
+        <source>New tab</source>
+        <translation>新标签页</translation>
+    </message>
+</context>
+<context>
     <name>TabListPopup</name>
     <message>
         <source>Search tabs</source>
@@ -687,6 +461,160 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     <message>
         <source>All tabs</source>
         <translation>所有标签页</translation>
+    </message>
+</context>
+<context>
+    <name>TabMenu</name>
+    <message>
+        <source>Reload</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>Close tab</source>
+        <translation>关闭标签页</translation>
+    </message>
+    <message>
+        <source>Close other tabs</source>
+        <translation>关闭其他标签页</translation>
+    </message>
+</context>
+<context>
+    <name>TabMessages</name>
+    <message>
+        <source>New tab</source>
+        <translation>新标签页</translation>
+    </message>
+    <message>
+        <source>Type a web address above and press Enter.</source>
+        <translation>请在上方输入网址，然后按回车键。</translation>
+    </message>
+    <message>
+        <source>This app is a separate program and has no web address. This client does not include it.</source>
+        <translation>此应用是一个独立程序，没有网址。本客户端不包含该程序。</translation>
+    </message>
+    <message>
+        <source>App: %1</source>
+        <translation>应用：%1</translation>
+    </message>
+    <message>
+        <source>Unknown app</source>
+        <translation>未知应用</translation>
+    </message>
+    <message>
+        <source>Your list of apps has no app with this key. Your account may no longer include it.</source>
+        <translation>您的应用列表中没有使用此标识的应用。您的账户可能已不再包含它。</translation>
+    </message>
+    <message>
+        <source>This app cannot be opened</source>
+        <translation>无法打开此应用</translation>
+    </message>
+    <message>
+        <source>This client cannot open the app's address. It opens only web addresses that begin with http:// or https://.</source>
+        <translation>本客户端无法打开该应用的地址。本客户端只打开以 http:// 或 https:// 开头的网址。</translation>
+    </message>
+    <message>
+        <source>This address was not opened</source>
+        <translation>此地址未打开</translation>
+    </message>
+    <message>
+        <source>The address is empty.</source>
+        <translation>地址为空。</translation>
+    </message>
+    <message>
+        <source>This client opens only web addresses that begin with http:// or https:// and contain no user name or password.</source>
+        <translation>本客户端只打开以 http:// 或 https:// 开头且不含用户名和密码的网址。</translation>
+    </message>
+    <message>
+        <source>This page has stopped working</source>
+        <translation>此页面已停止工作</translation>
+    </message>
+    <message>
+        <source>The process that shows the page ended unexpectedly. Other tabs are not affected. What you typed into the page may be lost.</source>
+        <translation>显示此页面的进程意外结束。其他标签页不受影响。您在页面中输入的内容可能会丢失。</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>This page could not be loaded</source>
+        <translation>无法加载此页面</translation>
+    </message>
+    <message>
+        <source>The site was not found</source>
+        <translation>找不到此网站</translation>
+    </message>
+    <message>
+        <source>There is no site named “%1”. Check the address for typing errors.</source>
+        <translation>没有名为“%1”的网站。请检查网址是否输入有误。</translation>
+    </message>
+    <message>
+        <source>The site refused the connection</source>
+        <translation>网站拒绝了连接</translation>
+    </message>
+    <message>
+        <source>“%1” can be reached, but nothing answers there. The site may be down for a while.</source>
+        <translation>可以连接到“%1”，但没有响应。该网站可能暂时停止服务。</translation>
+    </message>
+    <message>
+        <source>The site took too long to answer</source>
+        <translation>网站响应超时</translation>
+    </message>
+    <message>
+        <source>“%1” may be busy or out of reach. Try again in a moment.</source>
+        <translation>“%1”可能繁忙或无法访问。请稍后重试。</translation>
+    </message>
+    <message>
+        <source>The connection is not safe</source>
+        <translation>连接不安全</translation>
+    </message>
+    <message>
+        <source>No safe connection to “%1” could be made: its certificate is not valid, or it does not support the required encryption. The page was not loaded. If this is a site of your company, tell its operator.</source>
+        <translation>无法与“%1”建立安全连接：其证书无效，或者不支持所需的加密方式。页面未加载。如果这是贵公司的网站，请告知其管理员。</translation>
+    </message>
+    <message>
+        <source>There is no network connection</source>
+        <translation>没有网络连接</translation>
+    </message>
+    <message>
+        <source>Check the network cable or the wireless connection, then try again.</source>
+        <translation>请检查网线或无线连接，然后重试。</translation>
+    </message>
+    <message>
+        <source>The connection was lost</source>
+        <translation>连接已中断</translation>
+    </message>
+    <message>
+        <source>“%1” ended the connection before the page was complete, or sent something that is not a web page.</source>
+        <translation>“%1”在页面传输完成之前断开了连接，或者发送的内容不是网页。</translation>
+    </message>
+    <message>
+        <source>The page redirects in a circle</source>
+        <translation>页面循环跳转</translation>
+    </message>
+    <message>
+        <source>“%1” kept redirecting without ever showing a page.</source>
+        <translation>“%1”不断跳转，始终没有显示页面。</translation>
+    </message>
+    <message>
+        <source>The site reported an error</source>
+        <translation>网站报告了错误</translation>
+    </message>
+    <message>
+        <source>“%1” was reached, but cannot show this page.</source>
+        <translation>已连接到“%1”，但它无法显示此页面。</translation>
+    </message>
+    <message>
+        <source>The client does not connect to this address.</source>
+        <translation>客户端不会连接到此地址。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be shown. Try again in a moment.</source>
+        <translation>无法显示“%1”。请稍后重试。</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
     </message>
 </context>
 <context>
@@ -710,6 +638,49 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     <message>
         <source>Tabs</source>
         <translation>标签页</translation>
+    </message>
+</context>
+<context>
+    <name>Toolbar</name>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>Stop loading (Esc)</source>
+        <translation>停止加载 (Esc)</translation>
+    </message>
+    <message>
+        <source>Reload (F5)</source>
+        <translation>重新加载 (F5)</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Back (Alt+Left)</source>
+        <translation>后退 (Alt+←)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>Forward (Alt+Right)</source>
+        <translation>前进 (Alt+→)</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+    <message>
+        <source>Menu (F10)</source>
+        <translation>菜单 (F10)</translation>
     </message>
 </context>
 <context>
@@ -1424,6 +1395,72 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     <message>
         <source>More settings</source>
         <translation>更多设置</translation>
+    </message>
+</context>
+<context>
+    <name>WindowActions</name>
+    <message>
+        <source>New &amp;tab</source>
+        <translation>新标签页(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Close tab</source>
+        <translation>关闭标签页</translation>
+    </message>
+    <message>
+        <source>Reopen &amp;closed tab</source>
+        <translation>重新打开关闭的标签页(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Find in page…</source>
+        <translation>在页面中查找(&amp;F)…</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>放大</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>缩小</translation>
+    </message>
+    <message>
+        <source>Actual size</source>
+        <translation>实际大小</translation>
+    </message>
+    <message>
+        <source>Log &amp;out</source>
+        <translation>退出登录(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>缩放(&amp;Z)</translation>
+    </message>
+    <message>
+        <source>&amp;Appearance</source>
+        <translation>外观(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Follow the system</source>
+        <translation>跟随系统</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
     </message>
 </context>
 </TS>

@@ -23,7 +23,7 @@ DownloadNotices::DownloadNotices(NoticeBar* bar, const AskPath& askPath, QObject
     }
 }
 
-void DownloadNotices::Take(IDownload* download)
+void DownloadNotices::HandleDownload(IDownload* download)
 {
     // Only the last part: a name from a server must not lead out of the folder.
     QString name = QFileInfo(download->GetFileName()).fileName();

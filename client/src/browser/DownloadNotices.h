@@ -20,7 +20,7 @@ public:
     /// `bar` outlives this object.
     DownloadNotices(NoticeBar* bar, const AskPath& askPath, QObject* parent = nullptr);
 
-    void Take(IDownload* download);
+    void HandleDownload(IDownload* download);
 
 private:
     void ShowFinished(const QString& id, const QString& path, bool ok, const QString& error);

@@ -2,21 +2,11 @@
 
 #include "BrowserTab.h"
 #include "MainWindowPrivate.h"
-#include "TabStrip.h"
+#include "WindowMenu.h"
 #include "look/SymbolicIcon.h"
-#include "notices/NoticeBar.h"
-
-#include "frame-data/PluginOpenInfo.h"
-#include "frame-data/TLUrlUtils.h"
-#include "frame-data/TabOpenInfo.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QIcon>
-#include <QtWidgets/QAction>
-#include <QtWidgets/QActionGroup>
-#include <QtWidgets/QMenu>
-
-#include <algorithm>
 
 MainWindow::MainWindow(const MainWindowServices& services, QWidget* parent) : QMainWindow(parent)
 {
@@ -25,17 +15,11 @@ MainWindow::MainWindow(const MainWindowServices& services, QWidget* parent) : QM
     setWindowIcon(QIcon(QStringLiteral(":/icons/tl-client.svg")));
 }
 
-MainWindow::~MainWindow()
-{
-    if (d->m_geometryTimer.isActive())
-        d->StoreGeometry();
-    // Tabs that were closed a moment ago still wait to be deleted; pages go before what makes them.
-    qDeleteAll(findChildren<BrowserTab*>(QString(), Qt::FindDirectChildrenOnly));
-}
+MainWindow::~MainWindow() = default;
 
 int MainWindow::GetTabCount() const
 {
-    return d->GetCount();
+    return d->GetList().GetCount();
 }
 
 void MainWindow::SelectTab(int index)
@@ -45,7 +29,7 @@ void MainWindow::SelectTab(int index)
 
 IBrowserTab* MainWindow::GetTab(int index) const
 {
-    return d->GetTab(index);
+    return d->GetTabs().GetTab(index);
 }
 
 QWidget* MainWindow::GetMainWidget() const
@@ -55,65 +39,48 @@ QWidget* MainWindow::GetMainWidget() const
 
 void MainWindow::OpenPlugin(const PluginOpenInfo& info, int index)
 {
-    if (d->m_ended)
-        return;
-    TabRecord origin = d->MakeAppOrigin(info.serviceCode);
-    origin.title = info.title;
-    origin.iconUrl = info.iconUrl;
-    origin.delayed = info.isDelay;
-    d->OpenAsked(origin, index, info.activation == QLatin1String("1"));
+    d->OpenPlugin(info, index);
 }
 
 void MainWindow::OpenUrl(const TabOpenInfo& info, int index)
 {
-    if (d->m_ended)
-        return;
-    TabRecord origin;
-    origin.title = info.title;
-    origin.iconUrl = info.iconUrl;
-    origin.closable = info.closable;
-    origin.delayed = info.isDelay;
-    origin.remember = info.remember;
-    origin.address = TLUrlUtils::ToWebUrl(info.address);
-    if (!origin.address.isValid()) {
-        origin.trouble = TabRecord::Trouble::RefusedAddress;
-        origin.text = info.address;
-    }
-    d->OpenAsked(origin, index, info.activate);
+    d->OpenUrl(info, index);
 }
 
 void MainWindow::SetOpenDelayed(bool on)
 {
-    d->m_openDelayed = on;
+    d->SetOpenDelayed(on);
 }
 
 void MainWindow::BeginReopening(const TabClaim& claim)
 {
-    d->m_claim = claim;
-    d->m_toLoad = reopenedAtOnce;
+    d->BeginReopening(claim);
 }
 
 void MainWindow::EndReopening()
 {
-    d->m_claim = {};
-    d->BeginWaiting();
+    d->EndReopening();
+}
+
+QVector<TabRecord> MainWindow::GetTabRecords() const
+{
+    return d->GetList().GetRecords();
 }
 
 bool MainWindow::IsTabDelayed(int index) const
 {
-    const BrowserTab* tab = d->GetTab(index);
-    return tab && tab->IsDelayed();
+    return d->GetTabs().GetTab(index) && d->GetList().GetRecord(index).delayed;
 }
 
 int MainWindow::GetCurrentTab() const noexcept
 {
-    return d->m_current;
+    return d->GetList().GetCurrent();
 }
 
 QString MainWindow::GetTabAddress(int index) const
 {
-    const BrowserTab* tab = d->GetTab(index);
-    return tab ? QString::fromLatin1(tab->GetAddress().toEncoded()) : QString();
+    const BrowserTab* const tab = d->GetTabs().GetTab(index);
+    return tab ? QString::fromLatin1(tab->GetRecord().address.toEncoded()) : QString();
 }
 
 void MainWindow::CloseTab(int index)
@@ -133,24 +100,24 @@ void MainWindow::OpenStartTab()
 
 NoticeBar* MainWindow::GetNoticeBar() const noexcept
 {
-    return d->m_notices;
+    return d->GetNoticeBar();
 }
 
 void MainWindow::AddMenuAction(QAction* action)
 {
-    d->m_menu->insertAction(d->m_menuGap, action);
+    d->GetMenu()->AddEntry(action);
     addAction(action);
 }
 
 void MainWindow::AddTabAction(QAction* action)
 {
-    d->m_menu->insertAction(d->m_tabGap, action);
+    d->GetMenu()->AddTabEntry(action);
     addAction(action);
 }
 
 void MainWindow::SetCloseGuard(const std::function<bool()>& guard)
 {
-    d->m_closeGuard = guard;
+    d->SetCloseGuard(guard);
 }
 
 void MainWindow::CloseAllTabs()
@@ -160,54 +127,49 @@ void MainWindow::CloseAllTabs()
 
 bool MainWindow::IsLoading() const noexcept
 {
-    return !d->m_waitingTabs.empty() ||
-           std::any_of(d->m_tabs.begin(), d->m_tabs.end(), [](const auto& tab) { return tab->IsLoading(); });
+    return d->GetTabs().IsLoading();
 }
 
 void MainWindow::SetTheme(Theme theme)
 {
-    const QList<QAction*> actions = d->m_themes->actions();
-    for (QAction* action : actions)
-        action->setChecked(action->data().toInt() == static_cast<int>(theme));
+    d->GetMenu()->SetTheme(theme);
 }
 
 void MainWindow::SetLanguage(const QString& language)
 {
-    const QList<QAction*> actions = d->m_languages->actions();
-    for (QAction* action : actions)
-        action->setChecked(action->data().toString() == language);
+    d->GetMenu()->SetLanguage(language);
 }
 
 void MainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange && d)
+    if (event->type() == QEvent::LanguageChange && d) {
         d->Retranslate();
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (d->m_closeGuard && !d->m_closeGuard()) {
+    if (d->AgreeToClose()) {
+        event->accept();
+    } else {
         event->ignore();
         Q_EMIT SigQuitRequested();
-        return;
     }
-    d->StoreGeometry();
-    event->accept();
 }
 
 void MainWindow::moveEvent(QMoveEvent* event)
 {
     QMainWindow::moveEvent(event);
-    if (d)
-        d->m_geometryTimer.start();
+    if (d) {
+        d->HandleMoved();
+    }
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (!d)
-        return;
-    d->m_geometryTimer.start();
-    d->PlaceHoverLabel();
+    if (d) {
+        d->HandleResized();
+    }
 }

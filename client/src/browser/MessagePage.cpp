@@ -45,7 +45,7 @@ MessagePage::MessagePage(QWidget* parent)
     m_column->addSpacing(Gap);
     m_headline = AddLabel(m_column, QStringLiteral("message_headline"));
     m_text = AddLabel(m_column, QStringLiteral("message_text"));
-    // A field, because a long address has no blanks to break at, and to be copied as it is.
+    // A field: a long address has no blanks to break at, and is copied as it stands.
     m_address->setObjectName(QStringLiteral("message_address"));
     m_address->setReadOnly(true);
     m_address->setFrame(false);
@@ -82,29 +82,29 @@ void MessagePage::AdjustForDpi()
     m_column->setContentsMargins(Scaled(QMargins(24, 24, 24, 24)));
     m_column->setSpacing(Scaled(Gap));
     for (int i = 0; i < m_column->count(); ++i) {
-        if (QSpacerItem* gap = m_column->itemAt(i)->spacerItem())
+        if (QSpacerItem* gap = m_column->itemAt(i)->spacerItem()) {
             gap->changeSize(0, Scaled(Gap), QSizePolicy::Minimum, QSizePolicy::Fixed);
+        }
     }
     m_column->invalidate();
 }
 
-void MessagePage::SetContent(const QString& iconName, const QString& headline, const QString& text,
-                             const QString& address, const QString& detail, const QString& button)
+void MessagePage::SetContent(const MessageContent& content)
 {
-    m_icon->SetIcon(SymbolicIcon::Make(iconName));
-    m_headline->setText(headline);
-    m_text->setText(text);
-    m_address->setText(address);
+    m_icon->SetIcon(SymbolicIcon::Make(content.icon));
+    m_headline->setText(content.headline);
+    m_text->setText(content.text);
+    m_address->setText(content.address);
     m_address->setCursorPosition(0);
     m_address->setAccessibleName(tr("Address"));
-    m_detail->setText(detail);
-    m_button->setText(button);
-    m_text->setVisible(!text.isEmpty());
-    m_address->setVisible(!address.isEmpty());
-    m_detail->setVisible(!detail.isEmpty());
-    m_button->setVisible(!button.isEmpty());
-    setAccessibleName(headline);
-    setAccessibleDescription(text);
+    m_detail->setText(content.detail);
+    m_button->setText(content.button);
+    m_text->setVisible(!content.text.isEmpty());
+    m_address->setVisible(!content.address.isEmpty());
+    m_detail->setVisible(!content.detail.isEmpty());
+    m_button->setVisible(!content.button.isEmpty());
+    setAccessibleName(content.headline);
+    setAccessibleDescription(content.text);
 }
 
 QString MessagePage::GetHeadline() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MessageContent.h"
+
 #include "base/IDpiAdapter.h"
 
 #include <QtCore/QString>
@@ -11,8 +13,8 @@ class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
 
-/// A tab's content where no page can be shown: says in plain words what happened, names the address as
-/// plain text and offers at most one way on. Takes no texts that are marked up.
+/// A tab's content where no page can be shown: says in plain words what happened, names the address and
+/// offers at most one button. Texts are plain text.
 class MessagePage final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
@@ -20,9 +22,7 @@ class MessagePage final : public QWidget, public IDpiAdapter
 public:
     explicit MessagePage(QWidget* parent = nullptr);
 
-    /// `address`, `detail` and `button` may be empty; nothing is shown for them then.
-    void SetContent(const QString& iconName, const QString& headline, const QString& text,
-                    const QString& address, const QString& detail, const QString& button);
+    void SetContent(const MessageContent& content);
 
     QString GetHeadline() const;
     QString GetText() const;

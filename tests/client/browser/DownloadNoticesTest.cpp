@@ -46,7 +46,7 @@ protected:
 TEST_F(DownloadNoticesTest, NothingIsSavedWhenTheUserDeclines)
 {
     m_answer.clear();
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     EXPECT_EQ(m_download.cancelled, 1);
     EXPECT_EQ(m_download.accepted, QString());
     EXPECT_EQ(m_bar.GetCount(), 0);
@@ -55,7 +55,7 @@ TEST_F(DownloadNoticesTest, NothingIsSavedWhenTheUserDeclines)
 TEST_F(DownloadNoticesTest, ANameThatLeadsElsewhereLosesItsWay)
 {
     m_download.name = QStringLiteral("../../.bashrc");
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     EXPECT_EQ(QFileInfo(m_proposal).fileName(), QStringLiteral(".bashrc"));
     EXPECT_FALSE(m_proposal.contains(QStringLiteral("..")));
 }
@@ -63,20 +63,20 @@ TEST_F(DownloadNoticesTest, ANameThatLeadsElsewhereLosesItsWay)
 TEST_F(DownloadNoticesTest, WhatIsProposedIsInAFolderThatExists)
 {
     // The home of the tests has no folder for downloads.
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     EXPECT_TRUE(QFileInfo(m_proposal).dir().exists()) << qPrintable(m_proposal);
 }
 
 TEST_F(DownloadNoticesTest, ANamelessFileGetsAName)
 {
     m_download.name = QStringLiteral("folder/");
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     EXPECT_FALSE(QFileInfo(m_proposal).fileName().isEmpty());
 }
 
 TEST_F(DownloadNoticesTest, ShowsHowFarItIsAndThatItIsThere)
 {
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     EXPECT_EQ(m_download.accepted, m_answer);
     Q_EMIT m_download.SigProgress(1000, 2000);
     EXPECT_TRUE(m_bar.GetText(m_id).contains(QStringLiteral("else.pdf")));
@@ -87,11 +87,11 @@ TEST_F(DownloadNoticesTest, ShowsHowFarItIsAndThatItIsThere)
 
 TEST_F(DownloadNoticesTest, AFailureSaysWhyAndACancelledOneGoesQuietly)
 {
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     Q_EMIT m_download.SigFinished(false, QStringLiteral("disk full"));
     EXPECT_TRUE(m_bar.GetText(m_id).contains(QStringLiteral("disk full")));
     FakeDownload other;
-    m_notices.Take(&other);
+    m_notices.HandleDownload(&other);
     EXPECT_EQ(m_bar.GetCount(), 2);
     Q_EMIT other.SigFinished(false, QString());
     EXPECT_EQ(m_bar.GetCount(), 1);
@@ -99,9 +99,9 @@ TEST_F(DownloadNoticesTest, AFailureSaysWhyAndACancelledOneGoesQuietly)
 
 TEST_F(DownloadNoticesTest, TheNextProposalIsInTheFolderUsedBefore)
 {
-    m_notices.Take(&m_download);
+    m_notices.HandleDownload(&m_download);
     FakeDownload other;
-    m_notices.Take(&other);
+    m_notices.HandleDownload(&other);
     EXPECT_EQ(QFileInfo(m_proposal).absolutePath(),
               QFileInfo(QStringLiteral("/somewhere")).absoluteFilePath());
 }

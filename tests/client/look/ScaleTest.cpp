@@ -241,9 +241,9 @@ TEST_F(ScaleTest, TheMessagePageFollows)
 {
     ExpectToFollow([] {
         auto page = std::make_unique<MessagePage>();
-        page->SetContent(QStringLiteral("warning"), QStringLiteral("headline"), QStringLiteral("text"),
-                         QStringLiteral("https://a.example/"), QStringLiteral("detail"),
-                         QStringLiteral("button"));
+        page->SetContent({QStringLiteral("warning"), QStringLiteral("headline"), QStringLiteral("text"),
+                          QStringLiteral("https://a.example/"), QStringLiteral("detail"),
+                          QStringLiteral("button")});
         return page;
     });
 }

@@ -34,7 +34,7 @@ protected:
         QObject::connect(m_pages.get(), &IPageFactory::SigDownloadRequested, &m_notices,
                          [this](IDownload* download) {
                              m_download = download;
-                             m_notices.Take(download);
+                             m_notices.HandleDownload(download);
                          });
         m_page = m_pages->CreatePage(nullptr);
     }

@@ -8,6 +8,7 @@
 #include "frame-data/ITabOpener.h"
 
 #include <QtCore/QString>
+#include <QtCore/QVector>
 #include <QtWidgets/QMainWindow>
 
 #include <functional>
@@ -58,6 +59,10 @@ public:
     /// does not count. All other openings go on as ever.
     void BeginReopening(const TabClaim& claim);
     void EndReopening();
+
+    /// What all tabs are, the home tab first, with the title and the icon that they show. Cheap: shares its
+    /// memory with the window until a tab changes.
+    QVector<TabRecord> GetTabRecords() const;
 
     /// Whether the tab still waits for its first selection. False for an index out of range.
     bool IsTabDelayed(int index) const;
