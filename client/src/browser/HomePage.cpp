@@ -38,37 +38,8 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
 {
     setObjectName(QStringLiteral("home_page"));
     setAttribute(Qt::WA_StyledBackground);
-
-    m_greeting->setObjectName(QStringLiteral("home_greeting"));
-    m_greeting->setTextFormat(Qt::PlainText);
-    m_greeting->setWordWrap(true);
-
-    m_search->setObjectName(QStringLiteral("home_search"));
-    m_search->setClearButtonEnabled(true);
-    m_search->addAction(SymbolicIcon::Make(QStringLiteral("search")), QLineEdit::LeadingPosition);
-    m_search->installEventFilter(this);
-
-    m_filter->setSourceModel(m_model);
-    m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    m_grid->setObjectName(QStringLiteral("app_grid"));
-    m_grid->setModel(m_filter);
-    m_grid->setItemDelegate(new AppTileDelegate(m_grid));
-    m_grid->setViewMode(QListView::IconMode);
-    m_grid->setMovement(QListView::Static);
-    m_grid->setResizeMode(QListView::Adjust);
-    m_grid->setUniformItemSizes(true);
-    m_grid->setMouseTracking(true);
-    m_grid->setFrameShape(QFrame::NoFrame);
-    m_grid->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_grid->setSelectionMode(QAbstractItemView::NoSelection);
-    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_grid->viewport()->setCursor(Qt::PointingHandCursor);
-    m_empty->setObjectName(QStringLiteral("home_empty"));
-    m_empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-
-    m_head->addWidget(m_greeting, 1);
-    m_head->addWidget(m_search, 0, Qt::AlignBottom);
+    SetUpHead();
+    SetUpGrid();
     m_column->addLayout(m_head);
     m_column->addWidget(m_empty);
     m_column->addWidget(m_grid, 1);
@@ -78,19 +49,6 @@ HomePage::HomePage(const QString& userName, TLPluginBaseManager* apps, const Pic
     across->addWidget(m_content, 1000);
     across->addStretch(1);
     setFocusProxy(m_search);
-
-    connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
-        m_filter->setFilterFixedString(text.trimmed());
-        UpdateEmpty();
-    });
-    connect(m_search, &QLineEdit::returnPressed, this, [this] {
-        if (!m_search->text().trimmed().isEmpty()) {
-            Choose(m_filter->index(0, 0));
-        }
-    });
-    connect(m_grid, &QListView::clicked, this, &HomePage::Choose);
-    connect(m_filter, &QAbstractItemModel::modelReset, this, &HomePage::UpdateEmpty);
-    m_grid->installEventFilter(this);
     HomePage::AdjustForDpi();
     Retranslate();
 }
@@ -131,6 +89,57 @@ bool HomePage::eventFilter(QObject* watched, QEvent* event)
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void HomePage::SetUpHead()
+{
+    m_greeting->setObjectName(QStringLiteral("home_greeting"));
+    m_greeting->setTextFormat(Qt::PlainText);
+    m_greeting->setWordWrap(true);
+
+    m_search->setObjectName(QStringLiteral("home_search"));
+    m_search->setClearButtonEnabled(true);
+    m_search->addAction(SymbolicIcon::Make(QStringLiteral("search")), QLineEdit::LeadingPosition);
+    m_search->installEventFilter(this);
+    connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_filter->setFilterFixedString(text.trimmed());
+        UpdateEmpty();
+    });
+    connect(m_search, &QLineEdit::returnPressed, this, [this] {
+        if (!m_search->text().trimmed().isEmpty()) {
+            Choose(m_filter->index(0, 0));
+        }
+    });
+
+    m_head->addWidget(m_greeting, 1);
+    m_head->addWidget(m_search, 0, Qt::AlignBottom);
+}
+
+void HomePage::SetUpGrid()
+{
+    m_filter->setSourceModel(m_model);
+    m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    connect(m_filter, &QAbstractItemModel::modelReset, this, &HomePage::UpdateEmpty);
+
+    m_grid->setObjectName(QStringLiteral("app_grid"));
+    m_grid->setModel(m_filter);
+    m_grid->setItemDelegate(new AppTileDelegate(m_grid));
+    m_grid->setViewMode(QListView::IconMode);
+    m_grid->setMovement(QListView::Static);
+    m_grid->setResizeMode(QListView::Adjust);
+    m_grid->setUniformItemSizes(true);
+    m_grid->setMouseTracking(true);
+    m_grid->setFrameShape(QFrame::NoFrame);
+    m_grid->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_grid->setSelectionMode(QAbstractItemView::NoSelection);
+    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->viewport()->setCursor(Qt::PointingHandCursor);
+    m_grid->installEventFilter(this);
+    connect(m_grid, &QListView::clicked, this, &HomePage::Choose);
+
+    m_empty->setObjectName(QStringLiteral("home_empty"));
+    m_empty->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 
 void HomePage::Retranslate()

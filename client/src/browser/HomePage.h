@@ -34,6 +34,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void SetUpHead();
+    void SetUpGrid();
     void Retranslate();
     void UpdateEmpty();
     void Choose(const QModelIndex& index);

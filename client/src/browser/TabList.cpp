@@ -1,5 +1,7 @@
 #include "TabList.h"
 
+#include "TabOrder.h"
+
 #include <algorithm>
 
 TabList::TabList(QObject* parent) : QObject(parent) {}
@@ -133,13 +135,7 @@ bool TabList::Move(int from, int to)
     }
     m_records.move(from, to);
     m_entries.move(from, to);
-    if (m_current == from) {
-        m_current = to;
-    } else if (from < m_current && m_current <= to) {
-        --m_current;
-    } else if (to <= m_current && m_current < from) {
-        ++m_current;
-    }
+    m_current = TabOrder::Follow(m_current, from, to);
     Q_EMIT SigMoved(from, to);
     return true;
 }

@@ -1,6 +1,7 @@
 #include "TabStrip.h"
 
 #include "TabButton.h"
+#include "TabOrder.h"
 #include "look/Scaled.h"
 #include "look/SymbolicIcon.h"
 
@@ -8,26 +9,15 @@
 #include <QtCore/QTimerEvent>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QKeyEvent>
-#include <QtGui/QMouseEvent>
 #include <QtGui/QWheelEvent>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QToolButton>
 
 namespace {
 
-constexpr int Height = 44;     // [px]
-constexpr int TabTop = 6;      // above the tabs [px]
-constexpr int TabHeight = 38;  // [px]
-constexpr int Gap = 2;         // between tabs [px]
-constexpr int Edge = 8;        // at both ends of the strip [px]
-constexpr int Narrowest = 148; // [px]
-constexpr int Widest = 232;    // [px]
-constexpr int ButtonSize = 28; // of the buttons beside the tabs [px]
-constexpr int IconSize = 18;   // on these buttons [px]
-constexpr int ButtonGap = 4;   // around these buttons [px]
-constexpr int TickTime = 90;   // [ms]
-constexpr int EdgeTime = 30;   // between scroll steps while a tab is dragged to the edge [ms]
-constexpr int EdgeStep = 16;   // [px]
+constexpr int IconSize = 18; // on the buttons beside the tabs [px]
+constexpr int TickTime = 90; // [ms]
+constexpr int EdgeTime = 30; // between scroll steps while a tab is dragged to the edge [ms]
+constexpr int EdgeStep = 16; // [px]
 
 QToolButton* MakeButton(QWidget* parent, const QString& name, const QString& icon)
 {
@@ -38,6 +28,13 @@ QToolButton* MakeButton(QWidget* parent, const QString& name, const QString& ico
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
+}
+
+/// Only the current tab is reached by the tab key.
+void MarkCurrent(TabButton* button, bool current)
+{
+    button->setChecked(current);
+    button->setFocusPolicy(current ? Qt::TabFocus : Qt::NoFocus);
 }
 
 } // namespace
@@ -54,10 +51,11 @@ TabStrip::TabStrip(QWidget* parent)
     setAttribute(Qt::WA_StyledBackground);
     m_left->setAutoRepeat(true);
     m_right->setAutoRepeat(true);
-    connect(m_left, &QToolButton::clicked, this, [this] { ScrollTo(m_offset - m_tabWidth); });
-    connect(m_right, &QToolButton::clicked, this, [this] { ScrollTo(m_offset + m_tabWidth); });
+    connect(m_left, &QToolButton::clicked, this, [this] { ScrollTo(m_offset - m_layout.GetTabWidth()); });
+    connect(m_right, &QToolButton::clicked, this, [this] { ScrollTo(m_offset + m_layout.GetTabWidth()); });
     connect(m_add, &QToolButton::clicked, this, &TabStrip::SigNewTabRequested);
     connect(m_list, &QToolButton::clicked, this, [this] { Q_EMIT SigListRequested(m_list); });
+    ConnectDrag();
     TabStrip::AdjustForDpi();
     Retranslate();
 }
@@ -86,7 +84,7 @@ TabButton* TabStrip::GetButton(int index) const
 
 void TabStrip::Insert(int index, const TabStripItem& item)
 {
-    EndDrag();
+    m_drag.End();
     Entry entry;
     entry.item = item;
     m_entries.insert(index, entry);
@@ -104,7 +102,7 @@ void TabStrip::Insert(int index, const TabStripItem& item)
 
 void TabStrip::Remove(int index)
 {
-    EndDrag();
+    m_drag.End();
     ReleaseButton(m_entries[index]);
     m_entries.remove(index);
     if (index < m_current || m_current >= m_entries.size()) {
@@ -125,33 +123,17 @@ void TabStrip::Move(int from, int to)
         return;
     }
     m_entries.move(from, to);
-    const auto follow = [from, to](int index) {
-        if (index == from) {
-            return to;
-        }
-        if (from < index && index <= to) {
-            return index - 1;
-        }
-        if (to <= index && index < from) {
-            return index + 1;
-        }
-        return index;
-    };
-    m_current = follow(m_current);
-    if (m_dragged >= 0) {
-        m_dragged = follow(m_dragged);
-    }
-    if (m_pressed >= 0) {
-        m_pressed = follow(m_pressed);
-    }
+    m_current = TabOrder::Follow(m_current, from, to);
+    m_drag.Follow(from, to);
+    const int dragged = m_drag.GetDragged();
     // The moved tab may come from far away: look at all of them once.
     for (int i = 1; i < m_entries.size(); ++i) {
-        if (i != m_dragged) {
+        if (i != dragged) {
             ReleaseButton(m_entries[i]);
         }
     }
-    m_firstSeen = m_dragged > 0 ? m_dragged : 1;
-    m_lastSeen = m_dragged > 0 ? m_dragged : 0;
+    m_firstSeen = dragged > 0 ? dragged : 1;
+    m_lastSeen = dragged > 0 ? dragged : 0;
     ArrangeScrolled();
 }
 
@@ -177,8 +159,7 @@ void TabStrip::SetCurrent(int index)
             continue;
         }
         if (TabButton* button = m_entries.at(i).button) {
-            button->setChecked(i == m_current);
-            button->setFocusPolicy(i == m_current ? Qt::TabFocus : Qt::NoFocus);
+            MarkCurrent(button, i == m_current);
         }
     }
 }
@@ -195,14 +176,14 @@ int TabStrip::GetLastSeen() const noexcept
 
 void TabStrip::AdjustForDpi()
 {
-    const int before = m_tabWidth;
-    setFixedHeight(Scaled(Height));
+    const int before = m_layout.GetTabWidth();
+    setFixedHeight(Scaled(TabStripLayout::Height));
     for (QToolButton* button : {m_left, m_right, m_add, m_list}) {
         button->setIconSize(ScaledSquare(IconSize));
-        button->setFixedSize(ScaledSquare(ButtonSize));
+        button->setFixedSize(ScaledSquare(TabStripLayout::ButtonSize));
     }
     Arrange();
-    if (m_tabWidth != before) {
+    if (m_layout.GetTabWidth() != before) {
         Reveal(m_current);
     }
 }
@@ -228,7 +209,7 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
-        return HandleMouse(index, event);
+        return m_drag.HandleMouse(index, GetButton(index), event);
     case QEvent::KeyPress:
         return HandleKey(index, static_cast<QKeyEvent*>(event)->key());
     case QEvent::ContextMenu:
@@ -236,54 +217,6 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         return true;
     default:
         return QWidget::eventFilter(watched, event);
-    }
-}
-
-bool TabStrip::HandleMouse(int index, QEvent* event)
-{
-    auto* mouse = static_cast<QMouseEvent*>(event);
-    TabButton* button = m_entries.at(index).button;
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-        if (mouse->button() == Qt::LeftButton) {
-            m_pressed = index;
-            m_pressPosition = mouse->globalPos();
-            m_grip = mouse->x();
-            Q_EMIT SigSelectRequested(index);
-        } else if (mouse->button() == Qt::MiddleButton) {
-            m_pressed = index;
-        }
-        return true;
-    case QEvent::MouseMove:
-        if (!(mouse->buttons() & Qt::LeftButton) || m_pressed < 1) {
-            return true;
-        }
-        if (m_dragged < 0 &&
-            (mouse->globalPos() - m_pressPosition).manhattanLength() >= QApplication::startDragDistance()) {
-            TabButton* const pressed = GetButton(m_pressed);
-            if (!pressed) {
-                return true; // scrolled out of sight meanwhile
-            }
-            m_dragged = m_pressed;
-            pressed->raise();
-        }
-        if (m_dragged > 0) {
-            DragTo(m_viewport->mapFromGlobal(mouse->globalPos()).x() - m_grip);
-        }
-        return true;
-    case QEvent::MouseButtonRelease: {
-        const bool middleClick = mouse->button() == Qt::MiddleButton && m_pressed == index &&
-                                 button->rect().contains(mouse->pos());
-        m_pressed = -1;
-        EndDrag();
-        if (middleClick && m_entries.at(index).item.closable) {
-            Q_EMIT SigCloseRequested(index);
-        }
-        return true;
-    }
-    default:
-        return false;
     }
 }
 
@@ -332,15 +265,13 @@ void TabStrip::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_ticking.timerId()) {
         ++m_tick;
-        bool loading = m_entries.first().item.loading;
         m_entries.first().button->SetTick(m_tick);
         for (int i = m_firstSeen; i <= m_lastSeen; ++i) {
-            loading = loading || m_entries.at(i).item.loading;
             if (m_entries.at(i).button) {
                 m_entries.at(i).button->SetTick(m_tick);
             }
         }
-        if (!loading) {
+        if (!IsLoadingSeen()) {
             m_ticking.stop();
         }
     } else if (event->timerId() == m_seenChange.timerId()) {
@@ -361,11 +292,11 @@ void TabStrip::wheelEvent(QWheelEvent* event)
 {
     const QPoint angle = event->angleDelta();
     const int turn = qAbs(angle.x()) > qAbs(angle.y()) ? angle.x() : angle.y();
-    ScrollTo(m_offset - turn * m_tabWidth / 120);
+    ScrollTo(m_offset - turn * m_layout.GetTabWidth() / 120);
     event->accept();
 }
 
-TabButton* TabStrip::TakeButton()
+TabButton* TabStrip::ObtainButton()
 {
     if (!m_spare.isEmpty()) {
         return m_spare.takeLast();
@@ -415,14 +346,9 @@ int TabStrip::IndexOf(const QObject* button) const
     return -1;
 }
 
-int TabStrip::GetScrollRange() const
-{
-    return qMax(0, (m_entries.size() - 1) * m_tabWidth - m_viewport->width());
-}
-
 void TabStrip::ScrollTo(int offset)
 {
-    const int bounded = qBound(0, offset, GetScrollRange());
+    const int bounded = qBound(0, offset, m_layout.GetScrollRange());
     if (bounded == m_offset) {
         return;
     }
@@ -432,14 +358,8 @@ void TabStrip::ScrollTo(int offset)
 
 void TabStrip::Reveal(int index)
 {
-    if (index < 1 || m_tabWidth == 0) {
-        return;
-    }
-    const int left = (index - 1) * m_tabWidth;
-    if (left < m_offset) {
-        ScrollTo(left);
-    } else if (left + m_tabWidth > m_offset + m_viewport->width()) {
-        ScrollTo(left + m_tabWidth - m_viewport->width());
+    if (index >= 1 && !m_layout.IsEmpty()) {
+        ScrollTo(m_layout.GetOffsetFor(index, m_offset));
     }
 }
 
@@ -448,131 +368,110 @@ void TabStrip::Arrange()
     if (m_entries.isEmpty() || !isVisible()) {
         return;
     }
-
     Entry& home = m_entries.first();
     if (!home.button) {
-        home.button = TakeButton();
+        home.button = ObtainButton();
         home.button->setParent(this);
         home.button->SetItem(home.item);
         home.button->show();
     }
-    home.button->setChecked(m_current == 0);
-    home.button->setFocusPolicy(m_current == 0 ? Qt::TabFocus : Qt::NoFocus);
-    const int homeWidth = home.button->sizeHint().width();
-    home.button->setGeometry(Scaled(Edge), Scaled(TabTop), homeWidth, Scaled(TabHeight));
-
-    const int count = m_entries.size() - 1;
-    const int buttonTop = Scaled(TabTop) + (Scaled(TabHeight) - Scaled(ButtonSize)) / 2;
-    const int start = Scaled(Edge) + homeWidth + Scaled(Gap);
-    const int end =
-        width() - Scaled(Edge) - Scaled(ButtonSize) - Scaled(ButtonGap); // the list button stands at the end
-    m_list->move(width() - Scaled(Edge) - Scaled(ButtonSize), buttonTop);
-
-    const int room =
-        end - start - Scaled(ButtonSize) - 2 * Scaled(ButtonGap); // and the "+" after the last tab
-    const bool overflow = count * (Scaled(Narrowest) + Scaled(Gap)) > room;
-    m_left->setVisible(overflow);
-    m_right->setVisible(overflow);
-    if (overflow) {
-        m_tabWidth = Scaled(Narrowest) + Scaled(Gap);
-        m_left->move(start, buttonTop);
-        m_add->move(end - Scaled(ButtonSize), buttonTop);
-        m_right->move(end - 2 * Scaled(ButtonSize), buttonTop);
-        m_viewport->setGeometry(start + Scaled(ButtonSize) + Scaled(Gap), 0,
-                                qMax(0, room - 2 * Scaled(ButtonSize)), height());
-    } else {
-        m_tabWidth =
-            count == 0 ? Scaled(Widest) + Scaled(Gap) : qMin(Scaled(Widest) + Scaled(Gap), room / count);
-        m_viewport->setGeometry(start, 0, count * m_tabWidth, height());
-        m_add->move(start + count * m_tabWidth + Scaled(ButtonGap), buttonTop);
-    }
-    m_offset = qBound(0, m_offset, GetScrollRange());
+    MarkCurrent(home.button, m_current == 0);
+    m_layout = TabStripLayout(size(), home.button->sizeHint().width(), m_entries.size() - 1);
+    home.button->setGeometry(m_layout.GetPinned());
+    m_viewport->setGeometry(m_layout.GetViewport());
+    m_list->move(m_layout.GetListButton());
+    m_add->move(m_layout.GetAddButton());
+    m_left->move(m_layout.GetLeftButton());
+    m_right->move(m_layout.GetRightButton());
+    m_left->setVisible(m_layout.DoTabsScroll());
+    m_right->setVisible(m_layout.DoTabsScroll());
+    m_offset = qBound(0, m_offset, m_layout.GetScrollRange());
     ArrangeScrolled();
 }
 
 void TabStrip::ArrangeScrolled()
 {
-    if (m_tabWidth == 0 || !isVisible()) {
+    if (m_layout.IsEmpty() || !isVisible()) {
         return;
     }
-    const int last = m_entries.size() - 1;
-    const int first = qMax(1, 1 + m_offset / m_tabWidth);
-    const int end = qMin(last, 1 + (m_offset + m_viewport->width() - 1) / m_tabWidth);
+    const int dragged = m_drag.GetDragged();
+    const int first = m_layout.GetFirstSeen(m_offset);
+    const int last = m_layout.GetLastSeen(m_offset);
 
-    for (int i = qMax(1, m_firstSeen); i <= qMin(m_lastSeen, last); ++i) {
-        if ((i < first || i > end) && i != m_dragged) {
+    for (int i = qMax(1, m_firstSeen); i <= qMin(m_lastSeen, m_entries.size() - 1); ++i) {
+        if ((i < first || i > last) && i != dragged) {
             ReleaseButton(m_entries[i]);
         }
     }
-    for (int i = first; i <= end; ++i) {
+    for (int i = first; i <= last; ++i) {
         Entry& entry = m_entries[i];
         if (!entry.button) {
-            entry.button = TakeButton();
+            entry.button = ObtainButton();
             entry.button->SetItem(entry.item);
         }
-        entry.button->setChecked(i == m_current);
-        entry.button->setFocusPolicy(i == m_current ? Qt::TabFocus : Qt::NoFocus);
-        const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Scaled(Gap)));
-        const int x = i == m_dragged ? qBound(0, m_dragX, farthest) : (i - 1) * m_tabWidth - m_offset;
-        entry.button->setGeometry(x, Scaled(TabTop), m_tabWidth - Scaled(Gap), Scaled(TabHeight));
+        MarkCurrent(entry.button, i == m_current);
+        entry.button->setGeometry(i == dragged ? m_layout.GetDraggedTab(m_dragX)
+                                               : m_layout.GetTab(i, m_offset));
         entry.button->show();
     }
-    m_firstSeen = m_dragged > 0 ? qMin(first, m_dragged) : first;
-    m_lastSeen = m_dragged > 0 ? qMax(end, m_dragged) : end;
+    m_firstSeen = dragged > 0 ? qMin(first, dragged) : first;
+    m_lastSeen = dragged > 0 ? qMax(last, dragged) : last;
     m_left->setEnabled(m_offset > 0);
-    m_right->setEnabled(m_offset < GetScrollRange());
+    m_right->setEnabled(m_offset < m_layout.GetScrollRange());
     if (!m_seenChange.isActive()) {
         m_seenChange.start(0, this);
     }
     UpdateTicking();
 }
 
-void TabStrip::UpdateTicking()
+bool TabStrip::IsLoadingSeen() const
 {
-    if (m_ticking.isActive() || !isVisible()) {
-        return;
-    }
     bool loading = m_entries.first().item.loading;
     for (int i = m_firstSeen; i <= m_lastSeen && !loading; ++i) {
         loading = m_entries.at(i).item.loading;
     }
-    if (loading) {
+    return loading;
+}
+
+void TabStrip::UpdateTicking()
+{
+    if (!m_ticking.isActive() && isVisible() && IsLoadingSeen()) {
         m_ticking.start(TickTime, this);
     }
 }
 
+void TabStrip::ConnectDrag()
+{
+    connect(&m_drag, &TabDrag::SigPressed, this, &TabStrip::SigSelectRequested);
+    connect(&m_drag, &TabDrag::SigMiddleClicked, this, [this](int index) {
+        if (m_entries.at(index).item.closable) {
+            Q_EMIT SigCloseRequested(index);
+        }
+    });
+    connect(&m_drag, &TabDrag::SigDragged, this,
+            [this](const QPoint& globalPosition) { DragTo(m_viewport->mapFromGlobal(globalPosition).x()); });
+    connect(&m_drag, &TabDrag::SigEnded, this, [this] {
+        m_edgeScroll.stop();
+        ArrangeScrolled();
+    });
+}
+
 void TabStrip::DragTo(int x)
 {
-    const int farthest = qMax(0, m_viewport->width() - (m_tabWidth - Scaled(Gap)));
-    const bool atEdge = GetScrollRange() > 0 && (x < 0 || x > farthest);
     m_dragX = x;
-    if (!atEdge) {
+    if (!m_layout.IsBeyondEdge(x)) {
         m_edgeScroll.stop();
     } else if (!m_edgeScroll.isActive()) {
         m_edgeScroll.start(EdgeTime, this);
     }
-
-    // The place whose middle the dragged tab covers.
-    const int shown = qBound(0, x, farthest);
-    const int target = qBound(1, 1 + (shown + m_offset + m_tabWidth / 2) / m_tabWidth, m_entries.size() - 1);
-    if (target != m_dragged) {
-        Q_EMIT SigMoveRequested(m_dragged, target);
+    const int target = m_layout.GetPlaceAt(x, m_offset);
+    if (target != m_drag.GetDragged()) {
+        Q_EMIT SigMoveRequested(m_drag.GetDragged(), target);
     }
-    TabButton* button = GetButton(m_dragged);
-    if (button) {
-        button->move(shown, Scaled(TabTop));
+    if (TabButton* const button = GetButton(m_drag.GetDragged())) {
+        button->move(m_layout.GetDraggedTab(x).topLeft());
+        button->raise();
     }
-}
-
-void TabStrip::EndDrag()
-{
-    m_edgeScroll.stop();
-    m_pressed = -1;
-    if (m_dragged < 0) {
-        return;
-    }
-    m_dragged = -1;
-    ArrangeScrolled();
 }
 
 void TabStrip::Retranslate()

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "TabDrag.h"
 #include "TabStripItem.h"
+#include "TabStripLayout.h"
 
 #include "base/IDpiAdapter.h"
 
 #include <QtCore/QBasicTimer>
-#include <QtCore/QHash>
 #include <QtCore/QVector>
 #include <QtWidgets/QWidget>
 
@@ -73,25 +74,25 @@ private:
         TabButton* button = nullptr; // while in sight
     };
 
-    TabButton* TakeButton();
+    /// A spare one, or a new one.
+    TabButton* ObtainButton();
     void ReleaseButton(Entry& entry);
     int IndexOf(const QObject* button) const;
-    int GetScrollRange() const;
     void ScrollTo(int offset);
     void Arrange();
     void ArrangeScrolled();
+    bool IsLoadingSeen() const;
     void UpdateTicking();
     void Retranslate();
-    bool HandleMouse(int index, QEvent* event);
     bool HandleKey(int index, int key);
+    void ConnectDrag();
     void DragTo(int x);
-    void EndDrag();
 
     QVector<Entry> m_entries;
     QVector<TabButton*> m_spare;
+    TabStripLayout m_layout;
     int m_current = 0;
-    int m_offset = 0;   // how far the tabs are scrolled [px]
-    int m_tabWidth = 0; // of each tab that scrolls, gap included [px]
+    int m_offset = 0; // how far the tabs are scrolled [px]
     int m_firstSeen = 1;
     int m_lastSeen = 0;
     int m_tick = 0;
@@ -104,10 +105,7 @@ private:
     QToolButton* m_add;
     QToolButton* m_list;
 
-    int m_pressed = -1; // tab under the pressed button
-    int m_dragged = -1; // tab being dragged
-    int m_grip = 0;     // where the dragged tab was taken hold of [px]
-    int m_dragX = 0;    // left edge of the dragged tab in the viewport [px]
-    QPoint m_pressPosition;
+    TabDrag m_drag;
+    int m_dragX = 0; // left edge of the dragged tab in the viewport [px]
     QBasicTimer m_edgeScroll;
 };
