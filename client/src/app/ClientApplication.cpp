@@ -412,7 +412,7 @@ void ClientApplication::TakeDown()
         return;
     }
     m_end.Close();
-    m_startProblem = tr("The client could not be started again. Start it by hand.");
+    m_startProblem = tr("The client could not restart. Please start it manually.");
     if (m_frame) {
         m_frame->BeforeMainFrameQuit(m_end.GetKindForTabs(), m_end.GetIgnoredUrl());
     }

@@ -85,7 +85,7 @@ TEST_F(TroubleNoticesTest, FailedReadOfTheStartListSaysWhatHappened)
     m_notices.SetBar(&m_bar);
     Take(Report("dsm.tl.pc.auto.run.get", false, false));
     EXPECT_EQ(Text("start-list"),
-              "The list of what opens at the start could not be read. (connection refused)");
+              "The client could not read which pages and apps to open at start. (connection refused)");
     Take(Report("dsm.tl.pc.auto.run.get", true, false));
     EXPECT_FALSE(m_bar.IsShown(QStringLiteral("start-list")));
 }
