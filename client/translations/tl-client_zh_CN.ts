@@ -784,23 +784,23 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>TroubleNotices</name>
     <message>
-        <source>Stored settings were damaged and start afresh (%1). The originals are kept in the settings file.</source>
-        <translation>已存储的设置损坏，将重新开始（%1 项）。原始数据保留在设置文件中。</translation>
+        <source>Damaged settings were reset (%1). The originals are kept in the settings file.</source>
+        <translation>损坏的设置已重置（%1 项）。原始数据保留在设置文件中。</translation>
     </message>
     <message>
-        <source>The list of what opens at the start could not be read.</source>
+        <source>The client could not read which pages and apps to open at start.</source>
         <translation>无法读取启动时打开的列表。</translation>
     </message>
     <message>
-        <source>The system&apos;s key store did not take the session. You will be asked to log in again next time.</source>
-        <translation>系统密钥库未能保存会话。下次需要重新登录。</translation>
+        <source>The session could not be saved in the system&apos;s key store. You will have to log in again next time.</source>
+        <translation>无法将会话保存到系统密钥库。下次需要重新登录。</translation>
     </message>
     <message>
-        <source>The client&apos;s settings file could not be used as it was. The old file is kept as %1.</source>
-        <translation>客户端的设置文件无法按原样使用。旧文件保留为 %1。</translation>
+        <source>The client could not use its settings file. The old file is kept as %1.</source>
+        <translation>客户端无法使用其设置文件。旧文件保留为 %1。</translation>
     </message>
     <message>
-        <source>The client&apos;s settings cannot be saved. What you change is lost at the end.</source>
+        <source>The client cannot save its settings. Your changes will be lost when it closes.</source>
         <translation>无法保存客户端设置。退出后您的更改将丢失。</translation>
     </message>
     <message>
@@ -1002,11 +1002,11 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     <name>TabKeeper</name>
     <message>
         <source>&amp;Earlier tabs…</source>
-        <translation>先前的标签页(&amp;E)…</translation>
+        <translation>以前的标签页(&amp;E)…</translation>
     </message>
     <message>
         <source>Earlier tabs…</source>
-        <translation>先前的标签页…</translation>
+        <translation>以前的标签页…</translation>
     </message>
     <message>
         <source>The saved tabs of your last session are damaged and cannot be read.</source>
@@ -1018,7 +1018,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
     </message>
     <message>
         <source>%1 of the %2 tabs of your last session came back. “Earlier tabs…” has all of them.</source>
-        <translation>您上次会话的 %2 个标签页中恢复了 %1 个。“先前的标签页…”中有全部标签页。</translation>
+        <translation>您上次会话的 %2 个标签页中恢复了 %1 个。“以前的标签页…”中有全部标签页。</translation>
     </message>
     <message>
         <source>The client crashed twice after it had reopened your tabs. This time, each page loads only when you select its tab.</source>
@@ -1035,7 +1035,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
 <context>
     <name>ClientApplication</name>
     <message>
-        <source>The client could not be started again. Start it by hand.</source>
+        <source>The client could not restart. Please start it manually.</source>
         <translation>无法重新启动客户端。请手动启动。</translation>
     </message>
 </context>

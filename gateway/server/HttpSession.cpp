@@ -142,8 +142,8 @@ void HttpSession::OnHeader(beast::error_code error)
         ReadBody();
         return;
     }
-    static constexpr std::string_view goOn = "HTTP/1.1 100 Continue\r\n\r\n";
-    boost::asio::async_write(m_stream, boost::asio::buffer(goOn.data(), goOn.size()),
+    static constexpr std::string_view GoOn = "HTTP/1.1 100 Continue\r\n\r\n";
+    boost::asio::async_write(m_stream, boost::asio::buffer(GoOn.data(), GoOn.size()),
                              [self = shared_from_this()](beast::error_code writeError, std::size_t) {
                                  if (writeError) {
                                      self->Abort();

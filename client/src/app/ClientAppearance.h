@@ -8,13 +8,13 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
-/// Theme, scale and language as the user chose them last, remembered when they choose again. GUI thread.
+/// Theme, scale and language: applies the user's last choice and remembers each new one. GUI thread.
 class ClientAppearance final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Applies what is remembered. `translations` is the folder of the translations.
+    /// Applies the remembered choice. `translations` is the folder of the translations.
     explicit ClientAppearance(const QString& translations, QObject* parent = nullptr);
 
     Theme GetTheme() const { return m_themes.GetTheme(); }
@@ -26,7 +26,7 @@ public:
     void ChooseScale(int scale);
     void ChooseLanguage(const QString& language);
 
-    /// Where this installation has its translations.
+    /// The folder where this installation keeps its translations.
     static QString DefaultTranslations();
 
 Q_SIGNALS:

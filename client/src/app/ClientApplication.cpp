@@ -39,7 +39,7 @@ QStringList ModuleFolders(const QString& chosen)
     if (!chosen.isEmpty()) {
         return {chosen};
     }
-    // As unpacked from a zip, as built, as installed. Only the first that is there: beside the folder of a
+    // As unpacked from a zip, as built, as installed. Only the first that exists counts: next to an unpacked
     // zip there may be anything.
     const QDir program(QCoreApplication::applicationDirPath());
     for (const char* const folder : {"modules", "../modules", "../" TL_MODULE_INSTALL_DIR}) {
@@ -89,7 +89,7 @@ int ClientApplication::Run()
     BuildServices();
     BuildSession();
     LoadModules();
-    // Everything else runs inside the event loop, so that every way to end finds it there.
+    // Everything else runs inside the event loop, so that every end can quit the loop.
     QTimer::singleShot(0, this, &ClientApplication::StartLogin);
     if (m_options.quitAfter) {
         QTimer::singleShot(*m_options.quitAfter, Qt::PreciseTimer, this, [this] {
@@ -101,7 +101,7 @@ int ClientApplication::Run()
     }
     const int code = QCoreApplication::exec();
     if (m_life.GetStage() != ClientStage::Ended) {
-        HandleSystemEnd(); // the event loop was ended from outside
+        HandleSystemEnd(); // something else ended the event loop
         TakeDown();
     }
     m_questions.reset();
@@ -242,7 +242,8 @@ void ClientApplication::HandleLogin(const Session& session, LoginFlow::Origin or
     }
     m_userInformation->Read(UserInformationLimit);
     if (origin != LoginFlow::Origin::Saved && origin != LoginFlow::Origin::Restart) {
-        // The gateway has just said yes. An older session may still be refused, and then nobody was here.
+        // The gateway has just accepted this log-in. It may still refuse an older session, and modules must
+        // not hear of that one.
         m_lifeCycle.LoginSuccess();
         MakeFrame();
     }
@@ -265,7 +266,7 @@ void ClientApplication::HandleReport(const HttpCallReport& report)
     m_troubleNotices->HandleReport(report);
     if (GatewayCodes::IsSessionRefused(report.code) && m_session->GetRefusal().isEmpty()) {
         m_session->SetRefusal(report.code);
-        // The completion of this call comes first.
+        // Let this call complete first.
         QMetaObject::invokeMethod(this, &ClientApplication::HandleRefusal, Qt::QueuedConnection);
     }
 }
@@ -289,7 +290,7 @@ void ClientApplication::HandleRefusal()
         return;
     }
     if (m_frame) {
-        // Modules may know the user: only a fresh process is sure to be nobody's.
+        // Modules may hold data of the user; only a fresh process certainly has none.
         ClientMemory::SetSessionEnd(m_session->GetRefusal());
         End(EndKind::Refused);
         return;
@@ -350,7 +351,7 @@ bool ClientApplication::HandleRestartRoute(const VXRouterProtocol& route)
     }
     const bool openTabs = route.GetWith(QStringLiteral("tabs")) != QLatin1String("0");
     const QString ignoreUrl = route.GetWith(QStringLiteral("ignore"));
-    // The caller is done before it happens.
+    // Let the caller finish first.
     QMetaObject::invokeMethod(
         this, [this, openTabs, ignoreUrl] { AskForRestart(openTabs, ignoreUrl); }, Qt::QueuedConnection);
     return true;
@@ -373,7 +374,7 @@ void ClientApplication::AskForEnd(EndKind kind)
 
 void ClientApplication::HandleSystemEnd()
 {
-    // What the user chose a moment ago stands, but for a restart.
+    // An end that the user chose a moment ago stands, unless it is a restart.
     m_end.HandleSystemEnd();
 }
 
@@ -394,11 +395,11 @@ void ClientApplication::End(EndKind kind)
     if (m_frame) {
         m_frame->PrepareEnd();
     }
-    // A question of a module may be open: its code must be left before the module can go.
+    // A module may have a question open; its code must return before the module can unload.
     NestedLoops::LeaveThen(this, [this] {
         const auto takeDown = [this] { NestedLoops::LeaveThen(this, [this] { TakeDown(); }); };
         if (m_frame) {
-            // A page may ask something meanwhile.
+            // Pages may ask something while the client waits.
             m_pendingChanges->WaitThen(WriteLimit, takeDown);
         } else {
             takeDown();
@@ -412,7 +413,7 @@ void ClientApplication::TakeDown()
         return;
     }
     m_end.Close();
-    m_startProblem = tr("The client could not be started again. Start it by hand.");
+    m_startProblem = tr("The client could not restart. Please start it manually.");
     if (m_frame) {
         m_frame->BeforeMainFrameQuit(m_end.GetKindForTabs(), m_end.GetIgnoredUrl());
     }

@@ -33,26 +33,26 @@ class UserInformation;
 class VXRouterProtocol;
 struct HttpCallReport;
 
-/// The client from its start to its end: brings up its parts in the order of docs/lifecycle.md and takes them
-/// down again. One user for the life of the process. GUI thread.
+/// The client from start to end: builds its parts in the order of docs/lifecycle.md and takes them down
+/// again. A process serves one user. GUI thread.
 class ClientApplication final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Exit codes beside 0.
+    /// Exit codes other than 0.
     static constexpr int UnusableOptions = 2;
-    static constexpr int LoginFailed = 3; ///< only where nobody is there to try again (--quit-after)
+    static constexpr int LoginFailed = 3; ///< only with --quit-after, where nobody can try again
 
     ClientApplication(const ClientOptions& options, const GatewaySettings& gateway);
     ~ClientApplication() override;
 
-    /// Makes profile and trace. False, with a sentence in `problem`, when that cannot be done.
+    /// Locks the profile and opens the trace. On failure, returns false with a sentence in `problem`.
     bool Prepare(QString* problem);
-    /// Returns when everything is taken down.
+    /// Runs the client; returns the exit code after everything is taken down.
     int Run();
-    /// After `Run`: starts the process that takes over, if the user logged out or the client restarts. False,
-    /// with a sentence in `problem`, when it could not be started.
+    /// Call after `Run`. Starts the process that takes over, if one is wanted (`ClientEnd::WantsSuccessor`).
+    /// On failure, returns false with a sentence in `problem`.
     bool StartSuccessor(QString* problem) const;
 
 private:
@@ -101,8 +101,8 @@ private:
     LifeCycleDriver m_lifeCycle;
     std::unique_ptr<ClientFrame> m_frame;
 
-    QString m_startProblem; // in the user's language, whose translation is gone when it is needed
+    QString m_startProblem; // translated early: the translation is gone when the text is needed
     int m_exitCode = 0;
-    /// What the process before handed over; later, what this one hands over to the next.
+    /// What the previous process handed over; later, what this one hands to the next.
     std::optional<SessionHandover> m_handover;
 };

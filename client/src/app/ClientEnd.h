@@ -4,33 +4,33 @@
 
 #include <QtCore/QString>
 
-/// The way in which the client ends, and what follows from it. The first decision counts, but the end of the
-/// whole session overrides a restart: there is nothing left to restart in. GUI thread.
+/// How the client ends, and what follows from that. The first decision counts, except that the end of the
+/// system's session overrides a restart, which would have nothing to start into. GUI thread.
 class ClientEnd final
 {
 public:
-    /// What a restart is to do, before it is decided on. `openTabs`: the open tabs come back, but for the one
-    /// with the router URL `ignoreUrl`; empty for all.
+    /// Says what a restart brings back; call before `Decide`. With `openTabs` the open tabs come back, except
+    /// the one with the router URL `ignoreUrl`; an empty one excludes none.
     void PrepareRestart(bool openTabs, const QString& ignoreUrl);
 
-    /// Only the first call decides.
+    /// Only the first call counts.
     void Decide(EndKind kind) noexcept;
-    /// The system wants the process gone.
+    /// The system wants the process to end.
     void HandleSystemEnd() noexcept;
-    /// The client was taken down: nothing changes the way any more.
+    /// The client was taken down: nothing changes the kind after this.
     void Close() noexcept { m_closed = true; }
 
     EndKind GetKind() const noexcept { return m_kind; }
-    /// The same as seen by the tabs: a restart without them leaves as little behind as a quit.
+    /// The kind as it concerns the tabs: to them, a restart without tabs is a quit.
     EndKind GetKindForTabs() const noexcept;
     const QString& GetIgnoredUrl() const noexcept { return m_ignoreUrl; }
     bool OpensTabsAgain() const noexcept { return m_openTabs; }
 
-    /// The user is signed in no longer.
+    /// Whether the user is signed out.
     bool EndsSession() const noexcept;
-    /// The modules' `MainFrameQuit` is left out: it would clear what the next log-in needs.
+    /// Whether the modules' `MainFrameQuit` is skipped, because it would clear what the next log-in needs.
     bool SkipsMainFrameQuit() const noexcept;
-    /// Another process follows this one. Never while the system ends the session: it would start into that.
+    /// Whether another process follows this one. Never while the system ends the session.
     bool WantsSuccessor() const noexcept;
 
 private:

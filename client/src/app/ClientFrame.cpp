@@ -22,7 +22,7 @@ ClientFrame::ClientFrame(const Parts& parts, PageEngine engine, const QString& p
     if (!screenshot.isEmpty()) {
         m_screenshot = std::make_unique<ScreenshotTaker>(window, screenshot);
     }
-    // The window never closes by itself; the modules are asked first, and then everything ends in order.
+    // The window never closes by itself: the client first asks the modules, then ends everything in order.
     window->SetCloseGuard([] { return false; });
     connect(window, &MainWindow::SigQuitRequested, this, &ClientFrame::SigQuitRequested,
             Qt::QueuedConnection);
@@ -56,7 +56,7 @@ void ClientFrame::Show()
 {
     MainWindow* const window = GetWindow();
     window->show();
-    // After a restart there was no dialog whose place in front it could take.
+    // After a restart there was no log-in dialog in front whose place the window could take.
     window->raise();
     window->activateWindow();
 }

@@ -23,14 +23,14 @@ class ScreenshotTaker;
 class TabKeeper;
 struct LoadedModule;
 
-/// The main window of a session and what lives and dies with it: its tabs, its settings dialog, its picture.
+/// The main window of a session and everything that shares its life: tabs, settings dialog, screenshot.
 /// GUI thread.
 class ClientFrame final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the frame is made from. The objects are not owned and outlive it.
+    /// What the frame works with. The objects are not owned and must outlive it.
     struct Parts
     {
         ClientAppearance* appearance = nullptr;
@@ -41,7 +41,7 @@ public:
         std::function<bool()> isKeepersTurn; ///< `TabReopening::IsKeepersTurn`
     };
 
-    /// Makes the window without showing it. `screenshot` is the file of the picture; empty for none.
+    /// Builds the window without showing it. `screenshot` is the file of the screenshot; empty for none.
     ClientFrame(const Parts& parts, PageEngine engine, const QString& profile, const QString& pin,
                 const QString& screenshot, const std::vector<LoadedModule>& modules,
                 QObject* parent = nullptr);
@@ -49,32 +49,32 @@ public:
 
     MainWindow* GetWindow() const;
 
-    /// Puts the window on the screen.
+    /// Shows the window and brings it to the front.
     void Show();
-    /// Calls `mainFrameShow`, in which tabs come back, and keeps the open tabs from then on.
+    /// Calls `mainFrameShow`, in which tabs come back, and from then on keeps a record of the open tabs.
     void ShowTabs(bool restarted, const std::function<void()>& mainFrameShow);
 
-    /// The picture shows what is there now.
+    /// Takes the screenshot now, if one is wanted.
     void TakePicture();
-    /// The gateway answers again.
+    /// Call when the gateway answers again: see `ClientSettings::LoadAgain`.
     void LoadSettingsAgain();
     bool IsSettingsOpen() const;
 
-    /// The client is about to end: the settings close as soon as every change is answered.
+    /// Call when the client is about to end: the settings close as soon as every change is answered.
     void PrepareEnd();
-    /// `TabKeeper::KeepOnDisk`.
+    /// See `TabKeeper::KeepOnDisk`.
     void KeepTabsOnDisk();
-    /// Before the modules' main frame quits, and after. `ignoreUrl`: see `TabKeeper::BeforeEnd`.
+    /// Call before and after the modules' `MainFrameQuit`. `ignoreUrl`: see `TabKeeper::BeforeEnd`.
     void BeforeMainFrameQuit(EndKind kind, const QString& ignoreUrl);
     void AfterMainFrameQuit(EndKind kind);
-    /// Takes the tabs away, before the window goes.
+    /// Closes all tabs; call before the window is destroyed.
     void CloseAllTabs();
 
 Q_SIGNALS:
     void SigQuitRequested();
     void SigLogOutRequested();
     void SigRestartRequested();
-    void SigSettingsPageReady(const QString& page, bool cached); ///< as `SettingsDialog` has it
+    void SigSettingsPageReady(const QString& page, bool cached); ///< see `SettingsDialog`
     void SigSettingsClosed();
 
 private:

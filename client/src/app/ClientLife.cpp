@@ -8,14 +8,14 @@ bool ClientLife::CanGo(ClientStage to) const noexcept
     case ClientStage::LoggingIn:
         return m_stage == ClientStage::Starting || m_stage == ClientStage::Entering;
     case ClientStage::Entering:
-        // From the start, too: a restarted client is given its session.
+        // From `Starting`, too: a restarted client already has its session.
         return m_stage == ClientStage::Starting || m_stage == ClientStage::LoggingIn;
     case ClientStage::Working:
         return m_stage == ClientStage::Entering;
     case ClientStage::Ending:
         return m_stage < ClientStage::Ending;
     case ClientStage::Ended:
-        // From any stage: the event loop may be ended from outside.
+        // From any stage: something else may end the event loop.
         return m_stage < ClientStage::Ended;
     }
     return false;

@@ -2,17 +2,18 @@
 
 #include "ClientStage.h"
 
-/// The stage of the client's life and the steps from one to the next. Anything may end at any time; only a
-/// session that the gateway refuses before the main window is there leads back. GUI thread.
+/// The stage of the client's life and the allowed steps between stages. An end may come at any stage; the
+/// only step back is to `LoggingIn`, when the gateway refuses a session before the main window is there.
+/// GUI thread.
 class ClientLife final
 {
 public:
     ClientStage GetStage() const noexcept { return m_stage; }
-    /// Whether an end was decided on.
+    /// Whether the client has decided to end.
     bool IsEnding() const noexcept { return m_stage >= ClientStage::Ending; }
 
     [[nodiscard]] bool CanGo(ClientStage to) const noexcept;
-    /// False for a step that is not allowed, and the stage stays as it is.
+    /// Returns false and keeps the stage if the step is not allowed.
     bool Go(ClientStage to) noexcept;
 
 private:

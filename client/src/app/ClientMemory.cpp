@@ -34,7 +34,7 @@ QString ClientMemory::GetDeviceId()
     QString id = Get(DeviceIdField);
     if (id.isEmpty()) {
         id = QUuid::createUuid().toString(QUuid::WithoutBraces);
-        // Tokens are bound to it: it must not get lost with a client that is killed early.
+        // Tokens are bound to it, so it must survive even if the client is killed early.
         if (!VXSettingManager::Instance()->SetGlobalValueSync(Section, DeviceIdField, id)) {
             qWarning("the device id could not be stored");
         }

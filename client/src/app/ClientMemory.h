@@ -7,28 +7,28 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// What the client itself remembers from one run to the next, in the settings store, for all users of the
-/// profile. GUI thread.
+/// What the client itself remembers between runs, in the settings store, for all users of the profile.
+/// GUI thread.
 class ClientMemory final
 {
 public:
     ClientMemory() = delete;
 
-    /// The identifier of this client profile as a device; made on the first call and the same ever after.
+    /// Identifies this client profile as a device. The first call creates it; it never changes.
     static QString GetDeviceId();
 
-    /// The account that signed in last; empty before the first.
+    /// The account that signed in last; empty before the first log-in.
     static QString GetLastPin();
     static void SetLastPin(const QString& pin);
 
     static Theme GetTheme();
     static void SetTheme(Theme theme);
 
-    /// Empty before the user chose one.
+    /// Empty until the user chooses one.
     static QString GetLanguage();
     static void SetLanguage(const QString& language);
 
-    /// [%]; 100 before the user chose one.
+    /// [%]; 100 until the user chooses one.
     static int GetScale();
     static void SetScale(int scale);
 
@@ -37,12 +37,12 @@ public:
 
     static QByteArray GetSettingsGeometry();
     static void SetSettingsGeometry(const QByteArray& geometry);
-    /// The page of the settings that was shown last.
+    /// The settings page that was shown last.
     static QString GetSettingsPage();
     static void SetSettingsPage(const QString& page);
 
-    /// For the process that comes after this one: why the session ended, as the gateway's code.
+    /// Tells the next process why the session ended, as the gateway's code.
     static void SetSessionEnd(const QString& code);
-    /// The code left by the process before, once; empty when the user ended the session.
+    /// Returns and removes the code that the previous process left; empty if the user ended the session.
     static QString TakeSessionEnd();
 };

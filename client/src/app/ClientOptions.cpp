@@ -12,7 +12,7 @@ namespace {
 struct OptionText
 {
     const char* name;
-    const char* value; // null: a switch
+    const char* value; // null for a switch
     const char* description;
     bool forOneLogIn;
 };
@@ -130,7 +130,7 @@ void AddOptions(QCommandLineParser& parser)
     }
 }
 
-/// Fills in what the arguments say; returns the problems with it, empty texts among them.
+/// Fills in `options` from the arguments; returns the problems, with an empty text for each check passed.
 QStringList Read(const QCommandLineParser& parser, ClientOptions* options)
 {
     const auto isSet = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
@@ -139,7 +139,7 @@ QStringList Read(const QCommandLineParser& parser, ClientOptions* options)
     if (isSet("gateway")) {
         problems << CheckGateway(value("gateway"), &options->gateway);
     }
-    // Not where folders may be on a network share, as Windows' roaming ones: the settings store needs a disk.
+    // Not a roaming folder of Windows: that may be on a network share, and the settings store needs a disk.
     options->profile = isSet("profile")
                            ? value("profile")
                            : QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);

@@ -2,6 +2,6 @@
 
 class ClientRouter;
 
-/// Puts the URLs that open tabs into the client's own table; they go to the provided `ITabOpener` and
-/// fail while there is none.
+/// Adds the URLs that open tabs to the client's own table. They go to the provided `ITabOpener` and fail
+/// while there is none.
 void AddTabRoutes(ClientRouter& router);

@@ -12,7 +12,7 @@
 
 namespace {
 
-// The largest is a tile's: 48 px, sharp at 200 % and with room to spare.
+// The largest picture is a tile's: 48 px, so this is sharp at 200 % with room to spare.
 constexpr int PictureEdge = 128; // [px]
 
 QImage FitForWindow(const QImage& image)

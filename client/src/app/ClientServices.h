@@ -18,8 +18,8 @@
 
 #include <functional>
 
-/// What the client provides to the modules for the life of the process, all but the browser. The settings
-/// store must be open. GUI thread.
+/// Everything that the client provides to modules for the life of the process, except the browser. The
+/// settings store must be open. GUI thread.
 class ClientServices final
 {
 public:
@@ -27,12 +27,12 @@ public:
     ClientServices(const GatewaySettings& settings, const QString& profile);
     ~ClientServices();
 
-    /// Everybody sees the session's user from here on, and nothing kept for another one.
+    /// From here on everything uses the session's user, and nothing cached for another user.
     void SetSession(const Session& session);
     void ClearSession();
 
-    /// Fetches a picture for the window through the image cache that is provided: a `PictureLoader`, which
-    /// says the rest. Never calls `done` at once.
+    /// A `PictureLoader` (see there) that fetches a picture through the provided image cache. Never calls
+    /// `done` before it returns.
     static void LoadPicture(const QString& url, QObject* context,
                             const std::function<void(const QPixmap&)>& done);
 

@@ -48,7 +48,7 @@ void ClientSession::Start(const ClientOptions& options)
     const QString ended = ClientMemory::TakeSessionEnd();
     const LoginProblem problem = ended.isEmpty() ? LoginProblem() : LoginService::ToProblem(ended, QString());
     if (!options.pin.isEmpty() && options.pin != m_saved->GetPin()) {
-        m_flow->ShowDialog(options.pin, problem); // another account is wanted than the saved one
+        m_flow->ShowDialog(options.pin, problem); // the user wants another account than the saved one
         return;
     }
     m_flow->Start(options.pin.isEmpty() ? ClientMemory::GetLastPin() : options.pin, problem);

@@ -14,8 +14,7 @@ class LoginService;
 class SavedSession;
 struct ClientOptions;
 
-/// How the user comes to a session and how it ends: by the command line, the saved session or the dialog, and
-/// out again. GUI thread.
+/// Signs the user in, by the command line, the saved session or the dialog, and out again. GUI thread.
 class ClientSession final : public QObject
 {
     Q_OBJECT
@@ -24,25 +23,25 @@ public:
     explicit ClientSession(QObject* parent = nullptr);
     ~ClientSession() override;
 
-    /// As the options say; otherwise the saved session, otherwise the dialog.
+    /// Signs in as the options say, otherwise with the saved session, otherwise through the dialog.
     void Start(const ClientOptions& options);
     void CloseDialog();
 
-    /// The session that began last; empty before the first and after a refused one was dropped.
+    /// The latest session; empty before the first, and after a refused one is dropped.
     const Session& Get() const noexcept { return m_session; }
-    /// The user is signed in with this one.
+    /// Call when the user is signed in with `session`.
     void Begin(const Session& session);
 
-    /// The gateway refuses the session with this code.
+    /// Call when the gateway refuses the session; `code` is its reason.
     void SetRefusal(const QString& code) { m_refusal = code; }
-    /// Empty while the gateway does not refuse it.
+    /// Empty while the gateway accepts the session.
     const QString& GetRefusal() const noexcept { return m_refusal; }
-    /// The session was refused before the main window was there: drops it, leaves none saved, and shows the
-    /// dialog, which says why.
+    /// Call when the session is refused before the main window is there. Drops it, also from the key store,
+    /// and shows the dialog, which says why.
     void StartAgain();
 
-    /// Forgets the saved session and ends the token at the gateway, unless the gateway refused it. `ended`
-    /// follows once, after 2 s at the latest.
+    /// Forgets the saved session and ends the token at the gateway, unless the gateway refused it. Calls
+    /// `ended` once, after 2 s at the latest.
     void End(const std::function<void()>& ended);
 
     LoginFlow* GetFlow() const { return m_flow.get(); }

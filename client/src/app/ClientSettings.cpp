@@ -39,7 +39,7 @@ ClientSettings::ClientSettings(MainWindow* window, IPageFactory* pages, ClientAp
 
 ClientSettings::~ClientSettings()
 {
-    delete m_dialog; // pages of modules must not outlive them
+    delete m_dialog; // pages must not outlive their modules
 }
 
 void ClientSettings::Show()

@@ -17,14 +17,14 @@ class MainWindow;
 class QAction;
 class SettingsDialog;
 
-/// "Settings…" in the menu of the main window: one dialog at a time with the client's own pages and those of
-/// the modules. Goes before the window and before the modules do. GUI thread.
+/// "Settings…" in the menu of the main window: one dialog at a time, with the client's own pages and those
+/// of the modules. Must be destroyed before the window and before the modules unload. GUI thread.
 class ClientSettings final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Owns none of the objects.
+    /// The objects are not owned.
     ClientSettings(MainWindow* window, IPageFactory* pages, ClientAppearance* appearance,
                    ClientServices* services, SavedSession* savedSession, std::vector<LoadedModule> modules,
                    QObject* parent = nullptr);
@@ -32,15 +32,15 @@ public:
 
     void Show();
     bool IsOpen() const;
-    /// The gateway answers again: pages that show the last known configuration read it again.
+    /// Call when the gateway answers again: pages that show the last known configuration reload.
     void LoadAgain();
     /// Closes the dialog when all changes are answered; a second call closes it immediately.
     void Close();
 
 Q_SIGNALS:
-    /// As `SettingsDialog` has it.
+    /// See `SettingsDialog`.
     void SigPageReady(const QString& page, bool cached);
-    /// The dialog is off the screen.
+    /// The dialog has left the screen.
     void SigClosed();
 
 private:

@@ -1,12 +1,12 @@
 #pragma once
 
-/// Where the client stands between its start and its end.
+/// The stages between the start and the end of the client.
 enum class ClientStage
 {
-    Starting,  ///< nobody was asked for a session yet
-    LoggingIn, ///< the dialog, the saved session or the command line is to give one
-    Entering,  ///< there is a session; what the main window needs is being read
+    Starting,  ///< the client has not asked for a session yet
+    LoggingIn, ///< the dialog, the saved session or the command line is about to give one
+    Entering,  ///< there is a session; the client reads what the main window needs
     Working,   ///< the main window is there
-    Ending,    ///< an end was decided on; the client closes what stands in the way
-    Ended      ///< it is being taken down, or has been
+    Ending,    ///< the end is decided; the client closes whatever is still open
+    Ended      ///< the client is being taken down, or has been
 };

@@ -26,7 +26,7 @@ ClientWindow::ClientWindow(PageEngine engine, const QString& profile, const QStr
     services.loadGeometry = &ClientMemory::GetWindowGeometry;
     services.saveGeometry = &ClientMemory::SetWindowGeometry;
     m_window = std::make_unique<MainWindow>(services);
-    // The scale follows the screen that the window is on; for that it has to have a native one.
+    // The scale follows the screen that the window is on, which takes a native window.
     m_window->winId();
     DpiTool::FollowScreenOf(m_window->windowHandle());
     m_browserProvided = std::make_unique<Provided<IBrowserMain>>(m_window.get());
@@ -48,7 +48,7 @@ ClientWindow::~ClientWindow()
 {
     m_openerProvided.reset();
     m_browserProvided.reset();
-    m_window.reset(); // before what draws its pages
+    m_window.reset(); // before the engine that draws its pages
 }
 
 void ClientWindow::Retranslate()
@@ -63,7 +63,7 @@ void ClientWindow::AddRestartAction()
 
 QString ClientWindow::PagesFolder(const QString& profile, const QString& pin)
 {
-    // A pin may hold what no file name can.
+    // A pin may contain characters that a file name must not.
     const QByteArray hash = QCryptographicHash::hash(pin.toUtf8(), QCryptographicHash::Sha256);
     return QDir(profile).filePath(QStringLiteral("pages/") + QString::fromLatin1(hash.toHex().left(32)));
 }

@@ -14,28 +14,27 @@ class ClientAppearance;
 class QAction;
 class TLPluginBaseManager;
 
-/// The main window of one session with what it draws its pages with, provided as the browser for as long
-/// as this object lives. The user's cookies and page storage stand in a folder of the user's own.
-/// GUI thread.
+/// The main window of one session and the engine that draws its pages. Provides the window as the browser
+/// for the life of this object. Each user has a folder for cookies and page storage. GUI thread.
 class ClientWindow final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Makes the window without showing it. `appearance` and `plugins` are not owned.
+    /// Builds the window without showing it. `appearance` and `plugins` are not owned.
     ClientWindow(PageEngine engine, const QString& profile, const QString& pin, ClientAppearance* appearance,
                  TLPluginBaseManager* plugins, QObject* parent = nullptr);
     ~ClientWindow() override;
 
     MainWindow* GetWindow() const { return m_window.get(); }
 
-    /// What draws the pages; lives as long as this object.
+    /// Makes the pages; lives as long as this object.
     IPageFactory* GetPages() const { return m_pages.get(); }
 
-    /// Adds "Restart client" to the menu, below what is there.
+    /// Adds "Restart client" at the end of the menu.
     void AddRestartAction();
 
-    /// The folder of a user's pages.
+    /// The folder for a user's cookies and page storage.
     static QString PagesFolder(const QString& profile, const QString& pin);
 
 Q_SIGNALS:

@@ -4,7 +4,7 @@
 #include "frame-data/IGeneralData.h"
 #include "frame-data/TLUserData.h"
 
-/// What this client knows about the log-in.
+/// What the client tells modules about the log-in.
 class GeneralData final : public IGeneralData
 {
 public:

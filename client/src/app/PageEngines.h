@@ -15,18 +15,18 @@ class PageEngines final
 public:
     PageEngines() = delete;
 
-    /// Web where the client was built with it.
+    /// The web engine if the client was built with it, otherwise the plain one.
     static PageEngine GetBest() noexcept;
-    /// "web" or "plain"; empty for any other name, and for an engine that this client was built without.
+    /// `name` is "web" or "plain"; empty for any other name and for an engine that this client lacks.
     static std::optional<PageEngine> FromName(const QString& name);
-    /// The names that `FromName` takes, the best first.
+    /// The names that `FromName` accepts, the best first.
     static QStringList GetNames();
 
-    /// As its makers count; empty for the plain one, which is the client's own.
+    /// The engine's own version; empty for the plain one, which is part of the client.
     static QString GetVersion(PageEngine engine);
 
-    /// `folder` is where the user's cookies and page storage stand, where the engine keeps any. `language` is
-    /// what pages are told that the user reads. The engine is one that this client was built with.
+    /// `folder` is for the user's cookies and page storage, if the engine keeps any. `language` is the one
+    /// that pages are told. The client must have been built with `engine`.
     static std::unique_ptr<IPageFactory> Make(PageEngine engine, const QString& folder,
                                               const QString& language);
 };

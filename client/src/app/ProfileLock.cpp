@@ -15,7 +15,7 @@ bool ProfileLock::Acquire(const QString& profile, QString* problem)
         return false;
     }
     m_file = std::make_unique<QLockFile>(QDir(profile).filePath(QStringLiteral("client.lock")));
-    m_file->setStaleLockTime(0); // held for as long as the client runs
+    m_file->setStaleLockTime(0); // the client holds it as long as it runs
     if (!TryToLock()) {
         *problem = QStringLiteral("The profile \"%1\" cannot be used: another client has it open, or the "
                                   "folder cannot be written to.")
@@ -38,7 +38,7 @@ bool ProfileLock::TryToLock()
     qint64 processId = 0;
     QString host;
     QString program;
-    // A client that was killed while it made the file left one without a name in it.
+    // A client that was killed while it created the file left one that names nobody.
     const bool named = m_file->getLockInfo(&processId, &host, &program);
     return !named && m_file->removeStaleLockFile() && m_file->tryLock();
 }

@@ -9,8 +9,8 @@
 class ProfileLock final
 {
 public:
-    /// Makes the folder where there is none and locks it, until `Release` or the end of the process. False,
-    /// with a sentence in `problem`, when that cannot be done.
+    /// Creates the folder if needed and locks it until `Release` or the end of the process. On failure,
+    /// returns false with a sentence in `problem`.
     bool Acquire(const QString& profile, QString* problem);
     void Release();
 

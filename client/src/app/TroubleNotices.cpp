@@ -36,22 +36,22 @@ void TroubleNotices::HandleReport(const HttpCallReport& report)
         return;
     }
     m_notices->Show(StartListId, NoticeKind::Error, [description = report.description] {
-        return Join(tr("The list of what opens at the start could not be read."), description);
+        return Join(tr("The client could not read which pages and apps to open at start."), description);
     });
 }
 
 void TroubleNotices::ShowSaveFailed()
 {
     m_notices->Show(QStringLiteral("keep-session"), NoticeKind::Warning, [] {
-        return tr("The system's key store did not take the session. You will be asked to log in again next "
-                  "time.");
+        return tr("The session could not be saved in the system's key store. You will have to log in again "
+                  "next time.");
     });
 }
 
 void TroubleNotices::ShowStoreSetAside(const QString& setAsideFile, const QString& reason)
 {
     m_notices->Show(QStringLiteral("store-set-aside"), NoticeKind::Warning, [setAsideFile, reason] {
-        return Join(tr("The client's settings file could not be used as it was. The old file is kept as %1.")
+        return Join(tr("The client could not use its settings file. The old file is kept as %1.")
                         .arg(QDir::toNativeSeparators(setAsideFile)),
                     reason);
     });
@@ -61,8 +61,7 @@ void TroubleNotices::HandleDamagedValue()
 {
     ++m_damagedValues;
     m_notices->Show(QStringLiteral("store-values-damaged"), NoticeKind::Warning, [count = m_damagedValues] {
-        return tr("Stored settings were damaged and start afresh (%1). The originals are kept in "
-                  "the settings file.")
+        return tr("Damaged settings were reset (%1). The originals are kept in the settings file.")
             .arg(count);
     });
 }
@@ -70,7 +69,8 @@ void TroubleNotices::HandleDamagedValue()
 void TroubleNotices::ShowStoreFailed(const QString& reason)
 {
     m_notices->Show(QStringLiteral("store-failed"), NoticeKind::Error, [reason] {
-        return Join(tr("The client's settings cannot be saved. What you change is lost at the end."), reason);
+        return Join(tr("The client cannot save its settings. Your changes will be lost when it closes."),
+                    reason);
     });
 }
 

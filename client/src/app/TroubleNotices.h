@@ -6,21 +6,21 @@ class GatewayWatch;
 class NoticeBoard;
 struct HttpCallReport;
 
-/// Says in bars what goes wrong around the gateway and the settings store. GUI thread.
+/// Shows trouble with the gateway and the settings store in bars. GUI thread.
 class TroubleNotices final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Neither is owned.
+    /// Owns neither of them.
     TroubleNotices(NoticeBoard* notices, GatewayWatch* watch, QObject* parent = nullptr);
 
-    /// A call ended; one that reads what opens at the start is of interest to the user when it fails.
+    /// Call when a call to the gateway ended. A failed read of the start list shows a bar.
     void HandleReport(const HttpCallReport& report);
-    /// The session was to be kept and could not be.
+    /// Call when the session could not be saved.
     void ShowSaveFailed();
     void ShowStoreSetAside(const QString& setAsideFile, const QString& reason);
-    /// One more stored value was found damaged.
+    /// Call for each stored value that is found damaged.
     void HandleDamagedValue();
     void ShowStoreFailed(const QString& reason);
 

@@ -19,11 +19,11 @@ namespace {
 
 void Say(std::FILE* stream, const QString& text)
 {
-    // Nothing can be said about a stream that takes nothing.
+    // If the stream accepts no text, there is nowhere left to report that.
     static_cast<void>(std::fputs(qUtf8Printable(text + QLatin1Char('\n')), stream));
 }
 
-/// Where nobody reads what is written, as in a program of Windows without a console, a box says it.
+/// Writes to the terminal; without one, as in a Windows program that has no console, shows a box.
 void SayProblem(const QString& problem)
 {
     Say(stderr, QStringLiteral("tl-client: ") + problem);
@@ -34,7 +34,7 @@ void SayProblem(const QString& problem)
 #endif
 }
 
-/// Help and version are for somebody at a terminal, who may have no display. Empty: go on.
+/// Prints help or version if asked to, without needing a display. Empty if the client should start.
 std::optional<int> AnswerAtTerminal(int argc, char** argv)
 {
     QStringList arguments;
@@ -78,7 +78,7 @@ int RunClient()
         return ClientApplication::UnusableOptions;
     }
     const int code = client.Run();
-    // Last of all: the profile is closed, and the new process has it for itself.
+    // Last of all: the profile is closed, so the new process can open it.
     if (!client.StartSuccessor(&problem)) {
         Say(stderr, QStringLiteral("tl-client: ") + problem);
         QMessageBox::critical(nullptr, QCoreApplication::applicationName(), problem);
@@ -95,8 +95,8 @@ int main(int argc, char** argv)
     }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
 #ifdef Q_OS_WIN
-    // A monitor at 150 % is drawn at 150 %, pages included. Elsewhere the scale may come from what the
-    // monitor says of its size, which is no round number, and Qt rounds it.
+    // Draws everything at 150 % on a monitor set to 150 %, pages included. On other systems the scale may
+    // come from the reported size of the monitor, an odd number, so Qt rounds it there.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 #endif
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -104,10 +104,10 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("tl-client"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TL_CLIENT_VERSION));
     QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false); // the client ends in an order of its own
+    QApplication::setQuitOnLastWindowClosed(false); // the client ends in its own order
 #ifdef Q_OS_WIN
-    // Qt 5 takes the font of Windows 2000's dialogs; what the user chose, and what Windows itself uses, is
-    // this one.
+    // By default Qt 5 uses the dialog font of Windows 2000. This is the font that the user chose and that
+    // Windows itself uses.
     QApplication::setFont(QApplication::font("QMessageBox"));
 #endif
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tl-client.svg")));

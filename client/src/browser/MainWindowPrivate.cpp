@@ -133,7 +133,7 @@ void MainWindowPrivate::SetOpenDelayed(bool on)
 
 void MainWindowPrivate::BeginReopening(const MainWindow::TabClaim& claim)
 {
-    m_tabs.GetQueue().Begin(claim, MainWindow::reopenedAtOnce);
+    m_tabs.GetQueue().Begin(claim, MainWindow::ReopenedAtOnce);
 }
 
 void MainWindowPrivate::EndReopening()

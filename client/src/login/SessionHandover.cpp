@@ -41,7 +41,7 @@ bool IsTerminal()
 QByteArray ReadInput()
 {
     QFile input;
-    return input.open(stdin, QIODevice::ReadOnly) ? input.readLine(SessionHandover::textLimit) : QByteArray();
+    return input.open(stdin, QIODevice::ReadOnly) ? input.readLine(SessionHandover::TextLimit) : QByteArray();
 }
 
 QString ToText(const QDateTime& time)
@@ -79,7 +79,7 @@ std::optional<SessionHandover> SessionHandover::FromText(const QByteArray& text,
     handover.session.accessToken = object.value(TokenKey).toString();
     handover.session.expiresAt = ToTime(object.value(ExpiresKey));
     handover.openTabs = object.value(OpenTabsKey).toBool();
-    const bool fresh = written.isValid() && qAbs(written.secsTo(now)) <= lifeTime;
+    const bool fresh = written.isValid() && qAbs(written.secsTo(now)) <= LifeTime;
     if (object.value(VersionKey).toInt() != FormatVersion || !fresh || handover.session.IsEmpty() ||
         handover.session.pin.isEmpty()) {
         return std::nullopt;
@@ -96,7 +96,7 @@ std::optional<SessionHandover> SessionHandover::Take()
     std::promise<QByteArray> promise;
     std::future<QByteArray> text = promise.get_future();
     std::thread([promise = std::move(promise)]() mutable { promise.set_value(ReadInput()); }).detach();
-    if (text.wait_for(std::chrono::milliseconds(readTimeout)) != std::future_status::ready) {
+    if (text.wait_for(std::chrono::milliseconds(ReadTimeout)) != std::future_status::ready) {
         return std::nullopt;
     }
     return FromText(text.get(), QDateTime::currentDateTimeUtc());

@@ -36,7 +36,7 @@ TEST(ClientEndTest, AfterTheTakeDownTheKindStays)
     EXPECT_FALSE(end.WantsSuccessor()) << "it would start into the end of the session";
 }
 
-TEST(ClientEndTest, NothingStartsIntoTheEndOfTheSystemsSession)
+TEST(ClientEndTest, NoSuccessorStartsWhileTheSystemEndsTheSession)
 {
     for (const EndKind kind : {EndKind::LogOut, EndKind::Refused, EndKind::Restart}) {
         ClientEnd end;
@@ -50,7 +50,7 @@ TEST(ClientEndTest, NothingStartsIntoTheEndOfTheSystemsSession)
     EXPECT_FALSE(quit.WantsSuccessor());
 }
 
-TEST(ClientEndTest, RestartWithoutItsTabsIsAQuitToThem)
+TEST(ClientEndTest, RestartWithoutTabsIsAQuitForThem)
 {
     ClientEnd end;
     end.PrepareRestart(false, QString());
@@ -66,7 +66,7 @@ TEST(ClientEndTest, RestartWithoutItsTabsIsAQuitToThem)
     EXPECT_TRUE(withTabs.OpensTabsAgain());
 }
 
-TEST(ClientEndTest, TheModulesQuitHookIsLeftOutWhereItWouldClearWhatIsNeeded)
+TEST(ClientEndTest, TheModulesQuitHookIsSkippedWhereItWouldClearWhatIsNeeded)
 {
     for (const EndKind kind : {EndKind::SystemEnd, EndKind::Refused}) {
         ClientEnd end;

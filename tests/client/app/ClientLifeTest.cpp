@@ -11,7 +11,7 @@ using Stage = ClientStage;
 const std::vector<Stage> AllStages{Stage::Starting, Stage::LoggingIn, Stage::Entering,
                                    Stage::Working,  Stage::Ending,    Stage::Ended};
 
-/// A life that came to the stage by allowed steps.
+/// A life that reached the stage by allowed steps.
 ClientLife LifeAt(Stage stage)
 {
     ClientLife life;
@@ -58,7 +58,7 @@ TEST(ClientLifeTest, OnlyARefusedSessionLeadsBack)
     EXPECT_EQ(StepsFrom(Stage::Working), (std::vector<Stage>{Stage::Ending, Stage::Ended}));
 }
 
-TEST(ClientLifeTest, EndIsDecidedOnAndComesOnce)
+TEST(ClientLifeTest, EndIsDecidedAndComesOnce)
 {
     EXPECT_EQ(StepsFrom(Stage::Ending), (std::vector<Stage>{Stage::Ended}));
     EXPECT_TRUE(StepsFrom(Stage::Ended).empty());

@@ -43,7 +43,7 @@ protected:
         m_services->plugins.SetPlugins(m_services->plugins.GetPlugins() << app);
     }
 
-    /// Returns when the image cache has answered what was asked of it before.
+    /// Waits until the image cache has answered all earlier requests.
     bool Settle()
     {
         bool isAnswered = false;
@@ -72,7 +72,7 @@ TEST_F(ClientServicesTest, TheTilesOfAppsShowTheirPictures)
     EXPECT_EQ(m_server.GetRequestCount(), 1);
 }
 
-TEST_F(ClientServicesTest, APictureThatCannotBeHadLeavesTheUsualOne)
+TEST_F(ClientServicesTest, APictureThatCannotBeLoadedLeavesTheUsualOne)
 {
     AddApp(Url(QStringLiteral("/gone.png")));
     AppListModel model(&m_services->plugins, &ClientServices::LoadPicture);
@@ -93,7 +93,7 @@ TEST_F(ClientServicesTest, ALargePictureIsHandedOverInTheSizeOfATile)
     EXPECT_EQ(picture.size(), QSize(128, 64));
 }
 
-TEST_F(ClientServicesTest, NobodyIsCalledWhoIsGone)
+TEST_F(ClientServicesTest, AContextThatIsGoneIsNotCalled)
 {
     m_server.SetStanding(ScriptedReply::Of(ScriptedReply::Kind::Whole, Pictures::Png()));
     auto context = std::make_unique<QObject>();
@@ -105,7 +105,7 @@ TEST_F(ClientServicesTest, NobodyIsCalledWhoIsGone)
     EXPECT_FALSE(isCalled);
 }
 
-TEST_F(ClientServicesTest, PicturesAreKeptInTheProfileForTheNextRun)
+TEST_F(ClientServicesTest, PicturesStayInTheProfileForTheNextRun)
 {
     m_server.Enqueue(ScriptedReply::Of(ScriptedReply::Kind::Whole, Pictures::Png(Qt::blue)));
     for (int run = 0; run < 2; ++run) {

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(PageEnginesTest, NamesAreThoseOfTheEnginesThatThisClientHas)
+TEST(PageEnginesTest, NamesAreThoseOfTheBuiltInEngines)
 {
     const QStringList expected = TL_HAS_WEB_ENGINE
                                      ? QStringList{QStringLiteral("web"), QStringLiteral("plain")}
@@ -23,7 +23,7 @@ TEST(PageEnginesTest, TheWebEngineIsTheBestWhereThereIsOne)
     EXPECT_EQ(PageEngines::GetBest(), TL_HAS_WEB_ENGINE ? PageEngine::Web : PageEngine::Plain);
 }
 
-TEST(PageEnginesTest, PlainPagesCanBeHadEverywhere)
+TEST(PageEnginesTest, PlainPagesAreAvailableEverywhere)
 {
     const auto pages = PageEngines::Make(PageEngine::Plain, QString(), QStringLiteral("en"));
     EXPECT_NE(qobject_cast<PlainPageFactory*>(pages.get()), nullptr);

@@ -26,7 +26,7 @@ protected:
         report.failureCode = fromCache ? QStringLiteral("1") : QString();
         return report;
     }
-    void Take(const HttpCallReport& report)
+    void Handle(const HttpCallReport& report)
     {
         m_watch.HandleReport(report);
         m_troubleNotices.HandleReport(report);
@@ -41,20 +41,20 @@ protected:
     QSignalSpy m_gone{&m_notices, &NoticeBoard::SigGone};
 };
 
-TEST_F(TroubleNoticesTest, KeptReplyIsSaidWithTheFailureAndGoesAwayWithTheNextAnswer)
+TEST_F(TroubleNoticesTest, CachedReplyShowsTheFailureUntilTheNextAnswer)
 {
     m_notices.SetBar(&m_bar);
-    Take(Report("dsm.tl.pc.plugin.list", true, true));
+    Handle(Report("dsm.tl.pc.plugin.list", true, true));
     EXPECT_EQ(Text("gateway"), "The gateway cannot be reached. You see the last known configuration. "
                                "(connection refused)");
-    Take(Report("dsm.tl.pc.plugin.list", true, false));
+    Handle(Report("dsm.tl.pc.plugin.list", true, false));
     EXPECT_FALSE(m_bar.IsShown(QStringLiteral("gateway")));
     EXPECT_EQ(m_gone.count(), 1);
 }
 
-TEST_F(TroubleNoticesTest, NoticeThatCameBeforeTheWindowIsShownInIt)
+TEST_F(TroubleNoticesTest, NoticeFromBeforeTheWindowIsShownInIt)
 {
-    Take(Report("dsm.tl.pc.plugin.list", true, true));
+    Handle(Report("dsm.tl.pc.plugin.list", true, true));
     m_troubleNotices.ShowStoreSetAside(QStringLiteral("/p/settings.damaged"), QStringLiteral("malformed"));
     EXPECT_EQ(m_shown.count(), 2);
     m_notices.SetBar(&m_bar);
@@ -72,10 +72,10 @@ TEST_F(TroubleNoticesTest, DamagedValuesAreCountedInOneNotice)
     EXPECT_NE(Text("store-values-damaged").find("(2)"), std::string::npos);
 }
 
-TEST_F(TroubleNoticesTest, NoticeThatIsOverBeforeTheWindowComesIsNotShown)
+TEST_F(TroubleNoticesTest, NoticeThatIsOverBeforeTheWindowIsNotShown)
 {
-    Take(Report("dsm.tl.pc.plugin.list", true, true));
-    Take(Report("dsm.tl.pc.plugin.list", true, false));
+    Handle(Report("dsm.tl.pc.plugin.list", true, true));
+    Handle(Report("dsm.tl.pc.plugin.list", true, false));
     m_notices.SetBar(&m_bar);
     EXPECT_EQ(m_bar.GetCount(), 0);
 }
@@ -83,22 +83,22 @@ TEST_F(TroubleNoticesTest, NoticeThatIsOverBeforeTheWindowComesIsNotShown)
 TEST_F(TroubleNoticesTest, FailedReadOfTheStartListSaysWhatHappened)
 {
     m_notices.SetBar(&m_bar);
-    Take(Report("dsm.tl.pc.auto.run.get", false, false));
+    Handle(Report("dsm.tl.pc.auto.run.get", false, false));
     EXPECT_EQ(Text("start-list"),
-              "The list of what opens at the start could not be read. (connection refused)");
-    Take(Report("dsm.tl.pc.auto.run.get", true, false));
+              "The client could not read which pages and apps to open at start. (connection refused)");
+    Handle(Report("dsm.tl.pc.auto.run.get", true, false));
     EXPECT_FALSE(m_bar.IsShown(QStringLiteral("start-list")));
 }
 
-TEST_F(TroubleNoticesTest, StartListFromAKeptReplyIsNoFailedRead)
+TEST_F(TroubleNoticesTest, CachedStartListIsNoFailedRead)
 {
     m_notices.SetBar(&m_bar);
-    Take(Report("dsm.tl.pc.auto.run.get", true, true));
+    Handle(Report("dsm.tl.pc.auto.run.get", true, true));
     EXPECT_FALSE(m_bar.IsShown(QStringLiteral("start-list")));
     EXPECT_TRUE(m_bar.IsShown(QStringLiteral("gateway")));
 }
 
-TEST_F(TroubleNoticesTest, BarThatTheUserClosedIsGoneAndDoesNotComeBackWithTheLanguage)
+TEST_F(TroubleNoticesTest, BarThatTheUserClosedDoesNotComeBackWithTheLanguage)
 {
     m_notices.SetBar(&m_bar);
     m_troubleNotices.ShowStoreFailed(QStringLiteral("disk full"));
@@ -108,7 +108,7 @@ TEST_F(TroubleNoticesTest, BarThatTheUserClosedIsGoneAndDoesNotComeBackWithTheLa
     EXPECT_EQ(m_bar.GetCount(), 0);
 }
 
-TEST_F(TroubleNoticesTest, SameNoticeAgainIsReplacedInPlace)
+TEST_F(TroubleNoticesTest, SameNoticeAgainReplacesTheFirst)
 {
     m_notices.SetBar(&m_bar);
     m_troubleNotices.ShowStoreFailed(QStringLiteral("disk full"));

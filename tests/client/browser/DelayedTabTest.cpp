@@ -372,21 +372,21 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
     EXPECT_TRUE(m_pages.pages.isEmpty()) << "not before it is known which one is in front";
     m_window->EndReopening();
     EXPECT_TRUE(m_window->IsLoading()) << "more is to come";
-    EXPECT_TRUE(QTest::qWaitFor([this] { return CountDelayed() == 1002 - MainWindow::reopenedAtOnce; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return CountDelayed() == 1002 - MainWindow::ReopenedAtOnce; }));
     QCoreApplication::processEvents();
-    EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce);
+    EXPECT_EQ(m_pages.pages.size(), MainWindow::ReopenedAtOnce);
     EXPECT_TRUE(m_window->IsTabDelayed(1));
     EXPECT_FALSE(m_window->IsTabDelayed(2));
-    EXPECT_FALSE(m_window->IsTabDelayed(2 + MainWindow::reopenedAtOnce - 1));
-    EXPECT_TRUE(m_window->IsTabDelayed(2 + MainWindow::reopenedAtOnce));
+    EXPECT_FALSE(m_window->IsTabDelayed(2 + MainWindow::ReopenedAtOnce - 1));
+    EXPECT_TRUE(m_window->IsTabDelayed(2 + MainWindow::ReopenedAtOnce));
     EXPECT_EQ(m_window->GetCurrentTab(), 0);
 
     OpenUrl(QStringLiteral("https://after.example/"));
-    EXPECT_EQ(m_pages.pages.size(), MainWindow::reopenedAtOnce + 1);
+    EXPECT_EQ(m_pages.pages.size(), MainWindow::ReopenedAtOnce + 1);
     m_window->BeginReopening(&TakeAll);
     OpenUrl(QStringLiteral("https://another-set.example/"));
     m_window->EndReopening();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce + 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == MainWindow::ReopenedAtOnce + 2; }));
 }
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
@@ -424,7 +424,7 @@ TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
     QCoreApplication::processEvents();
     m_pages.pages[0]->Fail(PageFailure::Kind::NoNetwork, QUrl(QStringLiteral("https://shop-0.example/")));
     EXPECT_TRUE(
-        QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::frontGoesFirst / 2));
+        QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::FrontGoesFirst / 2));
 }
 
 TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
@@ -436,7 +436,7 @@ TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
     m_window->EndReopening();
     m_window->SelectTab(1);
     EXPECT_TRUE(
-        QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::frontGoesFirst * 3));
+        QTest::qWaitFor([this] { return m_pages.pages.size() == 3; }, MainWindow::FrontGoesFirst * 3));
 }
 
 TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain)

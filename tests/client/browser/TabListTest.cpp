@@ -26,7 +26,7 @@ protected:
         TabRecord home;
         home.title = QStringLiteral("home");
         home.type = TabType::Home;
-        m_list.Insert(m_home, home, 0);
+        m_list.Insert(Home, home, 0);
     }
 
     TabId Insert(const QString& title, int index = -1)
@@ -61,7 +61,7 @@ protected:
     }
     QString GetCurrentTitle() const { return m_list.GetRecord(m_list.GetCurrent()).title; }
 
-    static constexpr TabId m_home = 1000;
+    static constexpr TabId Home = 1000;
     TabList m_list;
     TabId m_last = NoTab;
 };

@@ -263,7 +263,7 @@ TEST_F(SessionHandoverProcessTest, LineIsEnoughWithoutTheEndOfInput)
 TEST_F(SessionHandoverProcessTest, TextBeyondTheLimitIsRefused)
 {
     SessionHandover handover = MakeHandover();
-    handover.session.accessToken = QString(SessionHandover::textLimit, QLatin1Char('x'));
+    handover.session.accessToken = QString(SessionHandover::TextLimit, QLatin1Char('x'));
     Start("take");
     Write(handover.ToText(QDateTime::currentDateTimeUtc()));
     ASSERT_TRUE(WaitForEnd());
@@ -273,7 +273,7 @@ TEST_F(SessionHandoverProcessTest, TextBeyondTheLimitIsRefused)
 TEST_F(SessionHandoverProcessTest, LongTokenWithinTheLimitIsTaken)
 {
     SessionHandover handover = MakeHandover();
-    handover.session.accessToken = QString(SessionHandover::textLimit - 1000, QLatin1Char('x'));
+    handover.session.accessToken = QString(SessionHandover::TextLimit - 1000, QLatin1Char('x'));
     Start("take");
     Write(handover.ToText(QDateTime::currentDateTimeUtc()));
     ASSERT_TRUE(WaitForEnd());

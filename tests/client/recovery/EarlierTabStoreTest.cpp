@@ -21,7 +21,7 @@ QString SlotField(int slot)
     return QStringLiteral("EARLIER_TABS_%1").arg(slot);
 }
 
-/// A set that differs from those of other numbers by its time and by how many tabs it has.
+/// A set that differs from those with other numbers in its time and its count of tabs.
 TabSet MakeSet(int number)
 {
     TabSet set = MakeTabs(number);
@@ -44,7 +44,7 @@ QString GetValue(const QString& field)
     return VXSettingManager::Instance()->GetUserValue(Section, field);
 }
 
-/// The numbers of the sets that are there.
+/// The numbers of the stored sets.
 QVector<int> GetNumbers()
 {
     QVector<int> numbers;

@@ -54,7 +54,7 @@ QStringList GetTitles(const QVector<TabRecord>& tabs)
 class EarlierTabsDialogTest : public ::testing::Test
 {
 protected:
-    /// Shows a dialog with two sets, of three tabs and of two.
+    /// Shows a dialog with two sets: one of three tabs and one of two.
     void Show()
     {
         Show({MakeSet(EarlierTabSet::Reason::Declined,
@@ -92,7 +92,7 @@ protected:
         const QRect row = m_tree->visualRect(index);
         QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, {}, QPoint(row.left() + 150, row.center().y()));
     }
-    /// To whatever has the focus, as the keyboard does.
+    /// Sends the key to the widget with the focus, as the keyboard does.
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         ASSERT_NE(QApplication::focusWidget(), nullptr);
@@ -277,7 +277,7 @@ TEST_F(EarlierTabsDialogTest, ASetSaysWhenItWasAndHowManyTabsItHas)
     many.tabs = QVector<TabRecord>(1234, MakeTab(QStringLiteral("a")));
     const EarlierTabSet one = MakeSet(EarlierTabSet::Reason::Dropped, {QStringLiteral("a")});
     Show({one, many});
-    // Between its making and its showing the day may have ended.
+    // The day may end between making and showing it.
     const QString today = EarlierTabsModel::GetWhenText(one.when, one.when);
     const QString yesterday = EarlierTabsModel::GetWhenText(one.when, one.when.addDays(1));
     const QString shown = At(0).data().toString();

@@ -19,7 +19,7 @@ using TabSetExamples::MakeTabs;
 class OpenTabsRecordTest : public ::testing::Test
 {
 protected:
-    /// A place in the pool's queue where its one thread stays until the test lets it go on.
+    /// A place in the pool's queue where its only thread waits until the test lets it go on.
     struct Gate
     {
         QSemaphore reached;
@@ -35,7 +35,7 @@ protected:
         m_thread.waitForDone();
     }
 
-    /// What is begun from now on waits until the gate is opened.
+    /// Whatever starts from now on waits until the gate opens.
     Gate* CloseGate()
     {
         auto gate = std::make_shared<Gate>();
@@ -90,7 +90,7 @@ TEST_F(OpenTabsRecordTest, OfSeveralThatWaitOnlyTheLastIsWritten)
     first->open.release();
     ASSERT_TRUE(WaitUntil([] { return !OpenTabsRecord::GetText().isEmpty(); }));
     EXPECT_EQ(OpenTabsRecord::GetText(), TextOf(1));
-    // Whatever came after the next text would have to wait here.
+    // Anything after the next text would have to wait here.
     CloseGate();
     second->open.release();
     ASSERT_TRUE(WaitUntil([] { return OpenTabsRecord::GetText() != TextOf(1); }));

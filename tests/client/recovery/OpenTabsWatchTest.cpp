@@ -28,7 +28,7 @@ protected:
         m_delay->Fire();
         ASSERT_EQ(TakeKept(), 1);
     }
-    /// Lets the pause after the last one pass, until nothing is on its way.
+    /// Lets pauses pass until nothing is on its way.
     void Rest()
     {
         while (m_delay->GetPause() >= 0) {
@@ -42,7 +42,7 @@ protected:
         m_kept->clear();
         return count;
     }
-    /// Whether what happened since `Rest` is told from the event loop at once, and once.
+    /// Whether the watch announces what happened since `Rest` once, from the event loop, without a pause.
     ::testing::AssertionResult IsTold()
     {
         if (m_delay->GetPause() != 0) {
@@ -145,7 +145,7 @@ TEST_F(OpenTabsWatchTest, PageThatNeverStopsChangingItsTitleDoesNotPutItOff)
     for (int i = 0; i < 100; ++i) {
         Q_EMIT page->SigTitleChanged(QString::number(i));
     }
-    EXPECT_EQ(m_delay->CountStarts(), starts) << "the pause began anew";
+    EXPECT_EQ(m_delay->CountStarts(), starts) << "the pause started again";
     m_delay->Fire();
     EXPECT_EQ(TakeKept(), 1);
 }

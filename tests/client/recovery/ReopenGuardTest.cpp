@@ -12,7 +12,7 @@
 class ReopenGuardTest : public ::testing::Test
 {
 protected:
-    /// One start of the client, which is killed unless the test ends it in order.
+    /// One start of the client; it is killed unless the test ends it properly.
     struct Start
     {
         explicit Start(bool reopened = true)
@@ -114,7 +114,7 @@ TEST_F(ReopenGuardTest, EndBeforeAnythingWasReopenedKeepsTheCareForTheNextStart)
     {
         ReopenGuard guard(std::make_unique<ManualDelay>());
         EXPECT_TRUE(guard.IsCareNeeded());
-        guard.HandleEnd(); // while the user was being asked
+        guard.HandleEnd(); // while the question is open
     }
     EXPECT_TRUE(DiesAfterReopening());
 }

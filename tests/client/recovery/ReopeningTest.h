@@ -13,33 +13,33 @@
 
 #include <QtCore/QStringList>
 
-/// A main window at the log-in of a user who had tabs open before, with a router behind it and with what a
-/// module does about them.
+/// A main window at the log-in of a user who had tabs open before, with a router and with what a module does
+/// about those tabs.
 class ReopeningTest : public MainWindowTest
 {
 protected:
     ReopeningTest();
     ~ReopeningTest() override;
 
-    /// The run before ended without order while these were open.
+    /// Acts as if the previous run had been interrupted with these tabs open.
     static void LeaveBehind(const TabSet& tabs);
     static void LeaveBehind(const QString& text);
-    /// Two runs died right after they had reopened their tabs.
+    /// Acts as if two runs had died right after reopening their tabs.
     static void DieTwice();
-    /// As a module does that knows the addresses only.
+    /// Reopens as a module does that knows only the addresses.
     static void Reopen(const QVector<TabRecord>& tabs);
     /// Asks first, and reopens if the answer is Yes.
     static void Offer(const QVector<TabRecord>& tabs);
     static QVector<EarlierTabStore::Fate> GetFates();
 
     int CountDelayed() const;
-    /// The tabs behind the home tab, as they would be kept.
+    /// The tabs after the home tab, as they would be recorded.
     QVector<TabRecord> GetOpen() const;
 
     UserStore m_store;
     QuestionWatch m_questions;
     ClientRouter m_router;
-    /// What was told by router URL to whoever keeps the tabs, in order.
+    /// The router URLs that the keeper of the tabs was told, in order.
     QStringList m_told;
 
 private:

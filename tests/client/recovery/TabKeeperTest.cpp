@@ -33,7 +33,7 @@ const QString CleanUrl = QStringLiteral("tl://autorun/clean");
 const QString MissingId = QStringLiteral("tabs-missing");
 const QString CareId = QStringLiteral("tabs-unloaded");
 
-/// A language in which everything that the class says ends with a mark.
+/// A language in which every text of the class ends with a mark.
 class MarkedLanguage final : public QTranslator
 {
 public:
@@ -63,8 +63,7 @@ protected:
     {
         m_tabs->Show(false, [] {});
     }
-    /// Shows the client with three pages, "a", "b" and "c", of which the last is in front, and forgets what
-    /// was told about it.
+    /// Shows the client with the pages "a", "b" and "c", the last in front, and forgets what was told so far.
     void ShowThree()
     {
         Show();
@@ -200,7 +199,7 @@ TEST_F(TabKeeperTest, WhatHappensAfterTheEndBeganIsNotTold)
         m_tabs->BeforeEnd(kind, QString());
         const QStringList told = m_told;
         const TabSet kept = GetKept();
-        // One that did not hear of the end, and has to keep the same distance.
+        // This one does not know of the end, and has to keep the same distance.
         OpenTabsWatch other(std::make_unique<TimerDelay>());
         int changes = 0;
         QObject::connect(&other, &OpenTabsWatch::SigChanged, m_window.get(), [&changes] { ++changes; });
@@ -230,7 +229,7 @@ TEST_F(TabKeeperTest, QuitRightAfterAChangeLeavesNothing)
 TEST_F(TabKeeperTest, SystemEndBringsTheRecordUpToDateAndOnDisk)
 {
     ShowThree();
-    // Work that the disk still has before it.
+    // Gives the disk work first.
     for (int i = 0; i < 20; ++i) {
         VXSettingManager::Instance()->SetUserValue(QStringLiteral("TEST"), QString::number(i),
                                                    QString(1000000, QChar('a' + i)));
@@ -357,7 +356,7 @@ TEST_F(TabKeeperTest, EndWhileTheUserIsAskedKeepsTheTabs)
         LeaveBehind(MakeTabs(3));
         m_tabs = std::make_unique<TabKeeper>(m_window.get(), &m_questions, &m_notices, PictureLoader(),
                                              [] { return true; });
-        QuestionAnswer escape(Qt::Key_Escape); // as the end closes what is open
+        QuestionAnswer escape(Qt::Key_Escape); // the end closes open dialogs like this
         escape.SetBefore([this] { m_tabs->PrepareEnd(); });
         m_tabs->Show(false, [] { Offer(MakeTabs(3).tabs); });
         End(kind);
@@ -398,7 +397,7 @@ TEST_F(TabKeeperTest, RecordThatWasReadInPartIsToldAlsoWhenAllOfThatCameBack)
 {
     const TabSet tabs = MakeTabs(3);
     const QString text = TabSetText::Write(tabs);
-    LeaveBehind(text.left(text.size() - text.size() / 6)); // without the last one
+    LeaveBehind(text.left(text.size() - text.size() / 6)); // without the last tab
     ASSERT_EQ(TabSetText::Read(OpenTabsRecord::GetText()).tabs.tabs.size(), 2);
     m_tabs->Show(false, [&tabs] { Reopen(tabs.tabs.mid(0, 2)); });
     EXPECT_EQ(GetNotice(MissingId),

@@ -23,9 +23,9 @@ class TabReopeningTest : public ReopeningTest
 protected:
     TabReopeningTest() : m_guard(MakeDelay()) {}
 
-    /// The log-in, in which the module calls `act`.
+    /// A log-in in which the module calls `act`.
     void Run(const std::function<void()>& act, bool restarted = false) { m_reopening.Run(restarted, act); }
-    /// The turn of a module that keeps no tabs.
+    /// Calls `act` in the turn of a module that keeps no tabs.
     void RunAsOtherModule(const std::function<void()>& act)
     {
         m_keepersTurn = false;
@@ -44,7 +44,7 @@ protected:
         m_delay = delay.get();
         return delay;
     }
-    /// What was said to be missing: how many came back, and of how many. Empty: nothing was said.
+    /// What was reported missing: how many tabs came back, and of how many. Empty if nothing was reported.
     QVariantList GetMissing() const { return m_missing.isEmpty() ? QVariantList() : m_missing.first(); }
 
     ManualDelay* m_delay = nullptr;
@@ -199,7 +199,7 @@ TEST_F(TabReopeningTest, TabThatWentToAnotherPageAtTheLastMomentIsNotMissing)
     Run(
         [&tabs] {
             Reopen(tabs.tabs.mid(0, 2));
-            OpenPage(); // the module's record is a moment newer
+            OpenPage(); // the module's record is slightly newer
         },
         true);
     EXPECT_TRUE(m_missing.isEmpty());
@@ -264,8 +264,8 @@ TEST_F(TabReopeningTest, ReopenedTabsShowTheirSavedTitlesAndIcons)
     const QuestionAnswer yes(QStringLiteral("yes_button"));
     Run([&tabs] { Offer(tabs.tabs); });
     EXPECT_EQ(GetOpen(), tabs.tabs);
-    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce; }));
-    EXPECT_EQ(CountDelayed(), 15 - MainWindow::reopenedAtOnce);
+    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::ReopenedAtOnce; }));
+    EXPECT_EQ(CountDelayed(), 15 - MainWindow::ReopenedAtOnce);
 }
 
 TEST_F(TabReopeningTest, OfAnAddressThatIsOpenTwiceEachTabShowsItsOwnTitle)
@@ -287,7 +287,7 @@ TEST_F(TabReopeningTest, SavedTitlesAreForTheTabsThatComeBackOnly)
     Run([] {});
     Reopen(tabs.tabs);
     EXPECT_EQ(GetTitles().constLast(), QStringLiteral("a.example"));
-    for (int i = 0; i < 2 * MainWindow::reopenedAtOnce; ++i) {
+    for (int i = 0; i < 2 * MainWindow::ReopenedAtOnce; ++i) {
         OpenUrl(QStringLiteral("https://later-%1.example/").arg(i));
     }
     EXPECT_EQ(CountDelayed(), 0) << "what the user opens later waits, too";
@@ -335,7 +335,7 @@ TEST_F(TabReopeningTest, TabInFrontThatDidNotComeBackLeavesTheHomeTabThere)
 {
     const TabSet tabs = MakeTabs(4, 3);
     LeaveBehind(tabs);
-    OpenUrl(QStringLiteral("https://d.example/")); // the address, but not that tab
+    OpenUrl(QStringLiteral("https://d.example/")); // the address, but not that very tab
     Run([&tabs] { Reopen(tabs.tabs.mid(0, 3)); }, true);
     EXPECT_EQ(m_window->GetCurrentTab(), 0);
 }
@@ -345,7 +345,7 @@ TEST_F(TabReopeningTest, AfterTwoDeathsNothingLoadsUntilItIsSelected)
     DieTwice();
     const TabSet tabs = MakeTabs(3, 1);
     LeaveBehind(tabs);
-    const QuestionAnswer yes(QStringLiteral("yes_button")); // a touch that comes before the tabs do
+    const QuestionAnswer yes(QStringLiteral("yes_button")); // a touch before the tabs come
     Run([&tabs] { Offer(tabs.tabs); });
     RunQueuedEvents();
     EXPECT_EQ(m_care.count(), 1);
@@ -437,5 +437,5 @@ TEST_F(TabReopeningTest, ThousandTabsComeBack)
     EXPECT_EQ(m_window->GetCurrentTab(), 501);
     ASSERT_EQ(m_pages.pages.size(), 1) << "the one in front goes first";
     m_pages.pages.first()->Finish(true);
-    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce + 1; }));
+    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::ReopenedAtOnce + 1; }));
 }

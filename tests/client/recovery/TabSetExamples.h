@@ -5,7 +5,7 @@
 #include "base/VXRouterProtocol.h"
 #include "tab-container/TabType.h"
 
-/// Tabs to keep, for tests that do not care which.
+/// Example tabs, for tests that do not care which.
 namespace TabSetExamples {
 
 inline TabRecord MakePage(const QString& name)

@@ -17,7 +17,7 @@ using TabSetText::Write;
 
 namespace {
 
-/// Five tabs of both kinds, with letters of more than one byte.
+/// Five tabs of both kinds, with multi-byte characters.
 TabSet MakeMixed()
 {
     TabSet tabs = MakeTabs(3, 2);
@@ -37,13 +37,13 @@ QString Join(const QStringList& lines)
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-/// All of the bytes, beyond a zero as well.
+/// All of the bytes, also those after a zero.
 QString ToText(const QByteArray& bytes)
 {
     return QString::fromUtf8(bytes.constData(), bytes.size());
 }
 
-/// The text of `tabs` with another first line, built from `head` with %1 for what is to be tried.
+/// The text of `tabs` with `head` as its first line, where %1 stands for `value`.
 QString WithHead(const TabSet& tabs, const char* head, const char* value)
 {
     QStringList lines = LinesOf(tabs);
@@ -51,7 +51,7 @@ QString WithHead(const TabSet& tabs, const char* head, const char* value)
     return Join(lines);
 }
 
-/// Whether `tabs` has all of `wanted`, in their order, with or without others between.
+/// Whether `tabs` has all of `wanted` in this order, possibly with others in between.
 bool HasInOrder(const QVector<TabRecord>& tabs, const QVector<TabRecord>& wanted)
 {
     auto at = tabs.cbegin();
@@ -118,7 +118,7 @@ TEST(TabSetTextTest, CutAnywhereItGivesTheTabsBeforeTheCut)
     const QByteArray text = Write(tabs).toUtf8();
     for (int size = 0; size < text.size() - 1; ++size) {
         const QByteArray kept = text.left(size);
-        // A line without its end is complete as well.
+        // A line without its line feed is complete, too.
         const int lines = kept.count('\n') + (text.at(size) == '\n' ? 1 : 0);
         const Reading reading = Read(ToText(kept));
         EXPECT_EQ(reading.whole, size == 0) << size;
@@ -154,7 +154,7 @@ TEST(TabSetTextTest, FlippedByteCostsOnlyTheLinesThatItHits)
             const int line = text.left(place).count('\n');
             QVector<TabRecord> untouched;
             for (int i = 0; i < tabs.tabs.size(); ++i) {
-                // The end of a line belongs to the next one, too.
+                // A line feed also belongs to the next line.
                 if (i + 1 != line && !(text.at(place) == '\n' && i == line)) {
                     untouched.append(tabs.tabs.at(i));
                 }
@@ -276,7 +276,7 @@ TEST(TabSetTextTest, SwappedLinesLoseNothing)
     lines.swapItemsAt(1, 3);
     const QVector<TabRecord> tabs = MakeTabs(3).tabs;
     EXPECT_EQ(Read(Join(lines)).tabs.tabs, (QVector<TabRecord>{tabs.at(2), tabs.at(1), tabs.at(0)}));
-    // A tab where the head should be, and the head where nobody looks for one.
+    // A tab where the head should be, and the head where none is expected.
     lines = LinesOf(MakeTabs(3));
     lines.swapItemsAt(0, 1);
     const Reading reading = Read(Join(lines));

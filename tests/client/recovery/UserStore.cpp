@@ -26,7 +26,7 @@ void UserStore::SignIn(const QString& pin)
 
 bool UserStore::KillAndReopen()
 {
-    // The files as a killed process leaves them: whatever the store still has to write is not among them.
+    // The files as a killed process leaves them, without what the store had yet to write.
     const QDir before(m_folder.filePath(QString::number(m_round)));
     const QDir after(m_folder.filePath(QString::number(++m_round)));
     bool copied = after.mkpath(QStringLiteral("."));

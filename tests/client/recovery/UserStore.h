@@ -2,7 +2,7 @@
 
 #include <QtCore/QTemporaryDir>
 
-/// A settings store of its own with the user "demo" signed in, for the life of the object.
+/// A separate settings store with the user "demo" signed in, for the life of the object.
 class UserStore final
 {
 public:
@@ -10,10 +10,10 @@ public:
     ~UserStore();
     Q_DISABLE_COPY(UserStore)
 
-    /// Another user of the same store; empty: nobody.
+    /// Switches to another user of the same store; empty for nobody.
     static void SignIn(const QString& pin);
-    /// The client is killed now and started again: what is not on disk is lost. Returns whether the store
-    /// could be opened again.
+    /// Acts as if the client were killed now and started again: loses what is not on disk. Returns whether
+    /// the store could be opened again.
     [[nodiscard]] bool KillAndReopen();
 
 private:

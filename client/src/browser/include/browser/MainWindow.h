@@ -46,15 +46,15 @@ public:
     /// How many tabs of a set that is being reopened load without being selected. Each page takes a share of
     /// a second of the processor and a process of its own, so ten, the size of a day's work, are soon all
     /// there, while a thousand would keep the user waiting for minutes.
-    static constexpr int reopenedAtOnce = 10;
+    static constexpr int ReopenedAtOnce = 10;
     /// How long they let the page in front go first [ms].
-    static constexpr int frontGoesFirst = 2000;
+    static constexpr int FrontGoesFirst = 2000;
     /// Tells whether an opening brings back a tab of the set that is being reopened, by the router URL that
     /// the new tab has: the tab's record, whose title and icon it shows until the page says its own. Empty
     /// for a tab that is none of the set. Asked once for each opening.
     using TabClaim = std::function<std::optional<TabRecord>(const QString& routerUrl)>;
     /// Until `EndReopening`, tabs that `claim` knows stay unloaded. Then the tab that is in front by the next
-    /// turn of the event loop loads first and the first `reopenedAtOnce` of the set follow one by one; the
+    /// turn of the event loop loads first and the first `ReopenedAtOnce` of the set follow one by one; the
     /// rest stay unloaded until they are selected. A tab that is delayed anyway, or is to come to the front,
     /// does not count. All other openings go on as ever.
     void BeginReopening(const TabClaim& claim);

@@ -15,9 +15,9 @@
 class SessionHandover final
 {
 public:
-    static constexpr int textLimit = 64 * 1024; ///< [bytes]
-    static constexpr int readTimeout = 10000;   ///< [ms]
-    static constexpr int lifeTime = 60;         ///< [s] from writing to reading
+    static constexpr int TextLimit = 64 * 1024; ///< [bytes]
+    static constexpr int ReadTimeout = 10000;   ///< [ms]
+    static constexpr int LifeTime = 60;         ///< [s] from writing to reading
 
     Session session;
     bool openTabs = false; ///< whether to reopen the tabs
@@ -30,7 +30,7 @@ public:
     static std::optional<SessionHandover> FromText(const QByteArray& text, const QDateTime& now);
 
     /// Reads this process's standard input, which works once. Empty when nothing usable comes within
-    /// `readTimeout`; returns immediately when standard input is a terminal.
+    /// `ReadTimeout`; returns immediately when standard input is a terminal.
     static std::optional<SessionHandover> Take();
     /// Starts `program`, which calls `Take` and keeps running when this process ends. If it does not take the
     /// session in time, it shows the log-in dialog. False when the process could not be started.
