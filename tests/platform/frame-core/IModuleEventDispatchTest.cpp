@@ -10,35 +10,35 @@ namespace {
 class RecordingDispatch final : public IModuleEventDispatch
 {
 public:
-    void DispatchModuleEvent(const QString& sender, const ModuleEvent& Event) override
+    void DispatchModuleEvent(const QString& sender, const ModuleEvent& event) override
     {
-        events.append(sender + QLatin1Char('|') + Event.GetName());
+        events.append(sender + QLatin1Char('|') + event.GetName());
     }
 
     QStringList events;
 };
 
-const ModuleEvent event(QStringLiteral("module"), QStringLiteral("name"), {1, QStringLiteral("two")});
+const ModuleEvent SampleEvent(QStringLiteral("module"), QStringLiteral("name"), {1, QStringLiteral("two")});
 
 TEST(ModuleEventTest, CarriesWhatItWasMadeOf)
 {
-    EXPECT_EQ(Event.GetSender(), QStringLiteral("module"));
-    EXPECT_EQ(Event.GetName(), QStringLiteral("name"));
-    EXPECT_EQ(Event.GetArguments(), QVariantList({1, QStringLiteral("two")}));
+    EXPECT_EQ(SampleEvent.GetSender(), QStringLiteral("module"));
+    EXPECT_EQ(SampleEvent.GetName(), QStringLiteral("name"));
+    EXPECT_EQ(SampleEvent.GetArguments(), QVariantList({1, QStringLiteral("two")}));
 }
 
 TEST(IModuleEventDispatchTest, EventsAreDroppedWhileNothingIsProvided)
 {
     EXPECT_EQ(IModuleEventDispatch::Provided(), nullptr);
     ASSERT_NE(IModuleEventDispatch::GetDispatch(), nullptr);
-    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), Event);
+    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), SampleEvent);
 }
 
 TEST(IModuleEventDispatchTest, EventsReachTheProvidedOne)
 {
     RecordingDispatch dispatch;
     const Provided<IModuleEventDispatch> provided(&dispatch);
-    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), Event);
+    IModuleEventDispatch::GetDispatch()->DispatchModuleEvent(QStringLiteral("module"), SampleEvent);
     EXPECT_EQ(dispatch.events, QStringList(QStringLiteral("module|name")));
 }
 
