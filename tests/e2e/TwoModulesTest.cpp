@@ -38,7 +38,7 @@ protected:
     {
         LogIn();
         ASSERT_TRUE(m_client->WaitForEvents(QStringLiteral("tab.opened"), GetAllUrls().size()));
-        ASSERT_TRUE(WaitForKept());
+        ASSERT_TRUE(WaitForRecord());
         m_client->Kill();
     }
 
@@ -130,7 +130,7 @@ TEST_F(TwoModulesTest, AfterANoNoBarSaysThatTabsAreMissing)
 {
     RunAndDie();
     LogInAndDecline();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     EXPECT_FALSE(HasNotice(MissingId)) << "the page of the other module was taken for one that came back";
     EXPECT_EQ(CountDelayed(), 0);
     ASSERT_TRUE(m_client->Quit());
@@ -141,11 +141,11 @@ TEST_F(TwoModulesTest, TwoEarlyDeathsWithANoEachDoNotHoldTheNextStartBack)
     RunAndDie();
     for (int death = 0; death < 2; ++death) {
         LogInAndDecline();
-        ASSERT_TRUE(WaitForKept());
+        ASSERT_TRUE(WaitForRecord());
         m_client->Kill();
     }
     LogInAndDecline();
-    ASSERT_TRUE(WaitForKept());
+    ASSERT_TRUE(WaitForRecord());
     EXPECT_FALSE(HasNotice(CareId)) << "no tab was reopened in any of these runs";
     EXPECT_EQ(CountDelayed(), 0);
     ASSERT_TRUE(m_client->Quit());
