@@ -13,7 +13,7 @@ OpenTabs::OpenTabs(const Services& services, PageStack* stack, QObject* parent)
     : QObject(parent)
     , m_services(services)
     , m_stack(stack)
-    , m_queue(MainWindow::frontGoesFirst, [this] { return GetCurrentTab()->HasPage(); })
+    , m_queue(MainWindow::FrontGoesFirst, [this] { return GetCurrentTab()->HasPage(); })
 {
     connect(&m_queue, &LoadQueue::SigTurn, this, &OpenTabs::LoadWaiting);
     connect(&m_queue, &LoadQueue::SigEmpty, this, &OpenTabs::CheckIdle);

@@ -171,8 +171,8 @@ TEST_F(TabReopeningTest, ReopenedTabsShowTheirSavedTitlesAndIcons)
     const QuestionAnswer yes(QStringLiteral("yes_button"));
     Run([&tabs] { Offer(tabs.tabs); });
     EXPECT_EQ(GetOpen(), tabs.tabs);
-    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce; }));
-    EXPECT_EQ(CountDelayed(), 15 - MainWindow::reopenedAtOnce);
+    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::ReopenedAtOnce; }));
+    EXPECT_EQ(CountDelayed(), 15 - MainWindow::ReopenedAtOnce);
 }
 
 TEST_F(TabReopeningTest, OfAnAddressThatIsOpenTwiceEachTabShowsItsOwnTitle)
@@ -194,7 +194,7 @@ TEST_F(TabReopeningTest, SavedTitlesAreForTheTabsThatComeBackOnly)
     Run([] {});
     Reopen(tabs.tabs);
     EXPECT_EQ(GetTitles().constLast(), QStringLiteral("a.example"));
-    for (int i = 0; i < 2 * MainWindow::reopenedAtOnce; ++i) {
+    for (int i = 0; i < 2 * MainWindow::ReopenedAtOnce; ++i) {
         OpenUrl(QStringLiteral("https://later-%1.example/").arg(i));
     }
     EXPECT_EQ(CountDelayed(), 0) << "what the user opens later waits, too";
@@ -344,5 +344,5 @@ TEST_F(TabReopeningTest, ThousandTabsComeBack)
     EXPECT_EQ(m_window->GetCurrentTab(), 501);
     ASSERT_EQ(m_pages.pages.size(), 1) << "the one in front goes first";
     m_pages.pages.first()->Finish(true);
-    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::reopenedAtOnce + 1; }));
+    EXPECT_TRUE(WaitUntil([this] { return m_pages.pages.size() == MainWindow::ReopenedAtOnce + 1; }));
 }
