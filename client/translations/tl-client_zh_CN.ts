@@ -220,7 +220,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>正在加载</translation>
     </message>
     <message>
-        <source>“%1” was not opened. This client opens only web addresses, such as shop.example or https://shop.example, without user name and password.</source>
+        <source>“%1” was not opened. This client opens only web addresses, such as shop.example or https://shop.example, without a user name or password.</source>
         <translation>未打开“%1”。本客户端只打开不含用户名和密码的网址，例如 shop.example 或 https://shop.example。</translation>
     </message>
     <message>
@@ -344,7 +344,7 @@ When the client is interrupted, the tabs that were open are kept here.</source>
         <translation>%1 想要使用摄像头。</translation>
     </message>
     <message>
-        <source>%1 wants to use camera and microphone.</source>
+        <source>%1 wants to use the camera and the microphone.</source>
         <translation>%1 想要使用摄像头和麦克风。</translation>
     </message>
     <message>

@@ -15,7 +15,7 @@ constexpr int Gap = 8;         // between icon and name [px]
 constexpr int Side = 8;        // beside the name [px]
 constexpr int Lines = 2;
 
-/// Below the top of the tile.
+/// How far below the top of the tile its name begins [px].
 int GetNameTop()
 {
     return Scaled(Pad) + Scaled(IconSize) + Scaled(Gap);

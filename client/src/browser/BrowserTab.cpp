@@ -440,6 +440,7 @@ void BrowserTab::HideMessage()
     if (hadFocus && m_container->isVisible()) {
         FocusContent();
     }
+    Publish();
     Q_EMIT SigStateChanged();
 }
 

@@ -8,7 +8,7 @@
 class IDownload;
 class NoticeBar;
 
-/// Asks where to save a file and shows how far it is in a bar of its own, until the user closes it.
+/// Asks where to save a file and shows the progress in a bar of its own, until the user closes it.
 class DownloadNotices final : public QObject
 {
     Q_OBJECT

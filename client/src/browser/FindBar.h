@@ -8,7 +8,7 @@ class QLabel;
 class QLineEdit;
 class QToolButton;
 
-/// Search in a page. Enter goes on, Shift+Enter back, Escape closes.
+/// Search in a page. Enter finds the next match, Shift+Enter the previous one; Escape closes.
 class FindBar final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT

@@ -57,7 +57,7 @@ void HomePage::AdjustForDpi()
 {
     SetRelativeFont(m_greeting, 2, QFont::DemiBold);
     m_search->setFixedWidth(Scaled(SearchWidth));
-    m_grid->setSpacing(Scaled(TileGap)); // which lays out the tiles, too
+    m_grid->setSpacing(Scaled(TileGap)); // this also lays out the tiles again
     m_content->setMaximumWidth(Scaled(ColumnWidth));
     m_head->setSpacing(Scaled(16));
     m_column->setContentsMargins(Scaled(QMargins(32, 40, 32, 0)));

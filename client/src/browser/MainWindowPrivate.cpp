@@ -45,7 +45,7 @@ TabStripItem MakeItem(const BrowserTab& tab)
     return item;
 }
 
-/// Without what must not leave the tab.
+/// Without user name and password, which are not for others.
 QString ToText(const QUrl& address)
 {
     return QString::fromLatin1(address.adjusted(QUrl::RemoveUserInfo).toEncoded());
@@ -173,7 +173,7 @@ void MainWindowPrivate::Close(int index)
     if (wasCurrent) {
         SetFullScreen(false);
     }
-    // Asked now: the focus goes on by itself when what has it goes.
+    // Asked now: the focus moves on when the widget that has it goes.
     const bool stripFocused = IsStripFocused();
     m_tabs.Close(index);
     if (wasCurrent) {
@@ -332,7 +332,7 @@ void MainWindowPrivate::ConnectActions()
     m_actions.Connect(WindowAction::LogOut, this, [this] { Q_EMIT m_window->SigLogOutRequested(); });
     m_actions.Connect(WindowAction::Quit, this, [this] { m_window->close(); });
     connect(&m_commands, &TabCommands::SigSelectRequested, this, &MainWindowPrivate::Select);
-    // One that stays unloaded is not selected, but it is to be seen where it came back.
+    // A tab that stays unloaded is not selected, but the user sees where it came back.
     connect(&m_commands, &TabCommands::SigReopened, m_strip, &TabStrip::Reveal);
 }
 
@@ -376,7 +376,7 @@ void MainWindowPrivate::EnterAddress(const QString& text)
     if (!url.isValid()) {
         m_notices->Show(AddressNotice, NoticeKind::Warning,
                         tr("“%1” was not opened. This client opens only web addresses, such as shop.example "
-                           "or https://shop.example, without user name and password.")
+                           "or https://shop.example, without a user name or password.")
                             .arg(text.simplified().left(LongestTyped)));
         m_toolbar->StartTyping();
         return;

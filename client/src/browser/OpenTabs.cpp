@@ -210,7 +210,7 @@ void OpenTabs::CheckIdle()
 
 void OpenTabs::Connect(TabId id, BrowserTab* tab)
 {
-    // What a tab says before it is inserted is not missed: the list gets its record then.
+    // Signals before the tab is inserted are not missed: the list gets the record then.
     const auto on = [this, id, tab](auto signal, const auto& handle) {
         connect(tab, signal, this, [this, id, handle](const auto&... arguments) {
             const int index = m_list.IndexOf(id);
@@ -296,7 +296,7 @@ void OpenTabs::LoadWaiting(TabId id)
 void OpenTabs::ResolveApps()
 {
     for (int index = 0; index < m_list.GetCount(); ++index) {
-        const TabRecord record = m_list.GetRecord(index);
+        const TabRecord& record = m_list.GetRecord(index);
         const bool unknown = record.trouble == TabRecord::Trouble::UnknownApp;
         if (record.serviceCode.isEmpty() || (!record.delayed && !unknown)) {
             continue;

@@ -40,7 +40,7 @@ void PageQuestions::AskPermission(const PermissionRequest& request)
         text = tr("%1 wants to use the camera.");
         break;
     case PermissionRequest::Kind::CameraAndMicrophone:
-        text = tr("%1 wants to use camera and microphone.");
+        text = tr("%1 wants to use the camera and the microphone.");
         break;
     case PermissionRequest::Kind::ScreenCapture:
         text = tr("%1 wants to record the screen.");

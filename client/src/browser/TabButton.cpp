@@ -153,7 +153,7 @@ void TabButton::Retranslate()
 
 void TabButton::UpdateToolTip()
 {
-    // A tool tip that is not rich text by accident: titles come from web pages.
+    // Escaped: titles come from web pages and must not be read as rich text.
     const bool elided = fontMetrics().horizontalAdvance(m_item.title) > GetTextRoom();
     setToolTip(elided ? QStringLiteral("<p style='white-space:pre-wrap'>%1</p>")
                             .arg(m_item.title.left(400).toHtmlEscaped())

@@ -117,12 +117,12 @@ const TabList& TabCommands::GetList() const
 
 void TabCommands::RequestCloseOthers(TabId id)
 {
-    const int kept = GetList().IndexOf(id);
-    if (kept < 0) {
+    const int remaining = GetList().IndexOf(id);
+    if (remaining < 0) {
         return; // its page closed it while the menu was open
     }
     // First, so that not each neighbour in turn is selected, and loaded, before it goes too.
-    Q_EMIT SigSelectRequested(kept);
+    Q_EMIT SigSelectRequested(remaining);
     for (int index = GetList().GetCount() - 1; index > 0; --index) {
         if (GetList().GetId(index) != id && GetList().GetRecord(index).closable) {
             RequestClose(index);

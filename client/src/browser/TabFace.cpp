@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int LongestTitle = 500;    // of a page [characters]
-constexpr int LongestIconUrl = 2048; // that is kept with a tab [characters]
+constexpr int LongestIconUrl = 2048; // that a record holds [characters]
 
 } // namespace
 

@@ -153,10 +153,9 @@ bool TabList::Select(int index)
 
 void TabList::SetRecord(int index, const TabRecord& record)
 {
-    if (m_records.at(index) == record) {
-        return;
+    if (m_records.at(index) != record) { // or all of them would be copied where they are shared
+        m_records[index] = record;
     }
-    m_records[index] = record;
     Q_EMIT SigChanged(index);
 }
 

@@ -49,7 +49,7 @@ public:
     void SetOpener(TabId id, TabId opener);
 
     /// Removes a tab other than the home tab. When it was current, its opener becomes current, or else the
-    /// tab that takes its place. `reopenAs` is what `PopClosed` brings back, unless there is nothing to open
+    /// tab that takes its place. `reopenAs` is what `TakeClosed` brings back, unless there is nothing to open
     /// again.
     void Remove(int index, const TabRecord& reopenAs);
     /// Removes all but the home tab, and all that was closed. Announces only the current tab.
@@ -58,7 +58,8 @@ public:
     bool Move(int from, int to);
     /// False when the tab is current already, or there is none.
     bool Select(int index);
-    /// Replaces what is known of the tab.
+    /// Replaces what is known of the tab. Announced even when the record is the same: the picture that goes
+    /// with it may be another one.
     void SetRecord(int index, const TabRecord& record);
 
     bool HasClosed() const noexcept;
@@ -70,7 +71,7 @@ Q_SIGNALS:
     /// `index` is where the tab was.
     void SigRemoved(int index);
     void SigMoved(int from, int to);
-    /// The record differs from the one before.
+    /// Address, title or icon.
     void SigChanged(int index);
     /// Another tab is current. A current tab that only moved is not announced.
     void SigCurrentChanged(int index);

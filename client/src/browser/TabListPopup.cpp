@@ -88,7 +88,7 @@ void TabListPopup::Place()
     const QRect screen = m_anchor->screen()->availableGeometry();
     const int rows = qBound(1, m_list->count(), RowsSeen);
     m_list->setFixedHeight(rows * qMax(m_list->sizeHintForRow(0), Scaled(LowestRow)) + Scaled(4));
-    layout()->activate(); // or the height that it had before stays the least
+    layout()->activate(); // otherwise the former height stays the minimum
     setFixedWidth(qMin(Scaled(Width), screen.width()));
     adjustSize();
     QPoint place = m_anchor->mapToGlobal(QPoint(m_anchor->width() - width(), m_anchor->height() + Scaled(4)));

@@ -17,7 +17,7 @@ class TabButton;
 /// overtaken. The others share the room, and scroll once they are as narrow as they may get. Only the
 /// tabs in sight have widgets, so a thousand cost no more than a screenful.
 ///
-/// Shows what it is told and decides nothing: user actions come out as signals.
+/// Shows what it is told and decides nothing: what the user does comes out as signals.
 class TabStrip final : public QWidget, public IDpiAdapter
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ public:
     void SetCurrent(int index);
     /// Scrolls the tab into sight.
     void Reveal(int index);
-    /// The tabs in sight beside the pinned one; the first is behind the last when there are none.
+    /// The tabs in sight beside the pinned one; the last is below the first when there are none.
     int GetFirstSeen() const noexcept;
     int GetLastSeen() const noexcept;
 
@@ -53,7 +53,7 @@ Q_SIGNALS:
     /// Neither `from` nor `to` is 0.
     void SigMoveRequested(int from, int to);
     void SigNewTabRequested();
-    /// Other tabs may have come into sight. Said once control is back in the event loop.
+    /// Other tabs may have come into sight. Announced from the event loop.
     void SigSeenChanged();
     /// The user wants the list of all tabs, below `anchor`.
     void SigListRequested(QWidget* anchor);

@@ -42,7 +42,7 @@ public:
     QRect GetDraggedTab(int x) const;
     /// Whether a tab that is dragged there scrolls the others.
     bool IsBeyondEdge(int x) const;
-    /// The place whose middle a tab covers that is dragged there.
+    /// The place whose middle a tab that is dragged there covers.
     int GetPlaceAt(int x, int offset) const;
 
 private:

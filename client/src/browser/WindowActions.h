@@ -10,8 +10,7 @@
 class QAction;
 class QWidget;
 
-/// The window's actions with their keys and texts. Triggered by the keys wherever in the window the keyboard
-/// is.
+/// The window's actions with their keys and texts. The keys work wherever in the window the focus is.
 class WindowActions final : public QObject
 {
     Q_OBJECT

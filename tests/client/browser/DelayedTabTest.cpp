@@ -18,28 +18,28 @@
 
 namespace {
 
-/// What is kept of a tab.
-struct Kept
+/// What is recorded of a tab.
+struct Recorded
 {
     QString routerUrl;
     QString title;
     QString iconUrl;
     int type = 0;
 
-    bool operator==(const Kept& other) const
+    bool operator==(const Recorded& other) const
     {
         return routerUrl == other.routerUrl && title == other.title && iconUrl == other.iconUrl &&
                type == other.type;
     }
 };
 
-std::ostream& operator<<(std::ostream& stream, const Kept& kept)
+std::ostream& operator<<(std::ostream& stream, const Recorded& recorded)
 {
-    return stream << qPrintable(kept.routerUrl) << " | " << qPrintable(kept.title) << " | "
-                  << qPrintable(kept.iconUrl) << " | " << kept.type;
+    return stream << qPrintable(recorded.routerUrl) << " | " << qPrintable(recorded.title) << " | "
+                  << qPrintable(recorded.iconUrl) << " | " << recorded.type;
 }
 
-std::optional<TabRecord> TakeAll(const QString& routerUrl)
+std::optional<TabRecord> ClaimAll(const QString& routerUrl)
 {
     return TabRecord{routerUrl};
 }
@@ -47,27 +47,27 @@ std::optional<TabRecord> TakeAll(const QString& routerUrl)
 class DelayedTabTest : public MainWindowTest
 {
 protected:
-    Kept Keep(int index) const
+    Recorded GetRecorded(int index) const
     {
         return {GetRouterUrl(index), GetData(index).GetTitle(), GetData(index).GetIconUrl(),
                 GetData(index).GetType()};
     }
-    /// As a page or app is reopened that was kept.
-    void OpenKept(const Kept& kept, bool delayed = true)
+    /// Reopens a page or app as it was recorded.
+    void OpenRecorded(const Recorded& recorded, bool delayed = true)
     {
-        const VXRouterProtocol route(kept.routerUrl);
-        if (kept.type == TabType::WebPage) {
+        const VXRouterProtocol route(recorded.routerUrl);
+        if (recorded.type == TabType::WebPage) {
             TabOpenInfo info;
             info.address = route.GetWith(QStringLiteral("url"));
-            info.title = kept.title;
-            info.iconUrl = kept.iconUrl;
+            info.title = recorded.title;
+            info.iconUrl = recorded.iconUrl;
             info.isDelay = delayed;
             m_window->OpenUrl(info, -1);
         } else {
             PluginOpenInfo info;
             info.serviceCode = route.GetWith(QStringLiteral("code"));
-            info.title = kept.title;
-            info.iconUrl = kept.iconUrl;
+            info.title = recorded.title;
+            info.iconUrl = recorded.iconUrl;
             info.isDelay = delayed;
             m_window->OpenPlugin(info, -1);
         }
@@ -75,7 +75,7 @@ protected:
     void OpenDelayedApp(const QString& code, const QString& title = QString(),
                         const QString& iconUrl = QString())
     {
-        OpenKept(
+        OpenRecorded(
             {VXRouterProtocol(QStringLiteral("tl://plugin/open")).With(QStringLiteral("code"), code).GetUrl(),
              title, iconUrl, TabType::WebApp});
     }
@@ -123,38 +123,39 @@ protected:
     }
 };
 
-class KeptTabTest : public DelayedTabTest, public ::testing::WithParamInterface<Kept>
+class RecordedTabTest : public DelayedTabTest, public ::testing::WithParamInterface<Recorded>
 {};
 
 } // namespace
 
-TEST_P(KeptTabTest, IsKeptAgainAsItWasWithoutEverHavingBeenSelected)
+TEST_P(RecordedTabTest, IsRecordedAgainAsItWasWithoutEverBeingSelected)
 {
-    OpenKept(GetParam());
+    OpenRecorded(GetParam());
     EXPECT_TRUE(m_window->IsTabDelayed(1));
-    EXPECT_EQ(Keep(1), GetParam());
-    OpenKept(Keep(1));
-    EXPECT_EQ(Keep(2), GetParam());
+    EXPECT_EQ(GetRecorded(1), GetParam());
+    OpenRecorded(GetRecorded(1));
+    EXPECT_EQ(GetRecorded(2), GetParam());
     EXPECT_TRUE(m_pages.pages.isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Kinds, KeptTabTest,
+    Kinds, RecordedTabTest,
     ::testing::Values(
-        Kept{QStringLiteral(
-                 "tl://browser/open?url=https%3A%2F%2Fa.example%2Fp%3Fx%3D1%26y%3D%25C3%25A4%23top"),
-             QStringLiteral("Saved"), QStringLiteral("https://a.example/i.png?a=1&b=%20"), TabType::WebPage},
-        Kept{QStringLiteral("tl://browser/open?url=https%3A%2F%2Fxn--fiq228c.example%2F"),
-             QStringLiteral("  <b>two  spaces</b> &amp; 中文 \u202e"),
-             QStringLiteral("https://中文.example/图标.png"), TabType::WebPage},
-        Kept{QStringLiteral("tl://browser/open?url=http%3A%2F%2F127.0.0.1%3A8080"), QStringLiteral("127"),
-             QString(), TabType::WebPage},
-        Kept{QStringLiteral("tl://plugin/open?code=orders"), QStringLiteral("My orders (3)"),
-             QStringLiteral("https://cdn.example/orders-3.png"), TabType::WebApp},
-        Kept{QStringLiteral("tl://plugin/open?code=print"), QStringLiteral("Labels"),
-             QStringLiteral("https://cdn.example/labels.png"), TabType::NativeApp},
-        Kept{QStringLiteral("tl://plugin/open?code=taken%20away"), QStringLiteral("An app of last week"),
-             QStringLiteral("https://cdn.example/old.png"), TabType::WebApp}));
+        Recorded{QStringLiteral(
+                     "tl://browser/open?url=https%3A%2F%2Fa.example%2Fp%3Fx%3D1%26y%3D%25C3%25A4%23top"),
+                 QStringLiteral("Saved"), QStringLiteral("https://a.example/i.png?a=1&b=%20"),
+                 TabType::WebPage},
+        Recorded{QStringLiteral("tl://browser/open?url=https%3A%2F%2Fxn--fiq228c.example%2F"),
+                 QStringLiteral("  <b>two  spaces</b> &amp; 中文 \u202e"),
+                 QStringLiteral("https://中文.example/图标.png"), TabType::WebPage},
+        Recorded{QStringLiteral("tl://browser/open?url=http%3A%2F%2F127.0.0.1%3A8080"), QStringLiteral("127"),
+                 QString(), TabType::WebPage},
+        Recorded{QStringLiteral("tl://plugin/open?code=orders"), QStringLiteral("My orders (3)"),
+                 QStringLiteral("https://cdn.example/orders-3.png"), TabType::WebApp},
+        Recorded{QStringLiteral("tl://plugin/open?code=print"), QStringLiteral("Labels"),
+                 QStringLiteral("https://cdn.example/labels.png"), TabType::NativeApp},
+        Recorded{QStringLiteral("tl://plugin/open?code=taken%20away"), QStringLiteral("An app of last week"),
+                 QStringLiteral("https://cdn.example/old.png"), TabType::WebApp}));
 
 TEST_F(DelayedTabTest, HasNoWidgetsWhateverItIs)
 {
@@ -217,11 +218,11 @@ TEST_F(DelayedTabTest, AnAppKeepsItsSavedFaceWhenTheAppListChanges)
     OpenDelayedApp(QStringLiteral("orders"), QStringLiteral("My orders (3)"),
                    QStringLiteral("https://cdn.example/3.png"));
     OpenDelayedApp(QStringLiteral("orders"));
-    const Kept before = Keep(1);
+    const Recorded before = GetRecorded(1);
     auto renamed = MakeApp(QStringLiteral("orders"), QStringLiteral("https://orders.example/new"));
     renamed->setProperty("name", QStringLiteral("Sales"));
     m_apps.SetPlugins({renamed});
-    EXPECT_EQ(Keep(1), before);
+    EXPECT_EQ(GetRecorded(1), before);
     EXPECT_EQ(GetData(2).GetTitle(), QStringLiteral("Sales")) << "a name by the list follows the list";
     EXPECT_TRUE(m_pages.pages.isEmpty());
     m_window->SelectTab(1);
@@ -235,21 +236,21 @@ TEST_F(DelayedTabTest, AnAppThatIsTakenAwayKeepsItsSavedFaceAndSaysSoWhenSelecte
     OpenDelayedApp(QStringLiteral("orders"), QStringLiteral("My orders"),
                    QStringLiteral("https://c.example/i"));
     OpenDelayedApp(QStringLiteral("print"), QStringLiteral("Labels"));
-    const Kept orders = Keep(1);
-    const Kept print = Keep(2);
+    const Recorded orders = GetRecorded(1);
+    const Recorded print = GetRecorded(2);
     m_apps.SetPlugins({});
-    EXPECT_EQ(Keep(1), orders);
-    EXPECT_EQ(Keep(2), print) << "what kind of app it was is not known any more";
+    EXPECT_EQ(GetRecorded(1), orders);
+    EXPECT_EQ(GetRecorded(2), print) << "what kind of app it was is not known any more";
     EXPECT_EQ(CountDelayed(), 2);
     m_window->SelectTab(1);
     EXPECT_EQ(GetMessage().value(0), QStringLiteral("Unknown app"));
-    EXPECT_EQ(Keep(1), orders);
+    EXPECT_EQ(GetRecorded(1), orders);
 
     m_apps.SetPlugins({MakeApp(QStringLiteral("orders"), QStringLiteral("https://orders.example/start")),
                        MakeApp(QStringLiteral("print"), QString())});
     EXPECT_EQ(m_pages.pages.size(), 1);
-    EXPECT_EQ(Keep(1), orders);
-    EXPECT_EQ(Keep(2), print);
+    EXPECT_EQ(GetRecorded(1), orders);
+    EXPECT_EQ(GetRecorded(2), print);
     EXPECT_TRUE(m_window->IsTabDelayed(2)) << "the app list woke a tab";
 }
 
@@ -268,9 +269,9 @@ TEST_F(DelayedTabTest, AnAppThatTheListDoesNotKnowYetKeepsItsSavedFaceOnceItDoes
 TEST_F(DelayedTabTest, StaysUnloadedWhenItIsMovedClosedAndReopened)
 {
     OpenMany(5);
-    const Kept third = Keep(3);
+    const Recorded third = GetRecorded(3);
     m_window->MoveTab(3, 1);
-    EXPECT_EQ(Keep(1), third);
+    EXPECT_EQ(GetRecorded(1), third);
     m_window->CloseTab(1);
     EXPECT_EQ(m_window->GetTabCount(), 5);
     m_window->SelectTab(4);
@@ -278,14 +279,14 @@ TEST_F(DelayedTabTest, StaysUnloadedWhenItIsMovedClosedAndReopened)
 
     PressReopen();
     ASSERT_EQ(m_window->GetTabCount(), 6);
-    EXPECT_EQ(Keep(1), third);
+    EXPECT_EQ(GetRecorded(1), third);
     EXPECT_TRUE(m_window->IsTabDelayed(1));
     EXPECT_EQ(m_window->GetTabAddress(m_window->GetCurrentTab()), QStringLiteral("https://shop-5.example/"))
         << "it came to the front, where it would have to load";
     EXPECT_EQ(m_pages.pages.size(), 1);
     m_window->SelectTab(1);
     EXPECT_EQ(m_pages.pages.size(), 2);
-    EXPECT_EQ(Keep(1), third);
+    EXPECT_EQ(GetRecorded(1), third);
 }
 
 TEST_F(DelayedTabTest, WhereItIsReopenedIsScrolledIntoSight)
@@ -363,7 +364,7 @@ TEST_F(DelayedTabTest, WhileAllIsOpenedDelayedNothingLoadsOrComesToTheFront)
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 {
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     OpenDelayed(QStringLiteral("https://later.example/"), QStringLiteral("Later"));
     for (int i = 0; i < 1000; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
@@ -383,7 +384,7 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 
     OpenUrl(QStringLiteral("https://after.example/"));
     EXPECT_EQ(m_pages.pages.size(), MainWindow::ReopenedAtOnce + 1);
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     OpenUrl(QStringLiteral("https://another-set.example/"));
     m_window->EndReopening();
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_pages.pages.size() == MainWindow::ReopenedAtOnce + 2; }));
@@ -391,7 +392,7 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOnlyTheFirstLoad)
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
 {
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     for (int i = 0; i < 4; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
     }
@@ -415,7 +416,7 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedThePageInFrontLoadsFirst)
 
 TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
 {
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     for (int i = 0; i < 3; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
     }
@@ -429,7 +430,7 @@ TEST_F(DelayedTabTest, APageInFrontThatFailsHoldsNobodyUp)
 
 TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
 {
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     for (int i = 0; i < 3; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
     }
@@ -441,7 +442,7 @@ TEST_F(DelayedTabTest, APageInFrontThatNeverEndsHoldsNobodyUpForLong)
 
 TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain)
 {
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     for (int i = 0; i < 4; ++i) {
         OpenUrl(QStringLiteral("https://shop-%1.example/").arg(i));
     }
@@ -461,7 +462,7 @@ TEST_F(DelayedTabTest, TabsOfASetThatWereClosedOrSelectedMeanwhileDoNotLoadAgain
 
 TEST_F(DelayedTabTest, OfASetBeingReopenedOneThatIsToComeToTheFrontLoadsAtOnce)
 {
-    m_window->BeginReopening(&TakeAll);
+    m_window->BeginReopening(&ClaimAll);
     OpenUrl(QStringLiteral("https://shop.example/"));
     TabOpenInfo front;
     front.address = QStringLiteral("https://front.example/");
@@ -473,7 +474,7 @@ TEST_F(DelayedTabTest, OfASetBeingReopenedOneThatIsToComeToTheFrontLoadsAtOnce)
     m_window->EndReopening();
 }
 
-TEST_F(DelayedTabTest, WhileASetIsReopenedATabThatIsNoneOfItLoadsAtOnce)
+TEST_F(DelayedTabTest, WhileASetIsReopenedATabOutsideItLoadsAtOnce)
 {
     m_window->BeginReopening([](const QString& routerUrl) -> std::optional<TabRecord> {
         if (routerUrl.contains(QStringLiteral("foreign"))) {
@@ -570,7 +571,7 @@ TEST_F(DelayedTabTest, AnIconThatArrivesIsShownAndIsNoChangeOfTheTab)
     EXPECT_FALSE(DeliverPicture(url, red)) << "the tab waits for its icon although it is gone";
 }
 
-TEST_F(DelayedTabTest, AnIconThatStandsInItsOwnAddressIsShownButNotKept)
+TEST_F(DelayedTabTest, AnIconThatStandsInItsOwnAddressIsShownButNotRecorded)
 {
     OpenUrl(QStringLiteral("https://a.example/"));
     Q_EMIT m_pages.pages.first()->SigIconChanged(QUrl(QStringLiteral("data:image/png;base64,AAAA")), QIcon());

@@ -52,7 +52,7 @@ TEST_F(DownloadNoticesTest, NothingIsSavedWhenTheUserDeclines)
     EXPECT_EQ(m_bar.GetCount(), 0);
 }
 
-TEST_F(DownloadNoticesTest, ANameThatLeadsElsewhereLosesItsWay)
+TEST_F(DownloadNoticesTest, ANameThatLeadsElsewhereLosesItsPath)
 {
     m_download.name = QStringLiteral("../../.bashrc");
     m_notices.HandleDownload(&m_download);
@@ -74,7 +74,7 @@ TEST_F(DownloadNoticesTest, ANamelessFileGetsAName)
     EXPECT_FALSE(QFileInfo(m_proposal).fileName().isEmpty());
 }
 
-TEST_F(DownloadNoticesTest, ShowsHowFarItIsAndThatItIsThere)
+TEST_F(DownloadNoticesTest, ShowsTheProgressAndThatTheFileWasSaved)
 {
     m_notices.HandleDownload(&m_download);
     EXPECT_EQ(m_download.accepted, m_answer);

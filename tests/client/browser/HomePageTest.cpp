@@ -89,7 +89,7 @@ TEST_F(HomePageTest, SaysWhyThereIsNothing)
     EXPECT_EQ(empty->text(), QStringLiteral("There are no apps in your account yet."));
 }
 
-TEST(AppListModel, FetchesAnIconOnceAndShowsItWhenItArrives)
+TEST(AppListModelTest, FetchesAnIconOnceAndShowsItWhenItArrives)
 {
     TLPluginBaseManager apps;
     auto app = QSharedPointer<TLPluginBaseEntity>::create();

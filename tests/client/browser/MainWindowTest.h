@@ -39,7 +39,7 @@ protected:
     /// Headline, text and address of the message that the current tab shows; empty when it shows none.
     QStringList GetMessage() const;
 
-    /// Delivers the picture to whoever asked for the address; whether anybody did.
+    /// Delivers the picture to everyone who asked for the address; false when nobody did.
     bool DeliverPicture(const QString& url, const QPixmap& picture);
 
     /// A picture that the window wants.

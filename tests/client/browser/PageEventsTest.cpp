@@ -111,7 +111,7 @@ TEST_F(PageEventsTest, ADeadRendererIsShownWithAWayOut)
     EXPECT_EQ(GetPage().reloads, 1);
 }
 
-TEST_F(PageEventsTest, IdleIsSaidOnceWhenTheLastPageIsThere)
+TEST_F(PageEventsTest, IdleIsAnnouncedOnceWhenTheLastPageHasLoaded)
 {
     OpenUrl(QStringLiteral("https://b.example/"));
     QSignalSpy idle(m_window.get(), &MainWindow::SigIdle);
@@ -176,7 +176,7 @@ TEST_F(PageEventsTest, APermissionIsAskedInABarAndDeniedWhenTheBarIsClosed)
     EXPECT_EQ(answers, QList<bool>({true, false, false}));
 }
 
-TEST_F(PageEventsTest, TwoSitesInOnePageAreAnsweredEachForItself)
+TEST_F(PageEventsTest, TwoSitesInOnePageGetSeparateAnswers)
 {
     QStringList answers;
     PermissionRequest request;
@@ -316,7 +316,7 @@ TEST_F(PageEventsTest, WhatAPageMadeByItselfDoesNotTakeThePlaceOfItsAddress)
     EXPECT_NE(GetRouterUrl(1), routerUrl);
 }
 
-TEST_F(PageEventsTest, WhoAsksForAPermissionIsNamedByNoHostThatReadsLikeAnother)
+TEST_F(PageEventsTest, ALookalikeHostIsShownAsAsciiInAPermissionQuestion)
 {
     PermissionRequest request;
     request.kind = PermissionRequest::Kind::Camera;

@@ -79,6 +79,16 @@ TEST_F(TabRecordsTest, FollowEveryChange)
     ExpectToMatch();
 }
 
+TEST_F(TabRecordsTest, AnIconThatOnlyLooksDifferentIsAChangeOfTheTab)
+{
+    OpenUrl(QStringLiteral("https://a.example/"));
+    OpenUrl(QStringLiteral("https://b.example/"));
+    const QSignalSpy changed(m_window.get(), &MainWindow::SigTabChanged);
+    Q_EMIT m_pages.pages.first()->SigRendererDied(); // the tab shows a warning sign
+    EXPECT_TRUE(changed.contains(QVariantList({1})));
+    EXPECT_FALSE(changed.contains(QVariantList({2})));
+}
+
 TEST_F(TabRecordsTest, AreUpToDateWhenAChangeIsAnnounced)
 {
     QStringList titles;
@@ -88,8 +98,7 @@ TEST_F(TabRecordsTest, AreUpToDateWhenAChangeIsAnnounced)
                      [&](int index) { titles << m_window->GetTabRecords().at(index).title; });
     OpenUrl(QStringLiteral("https://a.example/"));
     Q_EMIT m_pages.pages.first()->SigTitleChanged(QStringLiteral("Orders"));
-    Q_EMIT m_pages.pages.first()->SigTitleChanged(QStringLiteral("Orders"));
     Q_EMIT m_pages.pages.first()->SigProgress(50);
     EXPECT_EQ(titles, QStringList({QStringLiteral("a.example"), QStringLiteral("Orders")}))
-        << "tabs that did not change were announced";
+        << "progress is no change of the tab";
 }

@@ -20,8 +20,8 @@ class NoticeBar;
 class QAction;
 
 /// The client's window: tab strip, toolbar and pages. Tab 0 is the home tab; it is always there, cannot be
-/// closed or moved, and nothing stands before it. Does not provide itself as `IBrowserMain` and
-/// `ITabOpener`; who makes it does. GUI thread.
+/// closed or moved, and nothing stands before it. Its maker provides it as `IBrowserMain` and
+/// `ITabOpener`. GUI thread.
 class MainWindow final : public QMainWindow, public IBrowserMain, public ITabOpener
 {
     Q_OBJECT
@@ -38,9 +38,9 @@ public:
     void OpenPlugin(const PluginOpenInfo& info, int index) override;
     void OpenUrl(const TabOpenInfo& info, int index) override;
 
-    /// While on, whatever is opened through `OpenPlugin` and `OpenUrl` stays unloaded until it is selected,
-    /// and comes to the front for no asking. For a start after repeated crashes. What the user opens in the
-    /// window itself loads as ever.
+    /// While on, everything opened through `OpenPlugin` and `OpenUrl` stays unloaded until it is selected,
+    /// and does not come to the front even when asked to. For a start after repeated crashes. What the user
+    /// opens in the window itself loads as usual.
     void SetOpenDelayed(bool on);
 
     /// How many tabs of a set that is being reopened load without being selected. Each page takes a share of
@@ -50,13 +50,13 @@ public:
     /// How long they let the page in front go first [ms].
     static constexpr int FrontGoesFirst = 2000;
     /// Tells whether an opening brings back a tab of the set that is being reopened, by the router URL that
-    /// the new tab has: the tab's record, whose title and icon it shows until the page says its own. Empty
-    /// for a tab that is none of the set. Asked once for each opening.
+    /// the new tab has: the tab's record, whose title and icon it shows until the page gives its own. Empty
+    /// for a tab that does not belong to the set. Asked once for each opening.
     using TabClaim = std::function<std::optional<TabRecord>(const QString& routerUrl)>;
     /// Until `EndReopening`, tabs that `claim` knows stay unloaded. Then the tab that is in front by the next
     /// turn of the event loop loads first and the first `ReopenedAtOnce` of the set follow one by one; the
     /// rest stay unloaded until they are selected. A tab that is delayed anyway, or is to come to the front,
-    /// does not count. All other openings go on as ever.
+    /// does not count. All other openings work as usual.
     void BeginReopening(const TabClaim& claim);
     void EndReopening();
 
@@ -70,7 +70,7 @@ public:
     int GetCurrentTab() const noexcept;
     /// What the address bar shows for the tab; empty for home and start page.
     QString GetTabAddress(int index) const;
-    /// Asks nobody. The home tab and an index out of range are ignored.
+    /// Closes the tab without asking. The home tab and an index out of range are ignored.
     void CloseTab(int index);
     /// Moves a tab; neither from nor to the home tab's place.
     void MoveTab(int from, int to);
@@ -89,8 +89,8 @@ public:
     /// as it is and announces `SigQuitRequested`. Without a guard the window closes.
     void SetCloseGuard(const std::function<bool()>& guard);
 
-    /// Takes all tabs but home away, without signals for each and without a place in "reopen closed tab".
-    /// For the end of the session; the window opens nothing afterwards.
+    /// Removes all tabs but the home tab, without a signal for each and without a place in "reopen closed
+    /// tab". For the end of the session; the window opens nothing afterwards.
     void CloseAllTabs();
 
     /// Whether any tab is loading.
@@ -125,5 +125,5 @@ protected:
 
 private:
     friend class MainWindowPrivate;
-    std::unique_ptr<MainWindowPrivate> d; // null while the window is being made
+    std::unique_ptr<MainWindowPrivate> d; // null while the window is being constructed
 };

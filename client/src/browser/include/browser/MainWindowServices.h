@@ -16,15 +16,15 @@ struct MainWindowServices
 {
     IPageFactory* pages = nullptr;
     TLPluginBaseManager* apps = nullptr;
-    QString userName; ///< as the home tab greets the user; may be empty
+    QString userName; ///< for the greeting on the home tab; may be empty
 
     Theme theme = Theme::FollowSystem; ///< what the menu shows as chosen
     QString language = QStringLiteral("en");
 
-    /// The stored geometry; empty when there is none. May be left out, as may the others.
+    /// The stored geometry; empty when there is none. Optional, as are the others.
     std::function<QByteArray()> loadGeometry;
     std::function<void(const QByteArray&)> saveGeometry;
 
-    /// The icons of apps and of tabs that are not loaded yet; asked for only what is in sight.
+    /// The icons of apps and of tabs that are not loaded yet; asked for only when they are in sight.
     PictureLoader loadPicture;
 };

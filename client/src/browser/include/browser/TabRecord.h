@@ -5,8 +5,8 @@
 #include <QtCore/QString>
 #include <QtCore/QUrl>
 
-/// What a tab is and how it was opened: enough to show it before it loads, to store it and to open it again.
-/// Title and icon come from pages: plain text, not to be trusted.
+/// What a tab is, from its opening to its end: enough to show it before it loads, to store it and to open it
+/// again. Title and icon come from pages: plain text, not to be trusted.
 struct TabRecord
 {
     enum class Trouble
@@ -17,9 +17,10 @@ struct TabRecord
         RefusedAppAddress ///< the app's address, `text`, is one that the client does not open
     };
 
-    QString
-        routerUrl{};   ///< opens it again; empty for a tab that cannot come back (home, start page, trouble)
-    QString title{};   ///< shown until the page says its own; may be empty
+    /// Opens the tab again; empty for a tab that cannot come back (home, start page, trouble).
+    QString routerUrl{};
+    /// Of an opening: shown until the page gives its own, and may be empty. Of an open tab: as shown.
+    QString title{};
     QString iconUrl{}; ///< likewise
     int type = TabType::WebPage;
 
@@ -31,7 +32,7 @@ struct TabRecord
     QString text{}; ///< what `trouble` says
     bool closable = true;
     bool delayed = false; ///< waits for its first selection, whatever the tab then shows
-    bool remember = true; ///< false: the user did not choose it, and no record keeps it
+    bool remember = true; ///< false: the user did not choose it, and it is not stored
 
     bool operator==(const TabRecord& other) const
     {
@@ -43,3 +44,6 @@ struct TabRecord
     }
     bool operator!=(const TabRecord& other) const { return !(*this == other); }
 };
+
+// Lists of a thousand tabs insert and remove by moving memory.
+Q_DECLARE_TYPEINFO(TabRecord, Q_MOVABLE_TYPE);
