@@ -142,7 +142,7 @@ QString TabFace::MakeTitle() const
     if (m_opened.type == TabType::Home) {
         return tr("Home");
     }
-    const QString own = GetOwnTitle();
+    QString own = GetOwnTitle();
     if (!own.isEmpty()) {
         return own;
     }
@@ -169,7 +169,7 @@ QString TabFace::MakeIconUrl() const
 {
     // An icon may also stand in its own address, and be as large as it likes.
     if (m_pageIconUrl.scheme().startsWith(QLatin1String("http"))) {
-        const QString icon = QString::fromLatin1(m_pageIconUrl.toEncoded());
+        QString icon = QString::fromLatin1(m_pageIconUrl.toEncoded());
         if (icon.size() <= LongestIconUrl) {
             return icon;
         }

@@ -48,11 +48,7 @@ int TabList::Insert(TabId id, const TabRecord& record, int index)
     m_records.insert(place, record);
     m_entries.insert(place, {id, NoTab});
     const bool first = count == 0;
-    if (first) {
-        m_current = 0;
-    } else if (place <= m_current) {
-        ++m_current;
-    }
+    m_current = first ? 0 : m_current + (place <= m_current ? 1 : 0);
     Q_EMIT SigInserted(place);
     if (first) {
         Q_EMIT SigCurrentChanged(0);
